@@ -1,0 +1,75 @@
+# Compiler settings that hold for every target of the project.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# Assertions stay on in every flavour, so no flavour defines NDEBUG.
+set(CMAKE_CXX_FLAGS_RELEASE "-O2")
+set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g")
+set(CMAKE_CXX_FLAGS_MINSIZEREL "-Os")
+
+find_program(QUILL_CCACHE ccache)
+mark_as_advanced(QUILL_CCACHE)
+if(QUILL_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${QUILL_CCACHE}")
+endif()
+
+add_library(quill_compile_options INTERFACE)
+target_compile_options(quill_compile_options INTERFACE
+  $<$<COMPILE_LANGUAGE:CXX>:-Wall>
+  $<$<COMPILE_LANGUAGE:CXX>:-Wextra>
+  $<$<COMPILE_LANGUAGE:CXX>:-Wpedantic>
+  $<$<COMPILE_LANGUAGE:CXX>:-Wshadow>
+  $<$<COMPILE_LANGUAGE:CXX>:-Wconversion>
+  # Clang counts signed/unsigned index arithmetic into -Wconversion, GCC does not. Container
+  # indices make it noise; -Wconversion still reports every narrowing.
+  $<$<COMPILE_LANGUAGE:CXX>:-Wno-sign-conversion>
+  $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor>
+  $<$<COMPILE_LANGUAGE:CXX>:-Werror>
+  # Sections let the linker drop what the library does not use.
+  $<$<COMPILE_LANGUAGE:CXX>:-ffunction-sections>
+  $<$<COMPILE_LANGUAGE:CXX>:-fdata-sections>
+  # Build paths in objects would make the library depend on where it was built.
+  $<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>
+)
+# Cheap checks of container indices, on in every flavour for the same reason as assertions; the
+# size-limited Windows library relies on its own range checks instead.
+if(NOT WIN32)
+  target_compile_definitions(quill_compile_options INTERFACE _GLIBCXX_ASSERTIONS)
+endif()
+
+if(WIN32)
+  target_compile_definitions(quill_compile_options INTERFACE
+    UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0601)
+endif()
+
+if(QUILL_SANITIZE)
+  # Set for the whole build, because mixing instrumented and plain code hides errors.
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+    -fno-omit-frame-pointer -g)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+if(QUILL_COVERAGE)
+  add_compile_options(--coverage -fprofile-update=atomic)
+  add_link_options(--coverage)
+endif()
+
+if(QUILL_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
+# What a shared library for Windows needs to be small, self-contained and reproducible.
+add_library(quill_dll_flags INTERFACE)
+if(WIN32)
+  target_link_options(quill_dll_flags INTERFACE
+    -static
+    -s
+    -Wl,--gc-sections
+    # Both are needed for the same bytes twice: the first drops the clock, the second an image
+    # base that is derived from the output path.
+    -Wl,--no-insert-timestamp
+    -Wl,--disable-auto-image-base)
+endif()
