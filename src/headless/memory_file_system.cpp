@@ -1,0 +1,152 @@
+// Files and folders held in one ordered map.
+#include "headless/memory_file_system.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "headless/host_path.h"
+#include "support/runtime_error.h"
+
+namespace quill::headless {
+namespace {
+
+class MemoryReader final : public ByteReader {
+ public:
+  explicit MemoryReader(std::shared_ptr<const std::string> bytes) : bytes_(std::move(bytes)) {}
+
+  std::size_t Read(std::span<char> buffer) override {
+    const std::size_t count = std::min(buffer.size(), bytes_->size() - position_);
+    if (count != 0) std::memcpy(buffer.data(), bytes_->data() + position_, count);
+    position_ += count;
+    return count;
+  }
+
+ private:
+  std::shared_ptr<const std::string> bytes_;
+  std::size_t position_ = 0;
+};
+
+[[noreturn]] void Fail(ErrorNumber number, TextView path) {
+  throw RuntimeError(
+      number, Concat({DefaultDescription(static_cast<std::int32_t>(number)), u": ", path}));
+}
+
+Text Joined(const std::vector<TextView>& pieces) {
+  Text path;
+  for (const TextView piece : pieces) {
+    if (!path.empty()) path += u'\\';
+    path += piece;
+  }
+  return path;
+}
+
+}  // namespace
+
+MemoryFileSystem::MemoryFileSystem(TextView root) { MakeFolders(root); }
+
+const MemoryFileSystem::Node* MemoryFileSystem::Find(TextView path) const {
+  const auto found = nodes_.find(HostPathKey(SplitHostPath(path)));
+  return found == nodes_.end() ? nullptr : &found->second;
+}
+
+const MemoryFileSystem::Node& MemoryFileSystem::FindFile(TextView path) const {
+  const Node* node = Find(path);
+  if (node == nullptr) Fail(ErrorNumber::kFileNotFound, path);
+  if (node->is_folder) Fail(ErrorNumber::kPathFileAccessError, path);
+  return *node;
+}
+
+MemoryFileSystem::Node& MemoryFileSystem::FileForWriting(TextView path) {
+  std::vector<TextView> pieces = SplitHostPath(path);
+  const Text key = HostPathKey(pieces);
+  if (const auto found = nodes_.find(key); found != nodes_.end()) {
+    if (found->second.is_folder) Fail(ErrorNumber::kPathFileAccessError, path);
+    return found->second;
+  }
+  const Text whole = Joined(pieces);
+  pieces.pop_back();
+  const auto parent = nodes_.find(HostPathKey(pieces));
+  if (parent == nodes_.end() || !parent->second.is_folder) Fail(ErrorNumber::kPathNotFound, path);
+  return nodes_[key] = Node{whole, false, std::make_shared<const std::string>()};
+}
+
+bool MemoryFileSystem::FolderExists(TextView path) try {
+  const Node* node = Find(path);
+  return node != nullptr && node->is_folder;
+} catch (const RuntimeError&) {
+  return false;
+}
+
+bool MemoryFileSystem::FileExists(TextView path) try {
+  const Node* node = Find(path);
+  return node != nullptr && !node->is_folder;
+} catch (const RuntimeError&) {
+  return false;
+}
+
+void MemoryFileSystem::MakeFolder(TextView path) {
+  std::vector<TextView> pieces = SplitHostPath(path);
+  const Text key = HostPathKey(pieces);
+  if (nodes_.contains(key)) Fail(ErrorNumber::kPathFileAccessError, path);
+  const Text whole = Joined(pieces);
+  pieces.pop_back();
+  const auto parent = nodes_.find(HostPathKey(pieces));
+  if (parent == nodes_.end() || !parent->second.is_folder) Fail(ErrorNumber::kPathNotFound, path);
+  nodes_[key] = Node{whole, true, nullptr};
+}
+
+void MemoryFileSystem::MakeFolders(TextView path) {
+  std::vector<TextView> pieces;
+  for (const TextView piece : SplitHostPath(path)) {
+    pieces.push_back(piece);
+    const auto [node, is_new] = nodes_.try_emplace(HostPathKey(pieces));
+    if (is_new) node->second = Node{Joined(pieces), true, nullptr};
+    if (!node->second.is_folder) Fail(ErrorNumber::kPathFileAccessError, path);
+  }
+}
+
+std::int64_t MemoryFileSystem::FileSize(TextView path) {
+  return static_cast<std::int64_t>(FindFile(path).bytes->size());
+}
+
+void MemoryFileSystem::RemoveFile(TextView path) {
+  FindFile(path);
+  nodes_.erase(HostPathKey(SplitHostPath(path)));
+}
+
+void MemoryFileSystem::RenameFile(TextView from, TextView to) {
+  const std::shared_ptr<const std::string> bytes = FindFile(from).bytes;
+  const std::vector<TextView> pieces = SplitHostPath(to);
+  FileForWriting(to) = Node{Joined(pieces), false, bytes};
+  const Text from_key = HostPathKey(SplitHostPath(from));
+  if (from_key != HostPathKey(pieces)) nodes_.erase(from_key);
+}
+
+void MemoryFileSystem::MakeEmptyFile(TextView path) { SetContents(path, {}); }
+
+std::unique_ptr<ByteReader> MemoryFileSystem::OpenForReading(TextView path) {
+  return std::make_unique<MemoryReader>(FindFile(path).bytes);
+}
+
+std::string MemoryFileSystem::Contents(TextView path) const { return *FindFile(path).bytes; }
+
+void MemoryFileSystem::SetContents(TextView path, std::string_view bytes) {
+  FileForWriting(path).bytes = std::make_shared<const std::string>(bytes);
+}
+
+void MemoryFileSystem::AppendContents(TextView path, std::string_view bytes) {
+  Node& node = FileForWriting(path);
+  std::string whole = *node.bytes;
+  whole += bytes;
+  node.bytes = std::make_shared<const std::string>(std::move(whole));
+}
+
+std::vector<Text> MemoryFileSystem::FilePaths() const {
+  std::vector<Text> paths;
+  for (const auto& [key, node] : nodes_) {
+    if (!node.is_folder) paths.push_back(node.path);
+  }
+  return paths;
+}
+
+}  // namespace quill::headless

@@ -1,0 +1,35 @@
+// Base64 of free-text payload fields (RFC 4648, section 4: standard alphabet, "=" padding, no line
+// breaks), so that the field separators of the wire formats cannot occur inside them.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "support/code_page.h"
+#include "support/text.h"
+
+namespace quill {
+
+class MessageReporter;
+
+// Appends the encoding of `bytes` to `target`.
+void EncodeBase64(std::span<const std::uint8_t> bytes, Text& target);
+
+// Appends the bytes that `encoded` stands for to `target`. Malformed input (a length that is no
+// multiple of 4, a character outside the alphabet, "=" anywhere but as the last one or two
+// characters) fails with kInvalidProcedureCall and a description that says what is wrong; `target`
+// then keeps what it held. Unused bits before the padding are ignored.
+void DecodeBase64(TextView encoded, std::vector<std::uint8_t>& target);
+
+// `text`, converted with `page`, in Base64. A failure is reported through `reporter` with the label
+// "Enc64" and line 0, and gives an empty text.
+[[nodiscard]] Text Enc64(TextView text, const CodePage& page, MessageReporter& reporter);
+void AppendEnc64(TextView text, const CodePage& page, MessageReporter& reporter, Text& target);
+
+// The text of a Base64 field. Malformed input fails as DecodeBase64 does.
+[[nodiscard]] Text Dec64(TextView encoded, const CodePage& page);
+// The same, appended to `target`, which keeps what it held on failure.
+void AppendDec64(TextView encoded, const CodePage& page, Text& target);
+
+}  // namespace quill

@@ -1,0 +1,45 @@
+// The one message and error reporter: every message box of the plug-in and every report of a
+// trapped failure goes through it.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "support/file_kit.h"
+#include "support/message_box.h"
+#include "support/runtime_error.h"
+#include "support/text.h"
+
+namespace quill {
+
+// Which caption a box has. Values above kTrappedError show no box.
+enum class MessageKind : std::uint8_t {
+  kError = 0,           // "Error!"
+  kSuccess = 1,         // "Success"
+  kFailed = 2,          // "Failed!"
+  kActionRequired = 3,  // "Action Required!"
+  kTrappedError = 4,    // "DLL Error!"
+};
+
+class MessageReporter {
+ public:
+  // Both must outlive the reporter. `file_kit` is never null; it may be exchanged at any time.
+  MessageReporter(const std::unique_ptr<FileKit>& file_kit, MessageBoxes& boxes) noexcept
+      : file_kit_(file_kit), boxes_(boxes) {}
+
+  // With an error: logs it through the file kit first, whatever the kind. Kinds 0 to 3 then show
+  // `text`; kTrappedError takes `text` as the trap label, sends an error report and shows the
+  // report with the word whether it was sent. A file kit that fails or is missing only changes that
+  // word
+  // ("Failed!"); the box is shown all the same. Throws nothing but what the box itself throws.
+  void ReportMessage(MessageKind kind, TextView text, const RuntimeError* error, std::int32_t line);
+
+  // A notice or validation message.
+  void Show(MessageKind kind, TextView text) { ReportMessage(kind, text, nullptr, 0); }
+
+ private:
+  const std::unique_ptr<FileKit>& file_kit_;
+  MessageBoxes& boxes_;
+};
+
+}  // namespace quill

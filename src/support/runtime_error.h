@@ -1,0 +1,80 @@
+// The one exception type for run-time failures, and the numbers it carries.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <optional>
+#include <source_location>
+#include <string>
+
+#include "support/text.h"
+
+namespace quill {
+
+// The run-time error numbers that automation clients know.
+enum class ErrorNumber : std::int32_t {
+  kNone = 0,
+  kInvalidProcedureCall = 5,
+  kOverflow = 6,
+  kOutOfMemory = 7,
+  kSubscriptOutOfRange = 9,
+  kTypeMismatch = 13,
+  kInternalError = 51,
+  kFileNotFound = 53,
+  kDeviceIoError = 57,
+  kFileAlreadyExists = 58,
+  kPermissionDenied = 70,
+  kPathFileAccessError = 75,
+  kPathNotFound = 76,
+  kObjectNotSet = 91,
+  kInvalidPropertyValue = 380,
+  kTextNotInList = 383,
+  kFormAlreadyShown = 400,
+  kObjectRequired = 424,
+  kCannotCreateObject = 429,
+  kMemberNotFound = 438,
+  kAutomationError = 440,
+  kArgumentNotOptional = 449,
+  kWrongArgumentCount = 450,
+  kInvalidPicture = 481,
+  kControlNotFound = 730,
+};
+
+// The usual wording for a number, for example "Type mismatch"; "Application-defined or
+// object-defined error" for a number that has none.
+[[nodiscard]] TextView DefaultDescription(std::int32_t number) noexcept;
+
+// A run-time failure: number, description, and the place in this code where it was raised.
+class RuntimeError : public std::exception {
+ public:
+  explicit RuntimeError(ErrorNumber number,
+                        std::source_location raised_at = std::source_location::current());
+  RuntimeError(ErrorNumber number, TextView description,
+               std::source_location raised_at = std::source_location::current());
+  // For numbers that come from outside (a host object's own error).
+  RuntimeError(std::int32_t number, TextView description,
+               std::source_location raised_at = std::source_location::current());
+
+  [[nodiscard]] std::int32_t number() const noexcept { return number_; }
+  [[nodiscard]] bool Is(ErrorNumber number) const noexcept {
+    return number_ == static_cast<std::int32_t>(number);
+  }
+  [[nodiscard]] const Text& description() const noexcept { return description_; }
+  void AppendToDescription(TextView more) { description_ += more; }
+  [[nodiscard]] const std::source_location& raised_at() const noexcept { return raised_at_; }
+
+  // "number: description" in UTF-8, for logs and debuggers.
+  [[nodiscard]] const char* what() const noexcept override;
+
+ private:
+  std::int32_t number_;
+  Text description_;
+  std::source_location raised_at_;
+  mutable std::string what_;
+};
+
+// The exception being handled, as a RuntimeError: itself, kOutOfMemory for std::bad_alloc, and
+// kInternalError with its text for anything else. To be called inside a catch block only.
+[[nodiscard]] RuntimeError CurrentRuntimeError();
+
+}  // namespace quill

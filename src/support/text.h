@@ -1,0 +1,53 @@
+// Text as the host's strings are: sequences of 16-bit units, with any unit allowed (lone surrogates
+// and zeros included). Lengths and positions count units. Nothing here depends on a locale.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quill {
+
+using Text = std::u16string;
+using TextView = std::u16string_view;
+
+inline constexpr TextView kLineBreak = u"\r\n";
+
+// `text` without leading and trailing blanks. A blank is U+0020 only: tabs, line ends and no-break
+// spaces stay.
+[[nodiscard]] TextView TrimBlanks(TextView text) noexcept;
+
+// True for an empty text and for one of blanks only.
+[[nodiscard]] bool IsBlank(TextView text) noexcept;
+
+// `value` in decimal: "-" when negative, no leading zeros, no grouping.
+[[nodiscard]] Text Decimal(std::int64_t value);
+void AppendDecimal(Text& target, std::int64_t value);
+
+// The parts joined without a separator, in one allocation.
+[[nodiscard]] Text Concat(std::initializer_list<TextView> parts);
+
+// The pieces of `text` between occurrences of `separator` (not empty), at least one. The views
+// point into `text`.
+[[nodiscard]] std::vector<TextView> Split(TextView text, TextView separator);
+
+// Every occurrence of `from` (not empty), found from the left without overlap, replaced by `to`.
+// Exact comparison.
+[[nodiscard]] Text ReplaceAll(TextView text, TextView from, TextView to);
+
+// Letter case by ASCII and Latin-1 rules; other letters compare exactly.
+[[nodiscard]] char16_t ToLower(char16_t unit) noexcept;
+[[nodiscard]] char16_t ToUpper(char16_t unit) noexcept;
+[[nodiscard]] Text ToLower(TextView text);
+[[nodiscard]] Text ToUpper(TextView text);
+[[nodiscard]] bool EqualIgnoringCase(TextView left, TextView right) noexcept;
+
+// Between text and UTF-8, for files that people read and for the command line. Ill-formed input
+// becomes U+FFFD in both directions.
+[[nodiscard]] std::string ToUtf8(TextView text);
+[[nodiscard]] Text FromUtf8(std::string_view bytes);
+
+}  // namespace quill

@@ -1,0 +1,56 @@
+// The error trap that host calls and event handlers run their steps in: a failure is reported with
+// the procedure's label and the line of its failing statement, and goes no further.
+//
+//   Trapped(reporter, u"LoadInterface", [&](Line& at) {
+//     at(), Index = index;
+//     at(), TargetId = target.ElementText(1);
+//   });
+#pragma once
+
+#include <cstdint>
+#include <source_location>
+
+#include "support/report_message.h"
+
+namespace quill {
+
+// The line of the statement that a trapping procedure has come to. `at(), statement;` notes it.
+class Line {
+ public:
+  void operator()(std::source_location here = std::source_location::current()) noexcept {
+    number_ = static_cast<std::int32_t>(here.line());
+  }
+  [[nodiscard]] std::int32_t number() const noexcept { return number_; }
+
+ private:
+  std::int32_t number_ = 0;
+};
+
+struct NothingFirst {
+  void operator()(RuntimeError&) const noexcept {}
+};
+
+// Runs `body(line)`. On any failure runs `before_report(error)` (to restore a pointer, to extend
+// the description; a failure in it is dropped), then reports the error as kTrappedError under
+// `label`. Returns true when the body ran to its end. An error with the number 0 is not reported.
+template <class Body, class BeforeReport = NothingFirst>
+bool Trapped(MessageReporter& reporter, TextView label, Body&& body,
+             BeforeReport&& before_report = {}) {
+  Line line;
+  try {
+    body(line);
+    return true;
+  } catch (...) {
+    RuntimeError error = CurrentRuntimeError();
+    try {
+      before_report(error);
+    } catch (...) {
+    }
+    if (error.number() != 0) {
+      reporter.ReportMessage(MessageKind::kTrappedError, label, &error, line.number());
+    }
+    return false;
+  }
+}
+
+}  // namespace quill

@@ -1,0 +1,51 @@
+// Which sides of a control have changed since its peer was last told.
+#pragma once
+
+#include <cstdint>
+
+namespace quill::ui {
+
+class Changes {
+ public:
+  enum Bit : std::uint32_t {
+    kBounds = 1u << 0,
+    kEnabled = 1u << 1,
+    kVisible = 1u << 2,
+    kTooltip = 1u << 3,
+    kText = 1u << 4,       // text, caption
+    kValue = 1u << 5,      // check state
+    kRows = 1u << 6,       // all rows or items are new
+    kRowsAdded = 1u << 7,  // rows were added behind those that the peer knows
+    kSelection = 1u << 8,  // chosen row, selected rows, chosen tab
+    kTopRow = 1u << 9,
+    kPicture = 1u << 10,
+    kOrder = 1u << 11,  // place among its siblings, or its container
+    kPointer = 1u << 12,
+    kFont = 1u << 13,
+    kColour = 1u << 14,
+    kLimit = 1u << 15,  // limit, lock
+  };
+
+  constexpr Changes() = default;
+  constexpr Changes(Bit bit) : bits_(bit) {}  // NOLINT(google-explicit-constructor): a set of one
+  [[nodiscard]] static constexpr Changes Everything() { return FromBits(0xFFFFFFFFu); }
+
+  [[nodiscard]] constexpr bool Has(Bit bit) const { return (bits_ & bit) != 0; }
+  [[nodiscard]] constexpr bool Any() const { return bits_ != 0; }
+  friend constexpr Changes operator|(Changes a, Changes b) { return FromBits(a.bits_ | b.bits_); }
+  constexpr Changes& operator|=(Changes other) {
+    bits_ |= other.bits_;
+    return *this;
+  }
+
+ private:
+  static constexpr Changes FromBits(std::uint32_t bits) {
+    Changes changes;
+    changes.bits_ = bits;
+    return changes;
+  }
+  std::uint32_t bits_ = 0;
+};
+constexpr Changes operator|(Changes::Bit a, Changes::Bit b) { return Changes(a) | Changes(b); }
+
+}  // namespace quill::ui

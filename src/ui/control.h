@@ -1,0 +1,118 @@
+// A control of the dialog: its state and its rules, with no window of its own. A native peer shows
+// the state and reports what happened; everything else is decided here and in the derived classes.
+//
+// A control is owned by its form's collection. Everything runs on the user-interface thread.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "support/text.h"
+#include "ui/changes.h"
+#include "ui/fact.h"
+#include "ui/geometry.h"
+#include "ui/toolkit.h"
+
+namespace quill::ui {
+
+enum class ControlKind : std::uint8_t {
+  kForm,
+  kTabStrip,
+  kFrame,
+  kLabel,
+  kTextBox,
+  kCheckBox,
+  kListBox,
+  kComboBox,
+  kCommandButton,
+  kImage,
+  kPictureBox,
+  kFileDialog,
+};
+// "Form", "TabStrip", "Frame", "Label", "TextBox", "CheckBox", "ListBox", "ComboBox",
+// "CommandButton", "Image", "PictureBox", "CommonDialog".
+[[nodiscard]] TextView KindName(ControlKind kind) noexcept;
+
+class Control {
+ public:
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  virtual ~Control();
+
+  [[nodiscard]] ControlKind kind() const noexcept { return kind_; }
+  [[nodiscard]] const Text& name() const noexcept { return name_; }
+  [[nodiscard]] Form& form() const noexcept { return form_; }
+
+  // The control that this one lies in: a frame, or the form itself; null for the form.
+  [[nodiscard]] Control* container() const noexcept { return container_; }
+  // Moves it to the front of `container`; its place is then relative to that one.
+  void MoveInto(Control& container);
+  // Those lying in this one, from the back of the stacking order to the front.
+  [[nodiscard]] const std::vector<Control*>& children() const noexcept { return children_; }
+  void BringToFront();
+
+  [[nodiscard]] const Bounds& bounds() const noexcept { return bounds_; }
+  void SetBounds(const Bounds& bounds);
+  void SetPlace(Twips left, Twips top);
+
+  [[nodiscard]] bool enabled() const noexcept { return enabled_; }
+  void SetEnabled(bool enabled);
+  // The control's own flag; a visible control in a hidden frame does not show.
+  [[nodiscard]] bool visible() const noexcept { return visible_; }
+  void SetVisible(bool visible);
+  [[nodiscard]] const Text& tooltip() const noexcept { return tooltip_; }
+  void SetTooltip(TextView tooltip);
+
+  // Place in the tab order among the form's controls, from 0; -1: not a tab stop.
+  [[nodiscard]] int tab_index() const noexcept { return tab_index_; }
+  void SetTabIndex(int index);
+
+  // True when the operator can reach it: it, its containers and its form are visible and enabled.
+  [[nodiscard]] bool IsReachable() const noexcept;
+
+  [[nodiscard]] Peer* peer() const noexcept { return peer_.get(); }
+
+  // The one entry for native events. Ignored while the control cannot be reached or its form is
+  // unloaded. Runs the control's rule and its handlers; a failure that no handler trapped goes to
+  // the form's report of unhandled failures, labelled with the handler's name.
+  void Happened(const Fact& fact) noexcept;
+
+ protected:
+  Control(Form& form, ControlKind kind, Text name);
+
+  // What follows from a fact. Facts that are not for this kind of control are ignored.
+  virtual void React(const Fact& fact);
+  // Tells the peer, at once; does nothing before the peer exists.
+  void Changed(Changes changes);
+  // Runs `handler` when there is one; a failure in it that passes through Happened is labelled with
+  // the control's name, "_" and `event`.
+  template <class... Args>
+  void Raise(const char16_t* event, const std::function<void(Args...)>& handler,
+             const std::type_identity_t<Args>&... args) {
+    if (!handler) return;
+    const auto running = handler;  // the handler may replace itself
+    NoteHandler(event);
+    running(args...);
+  }
+
+ private:
+  friend class Form;
+  void NoteHandler(const char16_t* event) noexcept;
+  void MakePeerIn(Toolkit& toolkit);
+
+  Form& form_;
+  ControlKind kind_;
+  Text name_;
+  Control* container_ = nullptr;
+  std::vector<Control*> children_;
+  Bounds bounds_;
+  bool enabled_ = true;
+  bool visible_ = true;
+  Text tooltip_;
+  int tab_index_ = -1;
+  std::unique_ptr<Peer> peer_;
+};
+
+}  // namespace quill::ui

@@ -1,0 +1,62 @@
+// What a native control tells its model: facts, in the past tense. The model decides what follows.
+#pragma once
+
+#include <cstdint>
+#include <variant>
+#include <vector>
+
+#include "support/text.h"
+#include "ui/geometry.h"
+
+namespace quill::ui {
+
+// Mouse buttons as the mouse handlers number them.
+inline constexpr std::int16_t kLeftButton = 1;
+inline constexpr std::int16_t kRightButton = 2;
+inline constexpr std::int16_t kMiddleButton = 4;
+
+// Shift state: 1 = Shift, 2 = Ctrl, 4 = Alt, added up.
+struct MouseEvent {
+  std::int16_t button = kLeftButton;
+  std::int16_t shift = 0;
+  // Relative to the control.
+  Twips x = 0;
+  Twips y = 0;
+};
+
+struct TextEdited {  // the operator changed the native text; this is all of it now
+  Text text;
+};
+struct Clicked {};  // a check box or push button was clicked, or its key pressed
+struct MousePressed {
+  MouseEvent event;
+};
+struct MouseReleased {
+  MouseEvent event;
+};
+struct ItemChosen {  // in a drop-down list; 0-based
+  int index = -1;
+};
+struct RowsSelected {  // in a list box, by mouse or keys; 0-based, ascending
+  std::vector<int> rows;
+  int current = -1;
+};
+struct RowDoubleClicked {  // -1: below the last row
+  int row = -1;
+};
+struct ScrolledTo {  // 0-based row that is now the first visible one
+  int top = 0;
+};
+struct KeyPressed {  // a character, in a list box
+  char16_t character = 0;
+};
+struct TabChosen {  // 0-based
+  int index = 0;
+};
+struct CloseAsked {};  // the form's own close button, Alt+F4
+
+using Fact =
+    std::variant<TextEdited, Clicked, MousePressed, MouseReleased, ItemChosen, RowsSelected,
+                 RowDoubleClicked, ScrolledTo, KeyPressed, TabChosen, CloseAsked>;
+
+}  // namespace quill::ui

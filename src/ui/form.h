@@ -1,0 +1,101 @@
+// A form: the collection of its controls, its modal display and its lifetime.
+//
+// A form is held by shared_ptr. A handler may unload the form it belongs to: the form stays in
+// memory until no event of it is being handled, and is then destroyed through Toolkit::Defer.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "support/runtime_error.h"
+#include "ui/control.h"
+
+namespace quill::ui {
+
+class Form : public Control, public std::enable_shared_from_this<Form> {
+ public:
+  Form(Toolkit& toolkit, Text name, TextView caption, Twips client_width, Twips client_height);
+  ~Form() override;
+
+  [[nodiscard]] Toolkit& toolkit() const noexcept { return toolkit_; }
+  [[nodiscard]] const Text& caption() const noexcept { return caption_; }
+
+  // The collection, in the order in which the controls were added.
+  [[nodiscard]] const std::vector<std::unique_ptr<Control>>& controls() const noexcept {
+    return controls_;
+  }
+  // The control of that name, without regard to letter case; null when there is none.
+  [[nodiscard]] Control* Find(TextView name) const noexcept;
+  // The same; fails with kControlNotFound when there is none.
+  [[nodiscard]] Control& At(TextView name) const;
+  // The same; fails with kTypeMismatch when it is of another kind.
+  template <class T>
+  [[nodiscard]] T& Get(TextView name) const {
+    auto* control = dynamic_cast<T*>(&At(name));
+    if (control == nullptr) throw RuntimeError(ErrorNumber::kTypeMismatch);
+    return *control;
+  }
+
+  // Adds a control of class T to the collection, at the front of `container` (the form when null).
+  // T's constructor takes the form, the name and `args`. Its peer is made at once when the form has
+  // its own, else with the form's. The collection refuses a name that it holds already
+  // (kInvalidProcedureCall).
+  template <class T, class... Args>
+  T& Add(Text name, Control* container, Args&&... args) {
+    auto control = std::make_unique<T>(*this, std::move(name), std::forward<Args>(args)...);
+    T& added = *control;
+    Adopt(std::move(control), container != nullptr ? *container : *this);
+    return added;
+  }
+
+  [[nodiscard]] Pointer pointer() const noexcept { return pointer_; }
+  void SetPointer(Pointer pointer);
+
+  // Shows the form modally and returns when it has been hidden or unloaded. Fails with
+  // kFormAlreadyShown while it is shown, and with kObjectNotSet once it is unloaded.
+  void ShowModal();
+  // Ends a modal display; keeps everything else. Does nothing when it is not shown.
+  void Hide();
+  // Runs on_unload once, then hides the form for good. Further calls do nothing. A failure of
+  // on_unload is passed on after the form has been hidden.
+  void Unload();
+  [[nodiscard]] bool shown() const noexcept { return shown_; }
+  [[nodiscard]] bool unloaded() const noexcept { return unloaded_; }
+
+  std::function<void()> on_unload;
+  // Told once the form is unloaded: whoever holds it lets go.
+  std::function<void()> on_unloaded;
+  // Told of a failure that left a handler. `handler` is its name, for example "cmdLeft_MouseUp".
+  std::function<void(const RuntimeError& error, TextView handler)> on_unhandled;
+
+ protected:
+  void React(const Fact& fact) override;
+
+ private:
+  friend class Control;
+  void Adopt(std::unique_ptr<Control> control, Control& container);
+
+  Toolkit& toolkit_;
+  Text caption_;
+  std::vector<std::unique_ptr<Control>> controls_;
+  Pointer pointer_ = Pointer::kDefault;
+  bool shown_ = false;
+  bool unloaded_ = false;
+};
+
+// Holds a form while its code runs; the last holder hands it to Toolkit::Defer for destruction.
+class KeepAlive {
+ public:
+  explicit KeepAlive(std::shared_ptr<Form> form) noexcept : form_(std::move(form)) {}
+  ~KeepAlive();
+  KeepAlive(const KeepAlive&) = delete;
+  KeepAlive& operator=(const KeepAlive&) = delete;
+
+ private:
+  std::shared_ptr<Form> form_;
+};
+
+}  // namespace quill::ui

@@ -1,0 +1,23 @@
+// Measures of the dialog: twips, 1/1440 inch, relative to the container.
+#pragma once
+
+#include <cstdint>
+
+namespace quill::ui {
+
+using Twips = std::int32_t;
+
+struct Bounds {
+  Twips left = 0;
+  Twips top = 0;
+  Twips width = 0;
+  Twips height = 0;
+
+  friend bool operator==(const Bounds&, const Bounds&) = default;
+};
+
+// The nearest integer to numerator / 2, a half going to the even neighbour (3 / 2 -> 2, 5 / 2 ->
+// 2).
+[[nodiscard]] Twips NearestHalf(std::int64_t numerator) noexcept;
+
+}  // namespace quill::ui

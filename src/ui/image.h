@@ -1,0 +1,29 @@
+// An image: shows a picture, stretched to its own size when asked to.
+#pragma once
+
+#include "ui/control.h"
+
+namespace quill::ui {
+
+class Image final : public Control {
+ public:
+  Image(Form& form, Text name);
+
+  // Null: empty.
+  [[nodiscard]] const PicturePtr& picture() const noexcept { return picture_; }
+  void SetPicture(PicturePtr picture);
+  [[nodiscard]] bool stretch() const noexcept { return stretch_; }
+  void SetStretch(bool stretch);
+
+  std::function<void(const MouseEvent&)> on_mouse_down;
+  std::function<void(const MouseEvent&)> on_mouse_up;
+
+ protected:
+  void React(const Fact& fact) override;
+
+ private:
+  PicturePtr picture_;
+  bool stretch_ = false;
+};
+
+}  // namespace quill::ui

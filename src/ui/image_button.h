@@ -1,0 +1,50 @@
+// Image buttons: a face (an image named after the button with "Img" appended) under a caption (a
+// transparent label named after the button). Positions and sizes in twips, relative to the
+// container.
+#pragma once
+
+#include <cstdint>
+
+#include "ui/form.h"
+#include "ui/image.h"
+#include "ui/label.h"
+
+namespace quill::ui {
+
+inline constexpr TextView kFaceSuffix = u"Img";
+inline constexpr int kDefaultCaptionPoints = 8;
+
+// Both builders take the same description; each uses what it needs.
+struct ImageButton {
+  Twips width = 0;
+  Twips height = 0;
+  Twips left = 0;
+  Twips top = 0;
+  Text caption;
+  bool enabled = true;
+  bool visible = true;
+  Text name;                     // of the control to build: face name or caption name
+  Control* container = nullptr;  // null: stays in the form
+  int font_size = 0;             // points; 0 or less: kDefaultCaptionPoints
+};
+
+// Where a caption lies on its face. `twips_per_pixel` is the screen's horizontal one.
+struct CaptionPlace {
+  Twips left = 0;
+  Twips top = 0;
+};
+[[nodiscard]] CaptionPlace PlaceCaption(const Bounds& face, int font_size,
+                                        std::int32_t twips_per_pixel, bool pressed) noexcept;
+
+// `host_root` is the folder above "imgs". A picture that cannot be read fails as
+// Toolkit::ReadPicture does.
+Image& CreateButtonFace(Form& dialog, const ImageButton& button, TextView host_root);
+// Fails with kControlNotFound when the face (name + "Img") does not exist.
+Label& CreateButtonCaption(Form& dialog, const ImageButton& button, TextView host_root);
+
+// Shows the face and places its caption: pressed when `state` is exactly "Down", else released.
+// When the picture cannot be read the face keeps its picture, everything else is done, and then the
+// failure is passed on.
+void SetButtonState(Form& dialog, TextView face_name, TextView state, TextView host_root);
+
+}  // namespace quill::ui

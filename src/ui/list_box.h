@@ -1,0 +1,86 @@
+// A list box: rows with a number each, a first visible row, and one chosen row or, with extended
+// selection, any number of selected rows and a current one.
+#pragma once
+
+#include <initializer_list>
+#include <vector>
+
+#include "ui/control.h"
+#include "ui/row_store.h"
+
+namespace quill::ui {
+
+enum class Selection : std::uint8_t { kSingle, kExtended };
+// A single-row list is one item tall and works like a spin box.
+enum class ListHeight : std::uint8_t { kManyRows, kSingleRow };
+
+class ListBox final : public Control {
+ public:
+  ListBox(Form& form, Text name, Selection selection, ListHeight height);
+
+  [[nodiscard]] Selection selection() const noexcept { return selection_; }
+  [[nodiscard]] ListHeight list_height() const noexcept { return list_height_; }
+
+  [[nodiscard]] int Count() const noexcept { return rows_.Count(); }
+  // Rows are 0-based; a row that does not exist fails with kInvalidProcedureCall.
+  [[nodiscard]] TextView Item(int row) const;
+  [[nodiscard]] std::int32_t ItemData(int row) const;
+  void SetItemData(int row, std::int32_t data);
+
+  // Afterwards there is no row, no choice, and the first visible row is 0.
+  void Clear();
+  void AddItem(TextView text) { AddItem({text}); }
+  void AddItem(std::initializer_list<TextView> parts);  // joined
+
+  // While one exists, added rows reach the peer together when the last is gone.
+  class Refill {
+   public:
+    explicit Refill(ListBox& list) noexcept : list_(list) { ++list_.refills_; }
+    ~Refill();
+    Refill(const Refill&) = delete;
+    Refill& operator=(const Refill&) = delete;
+
+   private:
+    ListBox& list_;
+  };
+
+  // The chosen row of a single-selection list, the current row of an extended one; -1: none.
+  [[nodiscard]] int ListIndex() const noexcept { return list_index_; }
+  // -1 to Count() - 1, else kInvalidPropertyValue. In a single-selection list this selects the row;
+  // in an extended one it only makes it current. Scrolls the row into view. Runs on_click at once,
+  // on every assignment except of -1.
+  void SetListIndex(int row);
+
+  [[nodiscard]] int TopIndex() const noexcept { return top_index_; }
+  // 0 to Count() - 1, else kInvalidPropertyValue; runs no handler.
+  void SetTopIndex(int row);
+  // How many rows fit, at least 1.
+  [[nodiscard]] int VisibleRows() const;
+
+  // Extended selection; in a single-selection list the chosen row is the selected one.
+  [[nodiscard]] bool IsSelected(int row) const;
+  void SetSelected(int row, bool selected);
+
+  std::function<void()> on_click;
+  std::function<void()> on_double_click;
+  std::function<void(char16_t)> on_key_press;
+  std::function<void()> on_scroll;
+
+ protected:
+  void React(const Fact& fact) override;
+
+ private:
+  void ScrollIntoView(int row);
+  void RowsChanged(Changes changes);
+
+  Selection selection_;
+  ListHeight list_height_;
+  RowStore rows_;
+  std::vector<char> selected_;  // extended selection only
+  int list_index_ = -1;
+  int top_index_ = 0;
+  int refills_ = 0;
+  Changes pending_;
+};
+
+}  // namespace quill::ui

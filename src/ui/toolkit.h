@@ -1,0 +1,94 @@
+// The seam to a native windowing toolkit: what the control model asks of it. Facts come back up
+// through Control::Happened.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "support/message_box.h"
+#include "support/text.h"
+#include "ui/changes.h"
+#include "ui/geometry.h"
+
+namespace quill::ui {
+
+class Control;
+class Form;
+class PictureBox;
+class TabStrip;
+
+enum class Pointer : std::uint8_t { kDefault, kBusy };
+
+// The native side of one control. It shows what its control holds and decides nothing: no value is
+// ever read back from it.
+class Peer {
+ public:
+  virtual ~Peer() = default;
+  // Shows what has changed; reads the rest from its control. The first call, right after creation,
+  // has every bit set.
+  virtual void Sync(Changes changes) = 0;
+};
+
+// A picture that controls show; shared, immutable.
+class Picture {
+ public:
+  virtual ~Picture() = default;
+  // Full path of the file it came from; empty for a picture held with the dialog's design.
+  [[nodiscard]] virtual TextView path() const noexcept = 0;
+};
+using PicturePtr = std::shared_ptr<const Picture>;
+
+struct Metrics {
+  std::int32_t twips_per_pixel_x = 15;  // 15 at 96 dots per inch
+  std::int32_t twips_per_pixel_y = 15;
+  Twips list_row_height = 195;
+};
+
+struct FileDialogRequest {
+  bool save = false;  // otherwise open
+  Text title;
+  Text initial_folder;
+  Text filter;                    // description|pattern
+  std::int32_t filter_index = 1;  // 1-based
+  Text file_name;
+  std::uint32_t flags = 0;  // the platform's file-dialog flags
+};
+
+class Toolkit : public MessageBoxes {
+ public:
+  // Makes the native counterpart of `control`, inside that of its container. The control outlives
+  // its peer.
+  virtual std::unique_ptr<Peer> MakePeer(Control& control) = 0;
+
+  [[nodiscard]] virtual Metrics GetMetrics() const = 0;
+
+  // Reads a GIF picture. Fails with kFileNotFound, or kInvalidPicture for a file that is no
+  // picture.
+  virtual PicturePtr ReadPicture(TextView path) = 0;
+  // A picture from `width` * `height` pixels, row by row from the top, 0xAARRGGBB.
+  virtual PicturePtr MakePicture(int width, int height, std::span<const std::uint32_t> pixels) = 0;
+
+  // Shows a modal file dialog owned by `owner`; the full paths that were picked, none on cancel.
+  virtual std::vector<Text> ShowFileDialog(Form& owner, const FileDialogRequest& request) = 0;
+
+  // The pointer over all windows of the plug-in, above that of each form.
+  virtual void SetScreenPointer(Pointer pointer) = 0;
+
+  // Shows `form` (its peer is already visible) without an owner and returns after EndModal. The
+  // other windows of the thread take no input meanwhile; events, and host calls, still come in.
+  virtual void RunModal(Form& form) = 0;
+  virtual void EndModal(Form& form) = 0;
+
+  // Runs `task` later on this thread, when no native event of the plug-in is being handled any
+  // more; at the latest when the toolkit is destroyed.
+  virtual void Defer(std::function<void()> task) = 0;
+
+  // Starts and stops the drawing of the strip's body in the box's background colour.
+  virtual void HookTabBackground(TabStrip& strip, PictureBox& colour_source) = 0;
+  virtual void UnhookTabBackground(TabStrip& strip) = 0;
+};
+
+}  // namespace quill::ui
