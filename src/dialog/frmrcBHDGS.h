@@ -1,0 +1,68 @@
+// The dialog "Select Hosting Options": its controls, what it does by itself, and the handlers of
+// its events, named control, underscore, event.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <span>
+
+#include "dialog/dialog_context.h"
+#include "support/text.h"
+#include "ui/check_box.h"
+#include "ui/combo_box.h"
+#include "ui/command_button.h"
+#include "ui/file_dialog.h"
+#include "ui/form.h"
+#include "ui/frame.h"
+#include "ui/image.h"
+#include "ui/label.h"
+#include "ui/list_box.h"
+#include "ui/picture_box.h"
+#include "ui/tab_strip.h"
+#include "ui/text_box.h"
+
+namespace quill {
+
+class frmrcBHDGS final : public ui::Form {
+ public:
+  // The controls of the design, with their initial values; Form_Load adds the rest. `context`
+  // outlives the dialog.
+  explicit frmrcBHDGS(DialogContext& context);
+
+  // Builds the dialog: tab background, image buttons, number lists, game types. Trapped.
+  void Form_Load();
+
+  // Fills lstAvlMaps with the maps of a game type (0 to 8; others leave it empty). Trapped.
+  void SetMaps(std::int16_t Gametype);
+  // Refreshes lstSelMaps and lblMapCnt from the rotation. Trapped.
+  void BuildMapList();
+
+  // Index of the first game type of exactly this name, 9 when there is none.
+  [[nodiscard]] int GameTypeIndex(TextView name) const noexcept;
+
+  [[nodiscard]] DialogContext& context() const noexcept { return context_; }
+
+  // Controls that code names; every option is found by its key (Form::Get).
+  ui::TabStrip& tsMain;
+  ui::Frame& fmeServer;
+  ui::Frame& fmeMap;
+  ui::Frame& fmeMisc;
+  ui::Frame& Frame3;
+  ui::TextBox& txtGametype;
+  ui::ListBox& lstAvlMaps;
+  ui::ListBox& lstSelMaps;
+  ui::Label& lblMapCnt;
+  ui::CommandButton& cmdRandomize;
+  ui::PictureBox& Picture1;
+  ui::FileDialog& cdSettings;
+
+ private:
+  DialogContext& context_;
+};
+
+// True when `Value` equals one element of `List`, by searching the elements joined and enclosed by
+// characters of code 0. Exact comparison.
+[[nodiscard]] bool IsInArray(TextView Value, std::span<const Text> List);
+
+}  // namespace quill

@@ -1,0 +1,37 @@
+// The three model lists together, and what is asked of catalogue and server maps alike.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "maps/map_catalogue.h"
+#include "maps/selected_map_list.h"
+#include "maps/server_map_list.h"
+
+namespace quill {
+
+struct MapLists {
+  MapCatalogue catalogue;
+  ServerMapList server;
+  SelectedMapList selected;
+
+  // Rows of the catalogue plus rows of the server map list, over all game types.
+  [[nodiscard]] int TotalMapCount() const noexcept { return catalogue.Count() + server.Count(); }
+
+  // Calls `visit(name, file)` for each row of that game type: the catalogue's in order, then the
+  // server's. Codes compare as numbers: a server map whose code is no number fails with
+  // kTypeMismatch.
+  void ForEachOfGameType(std::int16_t game_type,
+                         const std::function<void(TextView name, TextView file)>& visit) const;
+
+  // The display name, without blanks around it, of the first row whose file name equals `file_name`
+  // without blanks around it and whose game-type code equals `game_type`; empty when there is none.
+  // Exact comparisons of texts. Looks only in the server map list, or only in the catalogue.
+  [[nodiscard]] Text GetMapDisplayName(TextView file_name, TextView game_type,
+                                       bool from_server_list) const;
+
+  // True when any server map, of any game type, has exactly this display name.
+  [[nodiscard]] bool IsServerMapName(TextView name) const;
+};
+
+}  // namespace quill

@@ -1,0 +1,49 @@
+// The rotation: the selected maps in the order in which the server will play them. Four parallel
+// lists that can never differ in length, because each map is one record.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "support/text.h"
+
+namespace quill {
+
+struct SelectedMap {
+  Text name;
+  Text file;
+  std::int32_t game_type = 0;
+  bool server_map = false;
+
+  friend bool operator==(const SelectedMap&, const SelectedMap&) = default;
+};
+
+// The adding operations of the dialog refuse to go beyond; the loaders do not.
+inline constexpr int kRotationLimit = 255;
+
+class SelectedMapList {
+ public:
+  [[nodiscard]] int Count() const noexcept { return static_cast<int>(maps_.size()); }
+  // Positions are 1-based, from 1 to Count(); others fail with kInvalidProcedureCall. The key of an
+  // element is always its position minus one.
+  [[nodiscard]] const SelectedMap& At(int position) const;
+  [[nodiscard]] const Text& SelMapNames(int position) const { return At(position).name; }
+  [[nodiscard]] const Text& SelMapFiles(int position) const { return At(position).file; }
+  [[nodiscard]] std::int32_t SelMapGameTypes(int position) const { return At(position).game_type; }
+  [[nodiscard]] bool SelMapServerFlags(int position) const { return At(position).server_map; }
+
+  void Clear() noexcept { maps_.clear(); }
+  void Append(SelectedMap map) { maps_.push_back(std::move(map)); }
+  // The list without the elements at those 0-based rows that are marked; shorter mark lists count
+  // as unmarked behind their end. On failure the list is unchanged.
+  void Remove(const std::vector<bool>& marked_rows);
+  // Takes over the new order or contents.
+  void Replace(std::vector<SelectedMap> maps) noexcept { maps_ = std::move(maps); }
+  [[nodiscard]] const std::vector<SelectedMap>& maps() const noexcept { return maps_; }
+
+ private:
+  std::vector<SelectedMap> maps_;
+};
+
+}  // namespace quill
