@@ -1,5 +1,8 @@
 // Base64 of free-text payload fields (RFC 4648, section 4: standard alphabet, "=" padding, no line
 // breaks), so that the field separators of the wire formats cannot occur inside them.
+//
+// The functions that append allocate nothing but what `target` needs to grow; their input must not
+// lie in `target`.
 #pragma once
 
 #include <cstdint>
@@ -23,7 +26,7 @@ void EncodeBase64(std::span<const std::uint8_t> bytes, Text& target);
 void DecodeBase64(TextView encoded, std::vector<std::uint8_t>& target);
 
 // `text`, converted with `page`, in Base64. A failure is reported through `reporter` with the label
-// "Enc64" and line 0, and gives an empty text.
+// "Enc64" and line 0, and gives an empty text (appends nothing).
 [[nodiscard]] Text Enc64(TextView text, const CodePage& page, MessageReporter& reporter);
 void AppendEnc64(TextView text, const CodePage& page, MessageReporter& reporter, Text& target);
 

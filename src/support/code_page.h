@@ -5,7 +5,6 @@
 #include <array>
 #include <cstdint>
 #include <span>
-#include <string>
 #include <vector>
 
 #include "support/text.h"
@@ -14,7 +13,8 @@ namespace quill {
 
 class CodePage {
  public:
-  // `units` holds the 16-bit unit of each byte value. Units of the first 128 must be ASCII.
+  // `units` holds the 16-bit unit of each byte value. The first 128 must be ASCII, or this fails
+  // with kInvalidProcedureCall. Where bytes share a unit, the lowest one stands for it.
   explicit CodePage(const std::array<char16_t, 256>& units);
 
   // Windows-1252 with the five bytes that it leaves undefined mapped to the C1 controls of the same
@@ -23,18 +23,19 @@ class CodePage {
 
   [[nodiscard]] char16_t ToUnit(std::uint8_t byte) const noexcept { return units_[byte]; }
   // The byte of `unit`; '?' for a unit that the page does not hold.
-  [[nodiscard]] std::uint8_t ToByte(char16_t unit) const noexcept;
+  [[nodiscard]] std::uint8_t ToByte(char16_t unit) const noexcept {
+    return bytes_[row_of_[unit >> 8]][unit & 0xFF];
+  }
 
   void AppendText(std::span<const std::uint8_t> bytes, Text& target) const;
   void AppendBytes(TextView text, std::vector<std::uint8_t>& target) const;
 
  private:
-  struct Reverse {
-    char16_t unit;
-    std::uint8_t byte;
-  };
+  using Row = std::array<std::uint8_t, 256>;  // by the low half of a unit
+
   std::array<char16_t, 256> units_;
-  std::vector<Reverse> beyond_ascii_;  // sorted by unit
+  std::array<std::uint8_t, 256> row_of_{};  // by the high half of a unit; row 0 is all '?'
+  std::vector<Row> bytes_;
 };
 
 }  // namespace quill

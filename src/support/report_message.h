@@ -23,7 +23,8 @@ enum class MessageKind : std::uint8_t {
 
 class MessageReporter {
  public:
-  // Both must outlive the reporter. `file_kit` is never null; it may be exchanged at any time.
+  // Both must outlive the reporter. `file_kit` may be exchanged at any time; while it is null every
+  // use of it counts as failed.
   MessageReporter(const std::unique_ptr<FileKit>& file_kit, MessageBoxes& boxes) noexcept
       : file_kit_(file_kit), boxes_(boxes) {}
 
@@ -38,6 +39,11 @@ class MessageReporter {
   void Show(MessageKind kind, TextView text) { ReportMessage(kind, text, nullptr, 0); }
 
  private:
+  // The file kit; kObjectNotSet while there is none.
+  FileKit& Kit() const;
+  bool Log(TextView label, const RuntimeError& error, std::int32_t line) const noexcept;
+  bool Send(TextView label, const RuntimeError* error, std::int32_t line) const noexcept;
+
   const std::unique_ptr<FileKit>& file_kit_;
   MessageBoxes& boxes_;
 };

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 #include <exception>
-#include <optional>
+#include <memory>
 #include <source_location>
 #include <string>
 
@@ -44,23 +44,28 @@ enum class ErrorNumber : std::int32_t {
 // object-defined error" for a number that has none.
 [[nodiscard]] TextView DefaultDescription(std::int32_t number) noexcept;
 
-// A run-time failure: number, description, and the place in this code where it was raised.
+// A run-time failure: number, description, and the place in this code where it was raised. Copying
+// throws nothing, and neither does making one with the usual wording, so that a failure for want of
+// memory can be carried too.
 class RuntimeError : public std::exception {
  public:
-  explicit RuntimeError(ErrorNumber number,
-                        std::source_location raised_at = std::source_location::current());
+  // With the usual wording for `number`.
+  explicit RuntimeError(ErrorNumber number, const std::source_location& raised_at =
+                                                std::source_location::current()) noexcept;
   RuntimeError(ErrorNumber number, TextView description,
-               std::source_location raised_at = std::source_location::current());
+               const std::source_location& raised_at = std::source_location::current());
   // For numbers that come from outside (a host object's own error).
   RuntimeError(std::int32_t number, TextView description,
-               std::source_location raised_at = std::source_location::current());
+               const std::source_location& raised_at = std::source_location::current());
 
   [[nodiscard]] std::int32_t number() const noexcept { return number_; }
   [[nodiscard]] bool Is(ErrorNumber number) const noexcept {
     return number_ == static_cast<std::int32_t>(number);
   }
-  [[nodiscard]] const Text& description() const noexcept { return description_; }
-  void AppendToDescription(TextView more) { description_ += more; }
+  // Valid as long as this error or a copy of it lives and is not appended to.
+  [[nodiscard]] TextView description() const noexcept;
+  // Leaves the error as it was when memory is short.
+  void AppendToDescription(TextView more);
   [[nodiscard]] const std::source_location& raised_at() const noexcept { return raised_at_; }
 
   // "number: description" in UTF-8, for logs and debuggers.
@@ -68,13 +73,14 @@ class RuntimeError : public std::exception {
 
  private:
   std::int32_t number_;
-  Text description_;
+  std::shared_ptr<const Text> description_;  // null: the usual wording
   std::source_location raised_at_;
-  mutable std::string what_;
+  mutable std::shared_ptr<const std::string> what_;  // made when first asked for
 };
 
-// The exception being handled, as a RuntimeError: itself, kOutOfMemory for std::bad_alloc, and
-// kInternalError with its text for anything else. To be called inside a catch block only.
-[[nodiscard]] RuntimeError CurrentRuntimeError();
+// The exception being handled, as a RuntimeError: itself, kOutOfMemory for std::bad_alloc and
+// std::length_error, and kInternalError with its text for anything else. To be called inside a
+// catch block only.
+[[nodiscard]] RuntimeError CurrentRuntimeError() noexcept;
 
 }  // namespace quill

@@ -11,13 +11,16 @@
 #include <source_location>
 
 #include "support/report_message.h"
+#include "support/runtime_error.h"
+#include "support/text.h"
 
 namespace quill {
 
 // The line of the statement that a trapping procedure has come to. `at(), statement;` notes it.
 class Line {
  public:
-  void operator()(std::source_location here = std::source_location::current()) noexcept {
+  explicit Line(const std::source_location& begun_at) noexcept { (*this)(begun_at); }
+  void operator()(const std::source_location& here = std::source_location::current()) noexcept {
     number_ = static_cast<std::int32_t>(here.line());
   }
   [[nodiscard]] std::int32_t number() const noexcept { return number_; }
@@ -26,6 +29,10 @@ class Line {
   std::int32_t number_ = 0;
 };
 
+// The end of every trap: reports `error` as kTrappedError unless its number is 0.
+void ReportTrapped(MessageReporter& reporter, TextView label, const RuntimeError& error,
+                   std::int32_t line) noexcept;
+
 struct NothingFirst {
   void operator()(RuntimeError&) const noexcept {}
 };
@@ -33,10 +40,13 @@ struct NothingFirst {
 // Runs `body(line)`. On any failure runs `before_report(error)` (to restore a pointer, to extend
 // the description; a failure in it is dropped), then reports the error as kTrappedError under
 // `label`. Returns true when the body ran to its end. An error with the number 0 is not reported.
+// Until the body notes a line, the line is that of the call of Trapped. Nothing escapes: when even
+// the box cannot be shown, nothing is left to tell the operator with.
 template <class Body, class BeforeReport = NothingFirst>
 bool Trapped(MessageReporter& reporter, TextView label, Body&& body,
-             BeforeReport&& before_report = {}) {
-  Line line;
+             BeforeReport&& before_report = {},
+             const std::source_location& begun_at = std::source_location::current()) noexcept {
+  Line line(begun_at);
   try {
     body(line);
     return true;
@@ -46,9 +56,7 @@ bool Trapped(MessageReporter& reporter, TextView label, Body&& body,
       before_report(error);
     } catch (...) {
     }
-    if (error.number() != 0) {
-      reporter.ReportMessage(MessageKind::kTrappedError, label, &error, line.number());
-    }
+    ReportTrapped(reporter, label, error, line.number());
     return false;
   }
 }
