@@ -1,0 +1,113 @@
+// What an operator story is played on: a host with the plug-in in it, an operator at its dialog,
+// and everything that either can see. There is one stage over the headless layer and one over the
+// real library and its native windows; a story cannot tell them apart.
+//
+// Controls are named as in the dialog; rows and positions are 0-based. A gesture that a real
+// operator could not make (the control is hidden, disabled, not there) fails with StageError, and
+// so does the reading of something that the stage cannot see.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "support/text.h"
+
+namespace quill::host {
+
+class StageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// A message box as the operator saw it.
+struct SeenBox {
+  Text caption;
+  Text text;
+  friend bool operator==(const SeenBox&, const SeenBox&) = default;
+};
+
+// One right of the operator, as the host's collection holds it.
+struct Right {
+  enum class Form : std::uint8_t { kText, kNumber };
+  Text name;
+  Form form = Form::kText;
+  Text value;
+};
+
+enum class Button : std::uint8_t { kLeft = 1, kRight = 2, kMiddle = 4 };
+
+// How the next call of one kit operation goes wrong.
+struct KitFault {
+  Text operation;  // for example u"CompressString"
+  std::int32_t number = 0;
+  Text description;
+  bool from_there_on = false;  // every later call of it too
+};
+
+class Stage {
+ public:
+  virtual ~Stage() = default;
+  [[nodiscard]] virtual std::string Name() const = 0;  // "headless" or "native"
+
+  // --- set-up, before and between host calls -------------------------------------------------
+  // A file under the host's root, by its host path; nothing as content removes it.
+  virtual void PutFile(const Text& path, const std::optional<std::string>& bytes) = 0;
+  [[nodiscard]] virtual std::optional<std::string> FileContent(const Text& path) = 0;
+  virtual void BreakKit(const KitFault& fault) = 0;
+  virtual void SetClock(std::uint64_t ticks) = 0;
+
+  // --- host calls ----------------------------------------------------------------------------
+  virtual Text DllVersion() = 0;
+  // Field by name, as text; arrays as their elements joined by "|", "empty" for an empty variant.
+  virtual Text PluginField(const Text& field) = 0;
+  virtual void SetPrivis(const std::vector<Right>& rights, bool super_admin) = 0;
+  // Returns when the dialog is hidden or closed. While it is shown, and while a message box or file
+  // dialog is open, the stage calls `go_on` from inside again and again; it plays the next step and
+  // returns false when the story has none left (the stage then hides the dialog).
+  virtual void LoadInterface(std::int32_t index, const std::vector<Text>& target,
+                             const std::function<bool()>& go_on) = 0;
+  virtual void RemoteData(const Text& data) = 0;
+  virtual void HideInterface() = 0;
+
+  // --- the operator --------------------------------------------------------------------------
+  virtual void Type(const Text& control, const Text& text) = 0;    // at the end of what is there
+  virtual void Paste(const Text& control, const Text& text) = 0;   // in place of what is there
+  virtual void EraseLast(const Text& control, int count) = 0;      // backspace at the end
+  virtual void Choose(const Text& control, const Text& item) = 0;  // in a drop-down list
+  virtual void ScrollBy(const Text& control, int rows) = 0;        // one step at a time
+  virtual void ScrollTo(const Text& control, int row) = 0;         // by the thumb
+  virtual void ClickTab(const Text& caption) = 0;
+  virtual void Click(const Text& control) = 0;  // check box, push button
+  virtual void SelectRows(const Text& control, const std::vector<int>& rows) = 0;
+  virtual void DoubleClickRow(const Text& control, int row) = 0;
+  virtual void Key(const Text& control, char16_t character) = 0;
+  virtual void Press(const Text& control, Button button) = 0;
+  virtual void Release(const Text& control, Button button) = 0;
+  virtual void CloseWindow() = 0;
+  // What the operator does in the next file dialog: picks these full paths (none: cancels).
+  virtual void AnswerFileDialog(const std::vector<Text>& paths) = 0;
+  // Plays `step` while the next message box is open, before it is closed.
+  virtual void DuringNextBox(const std::function<void()>& step) = 0;
+
+  // --- what can be seen ----------------------------------------------------------------------
+  // Property names: text, caption, value, index, top, count, item N, data N, selected (rows joined
+  // by " "), tooltip, enabled, visible, shown, picture (file name), pointer (of the dialog), left,
+  // top and so on in twips.
+  [[nodiscard]] virtual Text Read(const Text& control, const Text& property) = 0;
+  [[nodiscard]] virtual bool DialogShown() = 0;
+  [[nodiscard]] virtual Text DialogPointer() = 0;  // "default" or "busy"
+  [[nodiscard]] virtual Text ScreenPointer() = 0;
+  // Boxes shown since the last call, in order; taking empties the list.
+  [[nodiscard]] virtual std::vector<SeenBox> TakeBoxes() = 0;
+  // Entries of the host's error log and report store since the last call, one readable line each.
+  [[nodiscard]] virtual std::vector<Text> TakeLog() = 0;
+  [[nodiscard]] virtual std::vector<Text> TakeReports() = 0;
+  // The command whose reply the plug-in awaits; nothing where that cannot be seen from outside.
+  [[nodiscard]] virtual std::optional<Text> PendingCommand() = 0;
+};
+
+}  // namespace quill::host
