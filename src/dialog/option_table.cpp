@@ -1,0 +1,163 @@
+// The hosting options, one row each.
+#include "dialog/option_table.h"
+
+#include <array>
+
+namespace quill {
+namespace {
+
+using enum ui::ControlKind;
+using enum PayloadForm;
+using ui::Twips;
+
+// The columns, in twips. The narrow ones hold the second check box of a shared row.
+constexpr OptionColumn kServerLeft = {u"fmeServer", 120, 1260, 1440};
+constexpr OptionColumn kServerRight = {u"fmeServer", 4680, 1500, 6240};
+constexpr OptionColumn kServerFarRight = {u"fmeServer", 6960, 1680, 8760};
+constexpr OptionColumn kMiscLeft = {u"fmeMisc", 120, 1860, 2040};
+constexpr OptionColumn kMiscRight = {u"fmeMisc", 4800, 2220, 7080};
+
+constexpr Twips kFirstRowTop = 270;
+constexpr Twips kRowPitch = 360;
+constexpr Twips kBoxHeight = 285;  // text boxes and single-row lists: one row and the borders
+constexpr Twips kComboHeight = 315;
+constexpr Twips kCheckSize = 255;
+constexpr Twips kLabelHeight = 195;
+constexpr Twips kNoteGap = 120;
+constexpr Twips kNoteWidth = 1620;
+
+constexpr Twips kWideText = 2985;
+constexpr Twips kPasswordText = 1800;
+constexpr Twips kWordList = 1500;
+constexpr Twips kNumberList = 1035;
+constexpr Twips kNumberText = 900;
+constexpr Twips kPingIndent = 240;
+
+constexpr std::array<TextView, 2> kSessions = {u"Tiodioksi", u"LAN IP"};
+constexpr std::array<TextView, 4> kDelays = {u"No Delay", u"1 Minute", u"2 Minutes", u"3 Minutes"};
+
+// clang-format off
+constexpr Option kOptions[] = {
+    {.key = u"txtMessage", .kind = kTextBox, .label = u"Host Message:",
+     .place = {kServerLeft, 0, kWideText}, .tooltip = u"Limit: 88 Characters", .max_length = 85,
+     .blank_replacement = u" ", .payload = {0, kBase64OrEmpty}},
+    {.key = u"txtName", .kind = kTextBox, .label = u"Server Name:",
+     .place = {kServerLeft, 1, kWideText}, .tooltip = u"Limit: 31 Characters", .max_length = 26,
+     .blank_replacement = u"Untitled", .payload = {1, kBase64}},
+    {.key = u"txtCountry", .kind = kTextBox, .label = u"Country Code:",
+     .place = {kServerLeft, 2, 600}, .tooltip = u"Limit: 2 Characters", .max_length = 2,
+     .alignment = ui::Alignment::kCentre, .blank_replacement = u" ",
+     .payload = {2, kBase64OrEmpty}},
+    {.key = u"txtPassword", .kind = kTextBox, .label = u"Password:",
+     .place = {kServerLeft, 3, kPasswordText}, .tooltip = u"Limit: 16 Characters", .max_length = 16,
+     .blank_replacement = u" ", .payload = {3, kBase64OrEmpty}},
+    {.key = u"lstSession", .kind = kListBox, .label = u"Session Type:",
+     .place = {kServerLeft, 4, kWordList}, .items = kSessions, .payload = {4, kPositionPlusOne}},
+    {.key = u"lstMax", .kind = kListBox, .label = u"Max Players:",
+     .place = {kServerLeft, 5, kWordList}, .tooltip = u"Limit: 1 - 500", .numbers = {1, 50},
+     .payload = {5, kPositionPlusOne}},
+    {.key = u"lstDelay", .kind = kListBox, .label = u"Start Delay:",
+     .place = {kServerLeft, 6, kWordList}, .tooltip = u"Limit: 0 - 3", .items = kDelays,
+     .payload = {6, kPosition}},
+    {.key = u"chkLoop", .kind = kCheckBox, .label = u"Loop Maps:",
+     .place = {kServerLeft, 7, kCheckSize}, .payload = {7, kValue}},
+
+    {.key = u"lstKills", .kind = kListBox, .label = u"Max Kills:",
+     .place = {kServerRight, 0, kNumberList}, .note = u"(DM + TDM)", .tooltip = u"Limit: 1 - 500",
+     .numbers = {1, 500}, .payload = {8, kPositionPlusOne}},
+    {.key = u"lstScore", .kind = kListBox, .label = u"Game Score:",
+     .place = {kServerRight, 1, kNumberList}, .note = u"(Flagball)", .tooltip = u"Limit: 1 - 500",
+     .numbers = {1, 500}, .payload = {9, kPositionPlusOne}},
+    {.key = u"lstZone", .kind = kListBox, .label = u"Zone Timer:",
+     .place = {kServerRight, 2, kNumberList}, .note = u"(TKOTH + KOTH)",
+     .tooltip = u"Limit: 1 - 60", .numbers = {1, 60}, .payload = {10, kPositionPlusOne}},
+    {.key = u"lstRespawn", .kind = kListBox, .label = u"Respawn Time:",
+     .place = {kServerRight, 3, kNumberList}, .tooltip = u"Limit: 0 - 120", .numbers = {0, 120},
+     .payload = {11, kPosition}},
+    {.key = u"lstTime", .kind = kListBox, .label = u"Time Limit:",
+     .place = {kServerRight, 4, kNumberList}, .tooltip = u"Limit: 0 - 100", .numbers = {0, 100},
+     .payload = {12, kPosition}},
+    {.key = u"chkNova", .kind = kCheckBox, .label = u"Req. Nova Login:",
+     .place = {kServerRight, 5, kCheckSize}, .payload = {13, kValue}},
+    {.key = u"chkSkins", .kind = kCheckBox, .label = u"Allow Custom Skins:",
+     .place = {kServerFarRight, 5, kCheckSize}, .payload = {14, kValue}},
+    {.key = u"chkWindow", .kind = kCheckBox, .label = u"Run Windowed:",
+     .place = {kServerRight, 6, kCheckSize}, .initial_state = 1, .payload = {15, kValue}},
+    {.key = u"chkDedi", .kind = kCheckBox, .label = u"Run Dedicated:",
+     .place = {kServerFarRight, 6, kCheckSize}, .payload = {16, kValue}},
+    {.key = u"cboMods", .kind = kComboBox, .label = u"Game Mod:",
+     .place = {kServerRight, 7, 2775}, .payload = {25, kBase64}},
+
+    {.key = u"txtBlue", .kind = kTextBox, .label = u"Blue Team Password:",
+     .place = {kMiscLeft, 0, kPasswordText}, .tooltip = u"Limit: 31 Characters", .max_length = 16,
+     .blank_replacement = u" ", .payload = {17, kBase64OrEmpty}},
+    {.key = u"txtRed", .kind = kTextBox, .label = u"Red Team Password:",
+     .place = {kMiscLeft, 1, kPasswordText}, .tooltip = u"Limit: 31 Characters", .max_length = 16,
+     .blank_replacement = u" ", .payload = {18, kBase64OrEmpty}},
+    {.key = u"chkFFKills", .kind = kCheckBox, .label = u"Friendly Fire Kills:",
+     .place = {kMiscLeft, 2, kCheckSize}, .flag = {0x200, 0}},
+    {.key = u"chkFFTags", .kind = kCheckBox, .label = u"Friendly Tags:",
+     .place = {kMiscLeft, 3, kCheckSize}, .initial_state = 1, .flag = {0x400, 0}},
+    {.key = u"chkFFWarn", .kind = kCheckBox, .label = u"Friendly Fire Warning:",
+     .place = {kMiscLeft, 4, kCheckSize}, .flag = {0x8, 0}},
+    {.key = u"chkTeam", .kind = kCheckBox, .label = u"Auto Balance:",
+     .place = {kMiscLeft, 5, kCheckSize}, .flag = {0x4, 0}},
+    {.key = u"chkTracers", .kind = kCheckBox, .label = u"Show Tracers:",
+     .place = {kMiscLeft, 6, kCheckSize}, .flag = {0x1, 0}},
+    {.key = u"chkClays", .kind = kCheckBox, .label = u"Show Team Clays:",
+     .place = {kMiscLeft, 7, kCheckSize}, .flag = {0x8000, 1}},
+
+    {.key = u"chkAutoRange", .kind = kCheckBox, .label = u"Allow Auto Range:",
+     .place = {kMiscRight, 0, kCheckSize}, .flag = {0x10000, 1}},
+    {.key = u"chkMinPing", .kind = kCheckBox, .label = u"Enable Min Ping Checking:",
+     .place = {kMiscRight, 1, kCheckSize}, .payload = {19, kValue}},
+    {.key = u"txtMinPing", .kind = kTextBox, .label = u" - Min. Ping",
+     .place = {kMiscRight, 2, kNumberText, kPingIndent}, .tooltip = u"Limit: 31 Characters",
+     .max_length = 4, .alignment = ui::Alignment::kCentre, .initial_text = u"0",
+     .blank_replacement = u" ", .payload = {20, kPlainText}},
+    {.key = u"chkMaxPing", .kind = kCheckBox, .label = u"Enable Max Ping Checking:",
+     .place = {kMiscRight, 3, kCheckSize}, .payload = {21, kValue}},
+    {.key = u"txtMaxPing", .kind = kTextBox, .label = u" - Max. Ping",
+     .place = {kMiscRight, 4, kNumberText, kPingIndent}, .tooltip = u"Limit: 31 Characters",
+     .max_length = 4, .alignment = ui::Alignment::kCentre, .initial_text = u"1500",
+     .blank_replacement = u" ", .payload = {22, kPlainText}},
+    {.key = u"txtPort", .kind = kTextBox, .label = u"Game Port:",
+     .place = {kMiscRight, 5, kNumberText}, .tooltip = u"Limit: 31 Characters", .max_length = 5,
+     .alignment = ui::Alignment::kCentre, .initial_text = u"17479", .payload = {24, kPlainText}},
+};
+// clang-format on
+
+constexpr Twips HeightOf(ui::ControlKind kind) {
+  return kind == kCheckBox ? kCheckSize : kind == kComboBox ? kComboHeight : kBoxHeight;
+}
+
+// The top of something `height` high that is centred on a row.
+constexpr Twips TopIn(int row, Twips height) {
+  return kFirstRowTop + row * kRowPitch + (kBoxHeight - height) / 2;
+}
+
+}  // namespace
+
+std::span<const Option> Options() noexcept {
+  return kOptions;
+}
+
+ui::Bounds LabelBounds(const Option& option) noexcept {
+  const auto& place = option.place;
+  return {place.column.label_left + place.indent, TopIn(place.row, kLabelHeight),
+          place.column.label_width, kLabelHeight};
+}
+
+ui::Bounds ControlBounds(const Option& option) noexcept {
+  const auto& place = option.place;
+  const auto height = HeightOf(option.kind);
+  return {place.column.control_left + place.indent, TopIn(place.row, height), place.width, height};
+}
+
+ui::Bounds NoteBounds(const Option& option) noexcept {
+  const auto control = ControlBounds(option);
+  return {control.left + control.width + kNoteGap, TopIn(option.place.row, kLabelHeight),
+          kNoteWidth, kLabelHeight};
+}
+
+}  // namespace quill

@@ -1,0 +1,94 @@
+// The hosting options as one table. A row holds all that is known of an option: building the
+// dialog, settings files and the start payload take what they need from it.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "support/text.h"
+#include "ui/control.h"
+#include "ui/text_box.h"
+
+namespace quill {
+
+// Where the labels and the controls of a column lie inside its frame.
+struct OptionColumn {
+  TextView frame;  // name of the frame control
+  ui::Twips label_left = 0;
+  ui::Twips label_width = 0;
+  ui::Twips control_left = 0;
+};
+
+struct OptionPlace {
+  OptionColumn column;
+  int row = 0;           // from the top of the frame, 0-based
+  ui::Twips width = 0;   // of the control
+  ui::Twips indent = 0;  // of label and control
+};
+
+// The decimal texts of `first` to `last`, added when the dialog loads; none when first > last.
+struct NumberRange {
+  int first = 0;
+  int last = -1;
+
+  friend bool operator==(const NumberRange&, const NumberRange&) = default;
+};
+
+// How an option enters the start payload.
+enum class PayloadForm : std::uint8_t {
+  kNone,           // not a field of its own
+  kBase64,         // of the text as it stands
+  kBase64OrEmpty,  // the same; an empty field for a text that is empty or of blanks only
+  kPosition,       // of the chosen item, -1 for none
+  kPositionPlusOne,
+  kValue,  // the state of the check box
+  kPlainText,
+};
+
+struct PayloadField {
+  int number = -1;  // 0-based; -1: none
+  PayloadForm form = PayloadForm::kNone;
+};
+
+// A check box's share in the payload's option flags: `bit` is added when the box has `added_at`.
+struct OptionFlag {
+  std::uint32_t bit = 0;  // 0: none
+  int added_at = 0;
+};
+
+struct Option {
+  TextView key;  // the control's name
+  // kTextBox (its value: text), kCheckBox (state 0 or 1), kListBox (position of the chosen item, -1
+  // for none) or kComboBox (text of the chosen item).
+  ui::ControlKind kind = ui::ControlKind::kTextBox;
+  TextView label;
+  OptionPlace place;
+
+  TextView note = {};     // shown to the right of the control; empty: none
+  TextView tooltip = {};  // empty: none
+
+  std::span<const TextView> items = {};  // fixed items of a list
+  NumberRange numbers = {};              // number list
+
+  int max_length = 0;  // characters that a text box accepts
+  ui::Alignment alignment = ui::Alignment::kLeft;
+
+  TextView initial_text = {};  // of a text box
+  int initial_state = 0;       // of a check box
+
+  // What an empty text becomes, in the dialog too, when the settings are saved; empty: it stays.
+  TextView blank_replacement = {};
+
+  PayloadField payload = {};
+  OptionFlag flag = {};
+};
+
+// In the order in which settings files are written; within a column from top to bottom.
+[[nodiscard]] std::span<const Option> Options() noexcept;
+
+// Relative to the option's frame.
+[[nodiscard]] ui::Bounds LabelBounds(const Option& option) noexcept;
+[[nodiscard]] ui::Bounds ControlBounds(const Option& option) noexcept;
+[[nodiscard]] ui::Bounds NoteBounds(const Option& option) noexcept;
+
+}  // namespace quill
