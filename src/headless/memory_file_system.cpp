@@ -27,8 +27,8 @@ class MemoryReader final : public ByteReader {
 };
 
 [[noreturn]] void Fail(ErrorNumber number, TextView path) {
-  throw RuntimeError(
-      number, Concat({DefaultDescription(static_cast<std::int32_t>(number)), u": ", path}));
+  throw RuntimeError(number,
+                     Concat({DefaultDescription(static_cast<std::int32_t>(number)), u": ", path}));
 }
 
 Text Joined(const std::vector<TextView>& pieces) {
@@ -42,7 +42,9 @@ Text Joined(const std::vector<TextView>& pieces) {
 
 }  // namespace
 
-MemoryFileSystem::MemoryFileSystem(TextView root) { MakeFolders(root); }
+MemoryFileSystem::MemoryFileSystem(TextView root) {
+  MakeFolders(root);
+}
 
 const MemoryFileSystem::Node* MemoryFileSystem::Find(TextView path) const {
   const auto found = nodes_.find(HostPathKey(SplitHostPath(path)));
@@ -110,7 +112,7 @@ std::int64_t MemoryFileSystem::FileSize(TextView path) {
 }
 
 void MemoryFileSystem::RemoveFile(TextView path) {
-  FindFile(path);
+  static_cast<void>(FindFile(path));
   nodes_.erase(HostPathKey(SplitHostPath(path)));
 }
 
@@ -122,13 +124,17 @@ void MemoryFileSystem::RenameFile(TextView from, TextView to) {
   if (from_key != HostPathKey(pieces)) nodes_.erase(from_key);
 }
 
-void MemoryFileSystem::MakeEmptyFile(TextView path) { SetContents(path, {}); }
+void MemoryFileSystem::MakeEmptyFile(TextView path) {
+  SetContents(path, {});
+}
 
 std::unique_ptr<ByteReader> MemoryFileSystem::OpenForReading(TextView path) {
   return std::make_unique<MemoryReader>(FindFile(path).bytes);
 }
 
-std::string MemoryFileSystem::Contents(TextView path) const { return *FindFile(path).bytes; }
+std::string MemoryFileSystem::Contents(TextView path) const {
+  return *FindFile(path).bytes;
+}
 
 void MemoryFileSystem::SetContents(TextView path, std::string_view bytes) {
   FileForWriting(path).bytes = std::make_shared<const std::string>(bytes);

@@ -1,5 +1,6 @@
-// A file system that lives in memory, with the naming rules of Windows: any letter case finds a file.
-// The drives and folders of the given root exist from the start; everything else is made by calls.
+// A file system that lives in memory, with the naming rules of Windows: any letter case finds a
+// file. The drives and folders of the given root exist from the start; everything else is made by
+// calls.
 #pragma once
 
 #include <map>
@@ -25,8 +26,8 @@ class MemoryFileSystem final : public FileSystem {
   // The reader reads the content as it was when the file was opened.
   std::unique_ptr<ByteReader> OpenForReading(TextView path) override;
 
-  // Whole contents. Reading fails with kFileNotFound for a missing file; writing creates the file in
-  // an existing folder.
+  // Whole contents. Reading fails with kFileNotFound for a missing file; writing creates the file
+  // in an existing folder.
   [[nodiscard]] std::string Contents(TextView path) const;
   void SetContents(TextView path, std::string_view bytes);
   void AppendContents(TextView path, std::string_view bytes);

@@ -16,8 +16,8 @@ namespace {
 namespace fs = std::filesystem;
 
 [[noreturn]] void Fail(ErrorNumber number, TextView path) {
-  throw RuntimeError(
-      number, Concat({DefaultDescription(static_cast<std::int32_t>(number)), u": ", path}));
+  throw RuntimeError(number,
+                     Concat({DefaultDescription(static_cast<std::int32_t>(number)), u": ", path}));
 }
 
 void Check(const std::error_code& error, TextView path) {
@@ -100,9 +100,8 @@ fs::path RootedFileSystem::RealPath(TextView path) const {
   std::error_code error;
   const fs::path target = fs::weakly_canonical(real, error);
   const bool is_inside =
-      !error &&
-      std::mismatch(folder_.begin(), folder_.end(), target.begin(), target.end()).first ==
-          folder_.end();
+      !error && std::mismatch(folder_.begin(), folder_.end(), target.begin(), target.end()).first ==
+                    folder_.end();
   if (!is_inside) Fail(ErrorNumber::kPathFileAccessError, path);
   return real;
 }

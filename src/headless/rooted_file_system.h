@@ -1,7 +1,7 @@
 // A file system of host paths that live in a real folder: with the host root C:\Host and the folder
 // /tmp/h, C:\Host\RCData\a.txt is /tmp/h/RCData/a.txt. Names are found in any letter case, as on
-// Windows; a new file gets the letter case it is made with. No path reaches a file outside the folder,
-// not even through a link.
+// Windows; a new file gets the letter case it is made with. No path reaches a file outside the
+// folder, not even through a link.
 #pragma once
 
 #include <filesystem>

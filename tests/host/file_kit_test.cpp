@@ -1,0 +1,148 @@
+// The file kit over memory and over a real folder: encodings, whole files, the error journal.
+#include "host/kit/file_kit.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "headless/memory_file_system.h"
+#include "headless/rooted_file_system.h"
+#include "host/kit/disk_storage.h"
+#include "host/kit/memory_storage.h"
+#include "host/kit/text_file.h"
+
+namespace quill::host {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr TextView kIniPath = u"C:\\Host\\my.hsf";
+
+class MemoryKit : public testing::Test {
+ protected:
+  headless::MemoryFileSystem files_;
+  MemoryStorage storage_{files_};
+  ErrorJournal journal_{u"C:\\Host", files_, storage_, [] {
+                          return std::chrono::sys_days(std::chrono::year(2004) / 2 / 29) +
+                                 std::chrono::hours(9) + std::chrono::seconds(61);
+                        }};
+  HostFileKit kit_{storage_, journal_};
+};
+
+TEST_F(MemoryKit, WritesRequestFilesAsTheyAre) {
+  kit_.WriteFile(u"C:\\Host\\a.txt", u"Plugin_abc_VB6_3");
+  EXPECT_EQ(files_.Contents(u"C:\\Host\\a.txt"), "Plugin_abc_VB6_3");
+  kit_.WriteFile(u"C:\\Host\\a.txt", u"\u00E4\u20AC\nx");
+  EXPECT_EQ(files_.Contents(u"C:\\Host\\a.txt"), "\xC3\xA4\xE2\x82\xAC\nx");
+  EXPECT_THROW(kit_.WriteFile(u"C:\\Host\\no\\a.txt", u"x"), RuntimeError);
+}
+
+TEST_F(MemoryKit, AnIniSectionEndsWithAnElementThatIsNoEntry) {
+  EXPECT_EQ(kit_.GetIniSection(u"Settings", kIniPath), std::nullopt);
+  kit_.WriteIniKey(u"Settings", u"txtMessage", u" ", kIniPath);
+  kit_.WriteIniKey(u"Settings", u"txtName", u"G\u00E4ste \u20AC \xD83D\xDE00", kIniPath);
+  const std::optional<std::vector<Text>> lines = kit_.GetIniSection(u"SETTINGS", kIniPath);
+  ASSERT_TRUE(lines);
+  EXPECT_EQ(*lines,
+            (std::vector<Text>{u"txtMessage= ", u"txtName=G\u00E4ste \u20AC \xD83D\xDE00", u""}));
+  EXPECT_EQ(kit_.ParseIniKey((*lines)[0]).key, u"txtMessage");
+  EXPECT_EQ(kit_.ParseIniKey((*lines)[0]).value, u" ");
+  EXPECT_EQ(kit_.ParseIniValue((*lines)[0]), u" ");
+  EXPECT_EQ(kit_.GetIniSection(u"Other", kIniPath), std::nullopt);
+  EXPECT_THROW(kit_.WriteIniKey(u"Settings", u"k", u"a\r\nb", kIniPath), RuntimeError);
+  EXPECT_EQ(kit_.GetIniSection(u"Settings", kIniPath), lines);
+}
+
+TEST_F(MemoryKit, AFileKeepsItsEncoding) {
+  files_.SetContents(kIniPath, "\xEF\xBB\xBF[s]\nold=\xC3\xA4\n");
+  kit_.WriteIniKey(u"s", u"k", u"\u00F6", kIniPath);
+  EXPECT_EQ(files_.Contents(kIniPath), "\xEF\xBB\xBF[s]\nold=\xC3\xA4\nk=\xC3\xB6\n");
+
+  files_.SetContents(kIniPath, std::string("\xFF\xFE[\0s\0]\0\n\0", 10));
+  kit_.WriteIniKey(u"s", u"k", u"\xD800", kIniPath);
+  EXPECT_EQ(files_.Contents(kIniPath), std::string("\xFF\xFE[\0s\0]\0\n\0k\0=\0\0\xD8\n\0", 18));
+  EXPECT_EQ(kit_.GetIniSection(u"s", kIniPath), (std::vector<Text>{u"k=\xD800", u""}));
+
+  // Windows-1252 stays as long as it holds the new text and would not be taken for UTF-8.
+  files_.SetContents(kIniPath, "[s]\nold=\xE4\x81\n");
+  kit_.WriteIniKey(u"s", u"k", u"\u20AC", kIniPath);
+  EXPECT_EQ(files_.Contents(kIniPath), "[s]\nold=\xE4\x81\nk=\x80\n");
+  kit_.WriteIniKey(u"s", u"k", u"\u03A9", kIniPath);
+  EXPECT_EQ(files_.Contents(kIniPath), "[s]\nold=\xC3\xA4\xC2\x81\nk=\xCE\xA9\n");
+  files_.SetContents(kIniPath, "[s]\nold=\xE4\n");
+  kit_.WriteIniKey(u"s", u"old", u"\u00C3\u00A4", kIniPath);
+  EXPECT_EQ(kit_.GetIniSection(u"s", kIniPath), (std::vector<Text>{u"old=\u00C3\u00A4", u""}));
+}
+
+TEST_F(MemoryKit, AnyBytesCanBeReadAndWritten) {
+  std::string bytes = "[Settings]\r\n";
+  for (int value = 0; value < 256; ++value) bytes += static_cast<char>(value);
+  for (const std::string& start : {bytes, "\xFF\xFE" + bytes, std::string("\xFF\xFE\0", 3),
+                                   std::string("\xEF\xBB"), std::string("\0\0[Settings]", 12)}) {
+    files_.SetContents(kIniPath, start);
+    kit_.WriteIniKey(u"Settings", u"k", u"v", kIniPath);
+    const std::optional<std::vector<Text>> lines = kit_.GetIniSection(u"Settings", kIniPath);
+    ASSERT_TRUE(lines);
+    EXPECT_EQ((*lines)[lines->size() - 2], u"k=v");
+  }
+}
+
+TEST_F(MemoryKit, TheJournalIsReadableAndOneEntryStaysOne) {
+  kit_.LogError(u"kvrrcBHDGS.dll", u"RemoteData", RuntimeError(13, u"Type mismatch [a, b]"), 77);
+  kit_.LogError(u"kvrrcBHDGS.dll", u"cmdSave",
+                RuntimeError(5, u"first\r\n2004-01-01 00:00:00Z  forged\nthird\tend"), 0);
+  EXPECT_EQ(files_.Contents(journal_.log_path()),
+            "2004-02-29 09:01:01Z  kvrrcBHDGS.dll  RemoteData, line 77: error 13, "
+            "Type mismatch [a, b]\r\n"
+            "2004-02-29 09:01:01Z  kvrrcBHDGS.dll  cmdSave, line 0: error 5, first\r\n"
+            "    2004-01-01 00:00:00Z  forged\r\n    third end\r\n");
+
+  ErrorReport report{u"13", u"Type mismatch", u"kvrrcBHDGS.dll 1.1.2", u"RemoteData", u"0", 77};
+  EXPECT_TRUE(kit_.SendErrorReport(report));
+  report.number.clear();
+  EXPECT_TRUE(kit_.SendErrorReport(report));
+  const std::string reports = files_.Contents(u"C:\\Host\\logs\\error-reports.txt");
+  EXPECT_TRUE(reports.starts_with(
+      "2004-02-29 09:01:01Z\r\n  Number:      13\r\n  Description: Type mismatch\r\n"
+      "  Library:     kvrrcBHDGS.dll 1.1.2\r\n  Procedure:   RemoteData\r\n"
+      "  Reserved:    0\r\n  Line:        77\r\n\r\n2004"));
+}
+
+TEST_F(MemoryKit, AReportThatCannotBeKeptIsNotSent) {
+  files_.SetContents(u"C:\\Host\\logs", "a file where the folder should be");
+  EXPECT_FALSE(kit_.SendErrorReport(ErrorReport{}));
+  EXPECT_THROW(kit_.LogError(u"l", u"p", RuntimeError(5, u"d"), 1), RuntimeError);
+}
+
+TEST(DiskStorage, ReplacesWholeFilesAndLeavesNothingBeside) {
+  const fs::path folder = fs::path(QUILL_BINARY_DIR) / "scratch" / "disk-storage";
+  fs::remove_all(folder);
+  fs::create_directories(folder);
+  headless::RootedFileSystem files(u"C:\\Host", folder);
+  DiskStorage storage([&](TextView path) { return files.RealPath(path); });
+
+  EXPECT_EQ(storage.ReadWhole(kIniPath), std::nullopt);
+  storage.Replace(kIniPath, std::string("a\0\r\n", 4));
+  storage.Replace(u"c:\\host\\MY.hsf", "bb");
+  storage.Append(kIniPath, "\n");
+  EXPECT_EQ(storage.ReadWhole(kIniPath), "bb\n");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
+  const std::string large(300'000, 'x');
+  storage.Replace(kIniPath, large);
+  EXPECT_EQ(storage.ReadWhole(kIniPath), large);
+
+  files.MakeFolder(u"C:\\Host\\folder");
+  EXPECT_THROW(storage.Replace(u"C:\\Host\\folder", "x"), RuntimeError);
+  EXPECT_THROW(storage.Replace(u"C:\\Host\\no\\a.txt", "x"), RuntimeError);
+  EXPECT_THROW(storage.Append(u"C:\\Host\\no\\a.txt", "x"), RuntimeError);
+  EXPECT_THROW(storage.ReadWhole(u"C:\\Host\\folder"), RuntimeError);
+  // A neighbour that cannot be written stops the change before the file is touched.
+  fs::create_directories(folder / "my.hsf.new~" / "occupied");
+  EXPECT_THROW(storage.Replace(kIniPath, "y"), RuntimeError);
+  EXPECT_EQ(storage.ReadWhole(kIniPath), large);
+  fs::remove_all(folder);
+}
+
+}  // namespace
+}  // namespace quill::host
