@@ -1,6 +1,8 @@
 // Map entry text, the row text of the map lists: display name, " <", map file name, ">".
 #pragma once
 
+#include <cstddef>
+
 #include "support/text.h"
 
 namespace quill {
@@ -11,8 +13,20 @@ struct MapEntry {
 };
 
 // Takes an entry apart at its last "<" (at its first character when it has none). Both texts come
-// without blanks around them. Fails with kInvalidProcedureCall when nothing can follow the split
+// without blanks around them. The name is the entry with every occurrence of its tail, the text
+// from that "<" on, taken out. Fails with kInvalidProcedureCall when nothing can follow the split
 // (the last "<" ends the entry, or there is none and the entry has fewer than two characters).
 [[nodiscard]] MapEntry SplitMapEntry(TextView entry);
+
+// Where an entry comes apart, without a copy of anything.
+struct MapEntrySplit {
+  TextView tail;  // from the "<" to the end, never empty
+  TextView file;  // without blanks around it
+};
+// Fails as SplitMapEntry does.
+[[nodiscard]] MapEntrySplit FindMapEntrySplit(TextView entry);
+
+// Appends what is left of `entry` without its tail, blanks included.
+void AppendWithoutTail(Text& target, TextView entry, TextView tail);
 
 }  // namespace quill

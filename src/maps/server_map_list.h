@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "maps/first_row_index.h"
 #include "support/text.h"
 
 namespace quill {
@@ -24,20 +25,30 @@ class ServerMapList {
   // Fails as SplitMapEntry does (also on an empty text), with nothing appended.
   void AppendEntry(TextView entry);
 
+  // The position of the first map with exactly this file name and game type; 0 when there is none.
+  // The first look-up after a change takes time proportional to the length of the list.
+  [[nodiscard]] int PositionOfFile(TextView file, TextView game_type) const;
+  // True when a map, of any game type, has exactly this display name. Takes time as above.
+  [[nodiscard]] bool HasName(TextView name) const;
+
   friend void swap(ServerMapList& a, ServerMapList& b) noexcept;
 
  private:
-  struct Span {
-    std::size_t begin;
-    std::size_t length;
-  };
   struct Map {
-    Span name;
-    Span file;
-    std::size_t game_type;  // where its one character lies
+    std::size_t name_begin;
+    std::size_t name_length;
+    std::size_t file_begin;
+    std::size_t file_length;  // its game-type character follows
   };
+  [[nodiscard]] const Map& At(int position) const;
+  [[nodiscard]] TextView View(std::size_t begin, std::size_t length) const noexcept {
+    return TextView(buffer_).substr(begin, length);
+  }
+
   Text buffer_;
   std::vector<Map> maps_;
+  mutable FirstRowIndex by_file_;  // by file name and game type as they lie in the buffer
+  mutable FirstRowIndex by_name_;
 };
 
 }  // namespace quill

@@ -1,0 +1,86 @@
+// The remote machine's own maps: taking entries in, and finding them again in a huge list.
+#include "maps/server_map_list.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <utility>
+
+#include "maps/map_lists.h"
+#include "support/runtime_error.h"
+
+namespace quill {
+namespace {
+
+TEST(ServerMapList, TakesEntriesApartAndKeepsNothingOfABadOne) {
+  ServerMapList list;
+  list.AppendEntry(u"Harbour <2 <HARBOUR.BMS>8");
+  for (const TextView bad : {u"", u"8", u"a8", u"Name <8"}) {
+    EXPECT_THROW(list.AppendEntry(bad), RuntimeError) << ToUtf8(bad);
+  }
+  list.AppendEntry(u"   < F.BMS >x");
+  list.AppendEntry(u"<A>one<A>two<A>0");
+  ASSERT_EQ(list.Count(), 3);
+  EXPECT_EQ(list.ServerMapNames(1), u"Harbour <2");
+  EXPECT_EQ(list.ServerMapFiles(1), u"HARBOUR.BMS");
+  EXPECT_EQ(list.ServerMapGameTypes(1), u"8");
+  EXPECT_EQ(list.ServerMapNames(2), u"");
+  EXPECT_EQ(list.ServerMapFiles(2), u"F.BMS");
+  EXPECT_EQ(list.ServerMapGameTypes(2), u"x");
+  EXPECT_EQ(list.ServerMapNames(3), u"onetwo");
+  EXPECT_THROW((void)list.ServerMapNames(0), RuntimeError);
+  EXPECT_THROW((void)list.ServerMapFiles(4), RuntimeError);
+}
+
+TEST(ServerMapList, TheFirstOfEqualMapsIsFoundAfterEveryKindOfChange) {
+  MapLists lists;
+  EXPECT_EQ(lists.GetMapDisplayName(u"A.BMS", u"1", true), u"");
+  lists.server.AppendEntry(u"First <A.BMS>1");
+  lists.server.AppendEntry(u"Second <A.BMS>1");
+  lists.server.AppendEntry(u"Other type <A.BMS>11");  // file "A.BMS>", code 1
+  lists.server.AppendEntry(u"Third <A.BMS>2");
+  EXPECT_EQ(lists.GetMapDisplayName(u" A.BMS ", u"1", true), u"First");
+  EXPECT_EQ(lists.GetMapDisplayName(u"A.BMS", u"2", true), u"Third");
+  EXPECT_EQ(lists.GetMapDisplayName(u"A.BM", u"S1", true), u"");
+  EXPECT_EQ(lists.GetMapDisplayName(u"A.BMS", u"", true), u"");
+  EXPECT_EQ(lists.GetMapDisplayName(u"a.bms", u"1", true), u"");
+  EXPECT_TRUE(lists.IsServerMapName(u"Second"));
+  EXPECT_FALSE(lists.IsServerMapName(u"second"));
+
+  lists.server.AppendEntry(u"Late <B.BMS>1");
+  EXPECT_EQ(lists.GetMapDisplayName(u"B.BMS", u"1", true), u"Late");
+  EXPECT_TRUE(lists.IsServerMapName(u"Late"));
+
+  MapLists copy = lists;
+  lists.server.Clear();
+  lists.server.AppendEntry(u"Fresh <A.BMS>1");
+  EXPECT_EQ(lists.GetMapDisplayName(u"A.BMS", u"1", true), u"Fresh");
+  EXPECT_FALSE(lists.IsServerMapName(u"Late"));
+  EXPECT_EQ(copy.GetMapDisplayName(u"B.BMS", u"1", true), u"Late");
+  swap(copy.server, lists.server);
+  EXPECT_EQ(lists.GetMapDisplayName(u"B.BMS", u"1", true), u"Late");
+  EXPECT_EQ(copy.GetMapDisplayName(u"A.BMS", u"1", true), u"Fresh");
+}
+
+TEST(ServerMapList, LookUpsInAHugeListTakeNoWalk) {
+  constexpr int kMaps = 100'000;
+  MapLists lists;
+  for (int i = 0; i < kMaps; ++i) {
+    // Half of them alike, which must not make one long chain.
+    const Text number = Decimal(i % 2 == 0 ? i : 1);
+    lists.server.AppendEntry(Concat({u"Map ", number, u" <M", number, u".BMS>5"}));
+  }
+  const auto begun = std::chrono::steady_clock::now();
+  int found = 0;
+  for (int i = 0; i < kMaps; ++i) {
+    const Text number = Decimal(i);
+    if (!lists.GetMapDisplayName(Concat({u"M", number, u".BMS"}), u"5", true).empty()) ++found;
+    if (lists.IsServerMapName(Concat({u"Map ", number}))) ++found;
+  }
+  EXPECT_EQ(found, kMaps + 2);
+  // Walking, these are 10,000,000,000 comparisons: minutes even on a fast machine.
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(20));
+}
+
+}  // namespace
+}  // namespace quill
