@@ -12,18 +12,19 @@ class Changes {
     kEnabled = 1u << 1,
     kVisible = 1u << 2,
     kTooltip = 1u << 3,
-    kText = 1u << 4,       // text, caption
+    kText = 1u << 4,       // text, caption, alignment
     kValue = 1u << 5,      // check state
     kRows = 1u << 6,       // all rows or items are new
     kRowsAdded = 1u << 7,  // rows were added behind those that the peer knows
     kSelection = 1u << 8,  // chosen row, selected rows, chosen tab
     kTopRow = 1u << 9,
-    kPicture = 1u << 10,
-    kOrder = 1u << 11,  // place among its siblings, or its container
+    kPicture = 1u << 10,  // the picture, whether it is stretched
+    kOrder = 1u << 11,    // came to the front of its siblings; its container; its tab index
     kPointer = 1u << 12,
     kFont = 1u << 13,
-    kColour = 1u << 14,
-    kLimit = 1u << 15,  // limit, lock
+    kColour = 1u << 14,   // colour, transparency, how a picture box holds its drawing
+    kLimit = 1u << 15,    // limit, lock
+    kRowData = 1u << 16,  // numbers of rows that the peer knows already
   };
 
   constexpr Changes() = default;
@@ -46,6 +47,8 @@ class Changes {
   }
   std::uint32_t bits_ = 0;
 };
-constexpr Changes operator|(Changes::Bit a, Changes::Bit b) { return Changes(a) | Changes(b); }
+constexpr Changes operator|(Changes::Bit a, Changes::Bit b) {
+  return Changes(a) | Changes(b);
+}
 
 }  // namespace quill::ui

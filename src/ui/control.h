@@ -1,12 +1,17 @@
 // A control of the dialog: its state and its rules, with no window of its own. A native peer shows
 // the state and reports what happened; everything else is decided here and in the derived classes.
 //
+// Every change is made in the model first and told to the peer after that. A peer that fails passes
+// its failure on to whoever made the change; the model keeps the new state, and handlers that the
+// change would have run do not run. Assigning again tells the peer again.
+//
 // A control is owned by its form's collection. Everything runs on the user-interface thread.
 #pragma once
 
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <type_traits>
 #include <vector>
 
 #include "support/text.h"
@@ -47,7 +52,8 @@ class Control {
 
   // The control that this one lies in: a frame, or the form itself; null for the form.
   [[nodiscard]] Control* container() const noexcept { return container_; }
-  // Moves it to the front of `container`; its place is then relative to that one.
+  // Moves it to the front of `container`; its place is then relative to that one. Fails with
+  // kInvalidProcedureCall for a container of another form, for itself and for one that lies in it.
   void MoveInto(Control& container);
   // Those lying in this one, from the back of the stacking order to the front.
   [[nodiscard]] const std::vector<Control*>& children() const noexcept { return children_; }
@@ -69,14 +75,17 @@ class Control {
   [[nodiscard]] int tab_index() const noexcept { return tab_index_; }
   void SetTabIndex(int index);
 
-  // True when the operator can reach it: it, its containers and its form are visible and enabled.
+  // True when the operator can reach it: it, its containers and its form are visible and enabled,
+  // and the form is shown.
   [[nodiscard]] bool IsReachable() const noexcept;
 
   [[nodiscard]] Peer* peer() const noexcept { return peer_.get(); }
 
   // The one entry for native events. Ignored while the control cannot be reached or its form is
-  // unloaded. Runs the control's rule and its handlers; a failure that no handler trapped goes to
-  // the form's report of unhandled failures, labelled with the handler's name.
+  // unloaded; the peer is then told the side that the event was about, so that a native control
+  // that has changed itself is put right. Runs the control's rule and its handlers; a failure that
+  // no handler trapped goes to the form's report of unhandled failures, labelled with the name of
+  // the innermost handler that failed. A failure of that report goes no further.
   void Happened(const Fact& fact) noexcept;
 
  protected:
@@ -86,6 +95,10 @@ class Control {
   virtual void React(const Fact& fact);
   // Tells the peer, at once; does nothing before the peer exists.
   void Changed(Changes changes);
+  // Changes that were kept from the peer while the control was hidden; told when it is shown.
+  [[nodiscard]] virtual Changes HeldBack() const noexcept { return {}; }
+  // The peer has been told of all that was held back.
+  virtual void HeldBackTold() noexcept {}
   // Runs `handler` when there is one; a failure in it that passes through Happened is labelled with
   // the control's name, "_" and `event`.
   template <class... Args>
@@ -93,14 +106,23 @@ class Control {
              const std::type_identity_t<Args>&... args) {
     if (!handler) return;
     const auto running = handler;  // the handler may replace itself
-    NoteHandler(event);
-    running(args...);
+    try {
+      running(args...);
+    } catch (...) {
+      NoteFailure(event);
+      throw;
+    }
   }
 
  private:
   friend class Form;
-  void NoteHandler(const char16_t* event) noexcept;
-  void MakePeerIn(Toolkit& toolkit);
+  // Remembers the handler that the exception being handled left first.
+  void NoteFailure(const char16_t* event) noexcept;
+  void ReportUnhandled(const Fact& fact) noexcept;
+  [[nodiscard]] Text HandlerName(TextView event) const;
+  void Leave(Control& container) noexcept;
+  void MakePeer();
+  void DestroyPeers() noexcept;
 
   Form& form_;
   ControlKind kind_;

@@ -10,7 +10,8 @@ class FileDialog final : public Control {
  public:
   FileDialog(Form& form, Text name);
 
-  // What the next ShowOpen or ShowSave asks; its file_name is where the answer goes.
+  // What the next ShowOpen or ShowSave asks. Its file_name is the name that is proposed, and
+  // afterwards the answer: empty on cancel.
   FileDialogRequest request;
 
   // Both return the full path that was picked (the first, should several be), empty on cancel.

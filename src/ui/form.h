@@ -4,6 +4,7 @@
 // memory until no event of it is being handled, and is then destroyed through Toolkit::Defer.
 #pragma once
 
+#include <exception>
 #include <functional>
 #include <memory>
 #include <type_traits>
@@ -42,7 +43,8 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   // Adds a control of class T to the collection, at the front of `container` (the form when null).
   // T's constructor takes the form, the name and `args`. Its peer is made at once when the form has
   // its own, else with the form's. The collection refuses a name that it holds already
-  // (kInvalidProcedureCall).
+  // (kInvalidProcedureCall). The form's own peer is made with the first control. When a peer cannot
+  // be made, the collection does not keep the control and the failure is passed on.
   template <class T, class... Args>
   T& Add(Text name, Control* container, Args&&... args) {
     auto control = std::make_unique<T>(*this, std::move(name), std::forward<Args>(args)...);
@@ -55,12 +57,13 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   void SetPointer(Pointer pointer);
 
   // Shows the form modally and returns when it has been hidden or unloaded. Fails with
-  // kFormAlreadyShown while it is shown, and with kObjectNotSet once it is unloaded.
+  // kFormAlreadyShown while it is shown, and with kObjectNotSet once it is unloaded. The form's
+  // visible() is true exactly while it is shown.
   void ShowModal();
   // Ends a modal display; keeps everything else. Does nothing when it is not shown.
   void Hide();
-  // Runs on_unload once, then hides the form for good. Further calls do nothing. A failure of
-  // on_unload is passed on after the form has been hidden.
+  // Runs on_unload once, then hides the form for good and runs on_unloaded. Further calls, also
+  // from on_unload itself, do nothing. The first failure on the way is passed on at the end.
   void Unload();
   [[nodiscard]] bool shown() const noexcept { return shown_; }
   [[nodiscard]] bool unloaded() const noexcept { return unloaded_; }
@@ -77,16 +80,25 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
  private:
   friend class Control;
   void Adopt(std::unique_ptr<Control> control, Control& container);
+  // For a display that ended without Hide.
+  void DisplayEnded() noexcept;
 
   Toolkit& toolkit_;
   Text caption_;
   std::vector<std::unique_ptr<Control>> controls_;
   Pointer pointer_ = Pointer::kDefault;
   bool shown_ = false;
+  bool unloading_ = false;
   bool unloaded_ = false;
+
+  // The failure that left a handler last, and that handler.
+  std::exception_ptr failure_;
+  const Control* failed_control_ = nullptr;
+  const char16_t* failed_event_ = nullptr;
 };
 
 // Holds a form while its code runs; the last holder hands it to Toolkit::Defer for destruction.
+// Null is allowed and holds nothing.
 class KeepAlive {
  public:
   explicit KeepAlive(std::shared_ptr<Form> form) noexcept : form_(std::move(form)) {}

@@ -32,7 +32,9 @@ class ListBox final : public Control {
   void AddItem(TextView text) { AddItem({text}); }
   void AddItem(std::initializer_list<TextView> parts);  // joined
 
-  // While one exists, added rows reach the peer together when the last is gone.
+  // While one exists, what is done to the rows, the selection and the first row reaches the peer
+  // together when the last is gone. The same holds while the list is hidden, until it is shown. A
+  // peer that fails then is told again with the next change.
   class Refill {
    public:
     explicit Refill(ListBox& list) noexcept : list_(list) { ++list_.refills_; }
@@ -57,7 +59,8 @@ class ListBox final : public Control {
   // How many rows fit, at least 1.
   [[nodiscard]] int VisibleRows() const;
 
-  // Extended selection; in a single-selection list the chosen row is the selected one.
+  // Extended selection; in a single-selection list the chosen row is the selected one, and
+  // selecting is SetListIndex.
   [[nodiscard]] bool IsSelected(int row) const;
   void SetSelected(int row, bool selected);
 
@@ -67,11 +70,24 @@ class ListBox final : public Control {
   std::function<void()> on_scroll;
 
  protected:
+  // A double click below the last row of an extended list leaves no row current.
   void React(const Fact& fact) override;
+  [[nodiscard]] Changes HeldBack() const noexcept override {
+    return refills_ > 0 ? Changes() : pending_;
+  }
+  void HeldBackTold() noexcept override {
+    if (refills_ == 0) pending_ = {};
+  }
 
  private:
-  void ScrollIntoView(int row);
+  void CheckRow(int row) const;
+  [[nodiscard]] bool Holds(int row) const noexcept { return row >= 0 && row < Count(); }
+  // Makes `row` the current one and brings it into view; returns what the peer has to be told.
+  [[nodiscard]] Changes MakeCurrent(int row);
   void RowsChanged(Changes changes);
+  // The operator's selection. A row -1 is none; rows that do not exist are left out.
+  void TakeSelection(const RowsSelected& fact);
+  void TakeTopRow(int top);
 
   Selection selection_;
   ListHeight list_height_;

@@ -60,7 +60,7 @@ struct FileDialogRequest {
 class Toolkit : public MessageBoxes {
  public:
   // Makes the native counterpart of `control`, inside that of its container. The control outlives
-  // its peer.
+  // its peer. Never asked for a file dialog, which has no counterpart.
   virtual std::unique_ptr<Peer> MakePeer(Control& control) = 0;
 
   [[nodiscard]] virtual Metrics GetMetrics() const = 0;
@@ -79,6 +79,9 @@ class Toolkit : public MessageBoxes {
 
   // Shows `form` (its peer is already visible) without an owner and returns after EndModal. The
   // other windows of the thread take no input meanwhile; events, and host calls, still come in.
+  // A form that was hidden can be shown again, by an event of the display that has not returned
+  // yet: EndModal ends the innermost display of `form` that has not been ended. It is called just
+  // before the form's peer hides, so that the thread's other windows are usable again by then.
   virtual void RunModal(Form& form) = 0;
   virtual void EndModal(Form& form) = 0;
 

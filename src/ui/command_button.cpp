@@ -1,0 +1,20 @@
+// A push button: what it shows and its click.
+#include "ui/command_button.h"
+
+#include <utility>
+
+namespace quill::ui {
+
+CommandButton::CommandButton(Form& form, Text name, TextView caption)
+    : Control(form, ControlKind::kCommandButton, std::move(name)), caption_(caption) {}
+
+void CommandButton::SetPicture(PicturePtr picture) {
+  picture_ = std::move(picture);
+  Changed(Changes::kPicture);
+}
+
+void CommandButton::React(const Fact& fact) {
+  if (std::holds_alternative<Clicked>(fact)) Raise(u"Click", on_click);
+}
+
+}  // namespace quill::ui

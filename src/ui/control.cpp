@@ -1,0 +1,176 @@
+// What all controls share: place, state, and the guarded way of native events to handlers.
+#include "ui/control.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "ui/form.h"
+
+namespace quill::ui {
+namespace {
+
+// What the fact of that place in the variant is about: the event that names the handler of a
+// failure outside any handler, and the side of the control that the native one has changed itself.
+struct FactTrait {
+  TextView event;
+  Changes side;
+};
+constexpr std::array<FactTrait, std::variant_size_v<Fact>> kFactTraits = {{
+    {u"Change", Changes::kText},         // TextEdited
+    {u"Click", Changes::kValue},         // Clicked
+    {u"MouseDown", {}},                  // MousePressed
+    {u"MouseUp", {}},                    // MouseReleased
+    {u"Click", Changes::kSelection},     // ItemChosen
+    {u"Click", Changes::kSelection},     // RowsSelected
+    {u"DblClick", Changes::kSelection},  // RowDoubleClicked
+    {u"Scroll", Changes::kTopRow},       // ScrolledTo
+    {u"KeyPress", {}},                   // KeyPressed
+    {u"Click", Changes::kSelection},     // TabChosen
+    {u"Unload", {}},                     // CloseAsked
+}};
+
+}  // namespace
+
+TextView KindName(ControlKind kind) noexcept {
+  constexpr std::array<TextView, 12> kNames = {
+      u"Form",    u"TabStrip", u"Frame",         u"Label", u"TextBox",    u"CheckBox",
+      u"ListBox", u"ComboBox", u"CommandButton", u"Image", u"PictureBox", u"CommonDialog"};
+  return kNames[static_cast<std::size_t>(kind)];
+}
+
+Control::Control(Form& form, ControlKind kind, Text name)
+    : form_(form), kind_(kind), name_(std::move(name)) {}
+
+Control::~Control() = default;
+
+void Control::MoveInto(Control& container) {
+  if (container_ == nullptr || &container.form_ != &form_) {
+    throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
+  }
+  for (const Control* outer = &container; outer != nullptr; outer = outer->container_) {
+    if (outer == this) throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
+  }
+  container.children_.reserve(container.children_.size() + 1);
+  Leave(*container_);
+  container.children_.push_back(this);
+  container_ = &container;
+  Changed(Changes::kOrder | Changes::kBounds);
+}
+
+void Control::Leave(Control& container) noexcept {
+  std::erase(container.children_, this);
+}
+
+void Control::BringToFront() {
+  if (container_ == nullptr) return;
+  auto& siblings = container_->children_;
+  const auto place = std::find(siblings.begin(), siblings.end(), this);
+  std::rotate(place, place + 1, siblings.end());
+  Changed(Changes::kOrder);
+}
+
+void Control::SetBounds(const Bounds& bounds) {
+  bounds_ = bounds;
+  Changed(Changes::kBounds);
+}
+
+void Control::SetPlace(Twips left, Twips top) {
+  SetBounds({left, top, bounds_.width, bounds_.height});
+}
+
+void Control::SetEnabled(bool enabled) {
+  enabled_ = enabled;
+  Changed(Changes::kEnabled);
+}
+
+void Control::SetVisible(bool visible) {
+  visible_ = visible;
+  if (!visible) {
+    Changed(Changes::kVisible);
+    return;
+  }
+  Changed(Changes::kVisible | HeldBack());
+  HeldBackTold();
+}
+
+void Control::SetTooltip(TextView tooltip) {
+  tooltip_ = tooltip;
+  Changed(Changes::kTooltip);
+}
+
+void Control::SetTabIndex(int index) {
+  tab_index_ = std::max(index, -1);
+  Changed(Changes::kOrder);
+}
+
+bool Control::IsReachable() const noexcept {
+  for (const Control* control = this; control != nullptr; control = control->container_) {
+    if (!control->visible_ || !control->enabled_) return false;
+  }
+  return form_.shown() && !form_.unloaded();
+}
+
+void Control::Happened(const Fact& fact) noexcept {
+  std::shared_ptr<Form> form = form_.weak_from_this().lock();
+  if (form == nullptr) return;  // its destruction makes native controls talk
+  const KeepAlive alive(std::move(form));
+  try {
+    if (IsReachable()) {
+      React(fact);
+    } else if (const Changes side = kFactTraits[fact.index()].side; side.Any() && visible_) {
+      Changed(side);
+    }
+  } catch (...) {
+    ReportUnhandled(fact);
+  }
+}
+
+void Control::React(const Fact&) {}
+
+void Control::Changed(Changes changes) {
+  if (peer_ != nullptr) peer_->Sync(changes);
+}
+
+void Control::NoteFailure(const char16_t* event) noexcept {
+  const std::exception_ptr failure = std::current_exception();
+  if (form_.failure_ == failure) return;  // a handler further in has let it through
+  form_.failure_ = failure;
+  form_.failed_control_ = this;
+  form_.failed_event_ = event;
+}
+
+void Control::ReportUnhandled(const Fact& fact) noexcept {
+  try {
+    const bool left_handler = std::exchange(form_.failure_, nullptr) == std::current_exception();
+    const Text handler = left_handler ? form_.failed_control_->HandlerName(form_.failed_event_)
+                                      : HandlerName(kFactTraits[fact.index()].event);
+    const auto told = form_.on_unhandled;
+    if (told) told(CurrentRuntimeError(), handler);
+  } catch (...) {
+    // There is nobody left to tell.
+  }
+}
+
+Text Control::HandlerName(TextView event) const {
+  const TextView owner = kind_ == ControlKind::kForm ? KindName(kind_) : TextView(name_);
+  return Concat({owner, u"_", event});
+}
+
+void Control::MakePeer() {
+  if (kind_ == ControlKind::kFileDialog) return;
+  peer_ = form_.toolkit().MakePeer(*this);
+  try {
+    Changed(Changes::Everything());
+  } catch (...) {
+    peer_.reset();
+    throw;
+  }
+}
+
+void Control::DestroyPeers() noexcept {
+  for (Control* child : children_) child->DestroyPeers();
+  peer_.reset();
+}
+
+}  // namespace quill::ui

@@ -1,0 +1,28 @@
+// An image: its picture and its mouse events.
+#include "ui/image.h"
+
+#include <utility>
+
+namespace quill::ui {
+
+Image::Image(Form& form, Text name) : Control(form, ControlKind::kImage, std::move(name)) {}
+
+void Image::SetPicture(PicturePtr picture) {
+  picture_ = std::move(picture);
+  Changed(Changes::kPicture);
+}
+
+void Image::SetStretch(bool stretch) {
+  stretch_ = stretch;
+  Changed(Changes::kPicture);
+}
+
+void Image::React(const Fact& fact) {
+  if (const auto* const pressed = std::get_if<MousePressed>(&fact)) {
+    Raise(u"MouseDown", on_mouse_down, pressed->event);
+  } else if (const auto* const released = std::get_if<MouseReleased>(&fact)) {
+    Raise(u"MouseUp", on_mouse_up, released->event);
+  }
+}
+
+}  // namespace quill::ui

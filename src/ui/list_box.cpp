@@ -1,0 +1,169 @@
+// A list box: its rows, selection and scrolling, and when the peer hears of them.
+#include "ui/list_box.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "support/runtime_error.h"
+#include "ui/form.h"
+
+namespace quill::ui {
+
+ListBox::ListBox(Form& form, Text name, Selection selection, ListHeight height)
+    : Control(form, ControlKind::kListBox, std::move(name)),
+      selection_(selection),
+      list_height_(height) {}
+
+ListBox::Refill::~Refill() {
+  --list_.refills_;
+  try {
+    list_.RowsChanged({});
+  } catch (...) {
+    // What is pending stays pending.
+  }
+}
+
+void ListBox::CheckRow(int row) const {
+  if (!Holds(row)) throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
+}
+
+TextView ListBox::Item(int row) const {
+  CheckRow(row);
+  return rows_.TextOf(row);
+}
+
+std::int32_t ListBox::ItemData(int row) const {
+  CheckRow(row);
+  return rows_.DataOf(row);
+}
+
+void ListBox::SetItemData(int row, std::int32_t data) {
+  CheckRow(row);
+  rows_.SetData(row, data);
+  RowsChanged(Changes::kRowData);
+}
+
+void ListBox::Clear() {
+  rows_.Clear();
+  selected_.clear();
+  list_index_ = -1;
+  top_index_ = 0;
+  RowsChanged(Changes::kRows | Changes::kSelection | Changes::kTopRow);
+}
+
+void ListBox::AddItem(std::initializer_list<TextView> parts) {
+  if (selection_ == Selection::kExtended) {
+    selected_.push_back(0);
+    try {
+      rows_.Append(parts);
+    } catch (...) {
+      selected_.pop_back();
+      throw;
+    }
+  } else {
+    rows_.Append(parts);
+  }
+  RowsChanged(Changes::kRowsAdded);
+}
+
+void ListBox::SetListIndex(int row) {
+  if (row != -1 && !Holds(row)) throw RuntimeError(ErrorNumber::kInvalidPropertyValue);
+  RowsChanged(MakeCurrent(row));
+  if (row >= 0) Raise(u"Click", on_click);
+}
+
+Changes ListBox::MakeCurrent(int row) {
+  list_index_ = row;
+  const int top_before = top_index_;
+  if (row >= 0) {
+    top_index_ = std::clamp(top_index_, row - VisibleRows() + 1, row);
+    top_index_ = std::max(top_index_, 0);
+  }
+  return top_index_ == top_before ? Changes(Changes::kSelection)
+                                  : Changes::kSelection | Changes::kTopRow;
+}
+
+void ListBox::SetTopIndex(int row) {
+  if (!Holds(row)) throw RuntimeError(ErrorNumber::kInvalidPropertyValue);
+  top_index_ = row;
+  RowsChanged(Changes::kTopRow);
+}
+
+int ListBox::VisibleRows() const {
+  if (list_height_ == ListHeight::kSingleRow) return 1;
+  const Twips row_height = form().toolkit().GetMetrics().list_row_height;
+  return std::max(row_height > 0 ? bounds().height / row_height : 1, 1);
+}
+
+bool ListBox::IsSelected(int row) const {
+  CheckRow(row);
+  return selection_ == Selection::kExtended ? selected_[static_cast<std::size_t>(row)] != 0
+                                            : row == list_index_;
+}
+
+void ListBox::SetSelected(int row, bool selected) {
+  CheckRow(row);
+  if (selection_ == Selection::kExtended) {
+    selected_[static_cast<std::size_t>(row)] = selected ? 1 : 0;
+    RowsChanged(Changes::kSelection);
+  } else if (selected) {
+    SetListIndex(row);
+  } else if (row == list_index_) {
+    SetListIndex(-1);
+  }
+}
+
+void ListBox::RowsChanged(Changes changes) {
+  pending_ |= changes;
+  if (refills_ > 0 || !visible() || !pending_.Any()) return;
+  Changed(pending_);
+  pending_ = {};
+}
+
+void ListBox::React(const Fact& fact) {
+  if (const auto* const rows = std::get_if<RowsSelected>(&fact)) {
+    TakeSelection(*rows);
+  } else if (const auto* const scrolled = std::get_if<ScrolledTo>(&fact)) {
+    TakeTopRow(scrolled->top);
+  } else if (const auto* const clicked = std::get_if<RowDoubleClicked>(&fact)) {
+    const bool on_row = Holds(clicked->row);
+    if (on_row || selection_ == Selection::kExtended) {
+      const int row = on_row ? clicked->row : -1;
+      if (row != list_index_) RowsChanged(MakeCurrent(row));
+    }
+    Raise(u"DblClick", on_double_click);
+  } else if (const auto* const key = std::get_if<KeyPressed>(&fact)) {
+    Raise(u"KeyPress", on_key_press, key->character);
+  }
+}
+
+void ListBox::TakeSelection(const RowsSelected& fact) {
+  if (fact.current != -1 && !Holds(fact.current)) return RowsChanged(Changes::kSelection);
+  if (selection_ == Selection::kSingle) {
+    RowsChanged(list_height_ == ListHeight::kSingleRow ? MakeCurrent(fact.current) : Changes());
+    list_index_ = fact.current;
+    if (fact.current >= 0) Raise(u"Click", on_click);
+    return;
+  }
+  std::fill(selected_.begin(), selected_.end(), 0);
+  bool all_exist = true;
+  for (const int row : fact.rows) {
+    if (Holds(row)) {
+      selected_[static_cast<std::size_t>(row)] = 1;
+    } else {
+      all_exist = false;
+    }
+  }
+  list_index_ = fact.current;
+  if (!all_exist) RowsChanged(Changes::kSelection);
+  Raise(u"Click", on_click);
+}
+
+void ListBox::TakeTopRow(int top) {
+  const int held = std::clamp(top, 0, std::max(Count() - 1, 0));
+  const bool moved = std::exchange(top_index_, held) != held;
+  if (held != top) RowsChanged(Changes::kTopRow);
+  if (moved) Raise(u"Scroll", on_scroll);
+}
+
+}  // namespace quill::ui

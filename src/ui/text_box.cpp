@@ -1,0 +1,61 @@
+// A text box: what an edit by the operator leaves of its text.
+#include "ui/text_box.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quill::ui {
+namespace {
+
+bool IsHighSurrogate(char16_t unit) {
+  return (unit & 0xFC00) == 0xD800;
+}
+bool IsLowSurrogate(char16_t unit) {
+  return (unit & 0xFC00) == 0xDC00;
+}
+
+}  // namespace
+
+TextBox::TextBox(Form& form, Text name, int max_length, Alignment alignment, bool locked)
+    : Control(form, ControlKind::kTextBox, std::move(name)),
+      max_length_(max_length),
+      alignment_(alignment),
+      locked_(locked) {}
+
+void TextBox::SetText(TextView text) {
+  text_ = text;
+  Changed(Changes::kText);
+}
+
+Text TextBox::ApplyLimit(TextView before, TextView after, int max_length) {
+  const auto limit = static_cast<std::size_t>(std::max(max_length, 0));
+  if (limit == 0 || after.size() <= limit) return Text(after);
+
+  const std::size_t shorter = std::min(before.size(), after.size());
+  std::size_t prefix = 0;
+  while (prefix < shorter && before[prefix] == after[prefix]) ++prefix;
+  std::size_t suffix = 0;
+  while (suffix < shorter - prefix &&
+         before[before.size() - 1 - suffix] == after[after.size() - 1 - suffix]) {
+    ++suffix;
+  }
+
+  const TextView inserted = after.substr(prefix, after.size() - prefix - suffix);
+  const std::size_t kept = prefix + suffix;
+  std::size_t fitting = std::min(inserted.size(), limit > kept ? limit - kept : 0);
+  const bool splits_pair = fitting > 0 && fitting < inserted.size() &&
+                           IsHighSurrogate(inserted[fitting - 1]) &&
+                           IsLowSurrogate(inserted[fitting]);
+  if (splits_pair) --fitting;
+  return Concat(
+      {after.substr(0, prefix), inserted.substr(0, fitting), after.substr(after.size() - suffix)});
+}
+
+void TextBox::React(const Fact& fact) {
+  const auto* const edited = std::get_if<TextEdited>(&fact);
+  if (edited == nullptr) return;
+  if (!locked_) text_ = ApplyLimit(text_, edited->text, max_length_);
+  if (text_ != edited->text) Changed(Changes::kText);
+}
+
+}  // namespace quill::ui
