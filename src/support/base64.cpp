@@ -15,70 +15,104 @@ constexpr char16_t kAlphabet[] =
     u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 constexpr char16_t kPad = u'=';
 
-// Both directions work block by block through a buffer that stays in the nearest cache, because
-// growing a text fills the new part with zeros, which would be a second pass over the whole result.
-constexpr std::size_t kBlockGroups = 256;
-constexpr std::size_t kBlockBytes = 3 * kBlockGroups;
-constexpr std::size_t kBlockDigits = 4 * kBlockGroups;
-
-// Encodes the low bytes of `groups` times three units. Returns all units or-ed together, so that
-// the caller learns whether low bytes were all there is.
-template <class Unit>
-unsigned EncodeGroups(const Unit* in, std::size_t groups, char16_t* out) noexcept {
-  unsigned seen = 0;
-  for (; groups != 0; --groups, in += 3, out += 4) {
-    const unsigned a = in[0];
-    const unsigned b = in[1];
-    const unsigned c = in[2];
-    seen |= a | b | c;
-    out[0] = kAlphabet[(a >> 2) & 63];
-    out[1] = kAlphabet[((a & 3) << 4) | ((b >> 4) & 15)];
-    out[2] = kAlphabet[((b & 15) << 2) | ((c >> 6) & 3)];
-    out[3] = kAlphabet[c & 63];
-  }
-  return seen;
-}
-
-// Encodes up to kBlockBytes units into `out`; a count that is no multiple of 3 is padded. Returns
-// the units or-ed together.
-template <class Unit>
-unsigned EncodeBlock(const Unit* in, std::size_t count, char16_t* out) noexcept {
-  const std::size_t groups = count / 3;
-  unsigned seen = EncodeGroups(in, groups, out);
-  const std::size_t rest = count % 3;
-  if (rest != 0) {
-    in += 3 * groups;
-    out += 4 * groups;
-    const Unit last[3] = {in[0], rest == 2 ? in[1] : Unit{0}, 0};
-    seen |= EncodeGroups(last, 1, out);
-    out[3] = kPad;
-    if (rest == 1) out[2] = kPad;
-  }
-  return seen;
-}
-
-// Appends the encoding of `count` units from `in`; `encode(in, count, out)` does one block.
-template <class Unit, class Encode>
-void AppendEncoded(const Unit* in, std::size_t count, Text& target, Encode encode) {
-  char16_t digits[kBlockDigits];
-  if (count > kBlockBytes) target.reserve(target.size() + (count + 2) / 3 * 4);
-  while (count != 0) {
-    const std::size_t taken = std::min(count, kBlockBytes);
-    encode(in, taken, digits);
-    target.append(digits, (taken + 2) / 3 * 4);
-    in += taken;
-    count -= taken;
-  }
-}
-
-// Four units side by side, as they lie in memory. A decoded group is its three bytes, one to a
-// unit, and a fourth unit that is not 0 when a digit was none.
+// Four units side by side; the first of them is the lowest, as it lies in memory.
 using Lanes = std::uint64_t;
+static_assert(std::endian::native == std::endian::little);
 
 constexpr Lanes ToLanes(const std::array<char16_t, 4>& units) {
   return std::bit_cast<Lanes>(units);
 }
 
+Lanes LoadLanes(const char16_t* units) noexcept {
+  Lanes lanes;
+  std::memcpy(&lanes, units, sizeof lanes);
+  return lanes;
+}
+
+// Both directions work block by block. A block's place in the result is filled from here and then
+// written over: growing a text with zeros would be a second pass over the whole result, and so
+// would be a buffer that is appended.
+constexpr std::size_t kBlockGroups = 128;
+constexpr std::size_t kBlockBytes = 3 * kBlockGroups;
+constexpr std::size_t kBlockDigits = 4 * kBlockGroups;
+constexpr char16_t kFiller[kBlockDigits] = {};
+
+// The place for `count` (at most kBlockDigits) more units of `target`.
+char16_t* Extend(Text& target, std::size_t count) {
+  target.append(kFiller, count);
+  return target.data() + (target.size() - count);
+}
+
+// Two digits side by side, by the 12 bits that they stand for.
+using DigitPair = std::array<char16_t, 2>;
+
+constexpr std::array<DigitPair, 4096> MakeDigitPairs() {
+  std::array<DigitPair, 4096> pairs{};
+  for (std::size_t bits = 0; bits < pairs.size(); ++bits) {
+    pairs[bits] = {kAlphabet[bits >> 6], kAlphabet[bits & 63]};
+  }
+  return pairs;
+}
+
+constexpr std::array<DigitPair, 4096> kDigitPairs = MakeDigitPairs();
+
+void PutDigits(std::size_t first_12_bits, std::size_t last_12_bits, char16_t* out) noexcept {
+  std::memcpy(out, &kDigitPairs[first_12_bits], sizeof(DigitPair));
+  std::memcpy(out + 2, &kDigitPairs[last_12_bits], sizeof(DigitPair));
+}
+
+void EncodeGroup(unsigned a, unsigned b, unsigned c, char16_t* out) noexcept {
+  PutDigits((a << 4) | (b >> 4), ((b & 15) << 8) | c, out);
+}
+
+// The same for the low bytes of the first three lanes.
+void EncodeGroup(Lanes units, char16_t* out) noexcept {
+  // Brings the three bytes together as the highest ones, the first of them on top.
+  constexpr Lanes kGather = (Lanes{1} << 56) | (Lanes{1} << 32) | (Lanes{1} << 8);
+  const Lanes bytes = (units & ToLanes({0xFF, 0xFF, 0xFF, 0})) * kGather;
+  PutDigits(bytes >> 52, (bytes >> 40) & 0xFFF, out);
+}
+
+// Encodes `count` bytes into `out`; a count that is no multiple of 3 is padded.
+void EncodeBytes(const std::uint8_t* in, std::size_t count, char16_t* out) noexcept {
+  for (; count >= 3; count -= 3, in += 3, out += 4) EncodeGroup(in[0], in[1], in[2], out);
+  if (count == 0) return;
+  EncodeGroup(in[0], count == 2 ? in[1] : 0, 0, out);
+  out[3] = kPad;
+  if (count == 1) out[2] = kPad;
+}
+
+// Encodes `count` (not 0) units into `out` as if they were bytes. Returns whether they were all
+// ASCII, without which `out` holds rubbish.
+bool EncodeAscii(const char16_t* in, std::size_t count, char16_t* out) noexcept {
+  Lanes seen = 0;
+  for (; count > 3; count -= 3, in += 3, out += 4) {
+    const Lanes units = LoadLanes(in);  // one more than the group has
+    seen |= units;
+    EncodeGroup(units, out);
+  }
+  const Lanes last = ToLanes({in[0], count > 1 ? in[1] : u'\0', count > 2 ? in[2] : u'\0', 0});
+  seen |= last;
+  EncodeGroup(last, out);
+  if (count < 3) out[3] = kPad;
+  if (count < 2) out[2] = kPad;
+  return (seen & ToLanes({0xFF80, 0xFF80, 0xFF80, 0xFF80})) == 0;
+}
+
+// Appends the encoding of `count` units from `in`; `encode(in, count, out)` does one block.
+template <class Unit, class Encode>
+void AppendEncoded(const Unit* in, std::size_t count, Text& target, Encode encode) {
+  if (count > kBlockBytes) target.reserve(target.size() + (count + 2) / 3 * 4);
+  while (count != 0) {
+    const std::size_t taken = std::min(count, kBlockBytes);
+    encode(in, taken, Extend(target, (taken + 2) / 3 * 4));
+    in += taken;
+    count -= taken;
+  }
+}
+
+// A decoded group is its three bytes, one to a unit, and a fourth unit that is not 0 when a digit
+// was none.
 constexpr Lanes kBad = ToLanes({0, 0, 0, 1});
 constexpr Lanes kBeyondAscii = ToLanes({0x80, 0x80, 0x80, 0});
 
@@ -101,23 +135,38 @@ constexpr DigitLanes MakeDigitLanes() {
 
 constexpr DigitLanes kDigitLanes = MakeDigitLanes();
 
-// Decodes `groups` times four digits into units of one byte each; one unit beyond them is
-// overwritten. Returns all lanes or-ed together.
-Lanes DecodeGroups(const char16_t* in, std::size_t groups, char16_t* out) noexcept {
+Lanes DecodeGroup(Lanes digits) noexcept {
+  return kDigitLanes[0][digits & 0xFF] | kDigitLanes[1][(digits >> 16) & 0xFF] |
+         kDigitLanes[2][(digits >> 32) & 0xFF] | kDigitLanes[3][(digits >> 48) & 0xFF];
+}
+
+// Zero digits in place of the padding, by the number of "=".
+constexpr Lanes kDigitsKept[] = {~Lanes{0}, ToLanes({0xFFFF, 0xFFFF, 0xFFFF, 0}),
+                                 ToLanes({0xFFFF, 0xFFFF, 0, 0})};
+constexpr Lanes kDigitsAdded[] = {0, ToLanes({0, 0, 0, kAlphabet[0]}),
+                                  ToLanes({0, 0, kAlphabet[0], kAlphabet[0]})};
+
+// Decodes `groups` (not 0) times four digits, the last `padding` of which are "=", into units of
+// one byte each. Returns all groups or-ed together.
+Lanes DecodeBlock(const char16_t* in, std::size_t groups, std::size_t padding,
+                  char16_t* out) noexcept {
   Lanes all = 0;
-  unsigned seen = 0;
-  for (; groups != 0; --groups, in += 4, out += 3) {
-    const unsigned a = in[0];
-    const unsigned b = in[1];
-    const unsigned c = in[2];
-    const unsigned d = in[3];
-    seen |= a | b | c | d;
-    const Lanes lanes = kDigitLanes[0][a & 0xFF] | kDigitLanes[1][b & 0xFF] |
-                        kDigitLanes[2][c & 0xFF] | kDigitLanes[3][d & 0xFF];
-    std::memcpy(out, &lanes, sizeof lanes);
-    all |= lanes;
+  Lanes seen = 0;
+  for (; groups != 1; --groups, in += 4, out += 3) {
+    const Lanes digits = LoadLanes(in);
+    seen |= digits;
+    const Lanes group = DecodeGroup(digits);
+    all |= group;
+    std::memcpy(out, &group, sizeof group);  // the next group writes over the fourth unit
   }
-  return seen > 0xFF ? all | kBad : all;
+  const Lanes digits = (LoadLanes(in) & kDigitsKept[padding]) | kDigitsAdded[padding];
+  seen |= digits;
+  const Lanes group = DecodeGroup(digits);
+  all |= group;
+  out[0] = static_cast<char16_t>(group);
+  if (padding < 2) out[1] = static_cast<char16_t>(group >> 16);
+  if (padding < 1) out[2] = static_cast<char16_t>(group >> 32);
+  return (seen & ToLanes({0xFF00, 0xFF00, 0xFF00, 0xFF00})) == 0 ? all : all | kBad;
 }
 
 // Says what is wrong with a text that could not be decoded.
@@ -141,54 +190,43 @@ Lanes DecodeGroups(const char16_t* in, std::size_t groups, char16_t* out) noexce
                  u" is not in the alphabet"});
 }
 
-// Decodes `encoded` block by block and hands each block to `sink(units, count, beyond_ascii)`, its
-// bytes one to a unit. Calls `undo()` before it fails.
-template <class Sink, class Undo>
-void Decode(TextView encoded, Sink sink, Undo undo) {
-  const auto require = [&](bool good) {
-    if (good) return;
-    undo();
-    FailMalformed(encoded);
-  };
-  require(encoded.size() % 4 == 0);
+// Appends the bytes that `encoded` stands for, one to a unit; `map(units, count)` is called for the
+// blocks that are not all ASCII. On failure `target` keeps what it held.
+template <class Map>
+void AppendDecoded(TextView encoded, Text& target, Map map) {
+  if (encoded.size() % 4 != 0) FailMalformed(encoded);
   if (encoded.empty()) return;
+  const std::size_t before = target.size();
+  if (encoded.size() > kBlockDigits) target.reserve(before + encoded.size() / 4 * 3);
 
-  char16_t units[kBlockBytes + 1];
   const char16_t* in = encoded.data();
-  std::size_t padding = 0;
-  if (in[encoded.size() - 1] == kPad) padding = in[encoded.size() - 2] == kPad ? 2 : 1;
-  std::size_t groups = encoded.size() / 4 - (padding != 0 ? 1 : 0);
-  while (groups != 0) {
-    const std::size_t taken = std::min(groups, kBlockGroups);
-    const Lanes all = DecodeGroups(in, taken, units);
-    require((all & kBad) == 0);
-    sink(units, 3 * taken, (all & kBeyondAscii) != 0);
-    in += 4 * taken;
-    groups -= taken;
-  }
-  if (padding != 0) {
-    const char16_t last[4] = {in[0], in[1], padding == 1 ? in[2] : kAlphabet[0], kAlphabet[0]};
-    const Lanes all = DecodeGroups(last, 1, units);
-    require((all & kBad) == 0);
-    sink(units, 3 - padding, (all & kBeyondAscii) != 0);
+  const char16_t* const end = in + encoded.size();
+  const std::size_t padding = end[-1] != kPad ? 0 : end[-2] != kPad ? 1 : 2;
+  while (in != end) {
+    const std::size_t taken = std::min<std::size_t>(end - in, kBlockDigits);
+    const std::size_t dropped = in + taken == end ? padding : 0;
+    const std::size_t count = taken / 4 * 3 - dropped;
+    char16_t* const out = Extend(target, count);
+    const Lanes all = DecodeBlock(in, taken / 4, dropped, out);
+    if ((all & kBad) != 0) {
+      target.resize(before);
+      FailMalformed(encoded);
+    }
+    if ((all & kBeyondAscii) != 0) map(out, count);
+    in += taken;
   }
 }
 
 }  // namespace
 
 void EncodeBase64(std::span<const std::uint8_t> bytes, Text& target) {
-  AppendEncoded(bytes.data(), bytes.size(), target, EncodeBlock<std::uint8_t>);
+  AppendEncoded(bytes.data(), bytes.size(), target, EncodeBytes);
 }
 
 void DecodeBase64(TextView encoded, std::vector<std::uint8_t>& target) {
-  const std::size_t before = target.size();
-  target.reserve(before + encoded.size() / 4 * 3);
-  Decode(
-      encoded,
-      [&](const char16_t* units, std::size_t count, bool) {
-        for (; count != 0; --count) target.push_back(static_cast<std::uint8_t>(*units++));
-      },
-      [&] { target.resize(before); });
+  Text bytes;
+  AppendDecoded(encoded, bytes, [](char16_t*, std::size_t) {});
+  target.insert(target.end(), bytes.begin(), bytes.end());
 }
 
 Text Enc64(TextView text, const CodePage& page, MessageReporter& reporter) {
@@ -200,13 +238,16 @@ Text Enc64(TextView text, const CodePage& page, MessageReporter& reporter) {
 void AppendEnc64(TextView text, const CodePage& page, MessageReporter& reporter, Text& target) {
   const std::size_t before = target.size();
   try {
-    AppendEncoded(text.data(), text.size(), target,
-                  [&page](const char16_t* in, std::size_t count, char16_t* out) {
-                    if (EncodeBlock(in, count, out) < 0x80) return;
-                    std::uint8_t bytes[kBlockBytes];
-                    for (std::size_t i = 0; i < count; ++i) bytes[i] = page.ToByte(in[i]);
-                    EncodeBlock(bytes, count, out);
-                  });
+    // After the first block that is not ASCII the others are converted at once.
+    bool ascii = true;
+    const auto encode = [&](const char16_t* in, std::size_t count, char16_t* out) {
+      ascii = ascii && EncodeAscii(in, count, out);
+      if (ascii) return;
+      std::uint8_t bytes[kBlockBytes];
+      page.ToBytes(TextView(in, count), bytes);
+      EncodeBytes(bytes, count, out);
+    };
+    AppendEncoded(text.data(), text.size(), target, encode);
   } catch (...) {
     target.resize(before);
     ReportTrapped(reporter, u"Enc64", CurrentRuntimeError(), 0);
@@ -220,19 +261,9 @@ Text Dec64(TextView encoded, const CodePage& page) {
 }
 
 void AppendDec64(TextView encoded, const CodePage& page, Text& target) {
-  const std::size_t before = target.size();
-  if (encoded.size() > kBlockDigits) target.reserve(before + encoded.size() / 4 * 3);
-  Decode(
-      encoded,
-      [&](char16_t* units, std::size_t count, bool beyond_ascii) {
-        if (beyond_ascii) {
-          for (std::size_t i = 0; i < count; ++i) {
-            units[i] = page.ToUnit(static_cast<std::uint8_t>(units[i]));
-          }
-        }
-        target.append(units, count);
-      },
-      [&] { target.resize(before); });
+  AppendDecoded(encoded, target, [&page](char16_t* units, std::size_t count) {
+    for (; count != 0; --count, ++units) *units = page.ToUnit(static_cast<std::uint8_t>(*units));
+  });
 }
 
 }  // namespace quill

@@ -1,6 +1,7 @@
 #include "support/code_page.h"
 
 #include <algorithm>
+#include <cassert>
 
 #include "support/runtime_error.h"
 
@@ -27,7 +28,7 @@ std::array<char16_t, 256> Windows1252Units() {
 CodePage::CodePage(const std::array<char16_t, 256>& units) : units_(units) {
   Row unknown;
   unknown.fill('?');
-  bytes_.push_back(unknown);
+  rows_.push_back(unknown);
   for (std::size_t byte = 0; byte < units.size(); ++byte) {
     const char16_t unit = units[byte];
     if (byte < 0x80 && unit != byte) {
@@ -36,10 +37,10 @@ CodePage::CodePage(const std::array<char16_t, 256>& units) : units_(units) {
     }
     std::uint8_t& row = row_of_[unit >> 8];
     if (row == 0) {
-      row = static_cast<std::uint8_t>(bytes_.size());
-      bytes_.push_back(unknown);
+      row = static_cast<std::uint8_t>(rows_.size());
+      rows_.push_back(unknown);
     }
-    std::uint8_t& entry = bytes_[row][unit & 0xFF];
+    std::uint8_t& entry = rows_[row][unit & 0xFF];
     if (entry == '?') entry = static_cast<std::uint8_t>(byte);
   }
 }
@@ -47,6 +48,15 @@ CodePage::CodePage(const std::array<char16_t, 256>& units) : units_(units) {
 const CodePage& CodePage::Windows1252() {
   static const CodePage page(Windows1252Units());
   return page;
+}
+
+void CodePage::ToBytes(TextView text, std::span<std::uint8_t> bytes) const noexcept {
+  assert(bytes.size() >= text.size());
+  // A byte that is written could be part of these for all the compiler knows, hence the copies.
+  const std::uint8_t* const row_of = row_of_.data();
+  const Row* const rows = rows_.data();
+  std::uint8_t* out = bytes.data();
+  for (char16_t unit : text) *out++ = rows[row_of[unit >> 8]].data()[unit & 0xFF];
 }
 
 void CodePage::AppendText(std::span<const std::uint8_t> bytes, Text& target) const {
@@ -59,8 +69,7 @@ void CodePage::AppendText(std::span<const std::uint8_t> bytes, Text& target) con
 void CodePage::AppendBytes(TextView text, std::vector<std::uint8_t>& target) const {
   const std::size_t before = target.size();
   target.resize(before + text.size());
-  std::transform(text.begin(), text.end(), target.begin() + static_cast<std::ptrdiff_t>(before),
-                 [this](char16_t unit) { return ToByte(unit); });
+  ToBytes(text, std::span(target).subspan(before));
 }
 
 }  // namespace quill

@@ -24,8 +24,11 @@ class CodePage {
   [[nodiscard]] char16_t ToUnit(std::uint8_t byte) const noexcept { return units_[byte]; }
   // The byte of `unit`; '?' for a unit that the page does not hold.
   [[nodiscard]] std::uint8_t ToByte(char16_t unit) const noexcept {
-    return bytes_[row_of_[unit >> 8]][unit & 0xFF];
+    return rows_.data()[row_of_[unit >> 8]][unit & 0xFF];
   }
+
+  // The bytes of `text` into the front of `bytes`, which is at least as long.
+  void ToBytes(TextView text, std::span<std::uint8_t> bytes) const noexcept;
 
   void AppendText(std::span<const std::uint8_t> bytes, Text& target) const;
   void AppendBytes(TextView text, std::vector<std::uint8_t>& target) const;
@@ -35,7 +38,7 @@ class CodePage {
 
   std::array<char16_t, 256> units_;
   std::array<std::uint8_t, 256> row_of_{};  // by the high half of a unit; row 0 is all '?'
-  std::vector<Row> bytes_;
+  std::vector<Row> rows_;
 };
 
 }  // namespace quill
