@@ -33,7 +33,4 @@ class clsPlugin {
   mdlBHDGS& module_;
 };
 
-// The version as the host sees it: major "." minor "." revision, in plain decimal.
-[[nodiscard]] Text VersionText(int major, int minor, int revision);
-
 }  // namespace quill

@@ -31,4 +31,7 @@ struct PLUGIN {
   Text MinRCCVer;
 };
 
+// What this plug-in tells about itself.
+[[nodiscard]] PLUGIN PluginRecord();
+
 }  // namespace quill

@@ -1,0 +1,27 @@
+#include "remote/compressed_frame.h"
+
+#include "support/number_text.h"
+#include "support/runtime_error.h"
+#include "support/text_pieces.h"
+
+namespace quill {
+
+Text EncodeFrame(TextView payload, FileKit& file_kit) {
+  return Concat({Decimal(static_cast<std::int64_t>(payload.size())), kFrameMarker,
+                 file_kit.CompressString(payload)});
+}
+
+Text DecodeFrame(TextView frame, FileKit& file_kit) {
+  PieceCursor parts(frame, kFrameMarker);
+  TextView length;
+  TextView compressed;
+  parts.Next(length);
+  if (!parts.Next(compressed)) {
+    throw RuntimeError(
+        ErrorNumber::kSubscriptOutOfRange,
+        Concat({u"Subscript out of range: no \"", kFrameMarker, u"\" in the reply"}));
+  }
+  return file_kit.DecompressString(compressed, ToInt32(length));
+}
+
+}  // namespace quill

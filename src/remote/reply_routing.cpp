@@ -1,0 +1,22 @@
+#include "remote/reply_routing.h"
+
+#include "remote/game_settings_query.h"
+#include "remote/start_command.h"
+
+namespace quill {
+
+void RouteReply(RemoteContext& context, TextView data, ReplyFields& fields, Line& at) {
+  if (context.PendingCommand == kLoadFormCommand) {
+    HandleGameSettingsReply(context, data, fields, at);
+  } else if (context.PendingCommand == kStartGameCommand) {
+    HandleStartReply(context, data, at);
+  }
+}
+
+void ExplainTypeMismatch(RuntimeError& error, const ReplyFields& fields) {
+  if (!error.Is(ErrorNumber::kTypeMismatch)) return;
+  error.AppendToDescription(
+      Concat({u" [", fields.ValueOrEmpty(14), u", ", fields.ValueOrEmpty(29), u"]"}));
+}
+
+}  // namespace quill

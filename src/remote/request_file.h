@@ -1,0 +1,32 @@
+// Request files: how a command reaches the host, which relays it to the remote side.
+#pragma once
+
+#include "remote/remote_context.h"
+#include "support/text.h"
+
+namespace quill {
+
+struct RemoteCommand {
+  TextView word;          // in the envelope and in the file name
+  TextView pending_name;  // PendingCommand while the reply is awaited
+  bool has_payload;
+};
+
+inline constexpr RemoteCommand kGameSettingsQuery = {u"GetGameSettingsRem", kLoadFormCommand,
+                                                     false};
+inline constexpr RemoteCommand kStartGame = {u"StartGameRem", kStartGameCommand, true};
+
+// `host_root` without a trailing backslash.
+[[nodiscard]] Text RequestPath(TextView host_root, const RemoteCommand& command);
+
+// The one line that the host relays. `frame` is the compressed frame of the payload; a command
+// without a payload ignores it.
+[[nodiscard]] Text RequestEnvelope(const RemoteContext& context, const RemoteCommand& command,
+                                   TextView frame = {});
+
+// Replaces the command's request file by one that holds `envelope`, creating the request folder
+// when it is missing. The caller has set PendingCommand. Fails as the file system and the file kit
+// do.
+void WriteRequest(DialogContext& context, const RemoteCommand& command, TextView envelope);
+
+}  // namespace quill

@@ -1,0 +1,146 @@
+#include "remote/start_command.h"
+
+#include <array>
+
+#include "dialog/option_table.h"
+#include "remote/compressed_frame.h"
+#include "remote/request_file.h"
+#include "support/base64.h"
+#include "support/number_text.h"
+
+namespace quill {
+namespace {
+
+constexpr std::int32_t kAlwaysSetFlags = 0x3802;
+
+constexpr int kFieldCount = 26;
+constexpr int kFlagsField = 23;
+
+constexpr std::int32_t kHighestPing = 65535;
+
+TextView TextOf(const frmrcBHDGS& dialog, const Option& option) {
+  return option.kind == ui::ControlKind::kComboBox ? dialog.Get<ui::ComboBox>(option.key).text()
+                                                   : dialog.Get<ui::TextBox>(option.key).text();
+}
+
+void AppendField(Text& payload, const frmrcBHDGS& dialog, const Option& option) {
+  DialogContext& context = dialog.context();
+  switch (option.payload.form) {
+    case PayloadForm::kNone:
+      break;
+    case PayloadForm::kBase64:
+      AppendEnc64(TextOf(dialog, option), context.code_page, context.reporter, payload);
+      break;
+    case PayloadForm::kBase64OrEmpty:
+      if (const TextView text = TextOf(dialog, option); !IsBlank(text)) {
+        AppendEnc64(text, context.code_page, context.reporter, payload);
+      }
+      break;
+    case PayloadForm::kPosition:
+      AppendDecimal(payload, dialog.Get<ui::ListBox>(option.key).ListIndex());
+      break;
+    case PayloadForm::kPositionPlusOne:
+      AppendDecimal(payload, dialog.Get<ui::ListBox>(option.key).ListIndex() + 1);
+      break;
+    case PayloadForm::kValue:
+      AppendDecimal(payload, dialog.Get<ui::CheckBox>(option.key).value());
+      break;
+    case PayloadForm::kPlainText:
+      payload += TextOf(dialog, option);
+      break;
+  }
+}
+
+void AppendMapList(Text& payload, DialogContext& context) {
+  for (const SelectedMap& map : context.maps.selected.maps()) {
+    payload += u'-';
+    AppendEnc64(map.name, context.code_page, context.reporter, payload);
+    payload += u'_';
+    AppendEnc64(map.file, context.code_page, context.reporter, payload);
+    payload += u'_';
+    AppendDecimal(payload, map.game_type);
+    payload += map.server_map ? u"_True" : u"_False";
+  }
+}
+
+}  // namespace
+
+std::int32_t OptionFlags(const frmrcBHDGS& dialog) {
+  auto flags = static_cast<std::uint32_t>(kAlwaysSetFlags);
+  for (const Option& option : Options()) {
+    const OptionFlag& flag = option.flag;
+    if (flag.bit != 0 && dialog.Get<ui::CheckBox>(option.key).value() == flag.added_at) {
+      flags |= flag.bit;
+    }
+  }
+  return static_cast<std::int32_t>(flags);
+}
+
+Text StartPayload(const frmrcBHDGS& dialog, std::int32_t flags) {
+  std::array<const Option*, kFieldCount> options{};
+  for (const Option& option : Options()) {
+    if (option.payload.form == PayloadForm::kNone) continue;
+    options.at(static_cast<std::size_t>(option.payload.number)) = &option;
+  }
+
+  Text payload;
+  for (int number = 0; number < kFieldCount; ++number) {
+    if (number != 0) payload += u'_';
+    if (number == kFlagsField) {
+      AppendDecimal(payload, flags);
+    } else if (const Option* option = options[static_cast<std::size_t>(number)]) {
+      AppendField(payload, dialog, *option);
+    }
+  }
+  payload += u'|';
+  AppendMapList(payload, dialog.context());
+  return payload;
+}
+
+void StartGame(RemoteContext& context, frmrcBHDGS& dialog) {
+  DialogContext& shared = context.dialog;
+  MessageReporter& reporter = shared.reporter;
+  Trapped(reporter, u"cmdStart_Error", [&](Line& at) {
+    const auto text_box = [&](TextView key) -> ui::TextBox& {
+      return dialog.Get<ui::TextBox>(key);
+    };
+    const auto refuse = [&](TextView why) { reporter.Show(MessageKind::kError, why); };
+
+    if (at(), text_box(u"txtName").text().empty()) return refuse(u"Server Name is empty!");
+    if (at(), dialog.lstSelMaps.Count() == 0) return refuse(u"You haven't selected any maps!");
+
+    ui::TextBox& min_ping = (at(), text_box(u"txtMinPing"));
+    if (at(), min_ping.text().empty() || ToInt32(min_ping.text()) > kHighestPing) {
+      min_ping.SetText(u"0");
+    }
+    ui::TextBox& max_ping = (at(), text_box(u"txtMaxPing"));
+    if (at(), !IsNumber(max_ping.text())) return refuse(u"Max Ping Field is not numeric!");
+    if (at(), IsGreaterThan(max_ping.text(), kHighestPing)) max_ping.SetText(u"1500");
+    ui::TextBox& port = (at(), text_box(u"txtPort"));
+    if (at(), port.text().empty() || port.text() == u"0") port.SetText(u"17479");
+    if (at(), !IsNumber(port.text())) return refuse(u"Game Port Field is not numeric!");
+
+    const std::int32_t flags = (at(), OptionFlags(dialog));
+    auto& time = (at(), dialog.Get<ui::ListBox>(u"lstTime"));
+    if (at(), time.ListIndex() < 0) time.SetListIndex(0);
+    auto& loop = (at(), dialog.Get<ui::CheckBox>(u"chkLoop"));
+    if (at(), loop.value() == 2) loop.SetValue(1);
+
+    const Text payload = (at(), StartPayload(dialog, flags));
+    const Text frame = (at(), EncodeFrame(payload, *shared.file_kit));
+    at(), shared.toolkit.SetScreenPointer(ui::Pointer::kBusy);
+    at(), context.PendingCommand = kStartGame.pending_name;
+    at(), WriteRequest(shared, kStartGame, RequestEnvelope(context, kStartGame, frame));
+  });
+}
+
+void HandleStartReply(RemoteContext& context, TextView data, Line& at) {
+  DialogContext& shared = context.dialog;
+  if (at(), ToInt32(data) == 0) {
+    shared.reporter.Show(MessageKind::kFailed, u"Failed to initialize game process!");
+  }
+  const ui::KeepAlive keep_alive(shared.dialog);
+  if (frmrcBHDGS* const dialog = shared.dialog.get()) at(), dialog->Unload();
+}
+
+}  // namespace quill
