@@ -2,12 +2,11 @@
 // its events, named control, underscore, event.
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <memory>
 #include <span>
 
 #include "dialog/dialog_context.h"
+#include "dialog/game_types.h"
 #include "support/text.h"
 #include "ui/check_box.h"
 #include "ui/combo_box.h"
@@ -38,7 +37,9 @@ class frmrcBHDGS final : public ui::Form {
   // Refreshes lstSelMaps and lblMapCnt from the rotation. Trapped.
   void BuildMapList();
 
-  // Index of the first game type of exactly this name, 9 when there is none.
+  // The game types by index; empty until Form_Load has come to them.
+  [[nodiscard]] std::span<const TextView> game_types() const noexcept { return game_types_; }
+  // Index of the first game type of exactly this name, kNoGameType when there is none.
   [[nodiscard]] int GameTypeIndex(TextView name) const noexcept;
 
   [[nodiscard]] DialogContext& context() const noexcept { return context_; }
@@ -58,7 +59,13 @@ class frmrcBHDGS final : public ui::Form {
   ui::FileDialog& cdSettings;
 
  private:
+  void Connect();
+  void tsMain_Click();
+  void cboMods_Click();
+  void Form_Unload();
+
   DialogContext& context_;
+  std::span<const TextView> game_types_;
 };
 
 // True when `Value` equals one element of `List`, by searching the elements joined and enclosed by

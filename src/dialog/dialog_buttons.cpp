@@ -1,0 +1,82 @@
+// The dialog's image buttons.
+#include "dialog/dialog_buttons.h"
+
+#include "dialog/map_list_file.h"
+#include "dialog/rotation.h"
+#include "dialog/settings_file.h"
+
+namespace quill {
+namespace {
+
+void StartGame(frmrcBHDGS& dialog) {
+  if (const auto start = dialog.context().start_game) start(dialog);
+}
+
+void Cancel(frmrcBHDGS& dialog) {
+  dialog.Unload();
+}
+
+constexpr DialogButton kButtons[] = {
+    {u"cmdStart", u"Start Game", u"Frame3", {1440, 240, 1335, 495}, StartGame},
+    {u"cmdSave", u"Save Settings", u"Frame3", {3120, 240, 1335, 495}, SaveSettings},
+    {u"cmdLoad", u"Load Settings", u"Frame3", {4800, 240, 1335, 495}, LoadSettings},
+    {u"cmdCancel", u"Cancel", u"Frame3", {6480, 240, 1335, 495}, Cancel},
+    {u"cmdLeft", u"<", u"fmeMap", {790, 240, 300, 300}, ShowPreviousGameType},
+    {u"cmdRight", u">", u"fmeMap", {3500, 240, 300, 300}, ShowNextGameType},
+    {u"cmdLoadMaps", u"Load Maps", u"fmeMap", {6960, 2640, 1335, 495}, LoadMapList},
+};
+
+ui::ImageButton Describe(frmrcBHDGS& dialog, const DialogButton& button, Text name) {
+  return {.width = button.bounds.width,
+          .height = button.bounds.height,
+          .left = button.bounds.left,
+          .top = button.bounds.top,
+          .caption = Text(button.caption),
+          .name = std::move(name),
+          .container = &dialog.At(button.container)};
+}
+
+Text FaceName(const DialogButton& button) {
+  return Concat({button.name, ui::kFaceSuffix});
+}
+
+// A picture that has gone since the dialog was built leaves the old one showing; the operator's
+// press counts all the same.
+void ShowState(frmrcBHDGS& dialog, const DialogButton& button, TextView state) {
+  try {
+    ui::SetButtonState(dialog, FaceName(button), state, dialog.context().HostRoot);
+  } catch (const RuntimeError&) {
+  }
+}
+
+// Face and caption answer the mouse alike.
+template <class FaceOrCaption>
+void ConnectMouse(FaceOrCaption& control, frmrcBHDGS& dialog, const DialogButton& button) {
+  control.on_mouse_down = [&dialog, &button](const ui::MouseEvent& event) {
+    if (event.button == ui::kLeftButton) ShowState(dialog, button, u"Down");
+  };
+  control.on_mouse_up = [&dialog, &button](const ui::MouseEvent& event) {
+    if (event.button == ui::kLeftButton) ShowState(dialog, button, u"Up");
+    button.action(dialog);
+  };
+}
+
+}  // namespace
+
+std::span<const DialogButton> DialogButtons() noexcept {
+  return kButtons;
+}
+
+void BuildButtonFace(frmrcBHDGS& dialog, const DialogButton& button) {
+  ConnectMouse(ui::CreateButtonFace(dialog, Describe(dialog, button, FaceName(button)),
+                                    dialog.context().HostRoot),
+               dialog, button);
+}
+
+void BuildButtonCaption(frmrcBHDGS& dialog, const DialogButton& button) {
+  ConnectMouse(ui::CreateButtonCaption(dialog, Describe(dialog, button, Text(button.name)),
+                                       dialog.context().HostRoot),
+               dialog, button);
+}
+
+}  // namespace quill

@@ -1,0 +1,108 @@
+// The parts that the dialog's design repeats.
+#include "dialog/dialog_design.h"
+
+#include <algorithm>
+#include <deque>
+#include <vector>
+
+#include "support/runtime_error.h"
+#include "ui/check_box.h"
+#include "ui/combo_box.h"
+#include "ui/label.h"
+#include "ui/text_box.h"
+
+namespace quill {
+namespace {
+
+constexpr ui::Twips kLabelHeight = 195;
+constexpr ui::Twips kLabelGap = 15;
+
+// "txtName" -> "lblTxtName".
+Text LabelName(TextView key) {
+  Text name = Concat({u"lbl", key});
+  name[3] = ToUpper(name[3]);
+  return name;
+}
+
+ui::Control& AddOptionControl(ui::Form& form, ui::Control& frame, const Option& option) {
+  const Text key(option.key);
+  switch (option.kind) {
+    case ui::ControlKind::kTextBox: {
+      auto& box = form.Add<ui::TextBox>(key, &frame, option.max_length, option.alignment);
+      box.SetText(option.initial_text);
+      return box;
+    }
+    case ui::ControlKind::kCheckBox: {
+      auto& box = form.Add<ui::CheckBox>(key, &frame);
+      box.SetValue(option.initial_state);
+      return box;
+    }
+    case ui::ControlKind::kListBox: {
+      auto& list =
+          form.Add<ui::ListBox>(key, &frame, ui::Selection::kSingle, ui::ListHeight::kSingleRow);
+      for (const TextView item : option.items) list.AddItem(item);
+      return list;
+    }
+    case ui::ControlKind::kComboBox:
+      return form.Add<ui::ComboBox>(key, &frame);
+    default:
+      throw RuntimeError(ErrorNumber::kInternalError);
+  }
+}
+
+}  // namespace
+
+ui::Frame& AddFrame(ui::Form& form, Text name, TextView caption, const ui::Bounds& bounds,
+                    bool visible) {
+  auto& frame = form.Add<ui::Frame>(std::move(name), nullptr, caption);
+  frame.SetBounds(bounds);
+  frame.SetVisible(visible);
+  return frame;
+}
+
+ui::ListBox& AddMapList(ui::Form& form, ui::Control& container, Text name, Text label_name,
+                        TextView label, const ui::Bounds& bounds) {
+  auto& caption = form.Add<ui::Label>(std::move(label_name), &container, label);
+  caption.SetBounds(
+      {bounds.left, bounds.top - kLabelGap - kLabelHeight, bounds.width, kLabelHeight});
+  auto& list = form.Add<ui::ListBox>(std::move(name), &container, ui::Selection::kExtended,
+                                     ui::ListHeight::kManyRows);
+  list.SetBounds(bounds);
+  return list;
+}
+
+void AddOption(ui::Form& form, const Option& option) {
+  ui::Control& frame = form.At(option.place.column.frame);
+  form.Add<ui::Label>(LabelName(option.key), &frame, option.label).SetBounds(LabelBounds(option));
+  ui::Control& control = AddOptionControl(form, frame, option);
+  control.SetBounds(ControlBounds(option));
+  control.SetTooltip(option.tooltip);
+  if (option.note.empty()) return;
+  form.Add<ui::Label>(Concat({LabelName(option.key), u"Note"}), &frame, option.note)
+      .SetBounds(NoteBounds(option));
+}
+
+void FillNumberLists(ui::Form& form) {
+  const auto options = Options();
+  for (auto option = options.begin(); option != options.end();) {
+    const auto next = std::find_if(option, options.end(), [&](const Option& other) {
+      return other.numbers != option->numbers;
+    });
+    const NumberRange numbers = option->numbers;
+    if (numbers != NumberRange{}) {
+      std::vector<ui::ListBox*> lists;
+      std::deque<ui::ListBox::Refill> refills;
+      for (; option != next; ++option) {
+        lists.push_back(&form.Get<ui::ListBox>(option->key));
+        refills.emplace_back(*lists.back());
+      }
+      for (int number = numbers.first; number <= numbers.last; ++number) {
+        const Text item = Decimal(number);
+        for (ui::ListBox* list : lists) list->AddItem(item);
+      }
+    }
+    option = next;
+  }
+}
+
+}  // namespace quill

@@ -1,0 +1,143 @@
+// The dialog's design, its load and unload, its tabs, spin lists and mods.
+#include "dialog/frmrcBHDGS.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "dialog/dialog_buttons.h"
+#include "dialog/dialog_design.h"
+#include "dialog/option_table.h"
+#include "dialog/rotation.h"
+#include "dialog/shuffle_picture.h"
+#include "dialog/shuffle_rotation.h"
+#include "support/trap.h"
+#include "ui/tab_background.h"
+
+namespace quill {
+namespace {
+
+constexpr TextView kServerPage = u"Server Settings";
+constexpr TextView kMapPage = u"Map Settings";
+constexpr TextView kMiscPage = u"Misc Options";
+
+constexpr ui::Twips kClientWidth = 9615;
+constexpr ui::Twips kClientHeight = 4695;
+constexpr ui::Bounds kPage = {120, 480, 9375, 3255};
+constexpr ui::Colour kFrameColour = 0x00D8E9EC;
+
+}  // namespace
+
+frmrcBHDGS::frmrcBHDGS(DialogContext& context)
+    : Form(context.toolkit, u"frmrcBHDGS", u"Select Hosting Options", kClientWidth, kClientHeight),
+      tsMain(
+          Add<ui::TabStrip>(u"tsMain", nullptr,
+                            std::vector<Text>{Text(kServerPage), Text(kMapPage), Text(kMiscPage)})),
+      fmeServer(AddFrame(*this, u"fmeServer", kServerPage, kPage)),
+      fmeMap(AddFrame(*this, u"fmeMap", kMapPage, kPage, false)),
+      fmeMisc(AddFrame(*this, u"fmeMisc", kMiscPage, kPage, false)),
+      Frame3(AddFrame(*this, u"Frame3", u"Options", {120, 3720, 9375, 855})),
+      txtGametype(
+          Add<ui::TextBox>(u"txtGametype", &fmeMap, 0, ui::Alignment::kCentre, /*locked=*/true)),
+      lstAvlMaps(AddMapList(*this, fmeMap, u"lstAvlMaps", u"lblAvlMaps", u"Available Maps",
+                            {120, 810, 4440, 2325})),
+      lstSelMaps(AddMapList(*this, fmeMap, u"lstSelMaps", u"lblSelMaps", u"Selected Maps",
+                            {4815, 495, 4440, 2040})),
+      lblMapCnt(Add<ui::Label>(u"lblMapCnt", &fmeMap, u"Number of Maps: 0")),
+      cmdRandomize(Add<ui::CommandButton>(u"cmdRandomize", &fmeMap)),
+      Picture1(Add<ui::PictureBox>(u"Picture1", nullptr, kFrameColour)),
+      cdSettings(Add<ui::FileDialog>(u"cdSettings", nullptr)),
+      context_(context) {
+  tsMain.SetBounds({0, 0, kClientWidth, kClientHeight});
+  txtGametype.SetBounds({1080, 240, 2415, 300});
+  txtGametype.SetText(kGameTypeNames[0]);
+  lblMapCnt.SetBounds({4815, 2790, 2025, 195});
+  cmdRandomize.SetBounds({8760, 2640, 495, 495});
+  cmdRandomize.SetTooltip(u"Randomize Current Maps List");
+  cmdRandomize.SetPicture(MakeShufflePicture(context.toolkit));
+  Picture1.SetBounds({0, 0, 495, 495});
+  Picture1.SetVisible(false);
+  for (const Option& option : Options()) AddOption(*this, option);
+
+  // The pages of the options come first, so that the map page's last control, the shuffle button,
+  // is number 78.
+  int next = 0;
+  tsMain.SetTabIndex(next++);
+  for (ui::Frame* frame : {&fmeServer, &fmeMisc, &Frame3, &fmeMap}) {
+    frame->SetTabIndex(next++);
+    for (ui::Control* control : frame->children()) control->SetTabIndex(next++);
+  }
+  Picture1.SetTabIndex(next);
+
+  Connect();
+}
+
+void frmrcBHDGS::Connect() {
+  tsMain.on_click = [this] { tsMain_Click(); };
+  Get<ui::ComboBox>(u"cboMods").on_click = [this] { cboMods_Click(); };
+  cmdRandomize.on_click = [this] { ShuffleRotation(*this); };
+  for (const Option& option : Options()) {
+    if (option.kind != ui::ControlKind::kListBox) continue;
+    auto& list = Get<ui::ListBox>(option.key);
+    // The item that was scrolled into view becomes the chosen one.
+    list.on_scroll = [&list] { list.SetListIndex(list.TopIndex()); };
+  }
+  ConnectRotation(*this);
+
+  on_unload = [this] { Form_Unload(); };
+  on_unloaded = [this] {
+    if (context_.dialog.get() == this) context_.dialog.reset();
+  };
+  on_unhandled = [this](const RuntimeError& error, TextView handler) {
+    ReportTrapped(context_.reporter, handler, error,
+                  static_cast<std::int32_t>(error.raised_at().line()));
+  };
+}
+
+void frmrcBHDGS::Form_Load() {
+  Trapped(context_.reporter, u"FormLoad_ERROR", [&](Line& at) {
+    at(), ui::AttachTabBackground(tsMain, Picture1);
+    for (const DialogButton& button : DialogButtons()) at(), BuildButtonFace(*this, button);
+    for (const DialogButton& button : DialogButtons()) at(), BuildButtonCaption(*this, button);
+    at(), FillNumberLists(*this);
+    at(), Get<ui::ComboBox>(u"cboMods").Clear();
+    at(), game_types_ = kGameTypeNames;
+  });
+}
+
+int frmrcBHDGS::GameTypeIndex(TextView name) const noexcept {
+  const auto found = std::find(game_types_.begin(), game_types_.end(), name);
+  return found == game_types_.end() ? kNoGameType
+                                    : static_cast<int>(std::distance(game_types_.begin(), found));
+}
+
+void frmrcBHDGS::tsMain_Click() {
+  const TextView chosen = tsMain.SelectedCaption();
+  if (chosen != kServerPage && chosen != kMapPage && chosen != kMiscPage) return;
+  for (ui::Frame* page : {&fmeServer, &fmeMap, &fmeMisc}) {
+    page->SetVisible(page->caption() == chosen);
+  }
+}
+
+void frmrcBHDGS::cboMods_Click() {
+  const int game_type = GameTypeIndex(txtGametype.text());
+  const bool standard = Get<ui::ComboBox>(u"cboMods").text() == u"None";
+  context_.maps.catalogue.LoadMapCatalogue(standard ? kStandardModFlag : kTeamSabreModFlag);
+  SetMaps(static_cast<std::int16_t>(game_type));
+}
+
+void frmrcBHDGS::Form_Unload() {
+  context_.toolkit.SetScreenPointer(ui::Pointer::kDefault);
+  ui::DetachTabBackground(tsMain);
+}
+
+std::shared_ptr<frmrcBHDGS> TakeDialog(DialogContext& context) {
+  if (context.dialog) return context.dialog;
+  // It is the context's dialog before it loads: a report of the load shows a box, during which the
+  // host may call again.
+  const auto dialog = std::make_shared<frmrcBHDGS>(context);
+  context.dialog = dialog;
+  dialog->Form_Load();
+  return dialog;
+}
+
+}  // namespace quill

@@ -1,0 +1,140 @@
+// The operator's actions on the map page.
+#include "dialog/rotation.h"
+
+#include <vector>
+
+#include "dialog/rotation_view.h"
+#include "maps/map_entry.h"
+#include "support/trap.h"
+
+namespace quill {
+namespace {
+
+void ShowGameType(frmrcBHDGS& dialog, int index) {
+  dialog.txtGametype.SetText(kGameTypeNames[index]);
+  dialog.SetMaps(static_cast<std::int16_t>(index));
+}
+
+bool IsFull(const frmrcBHDGS& dialog) {
+  return dialog.context().maps.selected.Count() >= kRotationLimit;
+}
+
+void ShowLimitMessage(frmrcBHDGS& dialog) {
+  dialog.context().reporter.Show(MessageKind::kFailed, u"You cannot add more than 255 maps!");
+}
+
+void AddAvailableRow(frmrcBHDGS& dialog, int row) {
+  MapLists& maps = dialog.context().maps;
+  MapEntry entry = SplitMapEntry(dialog.lstAvlMaps.Item(row));
+  const bool server_map = maps.IsServerMapName(entry.name);
+  maps.selected.Append({.name = std::move(entry.name),
+                        .file = std::move(entry.file),
+                        .game_type = dialog.lstAvlMaps.ItemData(row),
+                        .server_map = server_map});
+}
+
+// Takes the maps shown by those rows of lstSelMaps out of the rotation. A row that shows another
+// map than the rotation holds at its place drops nothing: the operator never saw that map.
+template <class IsMarked>
+void DropSelectedRows(frmrcBHDGS& dialog, IsMarked&& is_marked) {
+  SelectedMapList& rotation = dialog.context().maps.selected;
+  std::vector<bool> dropped(rotation.Count());
+  for (int row = 0; row < rotation.Count() && row < dialog.lstSelMaps.Count(); ++row) {
+    dropped[row] = is_marked(row) && RowShowsRecord(dialog.lstSelMaps, rotation, row);
+  }
+  rotation.Remove(dropped);
+}
+
+void lstAvlMaps_DblClick(frmrcBHDGS& dialog) {
+  Trapped(dialog.context().reporter, u"lstAvlMapsDblClick", [&](Line& at) {
+    if (IsFull(dialog)) {
+      at(), ShowLimitMessage(dialog);
+      return;
+    }
+    const int row = dialog.lstAvlMaps.ListIndex();
+    if (row < 0) return;
+    at(), AddAvailableRow(dialog, row);
+    at(), dialog.BuildMapList();
+  });
+}
+
+void lstAvlMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
+  Trapped(dialog.context().reporter, u"lstAvlMaps_KeyPress", [&](Line& at) {
+    if (key != u'+' && key != u'=') return;
+    if (IsFull(dialog)) {
+      at(), ShowLimitMessage(dialog);
+      return;
+    }
+    for (int row = 0; row < dialog.lstAvlMaps.Count(); ++row) {
+      if (dialog.lstAvlMaps.IsSelected(row)) at(), AddAvailableRow(dialog, row);
+      if (IsFull(dialog)) {
+        at(), ShowLimitMessage(dialog);
+        break;
+      }
+    }
+    at(), dialog.BuildMapList();
+  });
+}
+
+void lstSelMaps_DblClick(frmrcBHDGS& dialog) {
+  Trapped(dialog.context().reporter, u"lstSelMapsDblClick", [&](Line& at) {
+    const int current = dialog.lstSelMaps.ListIndex();
+    at(), DropSelectedRows(dialog, [&](int row) { return row == current; });
+    at(), dialog.BuildMapList();
+  });
+}
+
+void lstSelMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
+  Trapped(dialog.context().reporter, u"lstSelMaps_KeyPress", [&](Line& at) {
+    if (key != u'-') return;
+    at(), DropSelectedRows(dialog, [&](int row) { return dialog.lstSelMaps.IsSelected(row); });
+    at(), dialog.BuildMapList();
+  });
+}
+
+// The tooltip names the clicked map's game type until the next refresh.
+void lstSelMaps_Click(frmrcBHDGS& dialog) {
+  ui::ListBox& list = dialog.lstSelMaps;
+  if (list.ListIndex() < 0) return;
+  const std::int32_t game_type = list.ItemData(list.ListIndex());
+  const auto names = dialog.game_types();
+  if (game_type < 0 || game_type >= std::ssize(names)) return;
+  list.SetTooltip(names[game_type]);
+}
+
+}  // namespace
+
+void ConnectRotation(frmrcBHDGS& dialog) {
+  dialog.lstAvlMaps.on_double_click = [&dialog] { lstAvlMaps_DblClick(dialog); };
+  dialog.lstAvlMaps.on_key_press = [&dialog](char16_t key) { lstAvlMaps_KeyPress(dialog, key); };
+  dialog.lstSelMaps.on_double_click = [&dialog] { lstSelMaps_DblClick(dialog); };
+  dialog.lstSelMaps.on_key_press = [&dialog](char16_t key) { lstSelMaps_KeyPress(dialog, key); };
+  dialog.lstSelMaps.on_click = [&dialog] { lstSelMaps_Click(dialog); };
+}
+
+// A text that is no game type has the index behind the last one, so both ways work out.
+void ShowPreviousGameType(frmrcBHDGS& dialog) {
+  const int index = dialog.GameTypeIndex(dialog.txtGametype.text());
+  ShowGameType(dialog, index > 0 ? index - 1 : kNoGameType - 1);
+}
+
+void ShowNextGameType(frmrcBHDGS& dialog) {
+  const int index = dialog.GameTypeIndex(dialog.txtGametype.text());
+  ShowGameType(dialog, index + 1 < kNoGameType ? index + 1 : 0);
+}
+
+bool IsInArray(TextView Value, std::span<const Text> List) {
+  constexpr char16_t kMark = u'\0';
+  Text joined(1, kMark);
+  for (std::size_t i = 0; i < List.size(); ++i) {
+    if (i > 0) joined += kMark;
+    joined += List[i];
+  }
+  joined += kMark;
+  Text wanted(1, kMark);
+  wanted += Value;
+  wanted += kMark;
+  return joined.find(wanted) != Text::npos;
+}
+
+}  // namespace quill

@@ -1,0 +1,60 @@
+// Fills the map lists from the catalogue, the server maps and the rotation.
+#include "dialog/rotation_view.h"
+
+#include "dialog/frmrcBHDGS.h"
+#include "support/trap.h"
+
+namespace quill {
+namespace {
+
+void AddMapRow(ui::ListBox& list, TextView name, TextView file, std::int32_t game_type) {
+  list.AddItem({name, u" <", file, u">"});
+  list.SetItemData(list.Count() - 1, game_type);
+}
+
+void ShowCount(ui::ListBox& list, const MapLists& maps) {
+  list.SetTooltip(
+      Concat({u"Maps: ", Decimal(list.Count()), u" / ", Decimal(maps.TotalMapCount())}));
+}
+
+}  // namespace
+
+bool RowShowsRecord(const ui::ListBox& list, const SelectedMapList& rotation, int row) {
+  if (row < 0 || row >= list.Count() || row >= rotation.Count()) return false;
+  const SelectedMap& map = rotation.At(row + 1);
+  return list.Item(row) == Concat({map.name, u" <", map.file, u">"});
+}
+
+void frmrcBHDGS::SetMaps(std::int16_t Gametype) {
+  Trapped(context_.reporter, u"SetMaps", [&](Line& at) {
+    {
+      const ui::ListBox::Refill refill(lstAvlMaps);
+      at(), lstAvlMaps.Clear();
+      at(), context_.maps.ForEachOfGameType(Gametype, [&](TextView name, TextView file) {
+        AddMapRow(lstAvlMaps, name, file, Gametype);
+      });
+    }
+    at(), ShowCount(lstAvlMaps, context_.maps);
+  });
+}
+
+void frmrcBHDGS::BuildMapList() {
+  Trapped(
+      context_.reporter, u"BuildMapList",
+      [&](Line& at) {
+        {
+          const ui::ListBox::Refill refill(lstSelMaps);
+          at(), lstSelMaps.Clear();
+          at(), lstSelMaps.SetVisible(false);
+          for (const SelectedMap& map : context_.maps.selected.maps()) {
+            at(), AddMapRow(lstSelMaps, map.name, map.file, map.game_type);
+          }
+        }
+        at(), lstSelMaps.SetVisible(true);
+        at(), ShowCount(lstSelMaps, context_.maps);
+        at(), lblMapCnt.SetCaption(Concat({u"Number of Maps: ", Decimal(lstSelMaps.Count())}));
+      },
+      [&](RuntimeError&) { lstSelMaps.SetVisible(true); });
+}
+
+}  // namespace quill
