@@ -70,7 +70,8 @@ void EncodeGroup(Lanes units, char16_t* out) noexcept {
   // Brings the three bytes together as the highest ones, the first of them on top.
   constexpr Lanes kGather = (Lanes{1} << 56) | (Lanes{1} << 32) | (Lanes{1} << 8);
   const Lanes bytes = (units & ToLanes({0xFF, 0xFF, 0xFF, 0})) * kGather;
-  PutDigits(bytes >> 52, (bytes >> 40) & 0xFFF, out);
+  PutDigits(static_cast<std::size_t>(bytes >> 52), static_cast<std::size_t>(bytes >> 40) & 0xFFF,
+            out);
 }
 
 // Encodes `count` bytes into `out`; a count that is no multiple of 3 is padded.

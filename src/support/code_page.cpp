@@ -41,7 +41,8 @@ CodePage::CodePage(const std::array<char16_t, 256>& units) : units_(units) {
       rows_.push_back(unknown);
     }
     std::uint8_t& entry = rows_[row][unit & 0xFF];
-    if (entry == '?') entry = static_cast<std::uint8_t>(byte);
+    const bool taken = byte >= 0x80 && (unit < 0x80 || entry != '?');
+    if (!taken) entry = static_cast<std::uint8_t>(byte);
   }
 }
 

@@ -1,0 +1,154 @@
+#include "support/base64.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "support/report_message.h"
+#include "support/runtime_error.h"
+#include "tests/doubles/recording_message_boxes.h"
+
+namespace quill {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr TextView kAlphabet = u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+
+// Bit by bit, as the definition reads.
+Text ReferenceEncoding(const Bytes& bytes) {
+  Text result;
+  for (std::size_t bit = 0; bit < 8 * bytes.size(); bit += 6) {
+    unsigned value = 0;
+    for (std::size_t i = bit; i < bit + 6; ++i) {
+      const unsigned byte = i / 8 < bytes.size() ? bytes[i / 8] : 0;
+      value = 2 * value + ((byte >> (7 - i % 8)) & 1);
+    }
+    result += kAlphabet[value];
+  }
+  while (result.size() % 4 != 0) result += u'=';
+  return result;
+}
+
+class Base64Test : public testing::Test {
+ protected:
+  Text Encode(TextView text) { return Enc64(text, page, reporter); }
+  Text Decode(TextView encoded) { return Dec64(encoded, page); }
+
+  const CodePage& page = CodePage::Windows1252();
+  std::unique_ptr<FileKit> no_kit;
+  RecordingMessageBoxes boxes;
+  MessageReporter reporter{no_kit, boxes};
+};
+
+TEST_F(Base64Test, KnownPairsHoldBothWays) {
+  const std::pair<TextView, TextView> pairs[] = {
+      {u"", u""}, {u"M", u"TQ=="}, {u"Ma", u"TWE="}, {u"Man", u"TWFu"}, {u"\u20AC\u00FF", u"gP8="}};
+  for (const auto& [text, encoded] : pairs) {
+    EXPECT_EQ(Encode(text), encoded);
+    EXPECT_EQ(Decode(encoded), text);
+  }
+  EXPECT_EQ(Encode(u"\u0416"), Encode(u"?"));
+  // Unused bits before the padding do not count.
+  EXPECT_EQ(Decode(u"TR=="), u"M");
+  EXPECT_EQ(Decode(u"TWF="), u"Ma");
+}
+
+TEST_F(Base64Test, EveryLengthAgreesWithTheDefinitionBothWays) {
+  std::mt19937 random(20);
+  std::vector<std::size_t> lengths;
+  for (std::size_t n = 0; n <= 200; ++n) lengths.push_back(n);
+  for (std::size_t n : {383, 384, 385, 386, 767, 768, 769, 1151, 1152, 1153, 10'001}) {
+    lengths.push_back(n);
+  }
+  for (const std::size_t length : lengths) {
+    for (const unsigned highest : {0x7FU, 0xFFU}) {
+      Bytes bytes(length);
+      for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random() & highest);
+      // A text that leaves ASCII only in its last block.
+      if (length > 1000) std::fill(bytes.begin(), bytes.begin() + 900, std::uint8_t{'a'});
+      const Text encoded = ReferenceEncoding(bytes);
+      Text text;
+      page.AppendText(bytes, text);
+      SCOPED_TRACE(length);
+
+      ASSERT_EQ(Encode(text), encoded);
+      ASSERT_EQ(Decode(encoded), text);
+      Text from_bytes = u"[";
+      EncodeBase64(bytes, from_bytes);
+      ASSERT_EQ(from_bytes, u"[" + encoded);
+      Bytes decoded = {7};
+      DecodeBase64(encoded, decoded);
+      ASSERT_EQ(decoded.front(), 7);
+      ASSERT_EQ(Bytes(decoded.begin() + 1, decoded.end()), bytes);
+    }
+  }
+  EXPECT_TRUE(boxes.boxes.empty());
+}
+
+TEST_F(Base64Test, AppendingKeepsWhatWasThere) {
+  Text payload = u"a_";
+  AppendEnc64(u"Man", page, reporter, payload);
+  payload += u"_";
+  AppendEnc64(u"", page, reporter, payload);
+  AppendDec64(u"TWE=", page, payload);
+  EXPECT_EQ(payload, u"a_TWFu_Ma");
+}
+
+TEST_F(Base64Test, MalformedTextsFailWithWhatIsWrongAndChangeNothing) {
+  const Text blocks(4096, u'A');
+  const std::pair<Text, TextView> cases[] = {
+      {u"T", u"Base64 text: the length 1 is not a multiple of 4"},
+      {u"TWFuT", u"Base64 text: the length 5 is not a multiple of 4"},
+      {u"TWF", u"Base64 text: the length 3 is not a multiple of 4"},
+      {u"TW u", u"Base64 text: the character U+0020 at position 3 is not in the alphabet"},
+      {u"TWFu\r\nTQ", u"Base64 text: the character U+000D at position 5 is not in the alphabet"},
+      {u"TWF-", u"Base64 text: the character U+002D at position 4 is not in the alphabet"},
+      {Text(u"TW\0u", 4),
+       u"Base64 text: the character U+0000 at position 3 is not in the alphabet"},
+      // The low byte alone would be a letter.
+      {u"TW\u0141u", u"Base64 text: the character U+0141 at position 3 is not in the alphabet"},
+      {u"\uFF21W==", u"Base64 text: the character U+FF21 at position 1 is not in the alphabet"},
+      {u"TW=u", u"Base64 text: \"=\" at position 3, before the end"},
+      {u"T===", u"Base64 text: \"=\" at position 2, before the end"},
+      {u"====", u"Base64 text: \"=\" at position 1, before the end"},
+      {u"TQ==TWFu", u"Base64 text: \"=\" at position 3, before the end"},
+      {u"TQ==TQ==", u"Base64 text: \"=\" at position 3, before the end"},
+      {blocks + u"TW*=",
+       u"Base64 text: the character U+002A at position 4099 is not in the alphabet"},
+  };
+  for (const auto& [encoded, description] : cases) {
+    Text target = u"kept";
+    Bytes bytes = {1, 2};
+    const auto expect_failure = [&](auto decode) {
+      try {
+        decode();
+        ADD_FAILURE() << ToUtf8(encoded) << " was taken";
+      } catch (const RuntimeError& error) {
+        EXPECT_TRUE(error.Is(ErrorNumber::kInvalidProcedureCall));
+        EXPECT_EQ(error.description(), description);
+      }
+    };
+    expect_failure([&] { AppendDec64(encoded, page, target); });
+    expect_failure([&] { DecodeBase64(encoded, bytes); });
+    EXPECT_EQ(target, u"kept");
+    EXPECT_EQ(bytes, (Bytes{1, 2}));
+  }
+}
+
+TEST_F(Base64Test, EveryUnitOutsideTheAlphabetIsRefusedAtEveryPlace) {
+  for (unsigned unit = 0; unit <= 0xFFFF; ++unit) {
+    if (unit < 0x80 && (kAlphabet.find(static_cast<char16_t>(unit)) != TextView::npos)) continue;
+    for (std::size_t place = 0; place < 8; ++place) {
+      if (unit == u'=' && place == 7) continue;
+      Text encoded = u"QUJDREVG";
+      encoded[place] = static_cast<char16_t>(unit);
+      ASSERT_THROW((void)Decode(encoded), RuntimeError) << unit << " at " << place;
+    }
+    // Exceptions are slow, so the middle of the range is sampled.
+    if (unit > 0x300 && unit < 0xFE00) unit += 0xFA;
+  }
+}
+
+}  // namespace
+}  // namespace quill
