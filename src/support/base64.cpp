@@ -136,16 +136,10 @@ constexpr DigitLanes MakeDigitLanes() {
 
 constexpr DigitLanes kDigitLanes = MakeDigitLanes();
 
-Lanes DecodeGroup(Lanes digits) noexcept {
-  return kDigitLanes[0][digits & 0xFF] | kDigitLanes[1][(digits >> 16) & 0xFF] |
-         kDigitLanes[2][(digits >> 32) & 0xFF] | kDigitLanes[3][(digits >> 48) & 0xFF];
+Lanes DecodeGroup(const char16_t* digits) noexcept {
+  return kDigitLanes[0][digits[0] & 0xFF] | kDigitLanes[1][digits[1] & 0xFF] |
+         kDigitLanes[2][digits[2] & 0xFF] | kDigitLanes[3][digits[3] & 0xFF];
 }
-
-// Zero digits in place of the padding, by the number of "=".
-constexpr Lanes kDigitsKept[] = {~Lanes{0}, ToLanes({0xFFFF, 0xFFFF, 0xFFFF, 0}),
-                                 ToLanes({0xFFFF, 0xFFFF, 0, 0})};
-constexpr Lanes kDigitsAdded[] = {0, ToLanes({0, 0, 0, kAlphabet[0]}),
-                                  ToLanes({0, 0, kAlphabet[0], kAlphabet[0]})};
 
 // Decodes `groups` (not 0) times four digits, the last `padding` of which are "=", into units of
 // one byte each. Returns all groups or-ed together.
@@ -154,15 +148,16 @@ Lanes DecodeBlock(const char16_t* in, std::size_t groups, std::size_t padding,
   Lanes all = 0;
   Lanes seen = 0;
   for (; groups != 1; --groups, in += 4, out += 3) {
-    const Lanes digits = LoadLanes(in);
-    seen |= digits;
-    const Lanes group = DecodeGroup(digits);
+    seen |= LoadLanes(in);
+    const Lanes group = DecodeGroup(in);
     all |= group;
     std::memcpy(out, &group, sizeof group);  // the next group writes over the fourth unit
   }
-  const Lanes digits = (LoadLanes(in) & kDigitsKept[padding]) | kDigitsAdded[padding];
-  seen |= digits;
-  const Lanes group = DecodeGroup(digits);
+  // Zero digits stand in for the padding.
+  const char16_t last[4] = {in[0], in[1], padding == 2 ? kAlphabet[0] : in[2],
+                            padding != 0 ? kAlphabet[0] : in[3]};
+  seen |= ToLanes({last[0], last[1], last[2], last[3]});
+  const Lanes group = DecodeGroup(last);
   all |= group;
   out[0] = static_cast<char16_t>(group);
   if (padding < 2) out[1] = static_cast<char16_t>(group >> 16);
