@@ -70,4 +70,12 @@ void DiskStorage::Append(TextView path, std::string_view bytes) {
   Write(real_path_of_(path), std::ios::app, bytes, path);
 }
 
+void DiskStorage::Remove(TextView path) {
+  const fs::path target = real_path_of_(path);
+  std::error_code error;
+  if (fs::is_directory(target, error)) Fail(ErrorNumber::kPathFileAccessError, path);
+  fs::remove(target, error);
+  if (error) Fail(ErrorNumber::kPermissionDenied, path);
+}
+
 }  // namespace quill::host

@@ -20,6 +20,7 @@ class DiskStorage final : public FileStorage {
   // Writes a neighbour, named after the file with ".new~" added, and renames it over the file.
   void Replace(TextView path, std::string_view bytes) override;
   void Append(TextView path, std::string_view bytes) override;
+  void Remove(TextView path) override;
 
  private:
   RealPathOf real_path_of_;

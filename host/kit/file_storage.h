@@ -23,6 +23,9 @@ class FileStorage {
 
   // Adds to the end; creates the file when it is missing. The folder must exist.
   virtual void Append(TextView path, std::string_view bytes) = 0;
+
+  // Removes the file; nothing happens when there is none.
+  virtual void Remove(TextView path) = 0;
 };
 
 }  // namespace quill::host

@@ -1,9 +1,10 @@
-// The host's memory kit (programmatic name rcMemKit.clsMemKit): an object that plug-ins create and
-// hold, with nothing to call.
+// The host's memory kit: an object that plug-ins create and hold, with nothing to call.
 #pragma once
+
+#include "plugin/host_services.h"
 
 namespace quill::host {
 
-class HostMemoryKit {};
+class HostMemoryKit final : public MemoryKit {};
 
 }  // namespace quill::host

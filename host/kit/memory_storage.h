@@ -19,6 +19,9 @@ class MemoryStorage final : public FileStorage {
   void Append(TextView path, std::string_view bytes) override {
     files_.AppendContents(path, bytes);
   }
+  void Remove(TextView path) override {
+    if (files_.FileExists(path)) files_.RemoveFile(path);
+  }
 
  private:
   headless::MemoryFileSystem& files_;

@@ -44,7 +44,8 @@ TEST(Compression, AnyTextComesBackUnchanged) {
         Text(u"x\0y", 3), every_unit, noise, Text(1'000'000, u'z')}) {
     const Text compressed = CompressText(text);
     for (const char16_t unit : compressed) {
-      ASSERT_TRUE(unit > 0x20 && unit < 0x7F && unit != u'_' && unit != u'[') << static_cast<int>(unit);
+      ASSERT_TRUE(unit > 0x20 && unit < 0x7F && unit != u'_' && unit != u'[')
+          << static_cast<int>(unit);
     }
     ASSERT_EQ(DecompressText(compressed, Length(text)), text);
   }

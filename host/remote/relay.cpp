@@ -1,0 +1,81 @@
+// Polling of the request folder.
+#include "host/remote/relay.h"
+
+#include <optional>
+#include <string>
+
+#include "host/kit/text_file.h"
+#include "host/remote/wire.h"
+#include "support/runtime_error.h"
+
+namespace quill::host {
+namespace {
+
+Text KeptPath(TextView host_root, TextView command) {
+  return Concat({host_root, u"\\RCData\\sent_kvrBHDGS_", command, u".txt"});
+}
+
+// Set for as long as it lives.
+class Flag {
+ public:
+  explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Flag() { flag_ = false; }
+  Flag(const Flag&) = delete;
+  Flag& operator=(const Flag&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
+
+Relay::Relay(TextView host_root, FileStorage& storage, RemoteMachine& machine, Deliver deliver,
+             EventSink tell)
+    : storage_(storage),
+      machine_(machine),
+      deliver_(std::move(deliver)),
+      tell_(std::move(tell)),
+      watched_{Watched{kQueryCommand,
+                       RequestPath(host_root, kQueryCommand),
+                       KeptPath(host_root, kQueryCommand),
+                       {}},
+               Watched{kStartCommand,
+                       RequestPath(host_root, kStartCommand),
+                       KeptPath(host_root, kStartCommand),
+                       {}}} {}
+
+bool Relay::Pump() {
+  bool happened = false;
+  for (Watched& watched : watched_) happened |= TakeRequest(watched);
+  return DeliverReply() || happened;
+}
+
+bool Relay::TakeRequest(Watched& watched) try {
+  const std::optional<std::string> bytes = storage_.ReadWhole(watched.path);
+  // An empty file is one that the plug-in has made and not filled yet.
+  if (!bytes || bytes->empty()) return false;
+  storage_.Replace(watched.kept_path, *bytes);
+  storage_.Remove(watched.path);
+  watched.last_error.clear();
+  tell_(Concat({u"relay: took a request ", watched.command}));
+  machine_.Receive(DecodeTextFile(*bytes).text);
+  return true;
+} catch (const RuntimeError& error) {
+  if (watched.last_error == error.description()) return false;
+  watched.last_error = error.description();
+  tell_(Concat({u"relay: error: ", watched.path, u": ", error.description()}));
+  return true;
+}
+
+bool Relay::DeliverReply() {
+  if (is_delivering_) return false;
+  const std::optional<Text> reply = machine_.TakeReply();
+  if (!reply) return false;
+  tell_(Concat({u"relay: delivering a reply of ", Decimal(static_cast<std::int64_t>(reply->size())),
+                u" characters"}));
+  const Flag delivering(is_delivering_);
+  deliver_(*reply);
+  return true;
+}
+
+}  // namespace quill::host

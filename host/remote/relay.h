@@ -1,0 +1,49 @@
+// The host's relay: takes request files to the remote machine and brings its replies back, all on
+// the thread that calls Pump().
+#pragma once
+
+#include <array>
+#include <functional>
+
+#include "host/kit/file_storage.h"
+#include "host/remote/remote_machine.h"
+#include "support/text.h"
+
+namespace quill::host {
+
+class Relay {
+ public:
+  using Deliver = std::function<void(const Text& reply)>;
+
+  // Watches `host_root`\RCData. Storage and machine outlive the relay.
+  Relay(TextView host_root, FileStorage& storage, RemoteMachine& machine, Deliver deliver,
+        EventSink tell);
+
+  // Takes what lies in the request folder, then delivers at most one reply that is due. True when
+  // anything happened. May be called from within a delivery (a reply that opens a message box):
+  // requests are then still taken, but replies wait, because they are handled one at a time.
+  //
+  // A request that was taken is kept beside its file, as sent_kvrBHDGS_<command word>.txt. A
+  // request file that cannot be read is told about once and left alone.
+  bool Pump();
+
+ private:
+  struct Watched {
+    TextView command;
+    Text path;
+    Text kept_path;
+    Text last_error;
+  };
+
+  bool TakeRequest(Watched& watched);
+  bool DeliverReply();
+
+  FileStorage& storage_;
+  RemoteMachine& machine_;
+  Deliver deliver_;
+  EventSink tell_;
+  std::array<Watched, 2> watched_;
+  bool is_delivering_ = false;
+};
+
+}  // namespace quill::host

@@ -1,0 +1,126 @@
+// The remote machine's side of both commands.
+#include "host/remote/remote_machine.h"
+
+#include <algorithm>
+
+#include "host/kit/text_file.h"
+#include "host/remote/request_explanation.h"
+#include "host/remote/settings_reply.h"
+#include "host/remote/start_request.h"
+#include "host/remote/wire.h"
+#include "support/runtime_error.h"
+
+namespace quill::host {
+namespace {
+
+constexpr TextView kFailure = u"0";
+
+std::string ReplacedIn(std::string text, std::string_view from, const std::string& to) {
+  for (std::size_t at = text.find(from); at != std::string::npos;
+       at = text.find(from, at + to.size())) {
+    text.replace(at, from.size(), to);
+  }
+  return text;
+}
+
+}  // namespace
+
+RemoteMachine::RemoteMachine(Scenario scenario, RemoteMachineParts parts)
+    : scenario_(std::move(scenario)), known_maps_(scenario_), parts_(std::move(parts)) {}
+
+void RemoteMachine::Receive(TextView request) try {
+  const RequestEnvelope envelope = ParseRequestEnvelope(request);
+  if (envelope.target != scenario_.target) {
+    parts_.tell(Concat({u"remote: warning: asked as \"", envelope.target, u"\", but is \"",
+                        scenario_.target, u"\""}));
+  }
+  if (envelope.command == kQueryCommand) {
+    parts_.tell(u"remote: asked for the game settings, answering");
+    Answer(SettingsReply(scenario_));
+  } else {
+    Start(envelope);
+  }
+} catch (const RuntimeError& error) {
+  parts_.tell(Concat({u"remote: error: ", error.description(), u"; answering 0"}));
+  Answer(Text(kFailure));
+}
+
+void RemoteMachine::Start(const RequestEnvelope& envelope) {
+  const StartRequest request = DecodeStartPayload(
+      ReadFrame(envelope.frame),
+      [&](const StartMap& map, TextView mod) { return known_maps_.Doubt(map, mod); });
+  for (const StartFinding& finding : request.findings) {
+    parts_.tell(
+        Concat({finding.is_error ? u"remote: error: " : u"remote: warning: ", finding.text}));
+  }
+  const bool is_installed =
+      std::find(scenario_.mods.begin(), scenario_.mods.end(), request.mod) != scenario_.mods.end();
+  if (!is_installed) {
+    parts_.tell(Concat({u"remote: warning: the mod \"", request.mod, u"\" is not installed"}));
+  }
+  if (request.HasErrors()) {
+    parts_.tell(u"remote: this cannot be started, answering 0");
+    return Answer(Text(kFailure));
+  }
+  KeepRecord(envelope, request);
+  Begin();
+}
+
+void RemoteMachine::KeepRecord(const RequestEnvelope& envelope, const StartRequest& request) {
+  const Text record = Concat({u"Start record of the remote machine\n\n", u"Received: ",
+                              LogTime(parts_.wall_clock()), u"\n", ExplainEnvelope(envelope), u"\n",
+                              ExplainStartRequest(request)});
+  parts_.storage.Replace(parts_.record_path, EncodeTextFile(record));
+  parts_.tell(Concat({u"remote: start request is good, ",
+                      Decimal(static_cast<std::int64_t>(request.maps.size())), u" maps; kept in ",
+                      parts_.record_path}));
+}
+
+void RemoteMachine::Begin() {
+  const StartBehaviour& start = scenario_.start;
+  switch (start.action) {
+    case StartAction::kSucceed:
+      parts_.tell(Concat({u"remote: starting succeeds, answering ", Decimal(start.number)}));
+      return Answer(Decimal(start.number), start.delay);
+    case StartAction::kFail:
+      parts_.tell(u"remote: starting fails, answering 0");
+      return Answer(Text(kFailure), start.delay);
+    case StartAction::kNever:
+      return parts_.tell(u"remote: never answering");
+    case StartAction::kRubbish:
+      parts_.tell(u"remote: answering rubbish");
+      return Answer(start.text, start.delay);
+    case StartAction::kRun: {
+      const std::string command =
+          ReplacedIn(ToUtf8(start.command), "{record}", QuotedForCommand(parts_.record_name));
+      parts_.tell(Concat({u"remote: running ", FromUtf8(command)}));
+      Answer(Decimal(start.number), start.delay);
+      pending_.back().command = parts_.launcher.Launch(command);
+      return;
+    }
+  }
+}
+
+void RemoteMachine::Answer(Text reply, std::chrono::milliseconds delay) {
+  pending_.push_back({std::move(reply), parts_.steady_clock() + delay, nullptr});
+}
+
+std::optional<Text> RemoteMachine::TakeReply() {
+  const auto now = parts_.steady_clock();
+  for (auto pending = pending_.begin(); pending != pending_.end(); ++pending) {
+    if (pending->due > now) continue;
+    Text reply = pending->reply;
+    if (pending->command != nullptr) {
+      const std::optional<bool> outcome = pending->command->Outcome();
+      if (!outcome) continue;
+      if (!*outcome) reply = kFailure;
+      parts_.tell(Concat(
+          {u"remote: the command ", *outcome ? u"ended well" : u"failed", u", answering ", reply}));
+    }
+    pending_.erase(pending);
+    return reply;
+  }
+  return std::nullopt;
+}
+
+}  // namespace quill::host

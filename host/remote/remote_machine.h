@@ -1,0 +1,69 @@
+// The simulated remote machine: answers the requests that the relay brings, as its scenario says.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <list>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "host/kit/file_storage.h"
+#include "host/kit/log_time.h"
+#include "host/remote/command_launcher.h"
+#include "host/remote/known_maps.h"
+#include "host/remote/request_envelope.h"
+#include "host/remote/scenario.h"
+#include "support/text.h"
+
+namespace quill::host {
+
+// Told what happens, one line of text each.
+using EventSink = std::function<void(const Text&)>;
+
+struct RemoteMachineParts {
+  FileStorage& storage;  // outlives the machine
+  CommandLauncher& launcher;
+  Text record_path;         // host path of the start record; its folder exists
+  std::string record_name;  // the same file as a start command must name it, in UTF-8
+  EventSink tell;
+  TimeSource wall_clock = SystemTime();
+  std::function<std::chrono::steady_clock::time_point()> steady_clock =
+      std::chrono::steady_clock::now;
+};
+
+class RemoteMachine {
+ public:
+  RemoteMachine(Scenario scenario, RemoteMachineParts parts);
+
+  // Takes the text of a request file. A request that is malformed, or a start that cannot be kept,
+  // is told as an error and answered with "0"; nothing is started then. A good start request leaves
+  // the start record, which replaces an earlier one, and then does what the scenario says; in its
+  // command, {record} stands for the record's file name.
+  void Receive(TextView request);
+
+  // The next reply that is due, in the order in which replies became due to be looked at.
+  [[nodiscard]] std::optional<Text> TakeReply();
+
+  // True while a reply is still to come.
+  [[nodiscard]] bool HasOutstandingReplies() const noexcept { return !pending_.empty(); }
+
+ private:
+  struct Pending {
+    Text reply;
+    std::chrono::steady_clock::time_point due;
+    std::unique_ptr<RunningCommand> command;  // decides between the reply and "0"
+  };
+
+  void Start(const RequestEnvelope& envelope);
+  void KeepRecord(const RequestEnvelope& envelope, const StartRequest& request);
+  void Begin();
+  void Answer(Text reply, std::chrono::milliseconds delay = {});
+
+  Scenario scenario_;
+  KnownMaps known_maps_;
+  RemoteMachineParts parts_;
+  std::list<Pending> pending_;
+};
+
+}  // namespace quill::host

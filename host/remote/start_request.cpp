@@ -1,0 +1,297 @@
+// The layout of the start payload as a table, and the reading of each form of field.
+#include "host/remote/start_request.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "dialog/game_types.h"
+#include "host/remote/wire.h"
+#include "support/number_text.h"
+#include "support/runtime_error.h"
+
+namespace quill::host {
+namespace {
+
+enum class Form : std::uint8_t {
+  kText,    // Base64; empty for a blank text
+  kName,    // Base64; never empty
+  kNumber,  // low to high; one less than low: nothing chosen
+  kSwitch,  // 0 or 1
+  kPing,    // a number from 0 to 65535 as the operator typed it
+  kPort,    // the same, from 1
+  kFlags,
+  kModAndMaps,
+};
+
+struct FieldLayout {
+  TextView name;
+  Form form;
+  int low = 0;
+  int high = 0;  // of texts: the most characters that the dialog lets an operator type
+  std::span<const TextView> names = {};
+};
+
+constexpr std::array<TextView, 2> kSessionTypes = {u"Tiodioksi", u"LAN IP"};
+constexpr std::array<TextView, 4> kDelays = {u"no delay", u"1 minute", u"2 minutes", u"3 minutes"};
+
+constexpr FieldLayout kLayout[] = {
+    {u"Host message", Form::kText, 0, 85},
+    {u"Server name", Form::kName, 0, 26},
+    {u"Country code", Form::kText, 0, 2},
+    {u"Password", Form::kText, 0, 16},
+    {u"Session type", Form::kNumber, 1, 2, kSessionTypes},
+    {u"Max players", Form::kNumber, 1, 50},
+    {u"Start delay", Form::kNumber, 0, 3, kDelays},
+    {u"Loop maps", Form::kSwitch},
+    {u"Max kills", Form::kNumber, 1, 500},
+    {u"Game score", Form::kNumber, 1, 500},
+    {u"Zone timer", Form::kNumber, 1, 60},
+    {u"Respawn time", Form::kNumber, 0, 120},
+    {u"Time limit", Form::kNumber, 0, 100},
+    {u"Nova login required", Form::kSwitch},
+    {u"Custom skins", Form::kSwitch},
+    {u"Run windowed", Form::kSwitch},
+    {u"Run dedicated", Form::kSwitch},
+    {u"Blue team password", Form::kText, 0, 16},
+    {u"Red team password", Form::kText, 0, 16},
+    {u"Min ping check", Form::kSwitch},
+    {u"Min ping", Form::kPing},
+    {u"Max ping check", Form::kSwitch},
+    {u"Max ping", Form::kPing},
+    {u"Option flags", Form::kFlags},
+    {u"Game port", Form::kPort},
+    {u"Mod and maps", Form::kModAndMaps},
+};
+constexpr std::size_t kModField = 25;
+static_assert(std::size(kLayout) == kModField + 1);
+
+struct FlagLayout {
+  std::uint32_t bit;
+  TextView name;
+  bool set_means_on;
+};
+
+constexpr std::uint32_t kFixedFlags = 0x3802;
+constexpr FlagLayout kFlagLayout[] = {
+    {0x200, u"Friendly fire kills", false}, {0x400, u"Friendly tags", false},
+    {0x8, u"Friendly fire warning", false}, {0x4, u"Auto balance", false},
+    {0x1, u"Show tracers", false},          {0x8000, u"Show team clays", true},
+    {0x10000, u"Allow auto range", true},
+};
+
+Text Quoted(TextView text) {
+  return Concat({u"\"", text, u"\""});
+}
+
+class Decoder {
+ public:
+  explicit Decoder(const MapDoubt& doubt) : doubt_(doubt) {}
+
+  StartRequest Run(TextView payload) {
+    const std::size_t bar = payload.find(kListSeparator);
+    if (bar == TextView::npos) request_.AddError(u"the payload has no \"|\" before the map list");
+    const std::vector<TextView> fields = Split(payload.substr(0, bar), kFieldSeparator);
+    if (fields.size() != std::size(kLayout)) {
+      request_.AddError(
+          Concat({u"the payload has ", Decimal(static_cast<std::int64_t>(fields.size())),
+                  u" fields instead of 26"}));
+    }
+    for (number_ = 0; number_ < std::min(fields.size(), std::size(kLayout)); ++number_) {
+      const FieldLayout& layout = kLayout[number_];
+      request_.fields.push_back({layout.name, Text(fields[number_]), {}});
+      request_.fields.back().meaning = Meaning(layout, fields[number_]);
+    }
+    if (bar != TextView::npos) ReadMaps(payload.substr(bar + 1));
+    return std::move(request_);
+  }
+
+ private:
+  // Notes what is wrong with the field at hand.
+  void FieldFinding(bool is_error, TextView what) {
+    request_.findings.push_back(
+        {is_error, Concat({u"field ", Decimal(static_cast<std::int64_t>(number_)), u" (",
+                           kLayout[number_].name, u") ", what})});
+  }
+  void FieldError(TextView what) { FieldFinding(true, what); }
+  void FieldWarning(TextView what) { FieldFinding(false, what); }
+
+  Text Meaning(const FieldLayout& layout, TextView sent) {
+    switch (layout.form) {
+      case Form::kText:
+      case Form::kName:
+        return TextMeaning(layout, sent);
+      case Form::kNumber:
+        return NumberMeaning(layout, sent);
+      case Form::kSwitch:
+        if (sent == u"1") return u"yes";
+        if (sent == u"0") return u"no";
+        FieldError(Concat({u"must be 0 or 1, not ", Quoted(sent)}));
+        return {};
+      case Form::kPing:
+        return TypedNumberMeaning(sent, 0);
+      case Form::kPort:
+        return TypedNumberMeaning(sent, 1);
+      case Form::kFlags:
+        return FlagsMeaning(sent);
+      case Form::kModAndMaps:
+        return ModMeaning(sent);
+    }
+    return {};
+  }
+
+  // The text of a Base64 field; false after an error.
+  bool Decode(TextView sent, Text& text) {
+    try {
+      text = DecodeField(sent);
+      return true;
+    } catch (const RuntimeError& error) {
+      FieldError(Concat({u"is no Base64 text: ", error.description()}));
+      return false;
+    }
+  }
+
+  Text TextMeaning(const FieldLayout& layout, TextView sent) {
+    Text text;
+    if (!Decode(sent, text)) return {};
+    if (layout.form == Form::kName) {
+      if (text.empty()) FieldError(u"is empty");
+    } else if (!sent.empty() && IsBlank(text)) {
+      FieldError(u"holds blanks only and should have been left empty");
+    }
+    if (text.size() > static_cast<std::size_t>(layout.high)) {
+      FieldWarning(Concat({u"is longer than ", Decimal(layout.high), u" characters"}));
+    }
+    return Quoted(text);
+  }
+
+  Text NumberMeaning(const FieldLayout& layout, TextView sent) {
+    std::int32_t number = 0;
+    if (!ParseWholeNumber(sent, number)) {
+      FieldError(Concat({u"is no whole number: ", Quoted(sent)}));
+      return {};
+    }
+    if (number == layout.low - 1) {
+      FieldWarning(u"has no value chosen");
+      return u"nothing chosen";
+    }
+    if (number < layout.low || number > layout.high) {
+      FieldError(Concat({u"is ", Decimal(number), u", outside ", Decimal(layout.low), u" to ",
+                         Decimal(layout.high)}));
+      return {};
+    }
+    if (layout.names.empty()) return Decimal(number);
+    return Text(layout.names[static_cast<std::size_t>(number - layout.low)]);
+  }
+
+  Text TypedNumberMeaning(TextView sent, std::int32_t low) {
+    constexpr std::int32_t kHighest = 65535;
+    if (!IsNumber(sent)) {
+      FieldError(Concat({u"is no number: ", Quoted(sent)}));
+      return {};
+    }
+    std::int32_t number = -1;
+    try {
+      number = ToInt32(sent);
+    } catch (const RuntimeError&) {
+      // Beyond 32 bits: out of range like any other number that is too large.
+    }
+    if (number < low || number > kHighest) {
+      FieldError(Concat({u"is ", sent, u", outside ", Decimal(low), u" to 65535"}));
+      return {};
+    }
+    const Text meaning = Decimal(number);
+    if (meaning != sent) FieldWarning(Concat({u"is ", Quoted(sent), u", taken as ", meaning}));
+    return meaning;
+  }
+
+  Text FlagsMeaning(TextView sent) {
+    std::int32_t number = 0;
+    if (!ParseWholeNumber(sent, number) || number < 0) {
+      FieldError(Concat({u"is no set of flags: ", Quoted(sent)}));
+      return {};
+    }
+    const auto flags = static_cast<std::uint32_t>(number);
+    if ((flags & kFixedFlags) != kFixedFlags) {
+      FieldError(u"lacks bits of 3802 (hex), which are always there");
+    }
+    std::uint32_t known = kFixedFlags;
+    for (const FlagLayout& layout : kFlagLayout) {
+      const bool is_set = (flags & layout.bit) != 0;
+      request_.flags.push_back({layout.bit, layout.name, is_set, is_set == layout.set_means_on});
+      known |= layout.bit;
+    }
+    if ((flags & ~known) != 0) {
+      FieldError(Concat({u"has unknown bits: ", Decimal(flags & ~known)}));
+    }
+    return u"see below";
+  }
+
+  Text ModMeaning(TextView sent) {
+    if (!Decode(sent, request_.mod)) return {};
+    if (request_.mod.empty()) FieldWarning(u"names no mod");
+    return Quoted(request_.mod);
+  }
+
+  void ReadMaps(TextView list) {
+    if (list.empty()) return request_.AddError(u"there are no maps in the request");
+    if (list[0] != u'-') request_.AddError(u"the map list does not begin with \"-\"");
+    const std::vector<TextView> entries = Split(list.substr(list[0] == u'-' ? 1 : 0), u"-");
+    for (std::size_t at = 0; at < entries.size(); ++at) {
+      const Text label = Concat({u"map ", Decimal(static_cast<std::int64_t>(at + 1)), u" "});
+      StartMap map;
+      if (const Text error = ReadMap(entries[at], map); !error.empty()) {
+        request_.AddError(Concat({label, error}));
+        continue;
+      }
+      if (const Text doubt = doubt_(map, request_.mod); !doubt.empty()) {
+        request_.AddWarning(Concat({label, u"is doubtful: ", doubt}));
+      }
+      request_.maps.push_back(std::move(map));
+    }
+    if (entries.size() > kMaxRotation) {
+      request_.AddError(Concat({u"there are ", Decimal(static_cast<std::int64_t>(entries.size())),
+                                u" maps, more than 255"}));
+    }
+  }
+
+  // What is wrong with the entry; empty when it is in `map`.
+  static Text ReadMap(TextView entry, StartMap& map) {
+    const std::vector<TextView> parts = Split(entry, kFieldSeparator);
+    if (parts.size() != 4) return u"does not have the four parts of a map";
+    try {
+      map.name = DecodeField(parts[0]);
+      map.file = DecodeField(parts[1]);
+    } catch (const RuntimeError& error) {
+      return Concat({u"has a part that is no Base64 text: ", error.description()});
+    }
+    if (IsBlank(map.file)) return u"has no file name";
+    std::int32_t type = 0;
+    if (!ParseWholeNumber(parts[2], type) || type < 0 || type >= kNoGameType) {
+      return Concat({u"has no game type: ", Quoted(parts[2])});
+    }
+    map.game_type = type;
+    if (parts[3] != u"True" && parts[3] != u"False") {
+      return Concat({u"has neither True nor False at its end: ", Quoted(parts[3])});
+    }
+    map.server_map = parts[3] == u"True";
+    return {};
+  }
+
+  const MapDoubt& doubt_;
+  StartRequest request_;
+  std::size_t number_ = 0;  // of the field at hand
+};
+
+}  // namespace
+
+bool StartRequest::HasErrors() const noexcept {
+  return std::any_of(findings.begin(), findings.end(),
+                     [](const StartFinding& finding) { return finding.is_error; });
+}
+
+StartRequest DecodeStartPayload(TextView payload, const MapDoubt& doubt) {
+  return Decoder(doubt).Run(payload);
+}
+
+}  // namespace quill::host

@@ -1,0 +1,59 @@
+// A start request taken apart and checked, field by field. Decoding never fails: whatever is wrong
+// becomes a finding, and what can be understood is kept.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "support/text.h"
+
+namespace quill::host {
+
+struct StartField {
+  TextView name;  // as an operator knows the option
+  Text sent;      // as it stands in the payload
+  Text meaning;   // for people; empty when it could not be understood
+};
+
+// One of the options in the flags field.
+struct StartFlag {
+  std::uint32_t bit = 0;
+  TextView name;
+  bool is_set = false;  // the bit
+  bool is_on = false;   // the option
+};
+
+struct StartMap {
+  Text name;
+  Text file;
+  int game_type = 0;  // code, 0 to 8
+  bool server_map = false;
+};
+
+struct StartFinding {
+  // Errors make a request one that cannot be started; the rest are warnings.
+  bool is_error = false;
+  Text text;
+};
+
+struct StartRequest {
+  std::vector<StartField> fields;  // 0 to 25 in order, as many as the payload has
+  std::vector<StartFlag> flags;    // all of them, when the flags could be read
+  Text mod;
+  std::vector<StartMap> maps;  // in the order of the rotation; what is no map is left out
+  std::vector<StartFinding> findings;
+
+  [[nodiscard]] bool HasErrors() const noexcept;
+  void AddError(Text text) { findings.push_back({true, std::move(text)}); }
+  void AddWarning(Text text) { findings.push_back({false, std::move(text)}); }
+};
+
+inline constexpr std::size_t kMaxRotation = 255;
+
+// What is doubtful about a map under a mod; empty when nothing is.
+using MapDoubt = std::function<Text(const StartMap& map, TextView mod)>;
+
+[[nodiscard]] StartRequest DecodeStartPayload(TextView payload, const MapDoubt& doubt);
+
+}  // namespace quill::host
