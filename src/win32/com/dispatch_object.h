@@ -1,0 +1,41 @@
+// The counting and IDispatch plumbing of the library's own small automation objects: a table of
+// members by name, no type information.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+
+#include "support/text.h"
+#include "win32/com/automation.h"
+
+namespace quill::com {
+
+// The identifier of the first name in `names` that equals `name` without regard to letter case,
+// counted from `first`; DISPID_UNKNOWN when there is none.
+template <std::size_t kCount>
+[[nodiscard]] DISPID FindName(const TextView (&names)[kCount], const OLECHAR* name, DISPID first) {
+  if (name == nullptr) return DISPID_UNKNOWN;
+  const TextView wanted(reinterpret_cast<const char16_t*>(name));
+  for (std::size_t i = 0; i < kCount; ++i) {
+    if (EqualIgnoringCase(names[i], wanted)) return first + static_cast<DISPID>(i);
+  }
+  return DISPID_UNKNOWN;
+}
+
+// The GetIDsOfNames of an object whose members take no named arguments: the first name is looked up
+// with `find`, further names are unknown.
+template <class Find>
+[[nodiscard]] HRESULT FindNames(REFIID reserved, LPOLESTR* names, UINT count, DISPID* ids,
+                                Find&& find) noexcept {
+  if (!IsEqualIID(reserved, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
+  if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
+  ids[0] = find(names[0]);
+  HRESULT result = ids[0] == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;
+  for (UINT i = 1; i < count; ++i) {
+    ids[i] = DISPID_UNKNOWN;
+    result = DISP_E_UNKNOWNNAME;
+  }
+  return result;
+}
+
+}  // namespace quill::com

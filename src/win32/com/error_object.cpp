@@ -1,0 +1,89 @@
+#include "win32/com/error_object.h"
+
+#include <atomic>
+
+#include "support/version.h"
+#include "win32/com/bstr.h"
+#include "win32/com/com_error.h"
+#include "win32/com/dispatch_object.h"
+#include "win32/com/library.h"
+#include "win32/com/variant.h"
+
+namespace quill::com {
+namespace {
+
+constexpr TextView kMembers[] = {u"Number", u"Description", u"Source"};
+
+class ErrorObject final : public IDispatch {
+ public:
+  explicit ErrorObject(const RuntimeError& error) : error_(error) {}
+
+  STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
+    if (object == nullptr) return E_POINTER;
+    const bool known = IsEqualIID(wanted, IID_IUnknown) || IsEqualIID(wanted, IID_IDispatch);
+    *object = known ? static_cast<IDispatch*>(this) : nullptr;
+    if (!known) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
+  STDMETHODIMP_(ULONG) Release() override {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+  }
+
+  STDMETHODIMP GetTypeInfoCount(UINT* count) override {
+    if (count == nullptr) return E_POINTER;
+    *count = 0;
+    return S_OK;
+  }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** info) override {
+    if (info != nullptr) *info = nullptr;
+    return DISP_E_BADINDEX;
+  }
+  STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
+                             DISPID* ids) override {
+    return FindNames(reserved, names, count, ids,
+                     [](const OLECHAR* name) { return FindName(kMembers, name, DISPID_VALUE); });
+  }
+  STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID, WORD flags, DISPPARAMS* arguments,
+                      VARIANT* result, EXCEPINFO*, UINT*) override {
+    if (!IsEqualIID(reserved, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
+    if ((flags & (DISPATCH_PROPERTYGET | DISPATCH_METHOD)) == 0) return DISP_E_MEMBERNOTFOUND;
+    if (arguments != nullptr && arguments->cArgs != 0) return DISP_E_BADPARAMCOUNT;
+    return Guarded(IID_IDispatch, [&]() -> HRESULT {
+      Variant value;
+      switch (member) {
+        case 0:
+          value = Variant::OfInt32(error_.number());
+          break;
+        case 1:
+          value = Variant::OfText(error_.description());
+          break;
+        case 2:
+          value = Variant::OfText(kLibraryFileName);
+          break;
+        default:
+          return DISP_E_MEMBERNOTFOUND;
+      }
+      if (result != nullptr) *result = value.Detach();
+      return S_OK;
+    });
+  }
+
+ private:
+  ~ErrorObject() = default;
+
+  std::atomic<ULONG> references_ = 1;
+  const LibraryUse in_use_;
+  const RuntimeError error_;
+};
+
+}  // namespace
+
+ComPtr<IDispatch> MakeErrorObject(const RuntimeError& error) {
+  return ComPtr<IDispatch>::Adopt(new ErrorObject(error));
+}
+
+}  // namespace quill::com

@@ -1,0 +1,90 @@
+#include "win32/com/library.h"
+
+#include "support/runtime_error.h"
+#include "win32/com/bstr.h"
+#include "win32/com/com_error.h"
+#include "win32/com/com_host_services.h"
+#include "win32/com/identifiers.h"
+#include "win32/system_code_page.h"
+#include "win32/win32_clock.h"
+#include "win32/win32_file_system.h"
+#include "win32/win32_process_paths.h"
+#include "win32/win32_toolkit.h"
+
+namespace quill::com {
+
+// The platform and, on top of it, the main module; destroyed the other way round.
+struct Library::Runtime {
+  win32::Win32Toolkit toolkit;
+  win32::Win32FileSystem files;
+  win32::Win32ProcessPaths paths;
+  win32::Win32Clock clock;
+  CodePage code_page = win32::SystemCodePage();
+  ComHostServices services;
+  mdlBHDGS module{Platform{toolkit, files, paths, clock, code_page, services}};
+};
+
+Library::Library() noexcept = default;
+Library::~Library() = default;
+
+Library& Library::Get() noexcept {
+  static Library library;
+  return library;
+}
+
+Text Library::FilePath() const {
+  std::wstring path(MAX_PATH, L'\0');
+  for (;;) {
+    const DWORD length =
+        ::GetModuleFileNameW(instance_, path.data(), static_cast<DWORD>(path.size()));
+    if (length == 0) throw ErrorOf(HRESULT_FROM_WIN32(::GetLastError()));
+    if (length < path.size()) return Text(path.begin(), path.begin() + length);
+    path.resize(path.size() * 2);
+  }
+}
+
+bool Library::ReadyToUnload() {
+  if (uses_ != 0) return false;
+  if (runtime_ != nullptr) {
+    if (runtime_->toolkit.IsShowingForm()) return false;
+    runtime_->module.ReleaseHost();
+    runtime_->toolkit.ReleaseIdleResources();
+  }
+  types_.Reset();
+  // The host's objects may have called back in while they were released.
+  return uses_ == 0;
+}
+
+mdlBHDGS& Library::Module() {
+  if (runtime_ == nullptr) runtime_ = std::make_unique<Runtime>();
+  return runtime_->module;
+}
+
+ComPtr<ITypeInfo> Library::TypeInfo(REFGUID id) {
+  if (!types_) {
+    const Text path = FilePath();
+    const HRESULT loaded = ::LoadTypeLibEx(WideOf(path), REGKIND_NONE, types_.Receive());
+    if (FAILED(loaded)) throw ErrorOf(loaded);
+  }
+  ComPtr<ITypeInfo> info;
+  const HRESULT found = types_->GetTypeInfoOfGuid(id, info.Receive());
+  if (FAILED(found)) throw ErrorOf(found);
+  return info;
+}
+
+ComPtr<ITypeInfo> Library::InterfaceInfo() {
+  return TypeInfo(kInterfaceId);
+}
+ComPtr<ITypeInfo> Library::ClassInfo() {
+  return TypeInfo(kClassId);
+}
+
+ComPtr<IRecordInfo> Library::RecordInfo() {
+  const ComPtr<ITypeInfo> info = TypeInfo(kRecordId);
+  ComPtr<IRecordInfo> record;
+  const HRESULT made = ::GetRecordInfoFromTypeInfo(info.get(), record.Receive());
+  if (FAILED(made)) throw ErrorOf(made);
+  return record;
+}
+
+}  // namespace quill::com

@@ -1,0 +1,65 @@
+// The loaded library: its module handle, its type information, how much of it is in use, and the
+// one main module with the platform beneath it.
+//
+// Everything but the counts belongs to the user-interface thread that first used the library.
+#pragma once
+
+#include <atomic>
+#include <memory>
+
+#include "plugin/mdlBHDGS.h"
+#include "win32/com/automation.h"
+#include "win32/com/com_ptr.h"
+
+namespace quill::com {
+
+class Library {
+ public:
+  [[nodiscard]] static Library& Get() noexcept;
+
+  // Called by the loader; nothing else is done under its lock.
+  void SetInstance(HINSTANCE instance) noexcept { instance_ = instance; }
+  [[nodiscard]] HINSTANCE instance() const noexcept { return instance_; }
+
+  // Full path of this library's file.
+  [[nodiscard]] Text FilePath() const;
+
+  // Objects and locks that keep the library loaded.
+  void Use() noexcept { ++uses_; }
+  void EndUse() noexcept { --uses_; }
+
+  // True when nothing keeps the library loaded. Then everything that would outlive it badly is let
+  // go: the host's objects, a dialog that is not shown, windows, type information.
+  [[nodiscard]] bool ReadyToUnload();
+
+  // The main module, made on first use.
+  [[nodiscard]] mdlBHDGS& Module();
+
+  // From the type library in this file's resources. Both fail as the platform does.
+  [[nodiscard]] ComPtr<ITypeInfo> InterfaceInfo();
+  [[nodiscard]] ComPtr<ITypeInfo> ClassInfo();
+  [[nodiscard]] ComPtr<IRecordInfo> RecordInfo();
+
+ private:
+  struct Runtime;
+
+  Library() noexcept;
+  ~Library();
+  [[nodiscard]] ComPtr<ITypeInfo> TypeInfo(REFGUID id);
+
+  HINSTANCE instance_ = nullptr;
+  std::atomic<long> uses_ = 0;
+  ComPtr<ITypeLib> types_;
+  std::unique_ptr<Runtime> runtime_;
+};
+
+// Keeps the library loaded while it exists.
+class LibraryUse {
+ public:
+  LibraryUse() noexcept { Library::Get().Use(); }
+  ~LibraryUse() { Library::Get().EndUse(); }
+  LibraryUse(const LibraryUse&) = delete;
+  LibraryUse& operator=(const LibraryUse&) = delete;
+};
+
+}  // namespace quill::com
