@@ -1,0 +1,140 @@
+// The operator's rights decide which options can be changed.
+#include "plugin/operator_rights.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/doubles/loaded_plug_in.h"
+#include "tests/doubles/settings_reply.h"
+
+namespace quill {
+namespace {
+
+using Items = std::vector<std::pair<Text, HostItem>>;
+using Strings = std::vector<std::string>;
+
+struct Rights : testing::Test {
+  LoadedPlugIn host;
+
+  static std::shared_ptr<KeyedItems> Collection(Items items) {
+    return std::make_shared<KeyedItems>(std::move(items));
+  }
+  void Set(std::shared_ptr<HostCollection> granted, bool super_administrator = false) {
+    host.plug_in.SetPrivis(std::move(granted), nullptr, super_administrator);
+  }
+  // The governed options that can be changed, in the order of the rights.
+  Strings Enabled() {
+    Strings enabled;
+    for (const OperatorRight& right : OperatorRights()) {
+      if (host.Option(right.option).enabled()) enabled.push_back(ToUtf8(right.option));
+    }
+    return enabled;
+  }
+};
+
+const Strings kAll = {"lstSession", "lstMax",   "cboMods", "chkWindow",
+                      "chkDedi",    "chkSkins", "chkNova", "txtPort"};
+
+TEST_F(Rights, NotNamedAreNotGranted) {
+  Set(Collection({{u"Change GS Max Players", TextItem(u"1")}}));
+  EXPECT_EQ(Enabled(), Strings{"lstMax"});
+  EXPECT_EQ(host.Boxes(), Strings());
+  // Options that no right governs stay as they are.
+  EXPECT_TRUE(host.Option(u"txtName").enabled());
+  EXPECT_TRUE(host.Option(u"lstDelay").enabled());
+}
+
+TEST_F(Rights, EachGovernsItsOption) {
+  const std::pair<const char16_t*, const char*> governed[] = {
+      {u"Change GS Session Type", "lstSession"},
+      {u"Change GS Max Players", "lstMax"},
+      {u"Change GS Game Mod", "cboMods"},
+      {u"Change GS Windowed Mode", "chkWindow"},
+      {u"Change GS Dedicated Mode", "chkDedi"},
+      {u"Change GS Custom Skins Option", "chkSkins"},
+      {u"change gs req nova login option", "chkNova"},
+      {u"CHANGE GS GAME PORT", "txtPort"}};
+  for (const auto& [right, option] : governed) {
+    Set(Collection({{right, TextItem(u"1")}}));
+    EXPECT_EQ(Enabled(), Strings{option});
+  }
+}
+
+TEST_F(Rights, AreGrantedByAnyValueButZero) {
+  HostItem neither;
+  const struct {
+    const char* what;
+    HostItem item;
+    bool granted;
+  } cases[] = {{"text 0", TextItem(u"0"), false},      {"number 0", NumberItem(0), false},
+               {"number -0", NumberItem(-0.0), false}, {"text 1", TextItem(u"1"), true},
+               {"empty text", TextItem(u""), true},    {"yes", TextItem(u"yes"), true},
+               {"text 00", TextItem(u"00"), true},     {"true", NumberItem(-1), true},
+               {"a half", NumberItem(0.5), true},      {"neither", neither, true}};
+  for (const auto& c : cases) {
+    Set(Collection({{u"Change GS Game Port", c.item}}));
+    EXPECT_EQ(host.Option(u"txtPort").enabled(), c.granted) << c.what;
+  }
+}
+
+TEST_F(Rights, OfNoItemsOrASuperAdministratorChangeNothing) {
+  Set(Collection({{u"Change GS Game Port", TextItem(u"1")}}));
+  Set(Collection({}));
+  Set(Collection({{u"Change GS Game Mod", TextItem(u"1")}}), true);
+  EXPECT_EQ(Enabled(), Strings{"txtPort"});
+  // A super-administrator's collection is not looked into.
+  auto broken = Collection({});
+  broken->fails_to_count = true;
+  Set(broken, true);
+  Set(nullptr, true);
+  EXPECT_EQ(host.Boxes(), Strings());
+  EXPECT_EQ(host.module.NameCol, nullptr);
+}
+
+TEST_F(Rights, EndAtTheOneThatFails) {
+  auto broken = Collection({{u"Change GS Session Type", TextItem(u"0")}});
+  broken->failing_key = u"Change GS Game Mod";
+  Set(broken);
+  EXPECT_EQ(Enabled(),
+            (Strings{"cboMods", "chkWindow", "chkDedi", "chkSkins", "chkNova", "txtPort"}));
+  ASSERT_EQ(host.Reports().size(), 1u);
+  EXPECT_TRUE(host.Reports()[0].starts_with("SetPrivis|438|")) << host.Reports()[0];
+}
+
+TEST_F(Rights, HandedOverAsNoCollectionAreReported) {
+  Set(nullptr);
+  auto broken = Collection({});
+  broken->fails_to_count = true;
+  Set(broken);
+  ASSERT_EQ(host.Reports().size(), 2u);
+  EXPECT_TRUE(host.Reports()[0].starts_with("SetPrivis|91|")) << host.Reports()[0];
+  EXPECT_TRUE(host.Reports()[1].starts_with("SetPrivis|438|")) << host.Reports()[1];
+  EXPECT_EQ(Enabled(), kAll);
+}
+
+TEST_F(Rights, LastAsLongAsTheDialog) {
+  Set(Collection({{u"Change GS Game Port", TextItem(u"1")}}));
+  EXPECT_FALSE(host.dialog().shown());
+  host.Open([&] {
+    EXPECT_EQ(Enabled(), Strings{"txtPort"});
+    Set(Collection({{u"Change GS Max Players", TextItem(u"1")}}));
+    EXPECT_EQ(Enabled(), Strings{"lstMax"});
+    host.Press(u"cmdCancel");
+  });
+  EXPECT_EQ(Enabled(), kAll);
+}
+
+TEST_F(Rights, DecideWhatAReplyFillsInAndLeaveThePortToIt) {
+  Set(Collection({{u"Change GS Max Players", TextItem(u"1")}}));
+  host.Open([&] { host.plug_in.RemoteData(SettingsReply().Frame()); });
+  EXPECT_EQ(host.Value(u"lstMax"), "23");
+  EXPECT_EQ(host.Value(u"lstSession"), "0");
+  EXPECT_EQ(host.Value(u"cboMods"), "Team Sabre");
+  EXPECT_EQ(host.Value(u"txtPort"), "17500");
+  EXPECT_EQ(host.Boxes(), Strings());
+}
+
+}  // namespace
+}  // namespace quill
