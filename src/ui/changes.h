@@ -19,12 +19,13 @@ class Changes {
     kSelection = 1u << 8,  // chosen row, selected rows, chosen tab
     kTopRow = 1u << 9,
     kPicture = 1u << 10,  // the picture, whether it is stretched
-    kOrder = 1u << 11,    // came to the front of its siblings; its container; its tab index
+    kOrder = 1u << 11,    // came to the front of its siblings, possibly in another container
     kPointer = 1u << 12,
     kFont = 1u << 13,
     kColour = 1u << 14,   // colour, transparency, how a picture box holds its drawing
     kLimit = 1u << 15,    // limit, lock
     kRowData = 1u << 16,  // numbers of rows that the peer knows already
+    kTabIndex = 1u << 17,
   };
 
   constexpr Changes() = default;

@@ -101,7 +101,7 @@ void Control::SetTooltip(TextView tooltip) {
 
 void Control::SetTabIndex(int index) {
   tab_index_ = std::max(index, -1);
-  Changed(Changes::kOrder);
+  Changed(Changes::kTabIndex);
 }
 
 bool Control::IsReachable() const noexcept {

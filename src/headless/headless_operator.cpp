@@ -1,0 +1,247 @@
+// Gestures, as changes of the native control and the facts that it would report.
+#include "headless/headless_operator.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "support/runtime_error.h"
+#include "ui/list_box.h"
+
+namespace quill::headless {
+namespace {
+
+using ui::ControlKind;
+
+[[noreturn]] void Refuse(std::initializer_list<TextView> reason) {
+  throw RuntimeError(ErrorNumber::kInvalidProcedureCall, Concat(reason));
+}
+
+TextView FirstLine(TextView text) {
+  return text.substr(0, text.find_first_of(TextView(u"\r\n\0", 3)));
+}
+
+}  // namespace
+
+// One gesture at one control: made sure that it is possible, and the form kept while it lasts.
+class HeadlessOperator::Gesture {
+ public:
+  Gesture(const HeadlessOperator& hand, ui::Control& control,
+          std::initializer_list<ControlKind> kinds)
+      : hand_(hand), control_(control), alive_(control.form().weak_from_this().lock()) {
+    if (std::find(kinds.begin(), kinds.end(), control.kind()) == kinds.end()) {
+      Refuse({u"'", control.name(), u"' is a ", ui::KindName(control.kind()),
+              u" and takes no such gesture"});
+    }
+    CheckPossible();
+  }
+
+  [[nodiscard]] ui::Control& control() const { return control_; }
+  [[nodiscard]] MirrorPeer& mirror() const { return MirrorOf(control_); }
+
+  // The operator goes on at the same control.
+  void CheckPossible() const {
+    if (hand_.toolkit_.IsBoxOpen()) Refuse({u"A box is open in front of '", control_.name(), u"'"});
+    if (hand_.toolkit_.ModalForm() != &control_.form()) Refuse({u"The dialog is not shown"});
+    const MirrorPeer* obstacle = mirror().Obstacle();
+    if (obstacle == nullptr) return;
+    Refuse({u"'", control_.name(), u"' cannot be reached: '", obstacle->control().name(),
+            obstacle->Property(u"visible") == u"true" ? u"' is disabled" : u"' is hidden"});
+  }
+
+  void CheckRow(int row) const {
+    if (row >= 0 && row < RowCount()) return;
+    Refuse({u"'", control_.name(), u"' has no row ", Decimal(row)});
+  }
+  [[nodiscard]] int RowCount() const { return static_cast<int>(mirror().rows().size()); }
+
+  void Report(const ui::Fact& fact) const { control_.Happened(fact); }
+
+ private:
+  const HeadlessOperator& hand_;
+  ui::Control& control_;
+  ui::KeepAlive alive_;
+};
+
+ui::Form& HeadlessOperator::Dialog() const {
+  ui::Form* form = dialog_ ? dialog_() : nullptr;
+  if (form == nullptr) Refuse({u"There is no dialog"});
+  return *form;
+}
+
+ui::Control& HeadlessOperator::Find(TextView name) const {
+  ui::Form& form = Dialog();
+  if (EqualIgnoringCase(form.name(), name)) return form;
+  return form.At(name);
+}
+
+void HeadlessOperator::Edit(const Gesture& gesture, Text text) {
+  gesture.mirror().ChangeText(text);
+  gesture.Report(ui::TextEdited{std::move(text)});
+}
+
+void HeadlessOperator::Type(TextView name, TextView text) {
+  const Gesture gesture(*this, Find(name), {ControlKind::kTextBox});
+  for (const char16_t character : text) {
+    gesture.CheckPossible();
+    if (gesture.mirror().locked()) return;
+    Edit(gesture, gesture.mirror().text() + character);
+  }
+}
+
+void HeadlessOperator::SelectAllAndType(TextView name, TextView text) {
+  const Gesture gesture(*this, Find(name), {ControlKind::kTextBox});
+  if (gesture.mirror().locked()) return;
+  Edit(gesture, Text(text.substr(0, 1)));
+  if (text.size() > 1) Type(name, text.substr(1));
+}
+
+void HeadlessOperator::Paste(TextView name, TextView text) {
+  Replace(name, text, false);
+}
+
+void HeadlessOperator::PasteAtEnd(TextView name, TextView text) {
+  Replace(name, text, true);
+}
+
+void HeadlessOperator::Replace(TextView name, TextView text, bool keep_old) {
+  const Gesture gesture(*this, Find(name), {ControlKind::kTextBox});
+  if (gesture.mirror().locked()) return;
+  Edit(gesture,
+       Concat({keep_old ? TextView(gesture.mirror().text()) : TextView(), FirstLine(text)}));
+}
+
+void HeadlessOperator::EraseLast(TextView name, int count) {
+  const Gesture gesture(*this, Find(name), {ControlKind::kTextBox});
+  for (; count > 0; --count) {
+    gesture.CheckPossible();
+    const Text& text = gesture.mirror().text();
+    if (text.empty() || gesture.mirror().locked()) return;
+    Edit(gesture, text.substr(0, text.size() - 1));
+  }
+}
+
+void HeadlessOperator::Choose(TextView name, TextView item) {
+  const Gesture gesture(*this, Find(name), {ControlKind::kComboBox});
+  const auto& rows = gesture.mirror().rows();
+  const auto found = std::find_if(rows.begin(), rows.end(),
+                                  [&](const MirroredRow& row) { return row.text == item; });
+  if (found == rows.end()) Refuse({u"'", name, u"' has no item '", item, u"'"});
+  const auto index = static_cast<int>(found - rows.begin());
+  gesture.mirror().ChangeCurrent(index);
+  gesture.Report(ui::ItemChosen{index});
+}
+
+void HeadlessOperator::Click(TextView name) {
+  const Gesture gesture(*this, Find(name), {ControlKind::kCheckBox, ControlKind::kCommandButton});
+  gesture.Report(ui::Clicked{});
+}
+
+void HeadlessOperator::ClickTab(TextView caption) {
+  for (const auto& control : Dialog().controls()) {
+    if (control->kind() != ControlKind::kTabStrip) continue;
+    const auto& tabs = MirrorOf(*control).rows();
+    const auto found = std::find_if(tabs.begin(), tabs.end(),
+                                    [&](const MirroredRow& tab) { return tab.text == caption; });
+    if (found == tabs.end()) continue;
+    const Gesture gesture(*this, *control, {ControlKind::kTabStrip});
+    const auto index = static_cast<int>(found - tabs.begin());
+    gesture.mirror().ChangeCurrent(index);
+    gesture.Report(ui::TabChosen{index});
+    return;
+  }
+  Refuse({u"There is no tab '", caption, u"'"});
+}
+
+void HeadlessOperator::ScrollTo(TextView name, int row) {
+  const Gesture gesture(*this, Find(name), {ControlKind::kListBox});
+  const auto& list = static_cast<const ui::ListBox&>(gesture.control());
+  const int last_top = std::max(gesture.RowCount() - list.VisibleRows(), 0);
+  const int top = std::clamp(row, 0, last_top);
+  if (top == gesture.mirror().top_row()) return;
+  gesture.mirror().ChangeTopRow(top);
+  gesture.Report(ui::ScrolledTo{top});
+}
+
+void HeadlessOperator::ScrollBy(TextView name, int rows) {
+  const int step = rows < 0 ? -1 : 1;
+  const Gesture gesture(*this, Find(name), {ControlKind::kListBox});
+  for (; rows != 0; rows -= step) {
+    const int before = gesture.mirror().top_row();
+    ScrollTo(name, before + step);
+    if (gesture.mirror().top_row() == before) return;
+  }
+}
+
+void HeadlessOperator::ClickRow(TextView name, int row) {
+  SelectRows(name, {row});
+}
+
+void HeadlessOperator::SelectRows(TextView name, const std::vector<int>& rows) {
+  const Gesture gesture(*this, Find(name), {ControlKind::kListBox});
+  for (const int row : rows) gesture.CheckRow(row);
+  const auto& list = static_cast<const ui::ListBox&>(gesture.control());
+  if (list.selection() == ui::Selection::kSingle && rows.size() != 1) {
+    Refuse({u"'", name, u"' takes one row at a time"});
+  }
+  ui::RowsSelected fact{rows, rows.empty() ? gesture.mirror().current() : rows.back()};
+  std::sort(fact.rows.begin(), fact.rows.end());
+  fact.rows.erase(std::unique(fact.rows.begin(), fact.rows.end()), fact.rows.end());
+  gesture.mirror().ChangeSelection(fact.rows, fact.current);
+  gesture.Report(fact);
+}
+
+void HeadlessOperator::DoubleClickRow(TextView name, int row) {
+  const Gesture gesture(*this, Find(name), {ControlKind::kListBox});
+  if (row != -1) {
+    ClickRow(name, row);
+    gesture.CheckPossible();
+  }
+  gesture.Report(ui::RowDoubleClicked{row});
+}
+
+void HeadlessOperator::Key(TextView name, char16_t character) {
+  ui::Control& control = Find(name);
+  switch (control.kind()) {
+    case ControlKind::kTextBox:
+      return Type(name, TextView(&character, 1));
+    case ControlKind::kCheckBox:
+    case ControlKind::kCommandButton:
+      if (character == u' ') return Click(name);
+      Gesture(*this, control, {control.kind()});
+      return;
+    default:
+      Gesture(*this, control, {ControlKind::kListBox}).Report(ui::KeyPressed{character});
+  }
+}
+
+void HeadlessOperator::Press(TextView name, std::int16_t button, std::int16_t shift) {
+  MouseAt(name, true, button, shift);
+}
+
+void HeadlessOperator::Release(TextView name, std::int16_t button, std::int16_t shift) {
+  MouseAt(name, false, button, shift);
+}
+
+void HeadlessOperator::MouseAt(TextView name, bool pressed, std::int16_t button,
+                               std::int16_t shift) {
+  const Gesture gesture(*this, Find(name), {ControlKind::kImage, ControlKind::kLabel});
+  const ui::Bounds& bounds = gesture.mirror().bounds();
+  const ui::MouseEvent event{button, shift, bounds.width / 2, bounds.height / 2};
+  if (pressed) {
+    gesture.Report(ui::MousePressed{event});
+  } else {
+    gesture.Report(ui::MouseReleased{event});
+  }
+}
+
+void HeadlessOperator::CloseForm() {
+  Gesture(*this, Dialog(), {ControlKind::kForm}).Report(ui::CloseAsked{});
+}
+
+Text HeadlessOperator::Read(TextView name, TextView property) const {
+  const std::optional<Text> shown = MirrorOf(Find(name)).Property(property);
+  if (!shown) Refuse({u"'", name, u"' has no property '", property, u"'"});
+  return *shown;
+}
+
+}  // namespace quill::headless

@@ -1,0 +1,184 @@
+// The scripted toolkit: modal displays, boxes, pictures and deferred tasks.
+#include "headless/headless_toolkit.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+#include "support/runtime_error.h"
+#include "ui/picture_box.h"
+#include "ui/tab_strip.h"
+
+namespace quill::headless {
+namespace {
+
+class HeadlessPicture final : public ui::Picture {
+ public:
+  explicit HeadlessPicture(Text path) : path_(std::move(path)) {}
+  [[nodiscard]] TextView path() const noexcept override { return path_; }
+
+ private:
+  Text path_;
+};
+
+// Counts up for as long as it lives.
+class Counted {
+ public:
+  explicit Counted(int& count) noexcept : count_(count) { ++count_; }
+  ~Counted() { --count_; }
+  Counted(const Counted&) = delete;
+  Counted& operator=(const Counted&) = delete;
+
+ private:
+  int& count_;
+};
+
+bool BeginsAsGif(ByteReader& reader) {
+  std::array<char, 6> bytes{};
+  std::size_t filled = 0;
+  while (filled < bytes.size()) {
+    const std::size_t read = reader.Read(std::span(bytes).subspan(filled));
+    if (read == 0) return false;
+    filled += read;
+  }
+  const std::string_view signature(bytes.data(), bytes.size());
+  return signature == "GIF87a" || signature == "GIF89a";
+}
+
+}  // namespace
+
+HeadlessToolkit::~HeadlessToolkit() {
+  RunDeferred();
+}
+
+void HeadlessToolkit::Called(std::initializer_list<TextView> call) {
+  if (before_call) before_call(Concat(call));
+}
+
+void HeadlessToolkit::RunDeferred() noexcept {
+  while (!deferred_.empty()) {
+    const std::function<void()> task = std::move(deferred_.front());
+    deferred_.pop_front();
+    try {
+      task();
+    } catch (...) {
+      // A task has nobody to tell.
+    }
+  }
+}
+
+ui::Form* HeadlessToolkit::ModalForm() const noexcept {
+  for (auto display = displays_.rbegin(); display != displays_.rend(); ++display) {
+    if (!(*display)->ended) return (*display)->form;
+  }
+  return nullptr;
+}
+
+const ui::PictureBox* HeadlessToolkit::TabBackgroundOf(const ui::TabStrip& strip) const {
+  const auto found = tab_backgrounds_.find(&strip);
+  return found != tab_backgrounds_.end() ? found->second : nullptr;
+}
+
+void HeadlessToolkit::ShowMessage(TextView caption, TextView text) {
+  Called({u"ShowMessage ", caption});
+  messages_.push_back({Text(caption), Text(text)});
+  const Counted open(open_boxes_);
+  if (while_message_open) while_message_open(ShownMessage{Text(caption), Text(text)});
+}
+
+std::unique_ptr<ui::Peer> HeadlessToolkit::MakePeer(ui::Control& control) {
+  Called({u"MakePeer ", control.name()});
+  return std::make_unique<MirrorPeer>(control, [this](const ui::Control& synced) {
+    Called({u"Sync ", synced.name()});
+  });
+}
+
+ui::PicturePtr HeadlessToolkit::ReadPicture(TextView path) {
+  Called({u"ReadPicture ", path});
+  if (!files_.FileExists(path)) throw RuntimeError(ErrorNumber::kFileNotFound);
+  const std::unique_ptr<ByteReader> reader = files_.OpenForReading(path);
+  if (!BeginsAsGif(*reader)) throw RuntimeError(ErrorNumber::kInvalidPicture);
+  return std::make_shared<HeadlessPicture>(Text(path));
+}
+
+ui::PicturePtr HeadlessToolkit::MakePicture(int width, int height,
+                                            std::span<const std::uint32_t> pixels) {
+  Called({u"MakePicture"});
+  const bool is_whole =
+      width > 0 && height > 0 &&
+      pixels.size() / static_cast<std::size_t>(width) == static_cast<std::size_t>(height) &&
+      pixels.size() % static_cast<std::size_t>(width) == 0;
+  if (!is_whole) throw RuntimeError(ErrorNumber::kInvalidPicture);
+  return std::make_shared<HeadlessPicture>(Text());
+}
+
+std::vector<Text> HeadlessToolkit::ShowFileDialog(ui::Form&, const ui::FileDialogRequest& request) {
+  Called({u"ShowFileDialog ", request.title});
+  file_dialogs_.push_back(request);
+  std::vector<Text> answer;
+  if (!answers_.empty()) {
+    answer = std::move(answers_.front());
+    answers_.pop_front();
+  }
+  const Counted open(open_boxes_);
+  if (while_file_dialog_open) while_file_dialog_open(request);
+  return answer;
+}
+
+void HeadlessToolkit::SetScreenPointer(ui::Pointer pointer) {
+  Called({u"SetScreenPointer ", pointer == ui::Pointer::kBusy ? u"busy" : u"default"});
+  screen_pointer_ = pointer;
+}
+
+void HeadlessToolkit::RunModal(ui::Form& form) {
+  Called({u"RunModal ", form.name()});
+  if (IsIdle()) RunDeferred();
+
+  class Entered {
+   public:
+    Entered(std::vector<Display*>& displays, Display& display) : displays_(displays) {
+      displays_.push_back(&display);
+    }
+    ~Entered() { displays_.pop_back(); }
+    Entered(const Entered&) = delete;
+    Entered& operator=(const Entered&) = delete;
+
+   private:
+    std::vector<Display*>& displays_;
+  };
+  Display display{&form};
+  const Entered entered(displays_, display);
+  const bool is_outermost = displays_.size() == 1 && open_boxes_ == 0;
+  while (!display.ended) {
+    const bool goes_on = pump && pump();
+    if (is_outermost) RunDeferred();
+    if (!goes_on && !display.ended) form.Hide();
+  }
+}
+
+void HeadlessToolkit::EndModal(ui::Form& form) {
+  Called({u"EndModal ", form.name()});
+  const auto shows = [&](const Display* display) {
+    return display->form == &form && !display->ended;
+  };
+  const auto innermost = std::find_if(displays_.rbegin(), displays_.rend(), shows);
+  if (innermost != displays_.rend()) (*innermost)->ended = true;
+}
+
+void HeadlessToolkit::Defer(std::function<void()> task) {
+  Called({u"Defer"});
+  deferred_.push_back(std::move(task));
+}
+
+void HeadlessToolkit::HookTabBackground(ui::TabStrip& strip, ui::PictureBox& colour_source) {
+  Called({u"HookTabBackground ", strip.name()});
+  tab_backgrounds_[&strip] = &colour_source;
+}
+
+void HeadlessToolkit::UnhookTabBackground(ui::TabStrip& strip) {
+  Called({u"UnhookTabBackground ", strip.name()});
+  tab_backgrounds_.erase(&strip);
+}
+
+}  // namespace quill::headless

@@ -1,0 +1,108 @@
+// The peer of a control without a screen: it keeps its own copy of what the control shows, taken
+// over only for the sides that a Sync names, as a native window would. A change that the model
+// forgot to tell is therefore missing here.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "ui/control.h"
+#include "ui/picture_box.h"
+#include "ui/text_box.h"
+
+namespace quill::headless {
+
+struct MirroredRow {
+  Text text;
+  std::int32_t data = 0;
+  bool selected = false;
+};
+
+class MirrorPeer final : public ui::Peer {
+ public:
+  // `before_sync` is told of each Sync; when it fails, nothing is taken over.
+  MirrorPeer(ui::Control& control, std::function<void(const ui::Control&)> before_sync);
+  ~MirrorPeer() override;
+
+  void Sync(ui::Changes changes) override;
+
+  // What is shown, as text; nothing for a property that this kind of control does not have.
+  //
+  // All: name, kind, enabled, visible, shown, tooltip, left, top, width, height, bounds
+  // ("left,top,width,height"), order (place among its siblings, 0 at the back), tab_index,
+  // container. By kind: text, caption, value, alignment, limit, locked, font, transparent, colour,
+  // picture (full path, empty for one that came with the design and for none), pointer, index
+  // (chosen or current row; alias current), count, rows (texts, a line each), selected (rows joined
+  // by blanks; alias selection), "item N", "data N". In a list box top is the first visible row.
+  [[nodiscard]] std::optional<Text> Property(TextView name) const;
+
+  [[nodiscard]] ui::Control& control() const noexcept { return control_; }
+  [[nodiscard]] const Text& text() const noexcept { return text_; }
+  [[nodiscard]] const std::vector<MirroredRow>& rows() const noexcept { return rows_; }
+  [[nodiscard]] int current() const noexcept { return current_; }
+  [[nodiscard]] int top_row() const noexcept { return top_row_; }
+  [[nodiscard]] bool locked() const noexcept { return locked_; }
+  [[nodiscard]] const ui::Bounds& bounds() const noexcept { return bounds_; }
+  // It and everything that it lies in, up to the form.
+  [[nodiscard]] bool IsShown() const noexcept;
+  [[nodiscard]] bool IsEnabled() const noexcept;
+  // The outermost one, up to the form, that is hidden or disabled; null when there is none.
+  [[nodiscard]] const MirrorPeer* Obstacle() const noexcept;
+
+  // What a native control changes by itself, just before it tells its model.
+  void ChangeText(Text text) { text_ = std::move(text); }
+  void ChangeCurrent(int row) { current_ = row; }
+  void ChangeSelection(const std::vector<int>& rows, int current);
+  void ChangeTopRow(int row) { top_row_ = row; }
+
+  // Work that the model has asked for, for tests of its economy.
+  [[nodiscard]] std::size_t syncs() const noexcept { return syncs_; }
+  [[nodiscard]] std::size_t rows_taken() const noexcept { return rows_taken_; }
+
+ private:
+  struct Reader;
+
+  void TakeText();
+  void TakeRows(bool from_the_start);
+  void TakeRowData();
+  void TakeSelection();
+  void TakePicture();
+  void TakeColour();
+  void TakeLimit();
+  void ComeToFront();
+  void LeaveContainer() noexcept;
+  [[nodiscard]] std::optional<Text> RowProperty(TextView name) const;
+
+  ui::Control& control_;
+  std::function<void(const ui::Control&)> before_sync_;
+  MirrorPeer* container_ = nullptr;
+  std::vector<MirrorPeer*> stacked_;  // those lying in this one, the front last
+
+  ui::Bounds bounds_;
+  bool enabled_ = false;
+  bool visible_ = false;
+  int tab_index_ = -1;
+  Text tooltip_;
+  Text text_;  // of a text box; else the caption
+  int value_ = 0;
+  ui::Alignment alignment_ = ui::Alignment::kLeft;
+  int limit_ = 0;
+  bool locked_ = false;
+  int font_size_ = 0;
+  bool transparent_ = false;
+  ui::Colour colour_ = 0;
+  Text picture_;
+  ui::Pointer pointer_ = ui::Pointer::kDefault;
+  std::vector<MirroredRow> rows_;
+  int current_ = -1;
+  int top_row_ = 0;
+
+  std::size_t syncs_ = 0;
+  std::size_t rows_taken_ = 0;
+};
+
+// The mirror of `control`; fails with kObjectNotSet when its form has none yet.
+[[nodiscard]] MirrorPeer& MirrorOf(const ui::Control& control);
+
+}  // namespace quill::headless
