@@ -1,0 +1,262 @@
+#include "host/win32/kit_object.h"
+
+#include <array>
+#include <atomic>
+#include <span>
+
+#include "plugin/host_services.h"
+#include "win32/com/bstr.h"
+#include "win32/com/com_error.h"
+#include "win32/com/dispatch_object.h"
+#include "win32/com/late_bound.h"
+#include "win32/com/variant.h"
+
+namespace quill::host {
+namespace {
+
+using com::Variant;
+
+std::atomic<long> living_objects = 0;
+
+// How an argument has to come.
+enum class Form : std::uint8_t {
+  kText,
+  kTextByReference,
+  kNumber,
+  kNumberByReference,
+  kTruth,
+  kObjectByReference,
+  kArrayByReference,
+  kAnyValue,
+};
+
+constexpr VARTYPE TypeOf(Form form) noexcept {
+  switch (form) {
+    case Form::kText:
+      return VT_BSTR;
+    case Form::kTextByReference:
+      return VT_BSTR | VT_BYREF;
+    case Form::kNumber:
+      return VT_I4;
+    case Form::kNumberByReference:
+      return VT_I4 | VT_BYREF;
+    case Form::kTruth:
+      return VT_BOOL;
+    case Form::kObjectByReference:
+      return VT_DISPATCH | VT_BYREF;
+    case Form::kArrayByReference:
+      return VT_ARRAY | VT_VARIANT | VT_BYREF;
+    case Form::kAnyValue:
+      break;
+  }
+  return VT_EMPTY;
+}
+
+// Arguments in calling order.
+using Given = std::span<const VARIANT* const>;
+
+Variant ArrayOfTexts(std::span<const Text> texts) {
+  SAFEARRAY* array = ::SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(texts.size()));
+  if (array == nullptr) throw RuntimeError(ErrorNumber::kOutOfMemory);
+  Variant variant;
+  variant.get()->vt = VT_ARRAY | VT_VARIANT;
+  variant.get()->parray = array;
+  LONG place = 0;
+  for (const Text& text : texts) {
+    Variant element = Variant::OfText(text);
+    if (FAILED(::SafeArrayPutElement(array, &place, element.get()))) {
+      throw RuntimeError(ErrorNumber::kOutOfMemory);
+    }
+    ++place;
+  }
+  return variant;
+}
+
+Variant CallWriteFile(FileKit& kit, Given given) {
+  kit.WriteFile(com::TextOf(*given[0]), com::TextOf(*given[1]));
+  return {};
+}
+
+Variant CallCompress(FileKit& kit, Given given) {
+  return Variant::OfText(kit.CompressString(com::TextOf(*given[0])));
+}
+
+Variant CallDecompress(FileKit& kit, Given given) {
+  return Variant::OfText(kit.DecompressString(com::TextOf(*given[0]), com::Int32Of(*given[1])));
+}
+
+Variant CallGetIniSection(FileKit& kit, Given given) {
+  const auto lines = kit.GetIniSection(com::TextOf(*given[0]), com::TextOf(*given[1]));
+  if (!lines) return {};
+  return ArrayOfTexts(*lines);
+}
+
+Variant CallParseIniKey(FileKit& kit, Given given) {
+  const Text line = com::TextOf(*given[0]);
+  if (!com::TruthOf(*given[1])) return Variant::OfText(kit.ParseIniValue(line));
+  const IniEntry entry = kit.ParseIniKey(line);
+  const std::array<Text, 2> both = {entry.key, entry.value};
+  return ArrayOfTexts(both);
+}
+
+Variant CallWriteIniKey(FileKit& kit, Given given) {
+  kit.WriteIniKey(com::TextOf(*given[0]), com::TextOf(*given[1]), com::TextOf(*given[2]),
+                  com::TextOf(*given[3]));
+  return {};
+}
+
+Variant CallLogError(FileKit& kit, Given given) {
+  IDispatch* object = nullptr;
+  if (!com::ReadObject(*given[2], object)) throw RuntimeError(ErrorNumber::kTypeMismatch);
+  const com::LateBound error(object);
+  const std::int32_t number = com::Int32Of(*error.Call(u"Number", {}).get());
+  const Text description = com::TextOf(*error.Call(u"Description", {}).get());
+  const VARIANT& line = *given[3];
+  kit.LogError(com::TextOf(*given[0]), com::TextOf(*given[1]), RuntimeError(number, description),
+               line.vt == (VT_I4 | VT_BYREF) ? *line.plVal : com::Int32Of(line));
+  return {};
+}
+
+Variant CallSendErrorReport(FileKit& kit, Given given) {
+  SAFEARRAY* array = com::ArrayOf(*given[0]);
+  ErrorReport report;
+  report.number = com::ElementText(array, 0);
+  report.description = com::ElementText(array, 1);
+  report.library = com::ElementText(array, 2);
+  report.label = com::ElementText(array, 3);
+  report.reserved = com::ElementText(array, 4);
+  const Variant line = Variant::OfText(com::ElementText(array, 5));
+  report.line = com::Int32Of(*line.get());
+  return Variant::OfBoolean(kit.SendErrorReport(report));
+}
+
+struct Operation {
+  TextView name;
+  std::span<const Form> arguments;
+  Variant (*call)(FileKit& kit, Given given);
+};
+
+constexpr Form kWriteFile[] = {Form::kTextByReference, Form::kText};
+constexpr Form kCompress[] = {Form::kTextByReference};
+constexpr Form kDecompress[] = {Form::kText, Form::kNumber};
+constexpr Form kGetIniSection[] = {Form::kText, Form::kTextByReference};
+constexpr Form kParseIniKey[] = {Form::kText, Form::kTruth};
+constexpr Form kWriteIniKey[] = {Form::kText, Form::kText, Form::kAnyValue, Form::kTextByReference};
+constexpr Form kLogError[] = {Form::kText, Form::kTextByReference, Form::kObjectByReference,
+                              Form::kNumberByReference};
+constexpr Form kSendErrorReport[] = {Form::kArrayByReference};
+
+// An operation's identifier is its position here, counted from 1.
+constexpr Operation kFileKitOperations[] = {
+    {u"WriteFile", kWriteFile, CallWriteFile},
+    {u"CompressString", kCompress, CallCompress},
+    {u"DecompressString", kDecompress, CallDecompress},
+    {u"GetIniSection", kGetIniSection, CallGetIniSection},
+    {u"ParseIniKey", kParseIniKey, CallParseIniKey},
+    {u"WriteIniKey", kWriteIniKey, CallWriteIniKey},
+    {u"LogError", kLogError, CallLogError},
+    {u"SendErrorReport", kSendErrorReport, CallSendErrorReport},
+};
+
+class KitObject final : public IDispatch {
+ public:
+  KitObject(const KitServices& services, TextView name, std::span<const Operation> operations)
+      : services_(services), name_(name), operations_(operations) {
+    ++living_objects;
+  }
+
+  STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
+    if (object == nullptr) return E_POINTER;
+    const bool known = IsEqualIID(wanted, IID_IUnknown) || IsEqualIID(wanted, IID_IDispatch);
+    *object = known ? static_cast<IDispatch*>(this) : nullptr;
+    if (!known) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
+  STDMETHODIMP_(ULONG) Release() override {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+  }
+  STDMETHODIMP GetTypeInfoCount(UINT* count) override {
+    if (count == nullptr) return E_POINTER;
+    *count = 0;
+    return S_OK;
+  }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** info) override {
+    if (info != nullptr) *info = nullptr;
+    return DISP_E_BADINDEX;
+  }
+  STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
+                             DISPID* ids) override {
+    return com::FindNames(reserved, names, count, ids, [&](const OLECHAR* name) {
+      const TextView wanted(reinterpret_cast<const char16_t*>(name));
+      for (std::size_t i = 0; i < operations_.size(); ++i) {
+        if (EqualIgnoringCase(operations_[i].name, wanted)) return static_cast<DISPID>(i) + 1;
+      }
+      return DISPID{DISPID_UNKNOWN};
+    });
+  }
+  STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT* result,
+                      EXCEPINFO* raised, UINT*) override {
+    if (id < 1 || static_cast<std::size_t>(id) > operations_.size()) return DISP_E_MEMBERNOTFOUND;
+    const Operation& operation = operations_[static_cast<std::size_t>(id) - 1];
+    const com::ComPtr<IDispatch> kept_alive(this);
+    try {
+      if (::GetCurrentThreadId() != services_.thread) {
+        Breach(operation, "called on another thread than the host's");
+      }
+      if (given == nullptr || given->cNamedArgs != 0 ||
+          given->cArgs != operation.arguments.size()) {
+        Breach(operation, "called with another number of arguments");
+        return DISP_E_BADPARAMCOUNT;
+      }
+      std::array<const VARIANT*, 4> arguments{};
+      for (UINT i = 0; i < given->cArgs; ++i) {
+        arguments[i] = &given->rgvarg[given->cArgs - 1 - i];
+        const VARTYPE wanted = TypeOf(operation.arguments[i]);
+        if (wanted != VT_EMPTY && arguments[i]->vt != wanted) {
+          Breach(operation, "argument " + std::to_string(i) + " came as variant type " +
+                                std::to_string(arguments[i]->vt) + ", not " +
+                                std::to_string(wanted));
+        }
+      }
+      Variant value =
+          operation.call(services_.file_kit, Given(arguments.data(), operation.arguments.size()));
+      if (result != nullptr) *result = value.Detach();
+      return S_OK;
+    } catch (...) {
+      return com::LeaveExcepInfo(CurrentRuntimeError(), raised);
+    }
+  }
+
+ private:
+  ~KitObject() { --living_objects; }
+
+  void Breach(const Operation& operation, std::string_view what) {
+    services_.contract.Note(
+        Side::kPlugin, ToUtf8(Concat({name_, u".", operation.name})) + ": " + std::string(what));
+  }
+
+  std::atomic<ULONG> references_ = 1;
+  const KitServices services_;
+  const TextView name_;
+  const std::span<const Operation> operations_;
+};
+
+}  // namespace
+
+long LivingKitObjects() noexcept {
+  return living_objects;
+}
+
+com::ComPtr<IDispatch> MakeFileKitObject(const KitServices& services) {
+  return com::ComPtr<IDispatch>::Adopt(new KitObject(services, kFileKitProgId, kFileKitOperations));
+}
+
+com::ComPtr<IDispatch> MakeMemoryKitObject(const KitServices& services) {
+  return com::ComPtr<IDispatch>::Adopt(new KitObject(services, kMemoryKitProgId, {}));
+}
+
+}  // namespace quill::host

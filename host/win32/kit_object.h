@@ -1,0 +1,25 @@
+// The reference host's service objects as the plug-in sees them: automation objects that are called
+// by name. They check how they are called and note every breach of the contract.
+#pragma once
+
+#include "host/win32/contract_log.h"
+#include "support/file_kit.h"
+#include "win32/com/automation.h"
+#include "win32/com/com_ptr.h"
+
+namespace quill::host {
+
+// What an object created by name is made of. Everything outlives every object.
+struct KitServices {
+  FileKit& file_kit;
+  ContractLog& contract;
+  DWORD thread;  // the only one from which calls may come
+};
+
+// How many of the host's objects the plug-in holds.
+[[nodiscard]] long LivingKitObjects() noexcept;
+
+[[nodiscard]] com::ComPtr<IDispatch> MakeFileKitObject(const KitServices& services);
+[[nodiscard]] com::ComPtr<IDispatch> MakeMemoryKitObject(const KitServices& services);
+
+}  // namespace quill::host
