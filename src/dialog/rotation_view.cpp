@@ -38,22 +38,25 @@ void frmrcBHDGS::SetMaps(std::int16_t Gametype) {
   });
 }
 
+void ShowRotation(frmrcBHDGS& dialog, Line& at) {
+  const MapLists& maps = dialog.context().maps;
+  ui::ListBox& list = dialog.lstSelMaps;
+  {
+    const ui::ListBox::Refill refill(list);
+    at(), list.Clear();
+    at(), list.SetVisible(false);
+    for (const SelectedMap& map : maps.selected.maps()) {
+      at(), AddMapRow(list, map.name, map.file, map.game_type);
+    }
+  }
+  at(), list.SetVisible(true);
+  at(), ShowCount(list, maps);
+  at(), dialog.lblMapCnt.SetCaption(Concat({u"Number of Maps: ", Decimal(list.Count())}));
+}
+
 void frmrcBHDGS::BuildMapList() {
   Trapped(
-      context_.reporter, u"BuildMapList",
-      [&](Line& at) {
-        {
-          const ui::ListBox::Refill refill(lstSelMaps);
-          at(), lstSelMaps.Clear();
-          at(), lstSelMaps.SetVisible(false);
-          for (const SelectedMap& map : context_.maps.selected.maps()) {
-            at(), AddMapRow(lstSelMaps, map.name, map.file, map.game_type);
-          }
-        }
-        at(), lstSelMaps.SetVisible(true);
-        at(), ShowCount(lstSelMaps, context_.maps);
-        at(), lblMapCnt.SetCaption(Concat({u"Number of Maps: ", Decimal(lstSelMaps.Count())}));
-      },
+      context_.reporter, u"BuildMapList", [&](Line& at) { ShowRotation(*this, at); },
       [&](RuntimeError&) { lstSelMaps.SetVisible(true); });
 }
 

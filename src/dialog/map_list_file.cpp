@@ -1,0 +1,72 @@
+// Reading a map list into the rotation.
+#include "dialog/map_list_file.h"
+
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "dialog/frmrcBHDGS.h"
+#include "dialog/profile_folders.h"
+#include "dialog/rotation_view.h"
+#include "dialog/stored_map.h"
+#include "dialog/text_lines.h"
+#include "support/trap.h"
+
+namespace quill {
+namespace {
+
+// Adds the map of one line; a line that is no reference or names no known map is passed over.
+void TakeLine(MapLists& maps, TextView line) {
+  if (line.find(u"[-]", 2) == TextView::npos) return;
+  const StoredMapFields fields = SplitStoredMap(line);
+  if (fields.count != 3) return;
+  const auto& [code, flag, file, unused] = fields.first;
+  std::optional<SelectedMap> map = FindStoredMap(maps, code, flag, file);
+  if (!map) return;
+  map->server_map = flag == u"1";
+  maps.selected.Append(std::move(*map));
+}
+
+}  // namespace
+
+void LoadMapList(frmrcBHDGS& dialog) {
+  DialogContext& context = dialog.context();
+  Text file;
+  Trapped(
+      context.reporter, u"cmdLoadMaps",
+      [&](Line& at) {
+        at(), MakeSettingsFolders(context);
+        at(),
+            file = AskForFileToOpen(dialog, u"Load saved map list", u"Maplist files (*.mpl)|*.mpl");
+        // A dialog that the host has closed meanwhile has no say in the rotation any more.
+        if (file.empty() || dialog.unloaded()) return;
+
+        at(), dialog.SetEnabled(false);
+        at(), dialog.SetPointer(ui::Pointer::kBusy);
+        at(), context.maps.selected.Clear();
+        std::optional<TextLines> lines;
+        at(), lines.emplace(context.files.OpenForReading(file), context.code_page);
+        Text line;
+        for (;;) {
+          bool more = false;
+          at(), more = lines->Next(line);
+          if (!more) break;
+          at(), TakeLine(context.maps, line);
+        }
+        at(), lines.reset();
+        Line step = at;
+        at(), ShowRotation(dialog, step);
+        at(), dialog.SetEnabled(true);
+        at(), dialog.SetPointer(ui::Pointer::kDefault);
+      },
+      [&](RuntimeError& error) {
+        dialog.SetEnabled(true);
+        dialog.SetPointer(ui::Pointer::kDefault);
+        dialog.lstSelMaps.SetVisible(true);
+        if (error.Is(ErrorNumber::kFileNotFound)) {
+          error.AppendToDescription(Concat({u" [", file, u"]"}));
+        }
+      });
+}
+
+}  // namespace quill

@@ -1,0 +1,24 @@
+// The host's folders of the profile that opened the plug-in, where the operator keeps settings
+// files and map-list files, and the question for a file in them.
+#pragma once
+
+#include "support/text.h"
+
+namespace quill {
+
+class frmrcBHDGS;
+struct DialogContext;
+
+// HostRoot, "\profiles\", Index, "\settings".
+[[nodiscard]] Text SettingsFolder(const DialogContext& context);
+
+// Makes sure that "profiles", the profile's folder in it and the settings folder exist, in that
+// order. Fails as FileSystem::MakeFolder does.
+void MakeSettingsFolders(DialogContext& context);
+
+// Asks the operator for a file, beginning in the settings folder. `filter` is description|pattern.
+// The full path, of the first should several be picked; empty on cancel.
+[[nodiscard]] Text AskForFileToOpen(frmrcBHDGS& dialog, TextView title, TextView filter);
+[[nodiscard]] Text AskForFileToSave(frmrcBHDGS& dialog, TextView title, TextView filter);
+
+}  // namespace quill

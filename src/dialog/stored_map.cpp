@@ -1,0 +1,39 @@
+// Taking references apart, and finding what they name.
+#include "dialog/stored_map.h"
+
+#include <utility>
+
+#include "support/number_text.h"
+#include "support/text_pieces.h"
+
+namespace quill {
+namespace {
+
+constexpr TextView kSeparator = u"[-]";
+
+}  // namespace
+
+StoredMapFields SplitStoredMap(TextView text) {
+  StoredMapFields fields;
+  PieceCursor cursor(text, kSeparator);
+  for (TextView field; cursor.Next(field); ++fields.count) {
+    if (fields.count < fields.first.size()) fields.first[fields.count] = field;
+  }
+  return fields;
+}
+
+Text StoredMapText(const SelectedMap& map) {
+  const TextView flag = map.server_map ? u"1" : u"0";
+  return Concat({Decimal(map.game_type), kSeparator, flag, kSeparator, map.file});
+}
+
+std::optional<SelectedMap> FindStoredMap(const MapLists& maps, TextView code, TextView flag,
+                                         TextView file) {
+  const bool server_map = ToTruth(flag);
+  const TextView trimmed = TrimBlanks(file);
+  Text name = maps.GetMapDisplayName(trimmed, code, server_map);
+  if (name.empty()) return std::nullopt;
+  return SelectedMap{std::move(name), Text(trimmed), ToInt32(code), server_map};
+}
+
+}  // namespace quill

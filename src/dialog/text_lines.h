@@ -1,0 +1,49 @@
+// A text file of bytes as a sequence of lines, read piece by piece.
+//
+// A carriage return ends a line, and a line feed right behind it belongs to it; a lone line feed is
+// part of its line. A last line needs no end. Bytes are characters of the code page; a byte-order
+// mark is no part of the text, and behind one for 16-bit characters the file is read as such.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "support/code_page.h"
+#include "support/file_system.h"
+#include "support/text.h"
+
+namespace quill {
+
+// Closes the file when it goes. `code_page` must outlive it.
+class TextLines {
+ public:
+  TextLines(std::unique_ptr<ByteReader> file, const CodePage& code_page);
+
+  // Gives the next line; false at the end of the file. Fails as ByteReader::Read does.
+  bool Next(Text& line);
+
+ private:
+  enum class Form : std::uint8_t { kBytes, kLowByteFirst, kHighByteFirst };
+
+  void ReadMark();
+  // Fills the buffer again; false at the end of the file.
+  bool Fill();
+  // Moves units from the buffer to the line, up to a carriage return; true when one was there.
+  bool TakeUntilReturn(Text& line);
+  [[nodiscard]] std::size_t UnitSize() const noexcept { return form_ == Form::kBytes ? 1 : 2; }
+  // At `at_`, where a whole unit is.
+  [[nodiscard]] char16_t Unit() const noexcept;
+  [[nodiscard]] bool HoldsUnit() const noexcept { return end_ - at_ >= UnitSize(); }
+
+  std::unique_ptr<ByteReader> file_;
+  const CodePage& code_page_;
+  std::vector<char> buffer_;
+  std::size_t at_ = 0;   // the next byte in the buffer
+  std::size_t end_ = 0;  // behind the last one
+  Form form_ = Form::kBytes;
+  bool feed_belongs_to_end_ = false;
+};
+
+}  // namespace quill
