@@ -1,0 +1,229 @@
+// The dialog as it is designed: its options, their initial state, and that everything has its
+// place.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "dialog/option_table.h"
+#include "tests/dialog/dialog_bench.h"
+
+namespace quill {
+namespace {
+
+using ui::Bounds;
+using ui::ControlKind;
+using ui::Twips;
+
+constexpr Twips kPixel = 15;
+
+Twips Right(const Bounds& bounds) {
+  return bounds.left + bounds.width;
+}
+Twips Bottom(const Bounds& bounds) {
+  return bounds.top + bounds.height;
+}
+Twips MiddleLine(const Bounds& bounds) {
+  return bounds.top + bounds.height / 2;
+}
+
+// By a pixel or more both ways.
+bool Overlap(const Bounds& a, const Bounds& b) {
+  return std::min(Right(a), Right(b)) - std::max(a.left, b.left) >= kPixel &&
+         std::min(Bottom(a), Bottom(b)) - std::max(a.top, b.top) >= kPixel;
+}
+
+bool IsFaceOf(const ui::Control& face, const ui::Control& caption) {
+  return face.name() == Concat({caption.name(), u"Img"});
+}
+
+std::string Named(const ui::Control& control) {
+  return ToUtf8(control.name());
+}
+
+class DialogDesign : public ::testing::Test {
+ protected:
+  DialogBench bench_;
+  std::shared_ptr<frmrcBHDGS> dialog_ = TakeDialog(bench_.context);
+
+  ui::ListBox& List(TextView key) { return dialog_->Get<ui::ListBox>(key); }
+};
+
+TEST_F(DialogDesign, NothingOverlapsOrSticksOut) {
+  for (const ui::Frame* frame :
+       {&dialog_->fmeServer, &dialog_->fmeMap, &dialog_->fmeMisc, &dialog_->Frame3}) {
+    const auto& children = frame->children();
+    for (std::size_t i = 0; i < children.size(); ++i) {
+      const Bounds& bounds = children[i]->bounds();
+      EXPECT_GT(bounds.width, 0) << Named(*children[i]);
+      EXPECT_GT(bounds.height, 0) << Named(*children[i]);
+      EXPECT_GE(bounds.left, 2 * kPixel) << Named(*children[i]);
+      EXPECT_LE(Right(bounds), frame->bounds().width - 2 * kPixel) << Named(*children[i]);
+      // A caption hangs below the top of its face and may reach beyond it.
+      const bool is_caption = dialog_->Find(Concat({children[i]->name(), u"Img"})) != nullptr;
+      EXPECT_GE(bounds.top, 13 * kPixel) << Named(*children[i]);
+      if (!is_caption) {
+        EXPECT_LE(Bottom(bounds), frame->bounds().height - 2 * kPixel) << Named(*children[i]);
+      }
+      for (std::size_t j = 0; j < i; ++j) {
+        if (IsFaceOf(*children[i], *children[j]) || IsFaceOf(*children[j], *children[i])) continue;
+        EXPECT_FALSE(Overlap(bounds, children[j]->bounds()))
+            << Named(*children[i]) << " and " << Named(*children[j]);
+      }
+    }
+  }
+  for (const ui::Frame* page : {&dialog_->fmeServer, &dialog_->fmeMap, &dialog_->fmeMisc}) {
+    EXPECT_EQ(page->bounds(), (Bounds{120, 480, 9375, 3255}));
+    // A frame's line lies below its top, so that a shared pixel does not show.
+    EXPECT_LE(Bottom(page->bounds()) - dialog_->Frame3.bounds().top, kPixel);
+  }
+  EXPECT_EQ(dialog_->Frame3.bounds(), (Bounds{120, 3720, 9375, 855}));
+  EXPECT_EQ(dialog_->tsMain.bounds(), (Bounds{0, 0, 9615, 4695}));
+  EXPECT_FALSE(dialog_->Picture1.visible());
+}
+
+TEST_F(DialogDesign, EachOptionStandsBesideItsLabelAndInItsColumn) {
+  for (const Option& option : Options()) {
+    const ui::Control& control = dialog_->At(option.key);
+    const auto& siblings = control.container()->children();
+    const auto place = std::find(siblings.begin(), siblings.end(), &control);
+    ASSERT_NE(place, siblings.begin()) << Named(control);
+    const ui::Control& label = **(place - 1);
+    ASSERT_EQ(label.kind(), ControlKind::kLabel) << Named(control);
+    EXPECT_EQ(static_cast<const ui::Label&>(label).caption(), option.label);
+    EXPECT_EQ(label.tab_index() + 1, control.tab_index());
+    EXPECT_LE(Right(label.bounds()), control.bounds().left) << Named(control);
+    EXPECT_NEAR(MiddleLine(label.bounds()), MiddleLine(control.bounds()), kPixel) << Named(control);
+    if (option.kind == ControlKind::kListBox) {
+      EXPECT_GE(control.bounds().height, bench_.toolkit.metrics.list_row_height + 4 * kPixel);
+    }
+  }
+  const auto left = [&](TextView key) { return dialog_->At(key).bounds().left; };
+  const auto row = [&](TextView key) { return MiddleLine(dialog_->At(key).bounds()); };
+  EXPECT_EQ(left(u"txtMessage"), left(u"chkLoop"));
+  EXPECT_EQ(left(u"lstKills"), left(u"cboMods"));
+  EXPECT_EQ(left(u"chkSkins"), left(u"chkDedi"));
+  EXPECT_NEAR(row(u"chkNova"), row(u"chkSkins"), 0);
+  EXPECT_NEAR(row(u"chkWindow"), row(u"chkDedi"), 0);
+  EXPECT_GT(left(u"chkSkins"), left(u"chkNova"));
+  EXPECT_GT(left(u"txtMinPing"), left(u"chkMinPing"));
+  EXPECT_EQ(left(u"txtMinPing"), left(u"txtMaxPing"));
+  EXPECT_GT(row(u"txtMinPing"), row(u"chkMinPing"));
+}
+
+TEST_F(DialogDesign, TabOrderNumbersEachControlOnce) {
+  std::set<int> seen;
+  for (const auto& control : dialog_->controls()) {
+    if (control->tab_index() < 0) continue;
+    EXPECT_TRUE(seen.insert(control->tab_index()).second) << Named(*control);
+  }
+  EXPECT_EQ(*seen.begin(), 0);
+  EXPECT_EQ(*seen.rbegin(), static_cast<int>(seen.size()) - 1);
+  EXPECT_EQ(dialog_->cmdRandomize.tab_index(), 78);
+  EXPECT_LT(dialog_->lstAvlMaps.tab_index(), dialog_->lstSelMaps.tab_index());
+}
+
+TEST_F(DialogDesign, OptionsComeInTheirWrittenOrderWithTheirPayloadFields) {
+  const std::vector<TextView> keys = {
+      u"txtMessage", u"txtName",  u"txtCountry",   u"txtPassword", u"lstSession", u"lstMax",
+      u"lstDelay",   u"chkLoop",  u"lstKills",     u"lstScore",    u"lstZone",    u"lstRespawn",
+      u"lstTime",    u"chkNova",  u"chkSkins",     u"chkWindow",   u"chkDedi",    u"cboMods",
+      u"txtBlue",    u"txtRed",   u"chkFFKills",   u"chkFFTags",   u"chkFFWarn",  u"chkTeam",
+      u"chkTracers", u"chkClays", u"chkAutoRange", u"chkMinPing",  u"txtMinPing", u"chkMaxPing",
+      u"txtMaxPing", u"txtPort"};
+  ASSERT_EQ(Options().size(), keys.size());
+  std::set<int> fields;
+  std::uint32_t flags = 0;
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    const Option& option = Options()[i];
+    EXPECT_EQ(option.key, keys[i]);
+    EXPECT_EQ(dialog_->At(option.key).kind(), option.kind);
+    if (option.payload.number >= 0) {
+      EXPECT_TRUE(fields.insert(option.payload.number).second);
+    }
+    EXPECT_EQ(option.payload.number >= 0, option.flag.bit == 0) << ToUtf8(option.key);
+    EXPECT_EQ(flags & option.flag.bit, 0u) << ToUtf8(option.key);
+    flags |= option.flag.bit;
+  }
+  // 0 to 25; the flags are field 23.
+  EXPECT_EQ(fields.size(), 25u);
+  EXPECT_FALSE(fields.contains(23));
+  EXPECT_EQ(*fields.rbegin(), 25);
+  EXPECT_EQ(flags, 0x1860Du);
+}
+
+TEST_F(DialogDesign, OpensWithItsInitialValues) {
+  for (const Option& option : Options()) {
+    const ui::Control& control = dialog_->At(option.key);
+    EXPECT_TRUE(control.enabled() && control.visible()) << Named(control);
+    if (const auto* text = dynamic_cast<const ui::TextBox*>(&control)) {
+      const TextView expected = option.key == u"txtPort"      ? u"17479"
+                                : option.key == u"txtMaxPing" ? u"1500"
+                                : option.key == u"txtMinPing" ? u"0"
+                                                              : u"";
+      EXPECT_EQ(text->text(), expected) << Named(control);
+    } else if (const auto* box = dynamic_cast<const ui::CheckBox*>(&control)) {
+      EXPECT_EQ(box->value(), option.key == u"chkWindow" || option.key == u"chkFFTags")
+          << Named(control);
+    } else if (const auto* list = dynamic_cast<const ui::ListBox*>(&control)) {
+      EXPECT_EQ(list->ListIndex(), -1) << Named(control);
+    } else {
+      EXPECT_EQ(dialog_->Get<ui::ComboBox>(option.key).Count(), 0);
+    }
+  }
+  EXPECT_EQ(dialog_->txtGametype.text(), u"Deathmatch");
+  EXPECT_TRUE(dialog_->txtGametype.locked());
+  EXPECT_EQ(dialog_->lblMapCnt.caption(), u"Number of Maps: 0");
+  EXPECT_TRUE(dialog_->fmeServer.visible());
+  EXPECT_FALSE(dialog_->fmeMap.visible());
+  EXPECT_FALSE(dialog_->fmeMisc.visible());
+}
+
+TEST_F(DialogDesign, ListsHoldTheirNumbers) {
+  const struct {
+    TextView key;
+    TextView first;
+    TextView last;
+    int count;
+  } kLists[] = {{u"lstSession", u"Tiodioksi", u"LAN IP", 2},
+                {u"lstDelay", u"No Delay", u"3 Minutes", 4},
+                {u"lstMax", u"1", u"50", 50},
+                {u"lstKills", u"1", u"500", 500},
+                {u"lstScore", u"1", u"500", 500},
+                {u"lstZone", u"1", u"60", 60},
+                {u"lstRespawn", u"0", u"120", 121},
+                {u"lstTime", u"0", u"100", 101}};
+  for (const auto& expected : kLists) {
+    const ui::ListBox& list = List(expected.key);
+    ASSERT_EQ(list.Count(), expected.count) << ToUtf8(expected.key);
+    EXPECT_EQ(list.Item(0), expected.first);
+    EXPECT_EQ(list.Item(expected.count - 1), expected.last);
+    if (expected.count > 4) {
+      EXPECT_EQ(list.Item(10), Decimal(10 + (expected.first == u"1")));
+    }
+  }
+}
+
+TEST_F(DialogDesign, TypingStopsAtTheLimitWhateverTheTooltipSays) {
+  bench_.Show([](frmrcBHDGS& dialog) {
+    const struct {
+      TextView key;
+      std::size_t limit;
+    } kLimits[] = {{u"txtName", 26}, {u"txtMessage", 85}};
+    for (const auto& [key, limit] : kLimits) {
+      auto& box = dialog.Get<ui::TextBox>(key);
+      box.SetText({});
+      box.Happened(ui::TextEdited{Text(limit, u'x')});
+      box.Happened(ui::TextEdited{Text(limit + 1, u'x')});
+      EXPECT_EQ(box.text(), Text(limit, u'x')) << ToUtf8(key);
+    }
+    dialog.tsMain.Happened(ui::TabChosen{2});
+    auto& port = dialog.Get<ui::TextBox>(u"txtPort");
+    port.Happened(ui::TextEdited{u"174791"});
+    EXPECT_EQ(port.text(), u"17479");
+    EXPECT_EQ(dialog.Get<ui::TextBox>(u"txtName").tooltip(), u"Limit: 31 Characters");
+  });
+}
+
+}  // namespace
+}  // namespace quill
