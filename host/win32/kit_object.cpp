@@ -158,36 +158,13 @@ constexpr Operation kFileKitOperations[] = {
     {u"SendErrorReport", kSendErrorReport, CallSendErrorReport},
 };
 
-class KitObject final : public IDispatch {
+class KitObject final : public com::DispatchObject {
  public:
   KitObject(const KitServices& services, TextView name, std::span<const Operation> operations)
       : services_(services), name_(name), operations_(operations) {
     ++living_objects;
   }
 
-  STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    const bool known = IsEqualIID(wanted, IID_IUnknown) || IsEqualIID(wanted, IID_IDispatch);
-    *object = known ? static_cast<IDispatch*>(this) : nullptr;
-    if (!known) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
-  STDMETHODIMP GetTypeInfoCount(UINT* count) override {
-    if (count == nullptr) return E_POINTER;
-    *count = 0;
-    return S_OK;
-  }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** info) override {
-    if (info != nullptr) *info = nullptr;
-    return DISP_E_BADINDEX;
-  }
   STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
                              DISPID* ids) override {
     return com::FindNames(reserved, names, count, ids, [&](const OLECHAR* name) {
@@ -232,14 +209,13 @@ class KitObject final : public IDispatch {
   }
 
  private:
-  ~KitObject() { --living_objects; }
+  ~KitObject() override { --living_objects; }
 
   void Breach(const Operation& operation, std::string_view what) {
     services_.contract.Note(
         Side::kPlugin, ToUtf8(Concat({name_, u".", operation.name})) + ": " + std::string(what));
   }
 
-  std::atomic<ULONG> references_ = 1;
   const KitServices services_;
   const TextView name_;
   const std::span<const Operation> operations_;

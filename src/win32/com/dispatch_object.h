@@ -1,5 +1,5 @@
-// The counting and IDispatch plumbing of the library's own small automation objects: a table of
-// members by name, no type information.
+// The plumbing of small automation objects that are called by name and have no type information:
+// counting, and the look-up of member names.
 #pragma once
 
 #include <atomic>
@@ -9,6 +9,45 @@
 #include "win32/com/automation.h"
 
 namespace quill::com {
+
+// An object with one reference, that of its maker; it deletes itself with the last one. What is
+// left to write are GetIDsOfNames and Invoke.
+class DispatchObject : public IDispatch {
+ public:
+  DispatchObject(const DispatchObject&) = delete;
+  DispatchObject& operator=(const DispatchObject&) = delete;
+
+  STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
+    if (object == nullptr) return E_POINTER;
+    const bool known = IsEqualIID(wanted, IID_IUnknown) || IsEqualIID(wanted, IID_IDispatch);
+    *object = known ? static_cast<IDispatch*>(this) : nullptr;
+    if (!known) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
+  STDMETHODIMP_(ULONG) Release() override {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+  }
+  STDMETHODIMP GetTypeInfoCount(UINT* count) override {
+    if (count == nullptr) return E_POINTER;
+    *count = 0;
+    return S_OK;
+  }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** info) override {
+    if (info != nullptr) *info = nullptr;
+    return DISP_E_BADINDEX;
+  }
+
+ protected:
+  DispatchObject() = default;
+  virtual ~DispatchObject() = default;
+
+ private:
+  std::atomic<ULONG> references_ = 1;
+};
 
 // The identifier of the first name in `names` that equals `name` without regard to letter case,
 // counted from `first`; DISPID_UNKNOWN when there is none.

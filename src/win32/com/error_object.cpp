@@ -1,7 +1,5 @@
 #include "win32/com/error_object.h"
 
-#include <atomic>
-
 #include "support/version.h"
 #include "win32/com/bstr.h"
 #include "win32/com/com_error.h"
@@ -14,34 +12,10 @@ namespace {
 
 constexpr TextView kMembers[] = {u"Number", u"Description", u"Source"};
 
-class ErrorObject final : public IDispatch {
+class ErrorObject final : public DispatchObject {
  public:
   explicit ErrorObject(const RuntimeError& error) : error_(error) {}
 
-  STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    const bool known = IsEqualIID(wanted, IID_IUnknown) || IsEqualIID(wanted, IID_IDispatch);
-    *object = known ? static_cast<IDispatch*>(this) : nullptr;
-    if (!known) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
-
-  STDMETHODIMP GetTypeInfoCount(UINT* count) override {
-    if (count == nullptr) return E_POINTER;
-    *count = 0;
-    return S_OK;
-  }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo** info) override {
-    if (info != nullptr) *info = nullptr;
-    return DISP_E_BADINDEX;
-  }
   STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
                              DISPID* ids) override {
     return FindNames(reserved, names, count, ids,
@@ -73,9 +47,6 @@ class ErrorObject final : public IDispatch {
   }
 
  private:
-  ~ErrorObject() = default;
-
-  std::atomic<ULONG> references_ = 1;
   const LibraryUse in_use_;
   const RuntimeError error_;
 };

@@ -1,0 +1,89 @@
+#include "host/win32/plugin_client.h"
+
+#include "support/runtime_error.h"
+#include "win32/com/bstr.h"
+#include "win32/com/com_error.h"
+#include "win32/com/identifiers.h"
+#include "win32/com/variant.h"
+
+namespace quill::host {
+
+using com::Variant;
+
+PluginClient::PluginClient() : plugin_(com::LateBound::Create(com::kProgId)) {}
+
+Text PluginClient::DllVersion() {
+  const Variant name = Variant::OfText(u"host");
+  return com::TextOf(*plugin_.Call(u"dllVersion", {&name}).get());
+}
+
+Text PluginClient::Field(const Text& name) {
+  const Variant data = plugin_.Call(u"GetData", {});
+  const VARIANT& record = *data.get();
+  if (record.vt != VT_RECORD) throw RuntimeError(ErrorNumber::kTypeMismatch);
+  Variant field;
+  void* array = nullptr;
+  const HRESULT result =
+      record.pRecInfo->GetFieldNoCopy(record.pvRecord, com::WideOf(name), field.get(), &array);
+  if (FAILED(result)) throw com::ErrorOf(result);
+  // What came refers into the record, which stays the owner.
+  const VARIANT inside = field.Detach();
+  const VARIANT& value = com::Referred(inside);
+  if ((value.vt & VT_TYPEMASK) == VT_EMPTY) return u"empty";
+  SAFEARRAY* elements = com::ArrayOf(value);
+  if (elements == nullptr) return com::TextOf(value);
+  Text joined;
+  LONG upper = -1;
+  (void)::SafeArrayGetUBound(elements, 1, &upper);
+  for (LONG i = 0; i <= upper; ++i) {
+    if (i > 0) joined += u'|';
+    joined += com::ElementText(elements, i);
+  }
+  return joined;
+}
+
+void PluginClient::SetPrivis(IDispatch* names, IDispatch* values, bool is_super_admin) {
+  const auto object = [](IDispatch* held) {
+    Variant variant;
+    variant.get()->vt = VT_DISPATCH;
+    variant.get()->pdispVal = held;
+    if (held != nullptr) held->AddRef();
+    return variant;
+  };
+  const Variant name_argument = object(names);
+  const Variant value_argument = object(values);
+  const Variant super = Variant::OfBoolean(is_super_admin);
+  plugin_.Call(u"SetPrivis", {&name_argument, &value_argument, &super});
+}
+
+void PluginClient::LoadInterface(std::int32_t index, const std::vector<Text>& target) {
+  Variant array;
+  array.get()->parray = ::SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(target.size()));
+  if (array.get()->parray == nullptr) throw RuntimeError(ErrorNumber::kOutOfMemory);
+  array.get()->vt = VT_ARRAY | VT_VARIANT;
+  LONG place = 0;
+  for (const Text& element : target) {
+    Variant text = Variant::OfText(element);
+    const HRESULT put = ::SafeArrayPutElement(array.get()->parray, &place, text.get());
+    if (FAILED(put)) throw com::ErrorOf(put);
+    ++place;
+  }
+  Variant by_reference;
+  by_reference.get()->vt = VT_VARIANT | VT_BYREF;
+  by_reference.get()->pvarVal = array.get();
+  const Variant index_argument = Variant::OfInt32(index);
+  const Variant window_argument = Variant::OfInt32(0);
+  plugin_.Call(u"LoadInterface", {&index_argument, &window_argument, &by_reference});
+}
+
+void PluginClient::RemoteData(const Text& data) {
+  com::Bstr text(data);
+  const Variant argument = Variant::ByReference(text.address());
+  plugin_.Call(u"RemoteData", {&argument});
+}
+
+void PluginClient::HideInterface() {
+  plugin_.Call(u"HideInterface", {});
+}
+
+}  // namespace quill::host

@@ -1,0 +1,33 @@
+// The plug-in object as the host holds it: created by name, called late-bound as a host in a script
+// language calls it.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "support/text.h"
+#include "win32/com/com_ptr.h"
+#include "win32/com/late_bound.h"
+
+namespace quill::host {
+
+class PluginClient {
+ public:
+  PluginClient();
+
+  [[nodiscard]] Text DllVersion();
+  // A field of the information record: text, "True" or "False", the elements of an array joined by
+  // "|", or "empty".
+  [[nodiscard]] Text Field(const Text& name);
+  // `names` and `values` are collections, or null.
+  void SetPrivis(IDispatch* names, IDispatch* values, bool is_super_admin);
+  // `target` becomes an array of variants; returns when the dialog has been hidden or closed.
+  void LoadInterface(std::int32_t index, const std::vector<Text>& target);
+  void RemoteData(const Text& data);
+  void HideInterface();
+
+ private:
+  com::LateBound plugin_;
+};
+
+}  // namespace quill::host
