@@ -1,0 +1,28 @@
+// Reading of files that arguments name.
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+#include "host/cli/commands.h"
+
+namespace quill::host {
+
+std::string ReadArgumentFile(const Text& name) {
+  const std::string bytes = ToUtf8(name);
+  const std::filesystem::path path(std::u8string(bytes.begin(), bytes.end()));
+  std::error_code error;
+  const auto status = std::filesystem::status(path, error);
+  if (!std::filesystem::exists(status)) {
+    throw UsageError(Concat({u"there is no file \"", name, u"\""}));
+  }
+  std::ifstream stream(path, std::ios::binary);
+  if (std::filesystem::is_directory(status) || !stream) {
+    throw UsageError(Concat({u"the file \"", name, u"\" cannot be read"}));
+  }
+  std::string content((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
+  if (stream.bad()) throw UsageError(Concat({u"the file \"", name, u"\" cannot be read"}));
+  return content;
+}
+
+}  // namespace quill::host

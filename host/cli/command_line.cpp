@@ -1,0 +1,141 @@
+// The table of commands, their help and the dispatch.
+#include "host/cli/command_line.h"
+
+#include <algorithm>
+#include <exception>
+#include <limits>
+
+#include "host/cli/arguments.h"
+#include "host/cli/commands.h"
+#include "support/runtime_error.h"
+
+namespace quill::host {
+namespace {
+
+struct Command {
+  TextView name;
+  TextView usage;    // what follows the name
+  TextView summary;  // one line
+  TextView details;  // further lines, each ended
+  std::span<const CommandOption> options;
+  std::size_t fewest = 0;  // positional arguments
+  std::size_t most = 0;
+  int (*run)(const Arguments& arguments, const CommandLineParts& parts, Console& console);
+};
+
+constexpr std::size_t kAnyNumber = std::numeric_limits<std::size_t>::max();
+
+constexpr CommandOption kRunOptions[] = {
+    {u"--folder", u"FOLDER", u"keeps the start record and the requests there (quillhost-run)"}};
+constexpr CommandOption kDecodeOptions[] = {
+    {u"--scenario", u"SCENARIO", u"also looks for the maps that this machine has of its own"}};
+constexpr CommandOption kCatalogueOptions[] = {
+    {u"--mod", u"MOD", u"none: the standard catalogue; \"Team Sabre\": the larger one"},
+    {u"--type", u"TYPE", u"maps of one game type only, by its name or its code (0 to 8)"}};
+
+constexpr Command kCommands[] = {
+    {u"run", u"SCENARIO", u"plays the whole job against a simulated remote machine",
+     u"The host opens the plug-in, the remote machine tells its settings, the operator composes a\n"
+     u"rotation and starts the game, the remote machine answers. Each step is printed; the last\n"
+     u"line says where the start record is. Exit code 1: the game was not started.\n",
+     kRunOptions, 1, 1, RunMainJobCommand},
+    {u"story",
+     u"FILE...",
+     u"plays operator stories and checks what they expect",
+     u"Exit code 1: an expectation failed.\n",
+     {},
+     1,
+     kAnyNumber,
+     RunStoryCommand},
+    {u"decode", u"FILE", u"explains a request file field by field",
+     u"Exit code 1: something is wrong with the request.\n", kDecodeOptions, 1, 1,
+     RunDecodeCommand},
+    {u"catalogue", u"", u"lists the maps of the game", u"", kCatalogueOptions, 0, 0,
+     RunCatalogueCommand},
+};
+
+bool IsHelp(const Text& word) {
+  return word == u"--help" || word == u"-h";
+}
+
+Text Padded(TextView text, std::size_t width) {
+  Text padded(text);
+  padded.resize(std::max(width, text.size()), u' ');
+  return padded;
+}
+
+void PrintHelp(Console& console) {
+  console.Print(
+      u"Usage: quillhost COMMAND [ARGUMENT...]\n\n"
+      u"The reference host of the Quillstart plug-in.\n\nCommands:\n");
+  for (const Command& command : kCommands) {
+    const Text call = Concat({command.name, command.usage.empty() ? u"" : u" ", command.usage});
+    console.Print(Concat({u"  ", Padded(call, 18), command.summary, u"\n"}));
+  }
+  console.Print(
+      u"\n\"quillhost COMMAND --help\" explains a command. Exit codes: 0 good, 1 bad outcome,\n"
+      u"2 wrong argument.\n");
+}
+
+void PrintHelp(const Command& command, Console& console) {
+  Text usage = Concat({u"Usage: quillhost ", command.name});
+  for (const CommandOption& option : command.options) {
+    usage += Concat({u" [", option.name, u" ", option.value, u"]"});
+  }
+  if (!command.usage.empty()) usage += Concat({u" ", command.usage});
+  console.Print(
+      Concat({usage, u"\n\n", command.name, u": ", command.summary, u"\n", command.details}));
+  if (!command.options.empty()) console.Print(u"\nOptions:\n");
+  for (const CommandOption& option : command.options) {
+    const Text call = Concat({option.name, u" ", option.value});
+    console.Print(Concat({u"  ", Padded(call, 20), option.help, u"\n"}));
+  }
+}
+
+int Run(const Command& command, std::span<const Text> words, const CommandLineParts& parts,
+        Console& console) {
+  const auto options_end = std::find(words.begin(), words.end(), u"--");
+  if (std::any_of(words.begin(), options_end, IsHelp)) {
+    PrintHelp(command, console);
+    return kExitGood;
+  }
+  const Arguments arguments = ParseArguments(words, command.options);
+  if (arguments.positional.size() < command.fewest) {
+    throw UsageError(Concat({command.name, u" lacks ", command.usage}));
+  }
+  if (arguments.positional.size() > command.most) {
+    throw UsageError(
+        Concat({command.name, u" cannot use \"", arguments.positional[command.most], u"\""}));
+  }
+  return command.run(arguments, parts, console);
+}
+
+int Dispatch(std::span<const Text> words, const CommandLineParts& parts, Console& console) {
+  if (words.empty()) throw UsageError(u"a command is missing; see quillhost --help");
+  if (IsHelp(words[0])) {
+    PrintHelp(console);
+    return kExitGood;
+  }
+  for (const Command& command : kCommands) {
+    if (command.name == words[0]) return Run(command, words.subspan(1), parts, console);
+  }
+  throw UsageError(Concat({u"there is no command \"", words[0], u"\"; see quillhost --help"}));
+}
+
+}  // namespace
+
+int RunCommandLine(std::span<const Text> words, const CommandLineParts& parts,
+                   Console& console) try {
+  return Dispatch(words, parts, console);
+} catch (const UsageError& error) {
+  console.PrintError(error.message());
+  return kExitUsage;
+} catch (const RuntimeError& error) {
+  console.PrintError(error.description());
+  return kExitBad;
+} catch (const std::exception& error) {
+  console.PrintError(FromUtf8(error.what()));
+  return kExitBad;
+}
+
+}  // namespace quill::host

@@ -1,0 +1,22 @@
+// The commands behind the command line. Each returns its exit code and throws UsageError for
+// arguments that it cannot use.
+#pragma once
+
+#include <string>
+
+#include "host/cli/arguments.h"
+#include "host/cli/command_line.h"
+#include "host/cli/console.h"
+
+namespace quill::host {
+
+int RunMainJobCommand(const Arguments& arguments, const CommandLineParts& parts, Console& console);
+int RunStoryCommand(const Arguments& arguments, const CommandLineParts& parts, Console& console);
+int RunDecodeCommand(const Arguments& arguments, const CommandLineParts& parts, Console& console);
+int RunCatalogueCommand(const Arguments& arguments, const CommandLineParts& parts,
+                        Console& console);
+
+// The bytes of a file that an argument names.
+[[nodiscard]] std::string ReadArgumentFile(const Text& name);
+
+}  // namespace quill::host

@@ -1,0 +1,182 @@
+// The operator's gestures and the host's calls of the main job.
+#include "host/cli/main_job.h"
+
+#include <chrono>
+#include <thread>
+
+#include "host/remote/wire.h"
+#include "support/number_text.h"
+
+namespace quill::host {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int kGameTypes = 9;
+
+}  // namespace
+
+std::optional<std::string> MainJob::StageFiles::ReadWhole(TextView path) {
+  return stage_.FileContent(Text(path));
+}
+
+void MainJob::StageFiles::Replace(TextView path, std::string_view bytes) {
+  results_.Replace(path, bytes);
+}
+
+void MainJob::StageFiles::Append(TextView path, std::string_view bytes) {
+  results_.Append(path, bytes);
+}
+
+void MainJob::StageFiles::Remove(TextView path) {
+  stage_.PutFile(Text(path), std::nullopt);
+}
+
+MainJob::MainJob(const Scenario& scenario, Stage& stage, FileStorage& results,
+                 CommandLauncher& launcher, std::string record_name, EventSink tell)
+    : scenario_(scenario),
+      stage_(stage),
+      results_(results),
+      tell_(std::move(tell)),
+      files_(stage, results),
+      machine_(scenario, RemoteMachineParts{results, launcher, Text(kStartRecordPath),
+                                            std::move(record_name), tell_}),
+      relay_(
+          kStageRoot, files_, machine_, [this](const Text& reply) { Receive(reply); }, tell_) {}
+
+bool MainJob::Run() {
+  results_.Remove(kStartRecordPath);
+  std::vector<Right> rights;
+  for (const OperatorRight& right : scenario_.rights) {
+    rights.push_back({right.name, Right::Form::kText, right.value});
+  }
+  Note(u"host", Concat({u"plug-in ", stage_.PluginField(u"Name"), u" ", stage_.DllVersion(),
+                        u", on the ", FromUtf8(stage_.Name()), u" layer"}));
+  Note(u"host",
+       Concat({u"hands over ", Decimal(static_cast<std::int64_t>(rights.size())), u" rights of ",
+               scenario_.super_administrator ? u"a super-administrator" : u"an operator"}));
+  stage_.SetPrivis(rights, scenario_.super_administrator);
+  Note(u"host", Concat({u"opens the plug-in for profile ", Decimal(scenario_.index), u", target \"",
+                        scenario_.target, u"\""}));
+  stage_.LoadInterface(scenario_.index, {u"", scenario_.target}, [this] { return GoOn(); });
+  TellBoxes();
+  Note(u"host", u"the dialog is closed");
+  for (const Text& entry : stage_.TakeLog()) Note(u"log", entry);
+  return is_started_;
+}
+
+bool MainJob::GoOn() {
+  if (is_busy_) return true;
+  is_busy_ = true;
+  bool goes_on = true;
+  try {
+    if (relay_.Pump()) {
+      TellBoxes();
+    } else if (phase_ == Phase::kFilled) {
+      phase_ = Phase::kStarted;
+      Operate();
+    } else if (machine_.HasOutstandingReplies()) {
+      std::this_thread::sleep_for(10ms);
+    } else if (phase_ == Phase::kGivenUp) {
+      goes_on = false;
+    } else {
+      phase_ = Phase::kGivenUp;
+      Note(u"operator", u"no answer will come, presses Cancel");
+      PressAndRelease(u"cmdCancel");
+    }
+  } catch (...) {
+    is_busy_ = false;
+    throw;
+  }
+  is_busy_ = false;
+  return goes_on;
+}
+
+void MainJob::Receive(const Text& reply) {
+  if (phase_ == Phase::kOpening) {
+    phase_ = Phase::kFilled;
+  } else {
+    is_started_ = IsNumber(reply) && reply != u"0";
+  }
+  stage_.RemoteData(reply);
+}
+
+void MainJob::Operate() {
+  Note(u"dialog",
+       Concat({u"filled: server \"", stage_.Read(u"txtName", u"text"), u"\", mod \"",
+               stage_.Read(u"cboMods", u"text"), u"\", ", stage_.Read(u"lstAvlMaps", u"tooltip")}));
+  if (stage_.Read(u"txtName", u"text").empty()) {
+    Note(u"operator", u"types a server name");
+    stage_.Type(u"txtName", u"Unnamed Server");
+  }
+  ChooseMod();
+  ComposeRotation();
+  const int count = Count(u"lstSelMaps");
+  for (int row = 0; row < count; ++row) {
+    const Text item = Concat({u"item ", Decimal(row)});
+    Note(u"dialog",
+         Concat({u"rotation ", Decimal(row + 1), u": ", stage_.Read(u"lstSelMaps", item)}));
+  }
+  Note(u"operator", u"presses Start Game");
+  PressAndRelease(u"cmdStart");
+  TellBoxes();
+}
+
+// Takes the last one of the list, which is another one than the reply selects.
+void MainJob::ChooseMod() {
+  const int count = Count(u"cboMods");
+  if (count == 0) return;
+  const Text mod = stage_.Read(u"cboMods", Concat({u"item ", Decimal(count - 1)}));
+  try {
+    stage_.Choose(u"cboMods", mod);
+    Note(u"operator", Concat({u"chooses the mod \"", mod, u"\""}));
+  } catch (const StageError& error) {
+    Note(u"operator", Concat({u"cannot choose a mod: ", FromUtf8(error.what())}));
+  }
+}
+
+// By turns one map by double click, and the first and the last one by "+", through all game types.
+void MainJob::ComposeRotation() {
+  Note(u"operator", u"turns to the tab \"Map Settings\"");
+  stage_.ClickTab(u"Map Settings");
+  for (int step = 0; step < kGameTypes; ++step) {
+    if (step != 0) PressAndRelease(u"cmdRight");
+    const Text type = stage_.Read(u"txtGametype", u"text");
+    const int count = Count(u"lstAvlMaps");
+    Text what;
+    if (count == 0) {
+      what = u"finds no maps";
+    } else if (step % 2 == 0) {
+      what = u"adds the first map by a double click";
+      stage_.DoubleClickRow(u"lstAvlMaps", 0);
+    } else {
+      what = u"adds the first and the last map by \"+\"";
+      stage_.SelectRows(u"lstAvlMaps", {0, count - 1});
+      stage_.Key(u"lstAvlMaps", u'+');
+    }
+    Note(u"operator", Concat({type, u": ", what}));
+    TellBoxes();
+  }
+  Note(u"dialog", stage_.Read(u"lblMapCnt", u"caption"));
+}
+
+void MainJob::PressAndRelease(const Text& control) {
+  stage_.Press(control, Button::kLeft);
+  stage_.Release(control, Button::kLeft);
+}
+
+void MainJob::TellBoxes() {
+  for (const SeenBox& box : stage_.TakeBoxes()) {
+    Note(u"box", Concat({u"[", box.caption, u"] ", ReplaceAll(box.text, kLineBreak, u" / ")}));
+  }
+}
+
+void MainJob::Note(TextView who, TextView what) {
+  tell_(Concat({who, u": ", what}));
+}
+
+int MainJob::Count(const Text& list) {
+  return ToInt32(stage_.Read(list, u"count"));
+}
+
+}  // namespace quill::host

@@ -1,0 +1,60 @@
+// "quillhost run": the whole job from opening the plug-in to the start record.
+#include <filesystem>
+#include <system_error>
+
+#include "headless/rooted_file_system.h"
+#include "host/cli/commands.h"
+#include "host/cli/main_job.h"
+#include "host/cli/scenario_argument.h"
+#include "host/kit/disk_storage.h"
+
+namespace quill::host {
+namespace {
+
+namespace fs = std::filesystem;
+
+Text PathText(const fs::path& path) {
+  const std::u8string bytes = path.u8string();
+  return FromUtf8(std::string(bytes.begin(), bytes.end()));
+}
+
+// The folder for what the job leaves, made where it is missing.
+fs::path ResultFolder(const Arguments& arguments) {
+  const std::string name = ToUtf8(arguments.Option(u"--folder").value_or(u"quillhost-run"));
+  const fs::path folder(std::u8string(name.begin(), name.end()));
+  std::error_code error;
+  fs::create_directories(folder, error);
+  const fs::path whole = fs::canonical(folder, error);
+  if (error || !fs::is_directory(whole, error)) {
+    throw UsageError(Concat({u"the folder \"", PathText(folder), u"\" cannot be used"}));
+  }
+  return whole;
+}
+
+}  // namespace
+
+int RunMainJobCommand(const Arguments& arguments, const CommandLineParts& parts, Console& console) {
+  const Scenario scenario = ReadScenario(arguments.positional[0]);
+  const fs::path folder = ResultFolder(arguments);
+  headless::RootedFileSystem files(kStageRoot, folder);
+  const Text requests = Concat({kStageRoot, u"\\RCData"});
+  if (!files.FolderExists(requests)) files.MakeFolder(requests);
+  DiskStorage results([&](TextView path) { return files.RealPath(path); });
+  const fs::path record = files.RealPath(kStartRecordPath);
+  const std::u8string record_name = record.u8string();
+
+  SystemCommandLauncher launcher;
+  const std::unique_ptr<Stage> stage = parts.make_stage();
+  MainJob job(scenario, *stage, results, launcher,
+              std::string(record_name.begin(), record_name.end()),
+              [&](const Text& line) { console.PrintLine(line); });
+  const bool is_started = job.Run();
+  if (job.has_record()) {
+    console.PrintLine(Concat({u"Start record: ", PathText(record)}));
+  } else {
+    console.PrintLine(u"Start record: none, no start request was accepted");
+  }
+  return is_started ? kExitGood : kExitBad;
+}
+
+}  // namespace quill::host
