@@ -1,0 +1,25 @@
+// The native check box.
+#pragma once
+
+#include "ui/check_box.h"
+#include "win32/window_peer.h"
+
+namespace quill::win32 {
+
+class CheckBoxPeer final : public WindowPeer {
+ public:
+  CheckBoxPeer(Win32Toolkit& toolkit, ui::CheckBox& box) noexcept
+      : WindowPeer(toolkit, box), box_(box) {}
+
+  [[nodiscard]] bool TakesFocus() const noexcept override { return true; }
+  void OnCommand(WORD notification) override;
+
+ protected:
+  [[nodiscard]] Style GetStyle() const override;
+  void Show(ui::Changes changes) override;
+
+ private:
+  ui::CheckBox& box_;
+};
+
+}  // namespace quill::win32

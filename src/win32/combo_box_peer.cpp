@@ -1,0 +1,67 @@
+#include "win32/combo_box_peer.h"
+
+#include "win32/native_text.h"
+#include "win32/win32_toolkit.h"
+
+namespace quill::win32 {
+namespace {
+
+constexpr ui::Twips kDroppedHeight = 2400;
+
+}  // namespace
+
+WindowPeer::Style ComboBoxPeer::GetStyle() const {
+  return {L"COMBOBOX", nullptr, CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL | WS_TABSTOP, 0};
+}
+
+RECT ComboBoxPeer::Place() const {
+  RECT place = WindowPeer::Place();
+  place.bottom += toolkit().scale().PixelsY(kDroppedHeight);
+  return place;
+}
+
+void ComboBoxPeer::Show(ui::Changes changes) {
+  if (changes.Has(ui::Changes::kFont)) SetFont(Win32Toolkit::kFontPoints);
+  if (changes.Has(ui::Changes::kBounds)) FitClosedHeight();
+  if (changes.Has(ui::Changes::kRows)) {
+    ShowItems(true);
+  } else if (changes.Has(ui::Changes::kRowsAdded)) {
+    ShowItems(false);
+  }
+  if (changes.Has(ui::Changes::kSelection) && Send(CB_GETCURSEL) != box_.ListIndex()) {
+    Send(CB_SETCURSEL, static_cast<WPARAM>(box_.ListIndex()));
+  }
+}
+
+// The class makes itself as high as its font wants; the item's height is what can be told to it.
+void ComboBoxPeer::FitClosedHeight() {
+  RECT closed = {};
+  GetWindowRect(window(), &closed);
+  const RECT wanted = WindowPeer::Place();
+  const auto item = Send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1));
+  const auto fitting = item + (wanted.bottom - wanted.top) - (closed.bottom - closed.top);
+  if (fitting > 0 && fitting != item) Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), fitting);
+}
+
+void ComboBoxPeer::ShowItems(bool all_new) {
+  const bool had_items = Send(CB_GETCOUNT) > 0;
+  if (all_new && had_items) Send(CB_RESETCONTENT);
+  Send(WM_SETREDRAW, FALSE);
+  Text item;
+  for (int index = static_cast<int>(Send(CB_GETCOUNT)); index < box_.Count(); ++index) {
+    item = box_.Item(index);
+    Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(item)));
+  }
+  Send(WM_SETREDRAW, TRUE);
+  InvalidateRect(window(), nullptr, TRUE);
+}
+
+void ComboBoxPeer::OnCommand(WORD notification) {
+  if (notification != CBN_SELCHANGE && notification != CBN_CLOSEUP) return;
+  // Escape takes back what was chosen with the arrow keys, and is only heard as the closing.
+  const int index = static_cast<int>(Send(CB_GETCURSEL));
+  if (notification == CBN_CLOSEUP && index == box_.ListIndex()) return;
+  Tell(ui::ItemChosen{index});
+}
+
+}  // namespace quill::win32

@@ -1,0 +1,30 @@
+// The native push button.
+#pragma once
+
+#include "ui/command_button.h"
+#include "win32/window_peer.h"
+
+namespace quill::win32 {
+
+class CommandButtonPeer final : public WindowPeer {
+ public:
+  CommandButtonPeer(Win32Toolkit& toolkit, ui::CommandButton& button) noexcept
+      : WindowPeer(toolkit, button), button_(button) {}
+  ~CommandButtonPeer() override;
+
+  [[nodiscard]] bool TakesFocus() const noexcept override { return true; }
+  void OnCommand(WORD notification) override;
+
+ protected:
+  [[nodiscard]] Style GetStyle() const override;
+  void Show(ui::Changes changes) override;
+  LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
+
+ private:
+  void ShowPicture();
+
+  ui::CommandButton& button_;
+  HICON icon_ = nullptr;  // the picture, as the class takes it
+};
+
+}  // namespace quill::win32

@@ -1,0 +1,40 @@
+// Tasks that wait until no native event of the plug-in is being handled any more. One thread.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <vector>
+
+namespace quill::win32 {
+
+class DeferredTasks {
+ public:
+  DeferredTasks() = default;
+  ~DeferredTasks();  // runs what is left
+  DeferredTasks(const DeferredTasks&) = delete;
+  DeferredTasks& operator=(const DeferredTasks&) = delete;
+
+  // `task` runs from the thread's message loop, whoever owns that. A failure in it is dropped.
+  void Add(std::function<void()> task);
+
+  // Runs everything now, also what the tasks add.
+  void RunAll() noexcept;
+
+  void EventBegan() noexcept { ++events_; }
+  void EventEnded() noexcept {
+    if (--events_ == 0 && !tasks_.empty()) Post();
+  }
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+  void Post() noexcept;
+  void Run() noexcept;
+
+  HWND window_ = nullptr;
+  std::vector<std::function<void()>> tasks_;
+  int events_ = 0;  // being handled, one inside the other
+  bool posted_ = false;
+};
+
+}  // namespace quill::win32

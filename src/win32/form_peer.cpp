@@ -1,0 +1,352 @@
+#include "win32/form_peer.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "ui/picture_box.h"
+#include "ui/tab_strip.h"
+#include "win32/native_colour.h"
+#include "win32/tab_background_hook.h"
+#include "win32/tab_strip_peer.h"
+#include "win32/this_module.h"
+#include "win32/win32_toolkit.h"
+
+namespace quill::win32 {
+namespace {
+
+constexpr DWORD kFormStyle = WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+constexpr DWORD kFormExtendedStyle = WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME | WS_EX_APPWINDOW;
+
+bool Overlap(const ui::Control& a, const ui::Control& b) {
+  const ui::Bounds& x = a.bounds();
+  const ui::Bounds& y = b.bounds();
+  return x.left < y.left + y.width && y.left < x.left + x.width && x.top < y.top + y.height &&
+         y.top < x.top + x.height;
+}
+
+// From front to back.
+std::vector<ui::Control*> NativeOrder(const std::vector<ui::Control*>& back_to_front) {
+  std::vector<ui::Control*> order;
+  order.reserve(back_to_front.size());
+  for (ui::Control* const control : back_to_front) {
+    order.insert(std::find_if(order.begin(), order.end(),
+                              [&](ui::Control* other) { return Overlap(*control, *other); }),
+                 control);
+  }
+  return order;
+}
+
+bool IsHighContrast() noexcept {
+  HIGHCONTRASTW contrast = {};
+  contrast.cbSize = sizeof contrast;
+  return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+         (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+BOOL CALLBACK PassOn(HWND window, LPARAM message) {
+  SendMessageW(window, static_cast<UINT>(message), 0, 0);
+  return TRUE;
+}
+
+}  // namespace
+
+FormPeer::FormPeer(Win32Toolkit& toolkit, ui::Form& form) noexcept
+    : WindowPeer(toolkit, form), form_(form) {}
+
+FormPeer::~FormPeer() {
+  DestroyWindowNow();
+  for (const auto& [points, font] : fonts_) DeleteObject(font);
+  if (own_face_ != nullptr) DeleteObject(own_face_);
+}
+
+void FormPeer::MakeWindows() {
+  if (window() != nullptr) return;
+  toolkit().RegisterClasses();
+  ReadColours();
+  MakeWindow(nullptr);
+  try {
+    MakeChildren(form_);
+  } catch (...) {
+    DestroyWindow(window());  // a form with half its controls would only mislead
+    tooltips_ = nullptr;
+    throw;
+  }
+  AttachHook();
+}
+
+void FormPeer::MakeChildren(ui::Control& container) {
+  const HWND parent = Of(container)->window();
+  for (ui::Control* const child : NativeOrder(container.children())) {
+    WindowPeer* const peer = Of(*child);
+    if (peer == nullptr) continue;
+    peer->MakeWindow(parent);
+    MakeChildren(*child);
+  }
+}
+
+void FormPeer::MakeWindowOf(WindowPeer& peer) {
+  if (window() == nullptr) return;
+  const WindowPeer* const outer = Of(*peer.control().container());
+  if (outer == nullptr || outer->window() == nullptr) return;
+  peer.MakeWindow(outer->window());
+  PutInOrder(peer);
+}
+
+void FormPeer::PutInOrder(WindowPeer& peer) {
+  const auto& siblings = peer.control().container()->children();
+  const auto own_place = std::find(siblings.begin(), siblings.end(), &peer.control());
+  const auto lies_behind = [&](HWND window) {
+    const WindowPeer* const other = Of(window);
+    return other != nullptr && Overlap(other->control(), peer.control()) &&
+           std::find(siblings.begin(), own_place, &other->control()) != own_place;
+  };
+  HWND in_front = HWND_TOP;
+  for (HWND other = GetWindow(peer.window(), GW_HWNDFIRST); other != nullptr;
+       other = GetWindow(other, GW_HWNDNEXT)) {
+    if (other == peer.window()) return;
+    if (lies_behind(other)) break;
+    in_front = other;
+  }
+  SetWindowPos(peer.window(), in_front, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+WindowPeer::Style FormPeer::GetStyle() const {
+  return {Win32Toolkit::kFormClass, &form_.caption(), kFormStyle, kFormExtendedStyle};
+}
+
+RECT FormPeer::Place() const {
+  RECT frame = toolkit().scale().Pixels(form_.bounds());
+  AdjustWindowRectEx(&frame, kFormStyle, FALSE, kFormExtendedStyle);
+  const int width = frame.right - frame.left;
+  const int height = frame.bottom - frame.top;
+  // In the middle of the screen that the operator is looking at.
+  MONITORINFO monitor = {};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(GetActiveWindow(), MONITOR_DEFAULTTOPRIMARY), &monitor);
+  const RECT& area = monitor.rcWork;
+  const int left = std::max<int>(area.left, (area.left + area.right - width) / 2);
+  const int top = std::max<int>(area.top, (area.top + area.bottom - height) / 2);
+  return {left, top, left + width, top + height};
+}
+
+void FormPeer::Show(ui::Changes changes) {
+  if (changes.Has(ui::Changes::kPointer)) toolkit().PointerChanged();
+}
+
+void FormPeer::ShowVisible() {
+  if (!form_.visible()) {
+    if (window() != nullptr) ShowWindow(window(), SW_HIDE);
+    return;
+  }
+  MakeWindows();
+  active_before_ = GetActiveWindow();
+  ShowWindow(window(), SW_SHOW);
+  SetForegroundWindow(window());
+  UpdateWindow(window());
+}
+
+HFONT FormPeer::Font(int points) {
+  HFONT& font = fonts_[points];
+  if (font == nullptr) {
+    font = CreateFontW(toolkit().scale().FontHeight(points), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
+                       DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                       DEFAULT_PITCH | FF_DONTCARE, Win32Toolkit::kFontFace);
+  }
+  return font;
+}
+
+HBRUSH FormPeer::FaceBrush() const noexcept {
+  return own_face_ != nullptr ? own_face_ : GetSysColorBrush(COLOR_BTNFACE);
+}
+
+COLORREF FormPeer::FaceColour() const noexcept {
+  return own_face_ != nullptr ? ToColorRef(hook_->colour_source->back_colour())
+                              : GetSysColor(COLOR_BTNFACE);
+}
+
+void FormPeer::ReadColours() noexcept {
+  if (own_face_ != nullptr) DeleteObject(own_face_);
+  own_face_ = hook_.has_value() && !IsHighContrast()
+                  ? CreateSolidBrush(ToColorRef(hook_->colour_source->back_colour()))
+                  : nullptr;
+}
+
+void FormPeer::Repaint() const noexcept {
+  RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+HWND FormPeer::Tooltips() {
+  if (tooltips_ == nullptr) {
+    tooltips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
+                                WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
+                                CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window(), nullptr,
+                                ThisModule(), nullptr);
+  }
+  return tooltips_;
+}
+
+void FormPeer::HookTabBackground(ui::TabStrip& strip, ui::PictureBox& colour_source) {
+  if (hook_.has_value()) UnhookTabBackground(*hook_->strip);
+  hook_ = Hook{&strip, &colour_source};
+  if (window() == nullptr) return;
+  ReadColours();
+  AttachHook();
+  Repaint();
+}
+
+void FormPeer::AttachHook() {
+  if (!hook_.has_value()) return;
+  const WindowPeer* const strip = Of(*hook_->strip);
+  if (strip == nullptr || strip->window() == nullptr) return;
+  AttachTabBackground(strip->window(), *hook_->strip, *hook_->colour_source);
+}
+
+void FormPeer::UnhookTabBackground(ui::TabStrip& strip) noexcept {
+  if (!hook_.has_value() || hook_->strip != &strip) return;
+  const WindowPeer* const peer = Of(strip);
+  if (peer != nullptr && peer->window() != nullptr) DetachTabBackground(peer->window());
+  hook_.reset();
+  ReadColours();
+  if (window() != nullptr) Repaint();
+}
+
+LRESULT FormPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
+  switch (message) {
+    case WM_CLOSE:
+      Tell(ui::CloseAsked{});
+      return 0;
+    case WM_ERASEBKGND: {
+      RECT area;
+      GetClientRect(window(), &area);
+      FillRect(reinterpret_cast<HDC>(wparam), &area, FaceBrush());
+      return 1;
+    }
+    case WM_ACTIVATE:
+      if (LOWORD(wparam) == WA_INACTIVE) {
+        const HWND focus = GetFocus();
+        if (focus != nullptr && IsChild(window(), focus)) last_focus_ = focus;
+      }
+      break;
+    case WM_SETFOCUS:
+      if (hidden_focus_ == nullptr) RestoreFocus();
+      return 0;
+    case WM_SYSCOLORCHANGE:
+    case WM_SETTINGCHANGE:
+    case WM_THEMECHANGED:
+      ReadColours();
+      if (message == WM_SYSCOLORCHANGE) EnumChildWindows(window(), &PassOn, message);
+      Repaint();
+      break;
+    default:
+      break;
+  }
+  return WindowPeer::Handle(message, wparam, lparam);
+}
+
+void FormPeer::RestoreFocus() {
+  if (last_focus_ != nullptr && IsChild(window(), last_focus_) && IsWindowVisible(last_focus_) &&
+      IsWindowEnabled(last_focus_)) {
+    SetFocus(last_focus_);
+  } else {
+    MoveFocus(nullptr, nullptr, true);
+  }
+}
+
+void FormPeer::FocusArrived(const WindowPeer& peer) noexcept {
+  if (&peer != this) hidden_focus_ = nullptr;
+}
+
+void FormPeer::LosesFocus(const WindowPeer& peer) {
+  if (&peer == this) return;
+  const bool stays_away = peer.control().visible() || !peer.TakesFocus();
+  if (stays_away) {
+    MoveFocus(peer.TakesFocus() ? &peer.control() : nullptr, nullptr, true);
+  } else {
+    // A list is hidden while it is refilled; the operator goes on in it afterwards.
+    hidden_focus_ = peer.window();
+    SetFocus(window());
+  }
+}
+
+void FormPeer::ComesBack(const WindowPeer& peer) {
+  if (hidden_focus_ == nullptr || hidden_focus_ != peer.window()) return;
+  hidden_focus_ = nullptr;
+  const HWND focus = GetFocus();
+  if (focus == window() || focus == nullptr) SetFocus(peer.window());
+}
+
+bool FormPeer::Navigate(WindowPeer& from, WPARAM key) {
+  const bool shift = GetKeyState(VK_SHIFT) < 0;
+  const bool control = GetKeyState(VK_CONTROL) < 0;
+  const auto wants = SendMessageW(from.window(), WM_GETDLGCODE, 0, 0);
+  const ui::Control* const start = &from == this ? nullptr : &from.control();
+  switch (key) {
+    case VK_TAB:
+      if (control) {
+        TurnTab(!shift);
+      } else {
+        MoveFocus(start, nullptr, !shift);
+      }
+      return true;
+    case VK_PRIOR:
+    case VK_NEXT:
+      if (!control) return false;
+      TurnTab(key == VK_NEXT);
+      return true;
+    case VK_LEFT:
+    case VK_UP:
+    case VK_RIGHT:
+    case VK_DOWN:
+      if (start == nullptr || (wants & (DLGC_WANTARROWS | DLGC_WANTALLKEYS)) != 0) return false;
+      MoveFocus(start, start->container(), key == VK_RIGHT || key == VK_DOWN);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void FormPeer::MoveFocus(const ui::Control* from, const ui::Control* within, bool forward) {
+  std::vector<const ui::Control*> stops;
+  for (const auto& control : form_.controls()) {
+    const WindowPeer* const peer = Of(*control);
+    if (control->tab_index() >= 0 && control->IsReachable() && peer != nullptr &&
+        peer->window() != nullptr && peer->TakesFocus() &&
+        (within == nullptr || control->container() == within)) {
+      stops.push_back(control.get());
+    }
+  }
+  if (stops.empty()) return;
+  std::stable_sort(stops.begin(), stops.end(), [](const auto* a, const auto* b) {
+    return a->tab_index() < b->tab_index();
+  });
+  if (!forward) std::reverse(stops.begin(), stops.end());
+
+  auto next = stops.begin();
+  if (from != nullptr) {
+    next = std::find_if(stops.begin(), stops.end(), [&](const ui::Control* stop) {
+      return forward ? stop->tab_index() > from->tab_index()
+                     : stop->tab_index() < from->tab_index();
+    });
+    if (next == stops.end()) next = stops.begin();
+  }
+  const HWND target = Of(**next)->window();
+  // Once the keyboard is used the operator wants to see where the focus is.
+  SendMessageW(window(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+  SetFocus(target);
+  if ((SendMessageW(target, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) {
+    SendMessageW(target, EM_SETSEL, 0, -1);
+  }
+}
+
+void FormPeer::TurnTab(bool forward) {
+  for (const auto& control : form_.controls()) {
+    if (control->kind() != ui::ControlKind::kTabStrip || !control->IsReachable()) continue;
+    if (auto* const strip = static_cast<TabStripPeer*>(Of(*control))) strip->Turn(forward);
+    return;
+  }
+}
+
+}  // namespace quill::win32

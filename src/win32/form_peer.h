@@ -1,0 +1,81 @@
+// The native window of a form, and what its controls' windows share: fonts, colours, tooltips, the
+// movement of the keyboard focus.
+#pragma once
+
+#include <map>
+#include <optional>
+
+#include "ui/form.h"
+#include "ui/tab_background.h"
+#include "win32/window_peer.h"
+
+namespace quill::win32 {
+
+class FormPeer final : public WindowPeer {
+ public:
+  FormPeer(Win32Toolkit& toolkit, ui::Form& form) noexcept;
+  ~FormPeer() override;
+
+  [[nodiscard]] ui::Form& form() const noexcept { return form_; }
+  // The thread's active window until the form was shown last.
+  [[nodiscard]] HWND active_before() const noexcept { return active_before_; }
+  // Makes the windows of the form and of all its controls, unless they exist.
+  void MakeWindows();
+  // Makes the window of a control that was added after those.
+  void MakeWindowOf(WindowPeer& peer);
+  // Puts a window in front of the siblings that it covers in part or whole. Elsewhere the order in
+  // which the controls were added stays, from the front: a label comes right before the control
+  // that it names, as assistive tools expect it.
+  void PutInOrder(WindowPeer& peer);
+
+  // Of a font of that size; lives as long as the peer.
+  [[nodiscard]] HFONT Font(int points);
+  // Behind everything on the form.
+  [[nodiscard]] HBRUSH FaceBrush() const noexcept;
+  [[nodiscard]] COLORREF FaceColour() const noexcept;
+  [[nodiscard]] HWND Tooltips();
+  [[nodiscard]] bool has_tooltips() const noexcept { return tooltips_ != nullptr; }
+
+  // The strip's body is drawn in the box's colour, and the form's faces with it. Before the windows
+  // exist it is kept for their making.
+  void HookTabBackground(ui::TabStrip& strip, ui::PictureBox& colour_source);
+  void UnhookTabBackground(ui::TabStrip& strip) noexcept;
+
+  // A key that moves the focus or chooses a tab; false when the control should have it.
+  bool Navigate(WindowPeer& from, WPARAM key);
+  // `peer` was hidden or disabled while it held the focus, or is shown again.
+  void LosesFocus(const WindowPeer& peer);
+  void ComesBack(const WindowPeer& peer);
+  void FocusArrived(const WindowPeer& peer) noexcept;
+
+ protected:
+  [[nodiscard]] Style GetStyle() const override;
+  void Show(ui::Changes changes) override;
+  void ShowVisible() override;
+  [[nodiscard]] RECT Place() const override;
+  LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
+
+ private:
+  struct Hook {
+    ui::TabStrip* strip;
+    ui::PictureBox* colour_source;
+  };
+  void MakeChildren(ui::Control& container);
+  void AttachHook();
+  void ReadColours() noexcept;
+  void Repaint() const noexcept;
+  void MoveFocus(const ui::Control* from, const ui::Control* within, bool forward);
+  void TurnTab(bool forward);
+  void RestoreFocus();
+
+  ui::Form& form_;
+  std::map<int, HFONT> fonts_;
+  HWND tooltips_ = nullptr;
+  HBRUSH own_face_ = nullptr;  // while the tab strip is hooked
+  std::optional<Hook> hook_;
+  HWND active_before_ = nullptr;
+  HWND last_focus_ = nullptr;    // while another window is active
+  HWND hidden_focus_ = nullptr;  // the control that had the focus when it was hidden
+};
+
+}  // namespace quill::win32

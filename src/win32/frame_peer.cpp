@@ -1,0 +1,32 @@
+#include "win32/frame_peer.h"
+
+#include "win32/form_peer.h"
+#include "win32/win32_toolkit.h"
+
+namespace quill::win32 {
+
+WindowPeer::Style FramePeer::GetStyle() const {
+  return {L"BUTTON", &frame_.caption(), BS_GROUPBOX | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT};
+}
+
+void FramePeer::Show(ui::Changes changes) {
+  if (changes.Has(ui::Changes::kFont)) SetFont(Win32Toolkit::kFontPoints);
+}
+
+LRESULT FramePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
+  switch (message) {
+    case WM_ERASEBKGND: {
+      // A group box leaves its inside to the window behind, which here is the tab strip.
+      RECT area;
+      GetClientRect(window(), &area);
+      FillRect(reinterpret_cast<HDC>(wparam), &area, form_peer().FaceBrush());
+      return 1;
+    }
+    case WM_NCHITTEST:
+      return HTCLIENT;  // and likewise clicks on it, which would choose tabs
+    default:
+      return WindowPeer::Handle(message, wparam, lparam);
+  }
+}
+
+}  // namespace quill::win32

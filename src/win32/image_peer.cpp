@@ -1,0 +1,65 @@
+#include "win32/image_peer.h"
+
+#include "win32/drawing_surface.h"
+#include "win32/form_peer.h"
+#include "win32/native_picture.h"
+#include "win32/win32_toolkit.h"
+
+namespace quill::win32 {
+
+WindowPeer::Style ImagePeer::GetStyle() const { return {L"STATIC", nullptr, SS_NOTIFY, 0}; }
+
+void ImagePeer::Show(ui::Changes changes) {
+  if (!changes.Has(ui::Changes::kPicture)) return;
+  InvalidateRect(window(), nullptr, FALSE);
+  RepaintInFront();
+}
+
+void ImagePeer::DrawBehind(HDC context, POINT origin) const {
+  RECT area = Place();
+  OffsetRect(&area, -origin.x, -origin.y);
+  Draw(context, area);
+}
+
+void ImagePeer::Draw(HDC context, const RECT& area) const {
+  const auto* const picture = static_cast<const NativePicture*>(image_.picture().get());
+  if (picture == nullptr) return;
+  RECT target = area;
+  if (!image_.stretch()) {
+    const SIZE size = toolkit().scale().Scaled(picture->Size());
+    target.right = target.left + size.cx;
+    target.bottom = target.top + size.cy;
+  }
+  picture->Draw(context, target);
+}
+
+LRESULT ImagePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
+  if (const auto fact =
+          buttons_.FactOf(window(), message, wparam, lparam, toolkit().scale())) {
+    const LRESULT result = WindowPeer::Handle(message, wparam, lparam);
+    Tell(*fact);
+    return result;
+  }
+  switch (message) {
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_PAINT: {
+      PAINTSTRUCT paint;
+      const HDC context = BeginPaint(window(), &paint);
+      RECT area;
+      GetClientRect(window(), &area);
+      {
+        const DrawingSurface surface(context, {area.right, area.bottom});
+        FillRect(surface.context(), &area, form_peer().FaceBrush());
+        Draw(surface.context(), area);
+        BitBlt(context, 0, 0, area.right, area.bottom, surface.context(), 0, 0, SRCCOPY);
+      }
+      EndPaint(window(), &paint);
+      return 0;
+    }
+    default:
+      return WindowPeer::Handle(message, wparam, lparam);
+  }
+}
+
+}  // namespace quill::win32

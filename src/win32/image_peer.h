@@ -1,0 +1,30 @@
+// The native window of an image.
+#pragma once
+
+#include "ui/image.h"
+#include "win32/mouse_buttons.h"
+#include "win32/window_peer.h"
+
+namespace quill::win32 {
+
+class ImagePeer final : public WindowPeer {
+ public:
+  ImagePeer(Win32Toolkit& toolkit, ui::Image& image) noexcept
+      : WindowPeer(toolkit, image), image_(image) {}
+
+  // Draws the picture where the image lies in its container, relative to the container's `origin`.
+  void DrawBehind(HDC context, POINT origin) const;
+
+ protected:
+  [[nodiscard]] Style GetStyle() const override;
+  void Show(ui::Changes changes) override;
+  LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
+
+ private:
+  void Draw(HDC context, const RECT& area) const;
+
+  ui::Image& image_;
+  MouseButtons buttons_;
+};
+
+}  // namespace quill::win32

@@ -1,0 +1,120 @@
+#include "win32/label_peer.h"
+
+#include "win32/drawing_surface.h"
+#include "win32/form_peer.h"
+#include "win32/image_peer.h"
+#include "win32/native_text.h"
+#include "win32/win32_toolkit.h"
+
+namespace quill::win32 {
+namespace {
+
+UINT DrawFlags(ui::Alignment alignment) {
+  constexpr UINT kFlags = DT_NOPREFIX | DT_WORDBREAK | DT_EXPANDTABS;
+  switch (alignment) {
+    case ui::Alignment::kRight:
+      return kFlags | DT_RIGHT;
+    case ui::Alignment::kCentre:
+      return kFlags | DT_CENTER;
+    case ui::Alignment::kLeft:
+      break;
+  }
+  return kFlags | DT_LEFT;
+}
+
+DWORD StaticStyle(ui::Alignment alignment) {
+  switch (alignment) {
+    case ui::Alignment::kRight:
+      return SS_RIGHT;
+    case ui::Alignment::kCentre:
+      return SS_CENTER;
+    case ui::Alignment::kLeft:
+      break;
+  }
+  return SS_LEFT;
+}
+
+}  // namespace
+
+WindowPeer::Style LabelPeer::GetStyle() const {
+  return {L"STATIC", &label_.caption(), StaticStyle(label_.alignment()) | SS_NOPREFIX | SS_NOTIFY,
+          0};
+}
+
+void LabelPeer::Show(ui::Changes changes) {
+  if (changes.Has(ui::Changes::kFont)) SetFont(label_.font_size());
+  if (changes.Has(ui::Changes::kText)) {
+    if (WindowText(window()) != label_.caption()) SetWindowTextW(window(), Wide(label_.caption()));
+    const auto style = static_cast<DWORD>(GetWindowLongPtrW(window(), GWL_STYLE));
+    const DWORD wanted =
+        (style & ~static_cast<DWORD>(SS_TYPEMASK)) | StaticStyle(label_.alignment());
+    if (style != wanted) SetWindowLongPtrW(window(), GWL_STYLE, static_cast<LONG_PTR>(wanted));
+  }
+  if (changes.Has(ui::Changes::kText) || changes.Has(ui::Changes::kFont) ||
+      changes.Has(ui::Changes::kColour) || changes.Has(ui::Changes::kBounds)) {
+    InvalidateRect(window(), nullptr, FALSE);
+  }
+}
+
+// All pictures behind a label lie in the same container.
+void LabelPeer::DrawImagesBehind(HDC context) const {
+  const RECT own = Place();
+  for (const ui::Control* const sibling : label_.container()->children()) {
+    if (sibling == &label_) return;
+    const WindowPeer* const peer = Of(*sibling);
+    if (sibling->kind() != ui::ControlKind::kImage || !sibling->visible() || peer == nullptr) {
+      continue;
+    }
+    static_cast<const ImagePeer*>(peer)->DrawBehind(context, {own.left, own.top});
+  }
+}
+
+void LabelPeer::Paint() {
+  PAINTSTRUCT paint;
+  const HDC target = BeginPaint(window(), &paint);
+  RECT area;
+  GetClientRect(window(), &area);
+  {
+    const DrawingSurface surface(target, {area.right, area.bottom});
+    const HDC context = surface.context();
+    FillRect(context, &area, form_peer().FaceBrush());
+    if (label_.transparent()) DrawImagesBehind(context);
+
+    const HGDIOBJ previous = SelectObject(context, form_peer().Font(label_.font_size()));
+    SetBkMode(context, TRANSPARENT);
+    SetTextColor(context, GetSysColor(label_.enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+    const Text& caption = label_.caption();
+    RECT place = area;
+    DrawTextW(context, Wide(caption), static_cast<int>(caption.size()), &place,
+              DrawFlags(label_.alignment()));
+    SelectObject(context, previous);
+    BitBlt(target, 0, 0, area.right, area.bottom, context, 0, 0, SRCCOPY);
+  }
+  EndPaint(window(), &paint);
+}
+
+LRESULT LabelPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
+  if (const auto fact =
+          buttons_.FactOf(window(), message, wparam, lparam, toolkit().scale())) {
+    const LRESULT result = WindowPeer::Handle(message, wparam, lparam);
+    Tell(*fact);
+    return result;
+  }
+  switch (message) {
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_PAINT:
+      Paint();
+      return 0;
+    case WM_SETTEXT:
+      // The class itself would draw the text at once, in its own way.
+      return DefWindowProcW(window(), message, wparam, lparam);
+    case WM_ENABLE:
+      InvalidateRect(window(), nullptr, FALSE);
+      return 0;
+    default:
+      return WindowPeer::Handle(message, wparam, lparam);
+  }
+}
+
+}  // namespace quill::win32

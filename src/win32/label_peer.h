@@ -1,0 +1,29 @@
+// The native window of a label. It draws itself, so that a transparent one shows the images behind
+// it between its letters.
+#pragma once
+
+#include "ui/label.h"
+#include "win32/mouse_buttons.h"
+#include "win32/window_peer.h"
+
+namespace quill::win32 {
+
+class LabelPeer final : public WindowPeer {
+ public:
+  LabelPeer(Win32Toolkit& toolkit, ui::Label& label) noexcept
+      : WindowPeer(toolkit, label), label_(label) {}
+
+ protected:
+  [[nodiscard]] Style GetStyle() const override;
+  void Show(ui::Changes changes) override;
+  LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
+
+ private:
+  void Paint();
+  void DrawImagesBehind(HDC context) const;
+
+  ui::Label& label_;
+  MouseButtons buttons_;
+};
+
+}  // namespace quill::win32

@@ -1,0 +1,273 @@
+#include "win32/list_box_peer.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+#include <array>
+
+#include "win32/form_peer.h"
+#include "win32/native_text.h"
+#include "win32/win32_toolkit.h"
+
+namespace quill::win32 {
+namespace {
+
+constexpr int kRowsPerPage = 10;  // of a single-row list
+
+// Widths of texts, from a table of the first characters' widths: asking the system for each of many
+// thousand rows would take longer than filling the list.
+class TextWidths {
+ public:
+  TextWidths(HWND window, HFONT font) {
+    const HDC context = GetDC(window);
+    const HGDIOBJ previous = SelectObject(context, font);
+    GetCharWidth32W(context, 0, static_cast<UINT>(widths_.size() - 1), widths_.data());
+    TEXTMETRICW metrics = {};
+    if (GetTextMetricsW(context, &metrics)) widest_ = metrics.tmMaxCharWidth;
+    SelectObject(context, previous);
+    ReleaseDC(window, context);
+  }
+  [[nodiscard]] int Of(TextView text) const {
+    int width = 0;
+    for (const char16_t unit : text) width += unit < widths_.size() ? widths_[unit] : widest_;
+    return width;
+  }
+
+ private:
+  std::array<INT, 256> widths_{};
+  int widest_ = 0;
+};
+
+}  // namespace
+
+WindowPeer::Style ListBoxPeer::GetStyle() const {
+  DWORD style = LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP;
+  style |= is_single_row() ? LBS_DISABLENOSCROLL : WS_HSCROLL;
+  if (list_.selection() == ui::Selection::kExtended) style |= LBS_EXTENDEDSEL;
+  return {L"LISTBOX", nullptr, style, WS_EX_CLIENTEDGE};
+}
+
+void ListBoxPeer::Show(ui::Changes changes) {
+  if (changes.Has(ui::Changes::kFont)) SetFont(Win32Toolkit::kFontPoints);
+  if (changes.Has(ui::Changes::kBounds) && is_single_row()) {
+    RECT inside = {};
+    GetClientRect(window(), &inside);
+    if (inside.bottom > 0) Send(LB_SETITEMHEIGHT, 0, MAKELPARAM(inside.bottom, 0));
+  }
+  if (changes.Has(ui::Changes::kRows)) {
+    ShowRows(true);
+  } else if (changes.Has(ui::Changes::kRowsAdded)) {
+    ShowRows(false);
+  }
+  if (changes.Has(ui::Changes::kRowData)) ShowRowData();
+  if (changes.Has(ui::Changes::kSelection)) ShowSelection();
+  // A native selection may have scrolled.
+  if ((changes.Has(ui::Changes::kTopRow) || changes.Has(ui::Changes::kSelection)) &&
+      Send(LB_GETTOPINDEX) != list_.TopIndex()) {
+    Send(LB_SETTOPINDEX, static_cast<WPARAM>(list_.TopIndex()));
+  }
+}
+
+void ListBoxPeer::ShowRows(bool all_new) {
+  int row = all_new ? 0 : static_cast<int>(Send(LB_GETCOUNT));
+  const int count = list_.Count();
+  Send(WM_SETREDRAW, FALSE);
+  if (all_new) {
+    if (Send(LB_GETCOUNT) > 0) Send(LB_RESETCONTENT);
+    widest_row_ = 0;
+  }
+  const int first = row;
+  std::size_t units = 0;
+  for (int i = first; i < count; ++i) units += list_.Item(i).size() + 1;
+  if (count > first) {
+    Send(LB_INITSTORAGE, static_cast<WPARAM>(count - first),
+         static_cast<LPARAM>(units * sizeof(wchar_t)));
+  }
+  Text item;
+  for (; row < count; ++row) {
+    item = list_.Item(row);
+    Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(item)));
+    const std::int32_t data = list_.ItemData(row);
+    if (data != 0) Send(LB_SETITEMDATA, static_cast<WPARAM>(row), data);
+  }
+  if (!is_single_row()) FitWidth(first);
+  Send(WM_SETREDRAW, TRUE);
+  InvalidateRect(window(), nullptr, TRUE);
+}
+
+void ListBoxPeer::FitWidth(int first_row) {
+  const int before = widest_row_;
+  if (first_row < list_.Count()) {
+    constexpr int kMargin = 4;
+    const TextWidths widths(window(), form_peer().Font(Win32Toolkit::kFontPoints));
+    for (int row = first_row; row < list_.Count(); ++row) {
+      widest_row_ = std::max(widest_row_, widths.Of(list_.Item(row)) + kMargin);
+    }
+  }
+  if (widest_row_ != before || first_row == 0) {
+    Send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest_row_));
+  }
+}
+
+void ListBoxPeer::ShowRowData() {
+  for (int row = 0; row < list_.Count(); ++row) {
+    const std::int32_t data = list_.ItemData(row);
+    if (Send(LB_GETITEMDATA, static_cast<WPARAM>(row)) != data) {
+      Send(LB_SETITEMDATA, static_cast<WPARAM>(row), data);
+    }
+  }
+}
+
+void ListBoxPeer::ShowSelection() {
+  if (list_.selection() == ui::Selection::kExtended) {
+    ShowExtendedSelection();
+  } else if (Send(LB_GETCURSEL) != list_.ListIndex()) {
+    Send(LB_SETCURSEL, static_cast<WPARAM>(list_.ListIndex()));
+  }
+}
+
+void ListBoxPeer::ShowExtendedSelection() {
+  const std::vector<int> native = NativeSelection();
+  auto next = native.begin();
+  for (int row = 0; row < list_.Count(); ++row) {
+    const bool shown = next != native.end() && *next == row;
+    if (shown) ++next;
+    if (shown != list_.IsSelected(row)) Send(LB_SETSEL, shown ? FALSE : TRUE, row);
+  }
+  if (list_.ListIndex() >= 0 && Send(LB_GETCARETINDEX) != list_.ListIndex()) {
+    Send(LB_SETCARETINDEX, static_cast<WPARAM>(list_.ListIndex()), FALSE);
+  }
+}
+
+std::vector<int> ListBoxPeer::NativeSelection() const {
+  if (list_.selection() == ui::Selection::kSingle) {
+    const auto row = static_cast<int>(Send(LB_GETCURSEL));
+    return row >= 0 ? std::vector<int>{row} : std::vector<int>{};
+  }
+  std::vector<int> rows(static_cast<std::size_t>(std::max<LRESULT>(Send(LB_GETSELCOUNT), 0)));
+  if (!rows.empty()) {
+    const auto copied =
+        Send(LB_GETSELITEMS, rows.size(), reinterpret_cast<LPARAM>(rows.data()));
+    rows.resize(static_cast<std::size_t>(std::max<LRESULT>(copied, 0)));
+  }
+  return rows;
+}
+
+void ListBoxPeer::OnCommand(WORD notification) {
+  if (notification != LBN_SELCHANGE && notification != LBN_SELCANCEL) return;
+  const bool extended = list_.selection() == ui::Selection::kExtended;
+  std::vector<int> rows = NativeSelection();
+  int current = -1;
+  if (extended && Send(LB_GETCOUNT) > 0) {
+    current = static_cast<int>(Send(LB_GETCARETINDEX));
+  } else if (!rows.empty()) {
+    current = rows.front();
+  }
+  Tell(ui::RowsSelected{std::move(rows), current});
+}
+
+void ListBoxPeer::TellWhenScrolled() {
+  if (window() == nullptr) return;
+  const auto top = static_cast<int>(Send(LB_GETTOPINDEX));
+  if (top != list_.TopIndex()) Tell(ui::ScrolledTo{top});
+}
+
+int ListBoxPeer::RowAt(int y) const {
+  const auto height = static_cast<int>(Send(LB_GETITEMHEIGHT));
+  if (y < 0 || height <= 0) return -1;
+  const int row = static_cast<int>(Send(LB_GETTOPINDEX)) + y / height;
+  return row < Send(LB_GETCOUNT) ? row : -1;
+}
+
+int ListBoxPeer::RowFor(WPARAM key) const {
+  const auto last = static_cast<int>(Send(LB_GETCOUNT)) - 1;
+  const auto top = static_cast<int>(Send(LB_GETTOPINDEX));
+  const auto within = [&](int row) { return std::clamp(row, 0, std::max(last, 0)); };
+  if (last < 0) return -1;
+  switch (key) {
+    case VK_UP:
+    case VK_LEFT:
+      return within(top - 1);
+    case VK_DOWN:
+    case VK_RIGHT:
+      return within(top + 1);
+    case VK_PRIOR:
+      return within(top - kRowsPerPage);
+    case VK_NEXT:
+      return within(top + kRowsPerPage);
+    case VK_HOME:
+      return 0;
+    case VK_END:
+      return last;
+    default:
+      return -1;
+  }
+}
+
+void ListBoxPeer::ScrollTo(int row) {
+  if (Send(LB_GETTOPINDEX) != row) {
+    Send(LB_SETTOPINDEX, static_cast<WPARAM>(row));
+    TellWhenScrolled();
+  } else {
+    // There already: the row that shows is the one that is meant.
+    Tell(ui::RowsSelected{{row}, row});
+  }
+}
+
+void ListBoxPeer::TurnWheel(int delta) {
+  wheel_ += delta;
+  const int notches = wheel_ / WHEEL_DELTA;
+  wheel_ %= WHEEL_DELTA;
+  const auto count = static_cast<int>(Send(LB_GETCOUNT));
+  if (notches == 0 || count == 0) return;
+  const auto top = static_cast<int>(Send(LB_GETTOPINDEX));
+  Send(LB_SETTOPINDEX, static_cast<WPARAM>(std::clamp(top - notches, 0, count - 1)));
+}
+
+LRESULT ListBoxPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
+  LRESULT result = 0;
+  switch (message) {
+    case WM_KEYDOWN: {
+      const int row = is_single_row() && GetKeyState(VK_CONTROL) >= 0 ? RowFor(wparam) : -1;
+      if (row >= 0) {
+        ScrollTo(row);
+        return 0;
+      }
+      break;
+    }
+    case WM_MOUSEWHEEL:
+      if (!is_single_row()) break;
+      TurnWheel(GET_WHEEL_DELTA_WPARAM(wparam));
+      TellWhenScrolled();
+      return 0;
+    case WM_CHAR:
+      if (wparam == L'\t') return 0;
+      Tell(ui::KeyPressed{static_cast<char16_t>(wparam)});
+      if (window() == nullptr) return 0;
+      break;
+    case WM_LBUTTONDBLCLK:
+      result = WindowPeer::Handle(message, wparam, lparam);
+      Tell(ui::RowDoubleClicked{RowAt(GET_Y_LPARAM(lparam))});
+      return result;
+    default:
+      break;
+  }
+  result = WindowPeer::Handle(message, wparam, lparam);
+  switch (message) {
+    case WM_VSCROLL:
+    case WM_MOUSEWHEEL:
+    case WM_KEYDOWN:
+    case WM_CHAR:
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+    case WM_MOUSEMOVE:
+    case WM_TIMER:
+      TellWhenScrolled();
+      break;
+    default:
+      break;
+  }
+  return result;
+}
+
+}  // namespace quill::win32

@@ -1,0 +1,46 @@
+// The native list box, and the single-row one that works like a spin box.
+#pragma once
+
+#include "ui/list_box.h"
+#include "win32/window_peer.h"
+
+namespace quill::win32 {
+
+class ListBoxPeer final : public WindowPeer {
+ public:
+  ListBoxPeer(Win32Toolkit& toolkit, ui::ListBox& list) noexcept
+      : WindowPeer(toolkit, list), list_(list) {}
+
+  [[nodiscard]] bool TakesFocus() const noexcept override { return true; }
+  void OnCommand(WORD notification) override;
+
+ protected:
+  [[nodiscard]] Style GetStyle() const override;
+  void Show(ui::Changes changes) override;
+  LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
+
+ private:
+  [[nodiscard]] bool is_single_row() const noexcept {
+    return list_.list_height() == ui::ListHeight::kSingleRow;
+  }
+  void ShowRows(bool all_new);
+  void ShowRowData();
+  void ShowSelection();
+  void ShowExtendedSelection();
+  // Rows wider than the list can be scrolled sideways.
+  void FitWidth(int first_row);
+  [[nodiscard]] std::vector<int> NativeSelection() const;
+
+  // A single-row list: the row that `key` or the wheel leads to, -1 when it leads nowhere.
+  [[nodiscard]] int RowFor(WPARAM key) const;
+  void ScrollTo(int row);
+  void TurnWheel(int delta);
+  void TellWhenScrolled();
+  [[nodiscard]] int RowAt(int y) const;
+
+  ui::ListBox& list_;
+  int widest_row_ = 0;  // pixels
+  int wheel_ = 0;       // turned, but not yet by a whole notch
+};
+
+}  // namespace quill::win32

@@ -1,0 +1,61 @@
+#include "win32/mouse_buttons.h"
+
+#include <windowsx.h>
+
+namespace quill::win32 {
+namespace {
+
+std::int16_t ButtonOf(UINT message) {
+  switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_LBUTTONUP:
+      return ui::kLeftButton;
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONDBLCLK:
+    case WM_RBUTTONUP:
+      return ui::kRightButton;
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONDBLCLK:
+    case WM_MBUTTONUP:
+      return ui::kMiddleButton;
+    default:
+      return 0;
+  }
+}
+
+bool IsRelease(UINT message) {
+  return message == WM_LBUTTONUP || message == WM_RBUTTONUP || message == WM_MBUTTONUP;
+}
+
+std::int16_t ShiftState(WPARAM keys) {
+  return static_cast<std::int16_t>(((keys & MK_SHIFT) != 0 ? 1 : 0) +
+                                   ((keys & MK_CONTROL) != 0 ? 2 : 0) +
+                                   (GetKeyState(VK_MENU) < 0 ? 4 : 0));
+}
+
+}  // namespace
+
+std::optional<ui::Fact> MouseButtons::FactOf(HWND window, UINT message, WPARAM wparam,
+                                             LPARAM lparam, const ScreenScale& scale) {
+  if (message == WM_CAPTURECHANGED) {
+    pressed_ = 0;
+    return std::nullopt;
+  }
+  const std::int16_t button = ButtonOf(message);
+  if (button == 0) return std::nullopt;
+  const ui::MouseEvent event = {button, ShiftState(wparam), scale.TwipsX(GET_X_LPARAM(lparam)),
+                                scale.TwipsY(GET_Y_LPARAM(lparam))};
+  if (!IsRelease(message)) {
+    if (pressed_ == 0) SetCapture(window);
+    pressed_ = static_cast<std::int16_t>(pressed_ | button);
+    return ui::MousePressed{event};
+  }
+  if ((pressed_ & button) == 0) return std::nullopt;
+  const auto still_pressed = static_cast<std::int16_t>(pressed_ & ~button);
+  pressed_ = still_pressed;
+  if (still_pressed == 0) ReleaseCapture();
+  return ui::MouseReleased{event};
+}
+
+}  // namespace quill::win32

@@ -1,0 +1,36 @@
+// The native window of a picture box, and the memory image that holds its drawing.
+#pragma once
+
+#include <optional>
+
+#include "ui/picture_box.h"
+#include "win32/drawing_surface.h"
+#include "win32/window_peer.h"
+
+namespace quill::win32 {
+
+class PictureBoxPeer final : public WindowPeer {
+ public:
+  PictureBoxPeer(Win32Toolkit& toolkit, ui::PictureBox& box) noexcept
+      : WindowPeer(toolkit, box), box_(box) {}
+
+  // With a persistent image: its device context, in which the whole of it has the background
+  // colour. Null otherwise.
+  [[nodiscard]] HDC image() const noexcept {
+    return image_.has_value() ? image_->context() : nullptr;
+  }
+  // The box's inner size in pixels.
+  [[nodiscard]] SIZE inner_size() const noexcept { return inner_size_; }
+
+ protected:
+  [[nodiscard]] Style GetStyle() const override;
+  void Show(ui::Changes changes) override;
+  LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
+
+ private:
+  ui::PictureBox& box_;
+  std::optional<DrawingSurface> image_;
+  SIZE inner_size_ = {};
+};
+
+}  // namespace quill::win32

@@ -1,0 +1,34 @@
+// Twips and pixels of the screen, by its own resolution.
+#pragma once
+
+#include <windows.h>
+
+#include "ui/geometry.h"
+
+namespace quill::win32 {
+
+class ScreenScale {
+ public:
+  // Asks the screen's device context.
+  ScreenScale() noexcept;
+  ScreenScale(int dots_per_inch_x, int dots_per_inch_y) noexcept
+      : dots_per_inch_x_(dots_per_inch_x), dots_per_inch_y_(dots_per_inch_y) {}
+
+  [[nodiscard]] int PixelsX(ui::Twips twips) const noexcept;
+  [[nodiscard]] int PixelsY(ui::Twips twips) const noexcept;
+  // Edges are rounded, not sizes, so that controls that touch in twips touch in pixels.
+  [[nodiscard]] RECT Pixels(const ui::Bounds& bounds) const noexcept;
+  [[nodiscard]] ui::Twips TwipsX(int pixels) const noexcept;
+  [[nodiscard]] ui::Twips TwipsY(int pixels) const noexcept;
+
+  // For sizes that are given in pixels at 96 dots per inch.
+  [[nodiscard]] SIZE Scaled(SIZE size) const noexcept;
+  // Of a font of that many points, as LOGFONT wants it.
+  [[nodiscard]] int FontHeight(int points) const noexcept;
+
+ private:
+  int dots_per_inch_x_;
+  int dots_per_inch_y_;
+};
+
+}  // namespace quill::win32

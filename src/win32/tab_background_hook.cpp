@@ -1,0 +1,97 @@
+#include "win32/tab_background_hook.h"
+
+#include "win32/picture_box_peer.h"
+
+namespace quill::win32 {
+namespace {
+
+constexpr wchar_t kFormerProcedure[] = L"lpPROC";
+constexpr wchar_t kColourSource[] = L"PctOBJ";
+constexpr wchar_t kStrip[] = L"GridOBJ";
+
+constexpr DWORD kMergePaint = 0x00BB0226;  // destination OR NOT source
+constexpr DWORD kSourceAnd = 0x008800C6;   // destination AND source
+constexpr DWORD kSourceCopy = 0x00CC0020;
+constexpr ui::Colour kButtonFace = 0x8000000Fu;
+
+WNDPROC FormerProcedure(HWND window) {
+  return reinterpret_cast<WNDPROC>(GetPropW(window, kFormerProcedure));
+}
+
+// Lays the box's background over the whole of `context`.
+void Mix(HDC context, const RECT& area, const ui::PictureBox& box, DWORD operation) {
+  const auto* const peer = static_cast<const PictureBoxPeer*>(box.peer());
+  if (peer == nullptr || peer->image() == nullptr) return;
+  StretchBlt(context, 0, 0, area.right, area.bottom, peer->image(), 0, 0, peer->inner_size().cx,
+             peer->inner_size().cy, operation);
+}
+
+void Paint(HWND window, ui::PictureBox& box) {
+  RECT area;
+  GetClientRect(window, &area);
+  PAINTSTRUCT paint;
+  const HDC target = BeginPaint(window, &paint);
+  const HDC memory = CreateCompatibleDC(target);
+  const HBITMAP bitmap = CreateCompatibleBitmap(target, area.right, area.bottom);
+  DeleteObject(SelectObject(memory, bitmap));
+
+  // A strip that is given a device context paints into it, but does not clear it first.
+  const WNDPROC former = FormerProcedure(window);
+  CallWindowProcW(former, window, WM_ERASEBKGND, reinterpret_cast<WPARAM>(memory), 0);
+  CallWindowProcW(former, window, WM_PAINT, reinterpret_cast<WPARAM>(memory), 0);
+
+  SetStretchBltMode(memory, COLORONCOLOR);
+  const ui::Colour colour = box.back_colour();
+  box.SetBackColour(kButtonFace);
+  Mix(memory, area, box, kMergePaint);
+  box.SetBackColour(colour);
+  Mix(memory, area, box, kSourceAnd);
+
+  const RECT& update = paint.rcPaint;
+  BitBlt(target, update.left, update.top, update.right - update.left, update.bottom - update.top,
+         memory, update.left, update.top, kSourceCopy);
+  DeleteDC(memory);
+  DeleteObject(bitmap);
+  EndPaint(window, &paint);
+}
+
+}  // namespace
+
+void AttachTabBackground(HWND window, ui::TabStrip& strip,
+                         ui::PictureBox& colour_source) noexcept {
+  const LONG_PTR former = SetWindowLongPtrW(window, GWLP_WNDPROC,
+                                            reinterpret_cast<LONG_PTR>(&TabBackgroundProc));
+  SetPropW(window, kFormerProcedure, reinterpret_cast<HANDLE>(former));
+  SetPropW(window, kColourSource, &colour_source);
+  SetPropW(window, kStrip, &strip);
+}
+
+void DetachTabBackground(HWND window) noexcept {
+  const WNDPROC former = FormerProcedure(window);
+  if (former == nullptr) return;
+  SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(former));
+  RemovePropW(window, kFormerProcedure);
+  RemovePropW(window, kColourSource);
+  RemovePropW(window, kStrip);
+}
+
+LRESULT CALLBACK TabBackgroundProc(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  auto* const box = static_cast<ui::PictureBox*>(GetPropW(window, kColourSource));
+  const WNDPROC former = FormerProcedure(window);
+  if (former == nullptr) return DefWindowProcW(window, message, wparam, lparam);
+  if (message == WM_NCDESTROY) {
+    // The window goes before it was unhooked; its properties must not stay behind.
+    DetachTabBackground(window);
+  }
+  if (message != WM_PAINT || box == nullptr) {
+    return CallWindowProcW(former, window, message, wparam, lparam);
+  }
+  try {
+    Paint(window, *box);
+  } catch (...) {
+    ValidateRect(window, nullptr);  // nothing may pass into the system
+  }
+  return 0;
+}
+
+}  // namespace quill::win32

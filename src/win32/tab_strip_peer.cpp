@@ -1,0 +1,42 @@
+#include "win32/tab_strip_peer.h"
+
+#include <commctrl.h>
+
+#include "win32/native_text.h"
+#include "win32/win32_toolkit.h"
+
+namespace quill::win32 {
+
+WindowPeer::Style TabStripPeer::GetStyle() const {
+  return {WC_TABCONTROLW, nullptr, TCS_TABS | TCS_FOCUSONBUTTONDOWN | WS_TABSTOP, 0};
+}
+
+void TabStripPeer::Show(ui::Changes changes) {
+  if (Send(TCM_GETITEMCOUNT) == 0) {
+    SetFont(Win32Toolkit::kFontPoints);
+    int place = 0;
+    for (const Text& caption : strip_.captions()) {
+      TCITEMW item = {};
+      item.mask = TCIF_TEXT;
+      item.pszText = const_cast<wchar_t*>(Wide(caption));
+      Send(TCM_INSERTITEMW, static_cast<WPARAM>(place++), reinterpret_cast<LPARAM>(&item));
+    }
+  }
+  if (changes.Has(ui::Changes::kSelection) && Send(TCM_GETCURSEL) != strip_.selected()) {
+    Send(TCM_SETCURSEL, static_cast<WPARAM>(strip_.selected()));
+  }
+}
+
+void TabStripPeer::OnNotify(const NMHDR& header) {
+  if (header.code == TCN_SELCHANGE) Tell(ui::TabChosen{static_cast<int>(Send(TCM_GETCURSEL))});
+}
+
+void TabStripPeer::Turn(bool forward) {
+  const int count = static_cast<int>(strip_.captions().size());
+  if (count == 0) return;
+  const int next = (strip_.selected() + (forward ? 1 : count - 1)) % count;
+  Send(TCM_SETCURSEL, static_cast<WPARAM>(next));
+  Tell(ui::TabChosen{next});
+}
+
+}  // namespace quill::win32

@@ -1,0 +1,27 @@
+// The native tab strip.
+#pragma once
+
+#include "ui/tab_strip.h"
+#include "win32/window_peer.h"
+
+namespace quill::win32 {
+
+class TabStripPeer final : public WindowPeer {
+ public:
+  TabStripPeer(Win32Toolkit& toolkit, ui::TabStrip& strip) noexcept
+      : WindowPeer(toolkit, strip), strip_(strip) {}
+
+  // Chooses the next tab, or the one before, as a key does.
+  void Turn(bool forward);
+  [[nodiscard]] bool TakesFocus() const noexcept override { return true; }
+  void OnNotify(const NMHDR& header) override;
+
+ protected:
+  [[nodiscard]] Style GetStyle() const override;
+  void Show(ui::Changes changes) override;
+
+ private:
+  ui::TabStrip& strip_;
+};
+
+}  // namespace quill::win32

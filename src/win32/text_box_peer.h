@@ -1,0 +1,29 @@
+// The native text box.
+#pragma once
+
+#include "ui/text_box.h"
+#include "win32/window_peer.h"
+
+namespace quill::win32 {
+
+class TextBoxPeer final : public WindowPeer {
+ public:
+  TextBoxPeer(Win32Toolkit& toolkit, ui::TextBox& box) noexcept
+      : WindowPeer(toolkit, box), box_(box) {}
+
+  [[nodiscard]] bool TakesFocus() const noexcept override { return true; }
+  void OnCommand(WORD notification) override;
+
+ protected:
+  [[nodiscard]] Style GetStyle() const override;
+  void Show(ui::Changes changes) override;
+  LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
+
+ private:
+  void ShowText();
+
+  ui::TextBox& box_;
+  bool editing_ = false;  // the operator's edit is with the model
+};
+
+}  // namespace quill::win32

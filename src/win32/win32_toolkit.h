@@ -1,0 +1,93 @@
+// The native windowing toolkit. One thread: that on which it is made.
+#pragma once
+
+#include <windows.h>
+
+#include <map>
+#include <optional>
+#include <vector>
+
+#include "ui/toolkit.h"
+#include "win32/deferred_tasks.h"
+#include "win32/native_picture.h"
+#include "win32/screen_scale.h"
+
+namespace quill::win32 {
+
+class FormPeer;
+class ModalDisplay;
+
+class Win32Toolkit final : public ui::Toolkit {
+ public:
+  static constexpr wchar_t kFormClass[] = L"QuillForm";
+  static constexpr wchar_t kFontFace[] = L"MS Shell Dlg";
+  static constexpr int kFontPoints = 8;
+
+  Win32Toolkit();
+  // Every form is gone by now, or goes with the tasks that are still waiting.
+  ~Win32Toolkit() override;
+  Win32Toolkit(const Win32Toolkit&) = delete;
+  Win32Toolkit& operator=(const Win32Toolkit&) = delete;
+
+  std::unique_ptr<ui::Peer> MakePeer(ui::Control& control) override;
+  [[nodiscard]] ui::Metrics GetMetrics() const override;
+  // A file that has not changed since it was read last is not read again.
+  ui::PicturePtr ReadPicture(TextView path) override;
+  ui::PicturePtr MakePicture(int width, int height,
+                             std::span<const std::uint32_t> pixels) override;
+  void ShowMessage(TextView caption, TextView text) override;
+  std::vector<Text> ShowFileDialog(ui::Form& owner, const ui::FileDialogRequest& request) override;
+  void SetScreenPointer(ui::Pointer pointer) override;
+  void RunModal(ui::Form& form) override;
+  void EndModal(ui::Form& form) override;
+  void Defer(std::function<void()> task) override { tasks_.Add(std::move(task)); }
+  void HookTabBackground(ui::TabStrip& strip, ui::PictureBox& colour_source) override;
+  void UnhookTabBackground(ui::TabStrip& strip) override;
+
+  // Marks a native event of the plug-in as being handled.
+  class EventScope {
+   public:
+    explicit EventScope(Win32Toolkit& toolkit) noexcept : tasks_(toolkit.tasks_) {
+      tasks_.EventBegan();
+    }
+    ~EventScope() { tasks_.EventEnded(); }
+    EventScope(const EventScope&) = delete;
+    EventScope& operator=(const EventScope&) = delete;
+
+   private:
+    DeferredTasks& tasks_;
+  };
+
+  [[nodiscard]] const ScreenScale& scale() const noexcept { return scale_; }
+  // Readies what a form's windows are made of.
+  void RegisterClasses() noexcept;
+  [[nodiscard]] bool IsBusy(const ui::Form& form) const noexcept;
+  // Shows the right pointer at once where it is over a window of the plug-in.
+  void PointerChanged() const noexcept;
+
+ private:
+  struct CachedPicture {
+    FILETIME written = {};
+    ULONGLONG size = 0;
+    std::shared_ptr<const NativePicture> picture;
+  };
+  struct Display {
+    ui::Form* form;
+    ModalDisplay* modal;
+  };
+  // The window that message boxes and file dialogs belong to; null: none is shown.
+  [[nodiscard]] HWND BoxOwner() const noexcept;
+  template <class Box>
+  auto WithBox(const Box& show);
+
+  ScreenScale scale_;
+  int list_row_pixels_;
+  std::map<Text, CachedPicture, std::less<>> pictures_;
+  std::vector<Display> displays_;  // from the outermost to the innermost
+  int open_boxes_ = 0;
+  ui::Pointer screen_pointer_ = ui::Pointer::kDefault;
+  bool registered_ = false;
+  DeferredTasks tasks_;
+};
+
+}  // namespace quill::win32

@@ -1,0 +1,270 @@
+#include "win32/window_peer.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "win32/control_name.h"
+#include "win32/form_peer.h"
+#include "win32/native_text.h"
+#include "win32/this_module.h"
+#include "win32/win32_toolkit.h"
+
+namespace quill::win32 {
+namespace {
+
+constexpr int kFirstControlId = 1001;
+
+// The place in the form's collection, so that it is the same in every run.
+int ControlId(const ui::Control& control) {
+  const auto& controls = control.form().controls();
+  const auto found = std::find_if(controls.begin(), controls.end(),
+                                  [&](const auto& other) { return other.get() == &control; });
+  return kFirstControlId + static_cast<int>(found - controls.begin());
+}
+
+struct Counted {
+  explicit Counted(int& count) noexcept : count_(count) { ++count_; }
+  ~Counted() { --count_; }
+  Counted(const Counted&) = delete;
+  Counted& operator=(const Counted&) = delete;
+  int& count_;
+};
+
+}  // namespace
+
+WindowPeer::~WindowPeer() { DestroyWindowNow(); }
+
+WindowPeer* WindowPeer::Of(HWND window) noexcept {
+  return reinterpret_cast<WindowPeer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+}
+
+WindowPeer* WindowPeer::Of(const ui::Control& control) noexcept {
+  return static_cast<WindowPeer*>(control.peer());
+}
+
+FormPeer& WindowPeer::form_peer() const noexcept {
+  return static_cast<FormPeer&>(*control_.form().peer());
+}
+
+void WindowPeer::MakeWindow(HWND parent) {
+  const Style style = GetStyle();
+  place_ = Place();
+  const bool is_form = parent == nullptr;
+  const DWORD state = is_form ? 0u
+                              : WS_CHILD | WS_CLIPSIBLINGS | (control_.visible() ? WS_VISIBLE : 0u) |
+                                    (control_.enabled() ? 0u : WS_DISABLED);
+  const HMENU id =
+      is_form ? nullptr : reinterpret_cast<HMENU>(static_cast<INT_PTR>(ControlId(control_)));
+  const HWND window = CreateWindowExW(
+      style.extended, style.window_class, style.text != nullptr ? Wide(*style.text) : nullptr,
+      style.style | state, place_.left, place_.top, place_.right - place_.left,
+      place_.bottom - place_.top, parent, id, ThisModule(), nullptr);
+  if (window == nullptr) throw RuntimeError(ErrorNumber::kOutOfMemory);
+
+  window_ = window;
+  SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  original_ = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
+  AttachControlName(window, control_.name());
+
+  const Counted counted(showing_);
+  Show(ui::Changes::Everything());
+  if (!is_form) ShowTooltip();
+}
+
+void WindowPeer::Sync(ui::Changes changes) {
+  if (window_ == nullptr && !(control_.kind() == ui::ControlKind::kForm && control_.visible())) {
+    return;
+  }
+  const Counted counted(showing_);
+  const bool visible = control_.visible();
+  if (changes.Has(ui::Changes::kVisible) && !visible) ShowVisible();
+  if (changes.Has(ui::Changes::kBounds) && window_ != nullptr) {
+    const RECT place = Place();
+    if (!EqualRect(&place, &place_)) {
+      place_ = place;
+      SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left,
+                   place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+    }
+  }
+  if (changes.Has(ui::Changes::kOrder)) ShowOrder();
+  if (changes.Has(ui::Changes::kEnabled)) ShowEnabled();
+  if (window_ != nullptr) Show(changes);
+  if (changes.Has(ui::Changes::kTooltip)) ShowTooltip();
+  if (changes.Has(ui::Changes::kVisible) && visible) ShowVisible();
+}
+
+RECT WindowPeer::Place() const { return toolkit_.scale().Pixels(control_.bounds()); }
+
+void WindowPeer::ShowVisible() {
+  const bool visible = control_.visible();
+  if (((GetWindowLongPtrW(window_, GWL_STYLE) & WS_VISIBLE) != 0) == visible) return;
+  const bool focused = !visible && HoldsFocus();
+  ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+  if (visible) {
+    form_peer().ComesBack(*this);
+  } else if (focused) {
+    form_peer().LosesFocus(*this);
+  }
+}
+
+void WindowPeer::ShowEnabled() {
+  if (window_ == nullptr || (IsWindowEnabled(window_) != FALSE) == control_.enabled()) return;
+  const bool focused = !control_.enabled() && HoldsFocus();
+  EnableWindow(window_, control_.enabled());
+  if (focused) form_peer().LosesFocus(*this);
+}
+
+bool WindowPeer::HoldsFocus() const noexcept {
+  const HWND focus = GetFocus();
+  return focus != nullptr && (focus == window_ || IsChild(window_, focus));
+}
+
+void WindowPeer::ShowOrder() {
+  const ui::Control* const container = control_.container();
+  if (window_ == nullptr || container == nullptr) return;
+  const WindowPeer* const outer = Of(*container);
+  if (outer == nullptr || outer->window() == nullptr) return;
+  if (GetParent(window_) != outer->window()) SetParent(window_, outer->window());
+  form_peer().PutInOrder(*this);
+}
+
+void WindowPeer::ShowTooltip() {
+  const Text& text = control_.tooltip();
+  if (window_ == nullptr || (text.empty() && !has_tooltip_)) return;
+  TTTOOLINFOW tool = {};
+  tool.cbSize = TTTOOLINFOW_V1_SIZE;
+  tool.uFlags = TTF_IDISHWND;
+  tool.hwnd = form_peer().window();
+  tool.uId = reinterpret_cast<UINT_PTR>(window_);
+  tool.lpszText = const_cast<wchar_t*>(Wide(text));
+  const UINT message = text.empty() ? TTM_DELTOOLW
+                       : has_tooltip_ ? TTM_UPDATETIPTEXTW
+                                      : TTM_ADDTOOLW;
+  SendMessageW(form_peer().Tooltips(), message, 0, reinterpret_cast<LPARAM>(&tool));
+  has_tooltip_ = !text.empty();
+}
+
+void WindowPeer::SetFont(int points) {
+  Send(WM_SETFONT, reinterpret_cast<WPARAM>(form_peer().Font(points)), FALSE);
+}
+
+void WindowPeer::RepaintInFront() const {
+  const ui::Control* const container = control_.container();
+  if (container == nullptr) return;
+  const auto& siblings = container->children();
+  auto place = std::find(siblings.begin(), siblings.end(), &control_);
+  for (; place != siblings.end(); ++place) {
+    const WindowPeer* const other = Of(**place);
+    if (other == nullptr || other == this || other->window() == nullptr) continue;
+    RECT common;
+    if (IntersectRect(&common, &place_, &other->place_)) {
+      InvalidateRect(other->window(), nullptr, TRUE);
+    }
+  }
+}
+
+void WindowPeer::Tell(const ui::Fact& fact) {
+  if (showing_ == 0 && !closing_ && window_ != nullptr) control_.Happened(fact);
+}
+
+void WindowPeer::OnCommand(WORD) {}
+void WindowPeer::OnNotify(const NMHDR&) {}
+
+LRESULT WindowPeer::CallOriginal(UINT message, WPARAM wparam, LPARAM lparam) {
+  return CallWindowProcW(original_, window_, message, wparam, lparam);
+}
+
+LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
+  const auto child = [&](HWND window) -> WindowPeer* {
+    return window != nullptr && GetParent(window) == window_ ? Of(window) : nullptr;
+  };
+  switch (message) {
+    case WM_COMMAND:
+      if (WindowPeer* const sender = child(reinterpret_cast<HWND>(lparam))) {
+        sender->OnCommand(HIWORD(wparam));
+        return 0;
+      }
+      break;
+    case WM_NOTIFY: {
+      const auto& header = *reinterpret_cast<const NMHDR*>(lparam);
+      if (WindowPeer* const sender = child(header.hwndFrom)) {
+        sender->OnNotify(header);
+        return 0;
+      }
+      break;
+    }
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+      if (child(reinterpret_cast<HWND>(lparam)) != nullptr) {
+        const auto context = reinterpret_cast<HDC>(wparam);
+        SetBkColor(context, form_peer().FaceColour());
+        SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
+        return reinterpret_cast<LRESULT>(form_peer().FaceBrush());
+      }
+      break;
+    case WM_SETCURSOR:
+      if (LOWORD(lparam) == HTCLIENT && toolkit_.IsBusy(control_.form())) {
+        SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+        return TRUE;
+      }
+      break;
+    case WM_SETFOCUS:
+      form_peer().FocusArrived(*this);
+      break;
+    case WM_KEYDOWN:
+      if (form_peer().Navigate(*this, wparam)) return 0;
+      break;
+    case WM_CHAR:
+      if (wparam == L'\t') return 0;  // its key has moved the focus
+      break;
+    case WM_MOUSEMOVE:
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONUP:
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONUP:
+      if (has_tooltip_) {
+        MSG relayed = {window_, message, wparam, lparam, 0, {0, 0}};
+        SendMessageW(form_peer().Tooltips(), TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
+      }
+      break;
+    default:
+      break;
+  }
+  return CallOriginal(message, wparam, lparam);
+}
+
+LRESULT CALLBACK WindowPeer::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  WindowPeer* const peer = Of(window);
+  if (peer == nullptr) return DefWindowProcW(window, message, wparam, lparam);
+  if (message == WM_NCDESTROY) {
+    const WNDPROC original = peer->original_;
+    peer->Forget();
+    return CallWindowProcW(original, window, message, wparam, lparam);
+  }
+  if (peer->closing_) return peer->CallOriginal(message, wparam, lparam);
+  const Win32Toolkit::EventScope scope(peer->toolkit_);
+  try {
+    return peer->Handle(message, wparam, lparam);
+  } catch (...) {
+    return 0;  // nothing may pass into the system
+  }
+}
+
+void WindowPeer::DestroyWindowNow() noexcept {
+  closing_ = true;
+  if (window_ != nullptr) DestroyWindow(window_);
+}
+
+// The window is going, with its peer or before it.
+void WindowPeer::Forget() noexcept {
+  DetachControlName(window_);
+  SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+  SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original_));
+  window_ = nullptr;
+}
+
+}  // namespace quill::win32

@@ -1,0 +1,96 @@
+// The native window of one control: creation, what all kinds share, and the passage of its messages.
+//
+// The windows of a form are made together when it is first shown, each with its final state; until
+// then a peer has none and Sync does nothing. The window dies with the peer, or with the window
+// that it lies in. User-interface thread only.
+#pragma once
+
+#include <windows.h>
+
+#include "ui/control.h"
+
+namespace quill::win32 {
+
+class FormPeer;
+class Win32Toolkit;
+
+class WindowPeer : public ui::Peer {
+ public:
+  WindowPeer(Win32Toolkit& toolkit, ui::Control& control) noexcept
+      : toolkit_(toolkit), control_(control) {}
+  ~WindowPeer() override;
+  WindowPeer(const WindowPeer&) = delete;
+  WindowPeer& operator=(const WindowPeer&) = delete;
+
+  // Of a window that lies in one of ours; null for one that a native control has made for itself.
+  [[nodiscard]] static WindowPeer* Of(HWND window) noexcept;
+  // Of a control; null for one without a window.
+  [[nodiscard]] static WindowPeer* Of(const ui::Control& control) noexcept;
+
+  void Sync(ui::Changes changes) final;
+
+  // Makes the window inside `parent` (null for a form), in front of no sibling, and shows
+  // everything.
+  void MakeWindow(HWND parent);
+
+  [[nodiscard]] HWND window() const noexcept { return window_; }
+  [[nodiscard]] const ui::Control& control() const noexcept { return control_; }
+  // True when the keyboard can be here (its state aside).
+  [[nodiscard]] virtual bool TakesFocus() const noexcept { return false; }
+
+  // Messages that the window's parent gets on its behalf.
+  virtual void OnCommand(WORD notification);
+  virtual void OnNotify(const NMHDR& header);
+
+ protected:
+  struct Style {
+    const wchar_t* window_class = nullptr;
+    const Text* text = nullptr;
+    DWORD style = 0;
+    DWORD extended = 0;
+  };
+  [[nodiscard]] virtual Style GetStyle() const = 0;
+  // Shows what is not common to all kinds. The window exists; what it sends meanwhile is no fact.
+  virtual void Show(ui::Changes) {}
+  virtual LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam);
+
+  // Has the window's own class handle a message.
+  LRESULT CallOriginal(UINT message, WPARAM wparam, LPARAM lparam);
+  LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const {
+    return SendMessageW(window_, message, wparam, lparam);
+  }
+  // Tells the model, unless the window merely echoes what Show does to it.
+  void Tell(const ui::Fact& fact);
+
+  [[nodiscard]] Win32Toolkit& toolkit() const noexcept { return toolkit_; }
+  [[nodiscard]] FormPeer& form_peer() const noexcept;
+  // True when the keyboard focus is on the window or inside it.
+  [[nodiscard]] bool HoldsFocus() const noexcept;
+  // Where the window goes, in pixels relative to its parent.
+  [[nodiscard]] virtual RECT Place() const;
+  virtual void ShowVisible();
+  void SetFont(int points);
+  // Repaints those in front that let this one shine through.
+  void RepaintInFront() const;
+
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+
+ private:
+  friend class FormPeer;
+  void ShowOrder();
+  void ShowEnabled();
+  void ShowTooltip();
+  void DestroyWindowNow() noexcept;
+  void Forget() noexcept;
+
+  Win32Toolkit& toolkit_;
+  ui::Control& control_;
+  HWND window_ = nullptr;
+  WNDPROC original_ = nullptr;
+  RECT place_ = {};
+  int showing_ = 0;
+  bool closing_ = false;
+  bool has_tooltip_ = false;
+};
+
+}  // namespace quill::win32
