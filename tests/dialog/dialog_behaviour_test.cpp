@@ -10,8 +10,6 @@
 namespace quill {
 namespace {
 
-using Box = RecordingMessageBoxes::Box;
-
 constexpr TextView kReleased = u"C:\\Host\\imgs\\butup.gif";
 constexpr TextView kPressed = u"C:\\Host\\imgs\\butdown.gif";
 
@@ -32,11 +30,12 @@ TEST(DialogLoad, HooksTheTabsThenBuildsAllFacesThenAllCaptions) {
     }
   }
   EXPECT_EQ(built, expected);
-  const auto& journal = bench.toolkit.journal;
-  EXPECT_LT(std::find(journal.begin(), journal.end(), "HookTabBackground"),
-            std::find(journal.begin(), journal.end(), "ReadPicture"));
-  EXPECT_EQ(bench.toolkit.pictures_read, std::vector<Text>(14, Text(kReleased)));
-  EXPECT_TRUE(bench.toolkit.messages.boxes.empty());
+  const Text read = Concat({u"ReadPicture ", kReleased});
+  EXPECT_EQ(bench.CallsOf(read), 14);
+  EXPECT_EQ(bench.toolkit.TabBackgroundOf(dialog->tsMain), &dialog->Picture1);
+  EXPECT_LT(std::find(bench.calls.begin(), bench.calls.end(), u"HookTabBackground tsMain"),
+            std::find(bench.calls.begin(), bench.calls.end(), read));
+  EXPECT_TRUE(bench.toolkit.messages().empty());
 }
 
 // The load ends at the step that fails, and the dialog opens with what was built.
@@ -45,8 +44,8 @@ TEST(DialogLoad, StopsAtEachPictureThatIsMissing) {
   for (int missing = 1; missing <= 14; ++missing) {
     DialogBench bench;
     int read = 0;
-    bench.toolkit.before = [&](const std::string& operation) {
-      if (operation == "ReadPicture" && ++read == missing) {
+    bench.before_call = [&](TextView call) {
+      if (call.starts_with(u"ReadPicture") && ++read == missing) {
         throw RuntimeError(ErrorNumber::kFileNotFound);
       }
     };
@@ -67,49 +66,48 @@ TEST(DialogLoad, StopsAtEachPictureThatIsMissing) {
 
 TEST(DialogLoad, IsTheDialogThatCallsDuringItsReportGet) {
   DialogBench bench;
-  bench.toolkit.before = [](const std::string& operation) {
-    if (operation == "ReadPicture") throw RuntimeError(ErrorNumber::kInvalidPicture);
+  bench.before_call = [](TextView call) {
+    if (call.starts_with(u"ReadPicture")) throw RuntimeError(ErrorNumber::kInvalidPicture);
   };
   std::shared_ptr<frmrcBHDGS> seen;
-  bench.toolkit.messages.while_open = [&] { seen = TakeDialog(bench.context); };
+  bench.toolkit.while_message_open = [&](const headless::ShownMessage&) {
+    seen = TakeDialog(bench.context);
+  };
   EXPECT_EQ(TakeDialog(bench.context), seen);
-  EXPECT_EQ(bench.toolkit.messages.boxes.size(), 1u);
+  EXPECT_EQ(bench.toolkit.messages().size(), 1u);
 }
 
 TEST(DialogTabs, ShowTheFrameOfTheChosenTabOnly) {
   DialogBench bench;
   bench.Show([&](frmrcBHDGS& dialog) {
     for (const int tab : {1, 2, 0, 1, 0}) {
-      bench.toolkit.synced.clear();
-      dialog.tsMain.Happened(ui::TabChosen{tab});
+      bench.calls.clear();
+      bench.person.ClickTab(dialog.tsMain.captions()[static_cast<std::size_t>(tab)]);
       EXPECT_EQ(dialog.fmeServer.visible(), tab == 0);
       EXPECT_EQ(dialog.fmeMap.visible(), tab == 1);
       EXPECT_EQ(dialog.fmeMisc.visible(), tab == 2);
-      std::vector<Text> told;
-      for (const auto& sync : bench.toolkit.synced) {
-        if (sync.changes.Has(ui::Changes::kVisible)) told.push_back(sync.control);
-      }
-      EXPECT_EQ(told, (std::vector<Text>{u"fmeServer", u"fmeMap", u"fmeMisc"}));
+      EXPECT_EQ(bench.calls,
+                (std::vector<Text>{u"Sync fmeServer", u"Sync fmeMap", u"Sync fmeMisc"}));
     }
   });
 }
 
 TEST(DialogSpinLists, ChooseTheItemScrolledIntoView) {
   DialogBench bench;
-  bench.Show([](frmrcBHDGS& dialog) {
+  bench.Show([&](frmrcBHDGS& dialog) {
     int lists = 0;
     for (const Option& option : Options()) {
       if (option.kind != ui::ControlKind::kListBox) continue;
       ++lists;
       auto& list = dialog.Get<ui::ListBox>(option.key);
-      list.Happened(ui::ScrolledTo{1});
+      bench.person.ScrollBy(option.key, 1);
       EXPECT_EQ(list.ListIndex(), 1) << ToUtf8(option.key);
     }
     EXPECT_EQ(lists, 8);
     auto& players = dialog.Get<ui::ListBox>(u"lstMax");
-    players.Happened(ui::ScrolledTo{3});
+    bench.person.ScrollTo(u"lstMax", 3);
     EXPECT_EQ(players.Item(players.ListIndex()), u"4");
-    players.Happened(ui::ScrolledTo{1000});
+    bench.person.ScrollTo(u"lstMax", 1000);
     EXPECT_EQ(players.Item(players.ListIndex()), u"50");
   });
 }
@@ -127,7 +125,7 @@ TEST(DialogMods, RebuildTheCatalogueAndTheAvailableMaps) {
                  {u"", 185, 14},
                  {u"None", 117, 9}};
     for (const auto& [mod, total, deathmatch] : kMods) {
-      DialogBench::PickMod(dialog, mod);
+      bench.PickMod(mod);
       EXPECT_EQ(bench.context.maps.catalogue.Count(), total);
       EXPECT_EQ(dialog.lstAvlMaps.Count(), deathmatch);
       EXPECT_EQ(dialog.lstAvlMaps.tooltip(),
@@ -142,18 +140,18 @@ TEST(DialogMods, RebuildTheCatalogueAndTheAvailableMaps) {
     EXPECT_EQ(dialog.lstAvlMaps.tooltip(), u"Maps: 10 / 118");
 
     dialog.txtGametype.SetText(u"deathmatch");
-    DialogBench::PickMod(dialog, u"None");
+    bench.PickMod(u"None");
     EXPECT_EQ(dialog.lstAvlMaps.Count(), 0);
     EXPECT_EQ(dialog.lstAvlMaps.tooltip(), u"Maps: 0 / 118");
   });
-  EXPECT_TRUE(bench.toolkit.messages.boxes.empty());
+  EXPECT_TRUE(bench.toolkit.messages().empty());
 }
 
 TEST(DialogMods, ReportServerMapsWhoseGameTypeIsNoNumber) {
   DialogBench bench;
-  bench.Show([&](frmrcBHDGS& dialog) {
+  bench.Show([&](frmrcBHDGS&) {
     bench.context.maps.server.AppendEntry(u"Shadow Valley <sv.bms>x");
-    DialogBench::PickMod(dialog, u"None");
+    bench.PickMod(u"None");
   });
   ASSERT_EQ(bench.kit->log.size(), 1u);
   EXPECT_EQ(bench.kit->log[0].label, u"SetMaps");
@@ -179,38 +177,37 @@ TEST_F(DialogButtonsTest, ShowThePressOfTheLeftButtonAndActOnAnyRelease) {
     const ui::Bounds released = caption;
     EXPECT_EQ(released, (ui::Bounds{1515, 368, 1185, 495}));
     for (const TextView part : {u"cmdStart", u"cmdStartImg"}) {
-      DialogBench::Press(dialog, part);
+      bench_.person.Press(part, ui::kLeftButton);
       EXPECT_EQ(Face(dialog, u"cmdStartImg"), kPressed);
       EXPECT_EQ(caption, (ui::Bounds{1535, 418, 1185, 495}));
-      DialogBench::Release(dialog, part);
+      bench_.person.Release(part, ui::kLeftButton);
       EXPECT_EQ(Face(dialog, u"cmdStartImg"), kReleased);
       EXPECT_EQ(caption, released);
     }
     EXPECT_EQ(starts_, 2);
 
-    bench_.toolkit.pictures_read.clear();
+    bench_.calls.clear();
     for (const std::int16_t button : {ui::kRightButton, ui::kMiddleButton}) {
-      DialogBench::Press(dialog, u"cmdStartImg", button);
-      DialogBench::Release(dialog, u"cmdStartImg", button);
+      bench_.person.Press(u"cmdStartImg", button);
+      bench_.person.Release(u"cmdStartImg", button);
     }
     EXPECT_EQ(starts_, 4);
-    EXPECT_TRUE(bench_.toolkit.pictures_read.empty());
+    EXPECT_TRUE(bench_.calls.empty());
     EXPECT_EQ(caption, released);
   });
 }
 
 TEST_F(DialogButtonsTest, ActSilentlyWhenThePicturesHaveGone) {
   bench_.Show([&](frmrcBHDGS& dialog) {
-    bench_.toolkit.before = [](const std::string& operation) {
-      if (operation == "ReadPicture") throw RuntimeError(ErrorNumber::kFileNotFound);
-    };
-    DialogBench::Press(dialog, u"cmdStart");
+    bench_.files.RemoveFile(kPressed);
+    bench_.files.SetContents(kReleased, "no picture");
+    bench_.person.Press(u"cmdStart", ui::kLeftButton);
     EXPECT_EQ(Face(dialog, u"cmdStartImg"), kReleased);
-    DialogBench::Release(dialog, u"cmdStart");
+    bench_.person.Release(u"cmdStart", ui::kLeftButton);
     EXPECT_EQ(Face(dialog, u"cmdStartImg"), kReleased);
   });
   EXPECT_EQ(starts_, 1);
-  EXPECT_TRUE(bench_.toolkit.messages.boxes.empty());
+  EXPECT_TRUE(bench_.toolkit.messages().empty());
   EXPECT_TRUE(bench_.kit->log.empty());
 }
 
@@ -220,12 +217,12 @@ TEST_F(DialogButtonsTest, AFailureNobodyTrappedIsReportedUnderItsHandler) {
     raised = __LINE__ + 1;
     throw RuntimeError(ErrorNumber::kOverflow);
   };
-  bench_.Show([](frmrcBHDGS& dialog) { DialogBench::Release(dialog, u"cmdStart"); });
+  bench_.Show([&](frmrcBHDGS&) { bench_.person.Release(u"cmdStart", ui::kLeftButton); });
   ASSERT_EQ(bench_.kit->log.size(), 1u);
   EXPECT_EQ(bench_.kit->log[0].label, u"cmdStart_MouseUp");
   EXPECT_EQ(bench_.kit->log[0].number, 6);
   EXPECT_EQ(bench_.kit->log[0].line, raised);
-  EXPECT_EQ(bench_.toolkit.messages.boxes.at(0).caption, u"DLL Error!");
+  EXPECT_EQ(bench_.toolkit.messages().at(0).caption, u"DLL Error!");
 }
 
 TEST(DialogUnload, RestoresThePointerThenUnhooksAndLetsTheDialogGo) {
@@ -236,28 +233,26 @@ TEST(DialogUnload, RestoresThePointerThenUnhooksAndLetsTheDialogGo) {
     bench.Show([&](frmrcBHDGS& dialog) {
       before = bench.context.dialog;
       dialog.Get<ui::TextBox>(u"txtName").SetText(u"changed");
-      bench.toolkit.journal.clear();
+      bench.calls.clear();
       switch (way) {
         case Way::kCancel:
-          return DialogBench::Release(dialog, u"cmdCancel");
+          return bench.person.Release(u"cmdCancel", ui::kLeftButton);
         case Way::kCancelRight:
-          return DialogBench::Release(dialog, u"cmdCancelImg", ui::kRightButton);
+          return bench.person.Release(u"cmdCancelImg", ui::kRightButton);
         case Way::kOwnButton:
           return dialog.Happened(ui::CloseAsked{});
         case Way::kOrdered:
           return dialog.Unload();
       }
     });
-    auto& journal = bench.toolkit.journal;
-    const auto pointer = std::find(journal.begin(), journal.end(), "ScreenPointer default");
-    ASSERT_NE(pointer, journal.end());
-    EXPECT_EQ(*(pointer + 1), "UnhookTabBackground");
-    EXPECT_EQ(std::count(journal.begin(), journal.end(), "UnhookTabBackground"), 1);
+    const std::vector<Text> expected = {u"SetScreenPointer default", u"UnhookTabBackground tsMain"};
+    EXPECT_NE(std::search(bench.calls.begin(), bench.calls.end(), expected.begin(), expected.end()),
+              bench.calls.end());
+    EXPECT_EQ(bench.CallsOf(expected[1]), 1);
     EXPECT_EQ(bench.context.dialog, nullptr);
-    bench.toolkit.RunDeferred();
     EXPECT_TRUE(before.expired());
     EXPECT_EQ(TakeDialog(bench.context)->Get<ui::TextBox>(u"txtName").text(), u"");
-    EXPECT_TRUE(bench.toolkit.messages.boxes.empty());
+    EXPECT_TRUE(bench.toolkit.messages().empty());
   }
 }
 

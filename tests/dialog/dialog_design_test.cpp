@@ -95,7 +95,7 @@ TEST_F(DialogDesign, EachOptionStandsBesideItsLabelAndInItsColumn) {
     EXPECT_LE(Right(label.bounds()), control.bounds().left) << Named(control);
     EXPECT_NEAR(MiddleLine(label.bounds()), MiddleLine(control.bounds()), kPixel) << Named(control);
     if (option.kind == ControlKind::kListBox) {
-      EXPECT_GE(control.bounds().height, bench_.toolkit.metrics.list_row_height + 4 * kPixel);
+      EXPECT_GE(control.bounds().height, bench_.toolkit.GetMetrics().list_row_height + 4 * kPixel);
     }
   }
   const auto left = [&](TextView key) { return dialog_->At(key).bounds().left; };
@@ -205,23 +205,20 @@ TEST_F(DialogDesign, ListsHoldTheirNumbers) {
 }
 
 TEST_F(DialogDesign, TypingStopsAtTheLimitWhateverTheTooltipSays) {
-  bench_.Show([](frmrcBHDGS& dialog) {
-    const struct {
-      TextView key;
-      std::size_t limit;
-    } kLimits[] = {{u"txtName", 26}, {u"txtMessage", 85}};
-    for (const auto& [key, limit] : kLimits) {
-      auto& box = dialog.Get<ui::TextBox>(key);
-      box.SetText({});
-      box.Happened(ui::TextEdited{Text(limit, u'x')});
-      box.Happened(ui::TextEdited{Text(limit + 1, u'x')});
-      EXPECT_EQ(box.text(), Text(limit, u'x')) << ToUtf8(key);
+  bench_.Show([&](frmrcBHDGS& dialog) {
+    const auto text = [&](TextView key) { return dialog.Get<ui::TextBox>(key).text(); };
+    for (const auto& [key, limit] : {std::pair(u"txtName", 26), std::pair(u"txtMessage", 85)}) {
+      bench_.person.Type(key, Text(static_cast<std::size_t>(limit), u'x'));
+      bench_.person.Type(key, u"y");
+      EXPECT_EQ(text(key), Text(static_cast<std::size_t>(limit), u'x')) << limit;
     }
-    dialog.tsMain.Happened(ui::TabChosen{2});
-    auto& port = dialog.Get<ui::TextBox>(u"txtPort");
-    port.Happened(ui::TextEdited{u"174791"});
-    EXPECT_EQ(port.text(), u"17479");
-    EXPECT_EQ(dialog.Get<ui::TextBox>(u"txtName").tooltip(), u"Limit: 31 Characters");
+    bench_.person.Type(u"txtCountry", u"USA");
+    EXPECT_EQ(text(u"txtCountry"), u"US");
+    EXPECT_EQ(dialog.At(u"txtName").tooltip(), u"Limit: 31 Characters");
+
+    bench_.person.ClickTab(u"Misc Options");
+    bench_.person.Type(u"txtPort", u"1");
+    EXPECT_EQ(text(u"txtPort"), u"17479");
   });
 }
 
