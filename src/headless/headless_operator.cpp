@@ -173,6 +173,12 @@ void HeadlessOperator::ScrollBy(TextView name, int rows) {
 }
 
 void HeadlessOperator::ClickRow(TextView name, int row) {
+  const Gesture gesture(*this, Find(name), {ControlKind::kListBox});
+  gesture.CheckRow(row);
+  const auto& list = static_cast<const ui::ListBox&>(gesture.control());
+  const int top = gesture.mirror().top_row();
+  if (row < top) ScrollTo(name, row);
+  if (row >= top + list.VisibleRows()) ScrollTo(name, row - list.VisibleRows() + 1);
   SelectRows(name, {row});
 }
 

@@ -36,7 +36,7 @@ class HeadlessOperator {
   // List boxes. A list scrolls no further than to its last full page.
   void ScrollTo(TextView name, int row);   // by the thumb: one jump
   void ScrollBy(TextView name, int rows);  // by the arrows: one row after the other
-  void ClickRow(TextView name, int row);
+  void ClickRow(TextView name, int row);   // scrolled into view first
   // In a list with extended selection, with the last one current; ascending or not.
   void SelectRows(TextView name, const std::vector<int>& rows);
   void DoubleClickRow(TextView name, int row);  // -1: below the last row

@@ -1,0 +1,129 @@
+// Check boxes, drop-down lists, tab strips and push buttons.
+#include <gtest/gtest.h>
+
+#include "tests/ui/form_bench.h"
+#include "ui/check_box.h"
+#include "ui/combo_box.h"
+#include "ui/command_button.h"
+#include "ui/tab_strip.h"
+
+namespace quill::ui {
+namespace {
+
+class ChoicesTest : public testing::Test {
+ protected:
+  FormBench bench;
+  Form& form = *bench.form;
+  int clicks = 0;
+};
+
+TEST_F(ChoicesTest, CheckBoxHasThreeStatesAndClicksBetweenTwo) {
+  auto& check = form.Add<CheckBox>(u"chk", nullptr);
+  check.on_click = [&] { ++clicks; };
+  EXPECT_EQ(FailureOf([&] { check.SetValue(3); }), 380);
+  EXPECT_EQ(FailureOf([&] { check.SetValue(-1); }), 380);
+  check.SetValue(0);
+  EXPECT_EQ(clicks, 0);
+  check.SetValue(2);
+  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(FormBench::Seen(check, u"value"), "2");
+  bench.WhileShown([&] {
+    std::string seen;
+    for (int click = 0; click < 3; ++click) {
+      bench.hand.Click(u"chk");
+      seen += ToUtf8(bench.hand.Read(u"chk", u"value"));
+    }
+    EXPECT_EQ(seen, "010");
+  });
+  EXPECT_EQ(clicks, 4);
+}
+
+TEST_F(ChoicesTest, ComboBoxRunsItsHandlerAtOnceOnEveryChoice) {
+  auto& combo = form.Add<ComboBox>(u"cbo", nullptr);
+  std::vector<Text> chosen;
+  combo.on_click = [&] { chosen.emplace_back(combo.text()); };
+  EXPECT_EQ(combo.text(), u"");
+  for (const TextView item : {u"None", u"Mod", u"mod", u""}) combo.AddItem(item);
+  combo.SetText(u"mod");
+  EXPECT_EQ(combo.ListIndex(), 2);
+  combo.SetText(u"mod");
+  combo.SetText(u"");
+  combo.SetListIndex(-1);
+  EXPECT_EQ(chosen, (std::vector<Text>{u"mod", u"mod", u""}));
+
+  combo.SetListIndex(1);
+  try {
+    combo.SetText(u"Missing");
+    ADD_FAILURE() << "took a text that is not in the list";
+  } catch (const RuntimeError& error) {
+    EXPECT_TRUE(error.Is(ErrorNumber::kTextNotInList));
+    EXPECT_NE(error.description().find(u"Missing"), Text::npos);
+  }
+  EXPECT_EQ(FailureOf([&] { combo.SetListIndex(4); }), 380);
+  EXPECT_EQ(FailureOf([&] { combo.SetListIndex(-2); }), 380);
+  EXPECT_EQ(FailureOf([&] { static_cast<void>(combo.Item(4)); }), 5);
+  EXPECT_EQ(combo.text(), u"Mod");
+  EXPECT_EQ(FormBench::Seen(combo, u"text"), "Mod");
+
+  chosen.clear();
+  bench.WhileShown([&] {
+    bench.hand.Choose(u"cbo", u"None");
+    headless::MirrorOf(combo).ChangeCurrent(9);
+    combo.Happened(ItemChosen{9});
+    combo.Happened(ItemChosen{-1});
+    EXPECT_EQ(bench.hand.Read(u"cbo", u"index"), u"0");
+  });
+  EXPECT_EQ(chosen, std::vector<Text>{u"None"});
+
+  combo.Clear();
+  EXPECT_EQ(combo.ListIndex(), -1);
+  EXPECT_EQ(FormBench::Seen(combo, u"count"), "0");
+  EXPECT_EQ(FormBench::Seen(combo, u"text"), "");
+}
+
+TEST_F(ChoicesTest, ComboBoxTellsItsPeerOfEachItemOnce) {
+  auto& combo = form.Add<ComboBox>(u"cbo", nullptr);
+  const std::size_t before = headless::MirrorOf(combo).rows_taken();
+  for (int i = 0; i < 1000; ++i) combo.AddItem(Decimal(i));
+  EXPECT_EQ(headless::MirrorOf(combo).rows_taken() - before, 1000u);
+  EXPECT_EQ(FormBench::Seen(combo, u"item 999"), "999");
+}
+
+TEST_F(ChoicesTest, TabStripTakesTabsThatItHas) {
+  auto& strip =
+      form.Add<TabStrip>(u"ts", nullptr, std::vector<Text>{u"Server Settings", u"Map Settings"});
+  strip.on_click = [&] { ++clicks; };
+  bench.WhileShown([&] {
+    bench.hand.ClickTab(u"Map Settings");
+    EXPECT_EQ(strip.SelectedCaption(), u"Map Settings");
+    for (const int wrong : {2, -1}) {
+      headless::MirrorOf(strip).ChangeCurrent(wrong);
+      strip.Happened(TabChosen{wrong});
+      EXPECT_EQ(bench.hand.Read(u"ts", u"text"), u"Map Settings");
+    }
+    EXPECT_EQ(FailureOf([&] { bench.hand.ClickTab(u"Other"); }), 5);
+  });
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(ChoicesTest, ControlsIgnoreFactsOfOtherKinds) {
+  auto& check = form.Add<CheckBox>(u"chk", nullptr);
+  auto& button = form.Add<CommandButton>(u"cmd", nullptr);
+  check.on_click = [&] { ++clicks; };
+  button.on_click = [&] { ++clicks; };
+  bench.WhileShown([&] {
+    const std::vector<Fact> facts = {TextEdited{u"x"}, ItemChosen{0}, RowsSelected{{0}, 0},
+                                     ScrolledTo{1},    TabChosen{1},  CloseAsked{}};
+    for (const Fact& fact : facts) {
+      check.Happened(fact);
+      button.Happened(fact);
+    }
+    EXPECT_EQ(clicks, 0);
+    button.Happened(Clicked{});
+    EXPECT_EQ(clicks, 1);
+  });
+  EXPECT_FALSE(form.unloaded());
+}
+
+}  // namespace
+}  // namespace quill::ui

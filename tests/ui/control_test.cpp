@@ -1,0 +1,258 @@
+// What all controls share: place and order, who can reach them, and how events get to handlers.
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "tests/ui/form_bench.h"
+#include "ui/check_box.h"
+#include "ui/combo_box.h"
+#include "ui/command_button.h"
+#include "ui/frame.h"
+#include "ui/image.h"
+#include "ui/label.h"
+#include "ui/list_box.h"
+#include "ui/text_box.h"
+
+namespace quill::ui {
+namespace {
+
+using Seen = FormBench;
+
+class ControlTest : public testing::Test {
+ protected:
+  FormBench bench;
+  Form& form = *bench.form;
+};
+
+TEST_F(ControlTest, StandsBeforeItsSiblingsWhenAddedMovedOrBroughtToTheFront) {
+  auto& frame = form.Add<Frame>(u"fme", nullptr, u"Frame");
+  auto& first = form.Add<Label>(u"lblFirst", nullptr);
+  auto& second = form.Add<Label>(u"lblSecond", nullptr);
+  EXPECT_EQ(form.children(), (std::vector<Control*>{&frame, &first, &second}));
+
+  first.BringToFront();
+  EXPECT_EQ(form.children(), (std::vector<Control*>{&frame, &second, &first}));
+  EXPECT_EQ(Seen::Seen(first, u"order"), "2");
+
+  second.MoveInto(frame);
+  first.MoveInto(frame);
+  EXPECT_EQ(form.children(), (std::vector<Control*>{&frame}));
+  EXPECT_EQ(frame.children(), (std::vector<Control*>{&second, &first}));
+  EXPECT_EQ(first.container(), &frame);
+  EXPECT_EQ(Seen::Seen(second, u"order"), "0");
+  EXPECT_EQ(Seen::Seen(second, u"container"), "fme");
+}
+
+TEST_F(ControlTest, MovesIntoNothingThatLiesInItOrElsewhere) {
+  auto& outer = form.Add<Frame>(u"fmeOuter", nullptr, u"");
+  auto& inner = form.Add<Frame>(u"fmeInner", &outer, u"");
+  const auto other_form = bench.MakeForm();
+  for (Control* const wrong : std::vector<Control*>{&outer, &inner, other_form.get()}) {
+    EXPECT_EQ(FailureOf([&] { outer.MoveInto(*wrong); }), 5);
+  }
+  EXPECT_EQ(FailureOf([&] { form.MoveInto(outer); }), 5);
+  EXPECT_EQ(outer.container(), &form);
+  EXPECT_EQ(form.children(), std::vector<Control*>{&outer});
+}
+
+TEST_F(ControlTest, TellsItsPeerOfEveryCommonSide) {
+  auto& box = form.Add<TextBox>(u"txt", nullptr, 7, Alignment::kCentre, true);
+  box.SetBounds({1, 2, 3, 4});
+  box.SetPlace(10, 20);
+  box.SetTooltip(u"Limit: 7 Characters");
+  box.SetEnabled(false);
+  box.SetVisible(false);
+  box.SetTabIndex(4);
+  box.SetText(u"longer than seven");
+  const std::vector<std::pair<TextView, std::string>> expected = {
+      {u"bounds", "10,20,3,4"}, {u"tooltip", "Limit: 7 Characters"},
+      {u"enabled", "false"},    {u"visible", "false"},
+      {u"tab_index", "4"},      {u"text", "longer than seven"},
+      {u"limit", "7"},          {u"locked", "true"},
+      {u"alignment", "centre"}, {u"kind", "TextBox"},
+  };
+  for (const auto& [property, shown] : expected) {
+    EXPECT_EQ(Seen::Seen(box, property), shown) << ToUtf8(property);
+  }
+
+  auto& label = form.Add<Label>(u"lbl", nullptr, u"Old");
+  label.SetCaption(u"New");
+  label.SetAlignment(Alignment::kRight);
+  label.SetFontSize(12);
+  label.SetTransparent(true);
+  EXPECT_EQ(Seen::Seen(label, u"caption"), "New");
+  EXPECT_EQ(Seen::Seen(label, u"alignment"), "right");
+  EXPECT_EQ(Seen::Seen(label, u"font"), "12");
+  EXPECT_EQ(Seen::Seen(label, u"transparent"), "true");
+
+  auto& button = form.Add<CommandButton>(u"cmd", nullptr, u"Go");
+  bench.files.MakeFolders(u"C:\\Host\\imgs");
+  bench.files.SetContents(u"C:\\Host\\imgs\\a.gif", "GIF89a");
+  button.SetPicture(bench.toolkit.ReadPicture(u"C:\\Host\\imgs\\a.gif"));
+  EXPECT_EQ(Seen::Seen(button, u"picture"), "C:\\Host\\imgs\\a.gif");
+
+  form.SetPointer(Pointer::kBusy);
+  EXPECT_EQ(Seen::Seen(form, u"pointer"), "busy");
+}
+
+TEST_F(ControlTest, IsReachableOnlyThroughShownAndEnabledContainers) {
+  auto& frame = form.Add<Frame>(u"fme", nullptr, u"");
+  auto& check = form.Add<CheckBox>(u"chk", &frame);
+  int clicks = 0;
+  check.on_click = [&] { ++clicks; };
+
+  check.Happened(Clicked{});
+  EXPECT_EQ(clicks, 0) << "the form is not shown";
+  bench.WhileShown([&] {
+    for (Control* const one : std::vector<Control*>{&check, &frame, &form}) {
+      one->SetEnabled(false);
+      EXPECT_FALSE(check.IsReachable());
+      check.Happened(Clicked{});
+      one->SetEnabled(true);
+    }
+    frame.SetVisible(false);
+    check.Happened(Clicked{});
+    EXPECT_EQ(Seen::Seen(check, u"visible"), "true");
+    EXPECT_EQ(Seen::Seen(check, u"shown"), "false");
+    frame.SetVisible(true);
+    EXPECT_EQ(clicks, 0);
+
+    check.Happened(Clicked{});
+    EXPECT_EQ(clicks, 1);
+    form.Unload();
+    check.Happened(Clicked{});
+    EXPECT_EQ(clicks, 1);
+  });
+  EXPECT_EQ(check.value(), 1);
+}
+
+TEST_F(ControlTest, PutsANativeControlRightThatChangedWhileUnreachable) {
+  auto& box = form.Add<TextBox>(u"txt", nullptr);
+  auto& combo = form.Add<ComboBox>(u"cbo", nullptr);
+  auto& list = form.Add<ListBox>(u"lst", nullptr, Selection::kSingle, ListHeight::kSingleRow);
+  box.SetText(u"kept");
+  for (const TextView item : {u"a", u"b", u"c"}) {
+    combo.AddItem(item);
+    list.AddItem(item);
+  }
+  // The messages of a window may still come after it was hidden.
+  headless::MirrorOf(box).ChangeText(u"kept, and more");
+  headless::MirrorOf(combo).ChangeCurrent(2);
+  headless::MirrorOf(list).ChangeTopRow(1);
+  box.Happened(TextEdited{u"kept, and more"});
+  combo.Happened(ItemChosen{2});
+  list.Happened(ScrolledTo{1});
+  EXPECT_EQ(box.text(), u"kept");
+  EXPECT_EQ(Seen::Seen(box, u"text"), "kept");
+  EXPECT_EQ(Seen::Seen(combo, u"index"), "-1");
+  EXPECT_EQ(Seen::Seen(list, u"top"), "0");
+}
+
+TEST_F(ControlTest, LabelsAFailureWithTheHandlerThatItLeft) {
+  auto& check = form.Add<CheckBox>(u"chkOne", nullptr);
+  auto& list = form.Add<ListBox>(u"lstOne", nullptr, Selection::kSingle, ListHeight::kSingleRow);
+  auto& face = form.Add<Image>(u"cmdOneImg", nullptr);
+  auto& caption = form.Add<Label>(u"cmdOne", nullptr);
+  list.AddItem(u"0");
+  list.AddItem(u"1");
+  const auto fail = [](int number) { throw RuntimeError(number, u"as planned"); };
+  check.on_click = [&] { fail(1001); };
+  list.on_scroll = [&] { fail(1002); };
+  list.on_key_press = [&](char16_t) { fail(1003); };
+  list.on_double_click = [&] { fail(1004); };
+  face.on_mouse_down = [&](const MouseEvent&) { fail(1005); };
+  caption.on_mouse_up = [&](const MouseEvent&) { throw std::bad_alloc(); };
+  form.on_unload = [&] { throw std::runtime_error("of another kind"); };
+  bench.WhileShown([&] {
+    check.Happened(Clicked{});
+    list.Happened(ScrolledTo{1});
+    list.Happened(KeyPressed{u'+'});
+    list.Happened(RowDoubleClicked{0});
+    face.Happened(MousePressed{});
+    caption.Happened(MouseReleased{});
+    form.Happened(CloseAsked{});
+  });
+  EXPECT_EQ(bench.unhandled, (std::vector<std::string>{
+                                 "chkOne_Click 1001", "lstOne_Scroll 1002", "lstOne_KeyPress 1003",
+                                 "lstOne_DblClick 1004", "cmdOneImg_MouseDown 1005",
+                                 "cmdOne_MouseUp 7", "Form_Unload 51"}));
+  EXPECT_TRUE(form.unloaded());
+}
+
+TEST_F(ControlTest, LabelsNestedFailuresByWhereTheyWereNotTrapped) {
+  auto& combo = form.Add<ComboBox>(u"cboInner", nullptr);
+  combo.AddItem(u"item");
+  auto& check = form.Add<CheckBox>(u"chkOuter", nullptr);
+  bool inner_fails = false;
+  enum class Outer { kLetsThrough, kTraps, kTrapsAndFails } outer = Outer::kLetsThrough;
+  combo.on_click = [&] {
+    if (inner_fails) throw RuntimeError(1001, u"inner");
+  };
+  check.on_click = [&] {
+    try {
+      combo.SetListIndex(0);
+    } catch (const RuntimeError&) {
+      if (outer == Outer::kLetsThrough) throw;
+    }
+    if (outer == Outer::kTrapsAndFails) throw RuntimeError(1002, u"outer");
+  };
+  bench.WhileShown([&] {
+    check.Happened(Clicked{});
+    EXPECT_TRUE(bench.unhandled.empty());
+
+    inner_fails = true;
+    check.Happened(Clicked{});
+    outer = Outer::kTraps;
+    check.Happened(Clicked{});
+    outer = Outer::kTrapsAndFails;
+    check.Happened(Clicked{});
+    inner_fails = false;
+    check.Happened(Clicked{});
+  });
+  EXPECT_EQ(bench.unhandled, (std::vector<std::string>{"cboInner_Click 1001", "chkOuter_Click 1002",
+                                                       "chkOuter_Click 1002"}));
+
+  // Without an event around it, the failure is the assigner's.
+  inner_fails = true;
+  EXPECT_EQ(FailureOf([&] { combo.SetText(u"item"); }), 1001);
+  EXPECT_EQ(bench.unhandled.size(), 3u);
+}
+
+TEST_F(ControlTest, SurvivesAHandlerThatReplacesItselfAndAReportThatFails) {
+  auto& check = form.Add<CheckBox>(u"chk", nullptr);
+  int second = 0;
+  check.on_click = [&check, &second, kept = std::string(100, 'x')] {
+    check.on_click = [&] { ++second; };
+    EXPECT_EQ(kept.size(), 100u);
+    throw RuntimeError(1001, kept.empty() ? u"gone" : u"here");
+  };
+  form.on_unhandled = [](const RuntimeError&, TextView) { throw RuntimeError(2, u"again"); };
+  bench.WhileShown([&] {
+    check.Happened(Clicked{});
+    check.Happened(Clicked{});
+  });
+  EXPECT_EQ(second, 1);
+}
+
+TEST_F(ControlTest, KeepsItsNewStateWhenThePeerFails) {
+  auto& check = form.Add<CheckBox>(u"chk", nullptr);
+  int clicks = 0;
+  check.on_click = [&] { ++clicks; };
+  bench.toolkit.before_call = [](TextView) { throw RuntimeError(1001, u"no window"); };
+  EXPECT_EQ(FailureOf([&] { check.SetValue(1); }), 1001);
+  EXPECT_EQ(check.value(), 1);
+  EXPECT_EQ(clicks, 0);
+  bench.toolkit.before_call = nullptr;
+  check.SetValue(1);
+  EXPECT_EQ(Seen::Seen(check, u"value"), "1");
+
+  bench.WhileShown([&] {
+    bench.toolkit.before_call = [](TextView) { throw RuntimeError(1002, u"no window"); };
+    check.Happened(Clicked{});
+    bench.toolkit.before_call = nullptr;
+  });
+  EXPECT_EQ(bench.unhandled, std::vector<std::string>{"chk_Click 1002"});
+}
+
+}  // namespace
+}  // namespace quill::ui

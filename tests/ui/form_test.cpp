@@ -1,0 +1,335 @@
+// The form: its collection, its modal display, and its end in every order of events.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <new>
+
+#include "tests/ui/form_bench.h"
+#include "ui/check_box.h"
+#include "ui/command_button.h"
+#include "ui/file_dialog.h"
+#include "ui/frame.h"
+#include "ui/image_button.h"
+#include "ui/list_box.h"
+#include "ui/text_box.h"
+
+namespace quill::ui {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+class FormTest : public testing::Test {
+ protected:
+  FormBench bench;
+  Form& form = *bench.form;
+};
+
+TEST_F(FormTest, FindsControlsByNameInAnyCaseAndByKind) {
+  auto& box = form.Add<TextBox>(u"txtName", nullptr);
+  EXPECT_EQ(form.Find(u"TXTNAME"), &box);
+  EXPECT_EQ(form.Find(u"txtNam"), nullptr);
+  EXPECT_EQ(&form.Get<TextBox>(u"TxtName"), &box);
+  EXPECT_EQ(FailureOf([&] { static_cast<void>(form.Get<CheckBox>(u"txtName")); }), 13);
+  EXPECT_EQ(FailureOf([&] { static_cast<void>(form.At(u"txtOther")); }), 730);
+}
+
+TEST_F(FormTest, TakesNoNameTwiceAndNoForeignContainer) {
+  form.Add<TextBox>(u"txtName", nullptr);
+  EXPECT_EQ(FailureOf([&] { form.Add<CheckBox>(u"TXTName", nullptr); }), 5);
+  const auto other = bench.MakeForm();
+  EXPECT_EQ(FailureOf([&] { form.Add<CheckBox>(u"chk", other.get()); }), 5);
+  EXPECT_EQ(form.controls().size(), 1u);
+  EXPECT_EQ(form.children().size(), 1u);
+  EXPECT_TRUE(other->children().empty());
+}
+
+TEST_F(FormTest, MakesItsPeerWithTheFirstControlAndNoneForAFileDialog) {
+  Strings calls;
+  bench.toolkit.before_call = [&](TextView call) { calls.push_back(ToUtf8(call)); };
+  form.Add<FileDialog>(u"cdOne", nullptr);
+  form.Add<Frame>(u"fme", nullptr, u"Frame");
+  EXPECT_EQ(calls, (Strings{"MakePeer frmMain", "Sync frmMain", "MakePeer fme", "Sync fme"}));
+  EXPECT_EQ(FormBench::Seen(form, u"bounds"), "0,0,9000,4000");
+  EXPECT_EQ(FormBench::Seen(form, u"visible"), "false");
+}
+
+TEST_F(FormTest, KeepsNoControlWhosePeerCannotBeMade) {
+  auto& frame = form.Add<Frame>(u"fme", nullptr, u"");
+  for (const TextView failing : {u"MakePeer txt", u"Sync txt"}) {
+    bench.toolkit.before_call = [&](TextView call) {
+      if (call == failing) throw RuntimeError(ErrorNumber::kOutOfMemory);
+    };
+    EXPECT_EQ(FailureOf([&] { form.Add<TextBox>(u"txt", &frame); }), 7);
+    EXPECT_EQ(form.Find(u"txt"), nullptr);
+    EXPECT_TRUE(frame.children().empty());
+  }
+  bench.toolkit.before_call = nullptr;
+  form.Add<TextBox>(u"txt", &frame);
+  EXPECT_EQ(FormBench::Seen(form.At(u"txt"), u"order"), "0");
+}
+
+TEST_F(FormTest, ShowsModallyUntilHiddenAndCanBeShownAgain) {
+  form.Add<TextBox>(u"txt", nullptr).SetText(u"kept");
+  for (int round = 0; round < 2; ++round) {
+    bench.WhileShown([&] {
+      EXPECT_TRUE(form.shown());
+      EXPECT_EQ(FormBench::Seen(form, u"shown"), "true");
+      EXPECT_EQ(FailureOf([&] { form.ShowModal(); }), 400);
+      form.Hide();
+      EXPECT_FALSE(form.shown());
+      EXPECT_EQ(FormBench::Seen(form, u"shown"), "false");
+      form.Hide();
+    });
+    EXPECT_FALSE(form.shown());
+    EXPECT_EQ(form.Get<TextBox>(u"txt").text(), u"kept");
+  }
+}
+
+TEST_F(FormTest, EndsTheDisplayThatAFailingEventLeaves) {
+  form.Add<TextBox>(u"txt", nullptr);
+  bench.toolkit.pump = []() -> bool { throw RuntimeError(1001, u"the host"); };
+  EXPECT_EQ(FailureOf([&] { form.ShowModal(); }), 1001);
+  EXPECT_FALSE(form.shown());
+  EXPECT_EQ(FormBench::Seen(form, u"visible"), "false");
+  EXPECT_EQ(bench.toolkit.ModalForm(), nullptr);
+}
+
+// The host may hide the dialog and open it again before the first display has returned.
+TEST_F(FormTest, NestsADisplayInOneThatHasEnded) {
+  form.Add<TextBox>(u"txt", nullptr);
+  Strings order;
+  int event = 0;
+  bench.toolkit.pump = [&] {
+    switch (++event) {
+      case 1:
+        form.Hide();
+        form.ShowModal();
+        order.emplace_back("inner returned");
+        EXPECT_FALSE(form.shown());
+        return true;
+      case 2:
+        order.emplace_back("inside");
+        EXPECT_EQ(bench.toolkit.ModalForm(), &form);
+        return true;
+      case 3:
+        form.Hide();
+        return true;
+      default:
+        ADD_FAILURE() << "an ended display took another event";
+        return false;
+    }
+  };
+  form.ShowModal();
+  EXPECT_EQ(order, (Strings{"inside", "inner returned"}));
+}
+
+TEST_F(FormTest, UnloadsOnceInOrder) {
+  form.Add<TextBox>(u"txt", nullptr);
+  Strings order;
+  form.on_unload = [&] {
+    order.emplace_back(form.shown() ? "unload, shown" : "unload");
+    form.Unload();
+  };
+  form.on_unloaded = [&] {
+    order.emplace_back(form.unloaded() && !form.shown() ? "unloaded, hidden" : "too early");
+    form.Unload();
+  };
+  bench.WhileShown([&] {
+    bench.toolkit.before_call = [&](TextView call) { order.push_back(ToUtf8(call)); };
+    form.Unload();
+    bench.toolkit.before_call = nullptr;
+    form.Unload();
+  });
+  EXPECT_EQ(order,
+            (Strings{"unload, shown", "EndModal frmMain", "Sync frmMain", "unloaded, hidden"}));
+  EXPECT_EQ(FailureOf([&] { form.ShowModal(); }), 91);
+}
+
+TEST_F(FormTest, UnloadsAllTheWayWhenStepsFail) {
+  form.Add<TextBox>(u"txt", nullptr);
+  bool told = false;
+  form.on_unload = [] { throw RuntimeError(1001, u"first"); };
+  form.on_unloaded = [&] {
+    told = true;
+    throw RuntimeError(1003, u"third");
+  };
+  bench.WhileShown([&] {
+    bench.toolkit.before_call = [&](TextView call) {
+      if (call == u"Sync frmMain") throw RuntimeError(1002, u"second");
+    };
+    EXPECT_EQ(FailureOf([&] { form.Unload(); }), 1001);
+    bench.toolkit.before_call = nullptr;
+  });
+  EXPECT_TRUE(told);
+  EXPECT_TRUE(form.unloaded());
+  EXPECT_FALSE(form.shown());
+}
+
+TEST_F(FormTest, OutlivesTheHandlersThatCloseIt) {
+  auto& button = form.Add<CommandButton>(u"cmd", nullptr);
+  const std::weak_ptr<Form> watched = bench.form;
+  form.on_unloaded = [&] { bench.form.reset(); };
+  const auto text = std::make_shared<std::string>("alive");
+  const std::weak_ptr<std::string> held_by_handler = text;
+  button.on_click = [&button, held = text] {
+    button.form().Unload();
+    EXPECT_EQ(button.name(), u"cmd");
+    EXPECT_EQ(*held, "alive");
+  };
+  bench.toolkit.pump = [&] {
+    EXPECT_NE(watched.lock(), nullptr);
+    watched.lock()->At(u"cmd").Happened(Clicked{});
+    EXPECT_EQ(bench.form, nullptr);
+    EXPECT_FALSE(watched.expired()) << "its display has not returned yet";
+    return true;
+  };
+  bench.form->ShowModal();
+  EXPECT_FALSE(watched.expired()) << "destruction is deferred to where no event is handled";
+  bench.toolkit.RunDeferred();
+  EXPECT_TRUE(watched.expired());
+  EXPECT_EQ(held_by_handler.use_count(), 1);
+}
+
+// A toolkit whose windows talk when they go, as native ones do.
+class TalkingToolkit final : public Toolkit {
+ public:
+  class TalkingPeer final : public Peer {
+   public:
+    TalkingPeer(Strings& gone, Control& control) : gone_(gone), control_(control) {}
+    ~TalkingPeer() override {
+      gone_.push_back(ToUtf8(control_.name()));
+      control_.Happened(Clicked{});
+      control_.Happened(CloseAsked{});
+    }
+    void Sync(Changes) override {}
+
+   private:
+    Strings& gone_;
+    Control& control_;
+  };
+
+  Strings gone;
+
+  void ShowMessage(TextView, TextView) override {}
+  std::unique_ptr<Peer> MakePeer(Control& control) override {
+    return std::make_unique<TalkingPeer>(gone, control);
+  }
+  [[nodiscard]] Metrics GetMetrics() const override { return {}; }
+  PicturePtr ReadPicture(TextView) override { return nullptr; }
+  PicturePtr MakePicture(int, int, std::span<const std::uint32_t>) override { return nullptr; }
+  std::vector<Text> ShowFileDialog(Form&, const FileDialogRequest&) override { return {}; }
+  void SetScreenPointer(Pointer) override {}
+  // Destroyed while it is shown: the hardest case.
+  void RunModal(Form& form) override { throw RuntimeError(1001, form.name()); }
+  void EndModal(Form&) override {}
+  void Defer(std::function<void()>) override { throw std::bad_alloc(); }
+  void HookTabBackground(TabStrip&, PictureBox&) override {}
+  void UnhookTabBackground(TabStrip&) override {}
+};
+
+TEST(FormEndTest, DestroysPeersFromTheInsideOutAndHearsThemNoMore) {
+  TalkingToolkit toolkit;
+  auto form = std::make_shared<Form>(toolkit, u"frm", u"", 100, 100);
+  auto& outer = form->Add<Frame>(u"fmeOuter", nullptr, u"");
+  auto& check = form->Add<CheckBox>(u"chkInner", nullptr);
+  check.MoveInto(outer);
+  check.on_click = [] { ADD_FAILURE() << "a form that is being destroyed heard an event"; };
+  form->on_unload = [] { ADD_FAILURE() << "a form that is being destroyed was unloaded"; };
+  EXPECT_EQ(FailureOf([&] { form->ShowModal(); }), 1001);
+  form.reset();
+  EXPECT_EQ(toolkit.gone, (Strings{"chkInner", "fmeOuter", "frm"}));
+}
+
+TEST_F(FormTest, AnswersOfTheFileDialogAreTheFirstPathOrNothing) {
+  auto& dialog = form.Add<FileDialog>(u"cd", nullptr);
+  dialog.request.title = u"Load";
+  dialog.request.file_name = u"proposed";
+  bench.toolkit.AnswerNextFileDialog({u"C:\\a.hsf", u"C:\\b.hsf"});
+  EXPECT_EQ(dialog.ShowOpen(), u"C:\\a.hsf");
+  EXPECT_EQ(dialog.request.file_name, u"C:\\a.hsf");
+  bench.toolkit.AnswerNextFileDialog({});
+  EXPECT_EQ(dialog.ShowSave(), u"");
+  EXPECT_EQ(dialog.request.file_name, u"");
+
+  const auto& asked = bench.toolkit.file_dialogs();
+  ASSERT_EQ(asked.size(), 2u);
+  EXPECT_EQ(asked[0].file_name, u"proposed");
+  EXPECT_FALSE(asked[0].save);
+  EXPECT_TRUE(asked[1].save);
+}
+
+// Every call to the toolkit fails once, the first in the first round, and so on until a round has
+// no failure: whatever fails, the form can be shown, operated and closed, and nothing is lost
+// twice.
+TEST(FormFaultSweepTest, AnyFailingCallLeavesAWorkingForm) {
+  bool failed = true;
+  for (int failing_call = 1; failed; ++failing_call) {
+    SCOPED_TRACE(failing_call);
+    FormBench bench;
+    bench.files.MakeFolders(u"C:\\Host\\imgs");
+    bench.files.SetContents(u"C:\\Host\\imgs\\butup.gif", "GIF89a");
+    bench.files.SetContents(u"C:\\Host\\imgs\\butdown.gif", "GIF89a");
+    int calls = 0;
+    failed = false;
+    bench.toolkit.before_call = [&](TextView call) {
+      if (++calls != failing_call || call == u"Defer" || call.substr(0, 8) == u"EndModal") return;
+      failed = true;
+      throw RuntimeError(ErrorNumber::kOutOfMemory);
+    };
+    const auto try_to = [](auto step) {
+      try {
+        step();
+      } catch (const RuntimeError& error) {
+        EXPECT_TRUE(error.Is(ErrorNumber::kOutOfMemory) ||
+                    error.Is(ErrorNumber::kControlNotFound) ||
+                    error.Is(ErrorNumber::kInvalidProcedureCall))
+            << error.what();
+      }
+    };
+    Form& form = *bench.form;
+    try_to([&] { form.Add<Frame>(u"fme", nullptr, u""); });
+    try_to([&] {
+      auto& list =
+          form.Add<ListBox>(u"lst", form.Find(u"fme"), Selection::kExtended, ListHeight::kManyRows);
+      const ListBox::Refill refill(list);
+      for (const TextView item : {u"a", u"b", u"c"}) list.AddItem(item);
+    });
+    ImageButton button;
+    button.width = 300;
+    button.height = 300;
+    button.name = u"cmdImg";
+    try_to([&] { CreateButtonFace(form, button, u"C:\\Host"); });
+    button.name = u"cmd";
+    try_to([&] { CreateButtonCaption(form, button, u"C:\\Host"); });
+    try_to([&] {
+      bench.WhileShown([&] {
+        try_to([&] { bench.hand.SelectRows(u"lst", {0, 2}); });
+        try_to([&] { form.Get<ListBox>(u"lst").Clear(); });
+        try_to([&] { form.Get<ListBox>(u"lst").AddItem(u"last"); });
+        try_to([&] { SetButtonState(form, u"cmdImg", u"Down", u"C:\\Host"); });
+      });
+    });
+    bench.toolkit.before_call = nullptr;
+
+    EXPECT_FALSE(form.shown());
+    EXPECT_EQ(bench.toolkit.ModalForm(), nullptr);
+    for (const auto& control : form.controls()) {
+      ASSERT_NE(control->container(), nullptr);
+      const auto& siblings = control->container()->children();
+      EXPECT_EQ(std::count(siblings.begin(), siblings.end(), control.get()), 1);
+      EXPECT_NE(control->peer(), nullptr);
+    }
+    if (auto* list = dynamic_cast<ListBox*>(form.Find(u"lst"))) {
+      list->SetTooltip(u"more");
+      list->AddItem(u"the end");
+      EXPECT_EQ(FormBench::Seen(*list, u"count"), std::to_string(list->Count()));
+      EXPECT_EQ(FormBench::Seen(*list, u"selected"), "");
+    }
+    form.Unload();
+    EXPECT_TRUE(form.unloaded());
+    ASSERT_LT(failing_call, 1000);
+  }
+}
+
+}  // namespace
+}  // namespace quill::ui

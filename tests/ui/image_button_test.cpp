@@ -1,0 +1,183 @@
+// Image buttons: where caption and face lie in either state, and what is done when parts are
+// missing.
+#include "ui/image_button.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/ui/form_bench.h"
+#include "ui/frame.h"
+#include "ui/tab_background.h"
+
+namespace quill::ui {
+namespace {
+
+constexpr TextView kRoot = u"C:\\Host";
+
+TEST(NearestHalfTest, GoesToTheEvenNeighbour) {
+  for (const auto& [numerator, nearest] : std::vector<std::pair<int, int>>{{0, 0},
+                                                                           {1, 0},
+                                                                           {2, 1},
+                                                                           {3, 2},
+                                                                           {5, 2},
+                                                                           {7, 4},
+                                                                           {975, 488},
+                                                                           {-1, 0},
+                                                                           {-3, -2},
+                                                                           {-5, -2}}) {
+    EXPECT_EQ(NearestHalf(numerator), nearest) << numerator;
+  }
+}
+
+TEST(CaptionPlaceTest, IsComputedFromFaceFontAndScreen) {
+  const auto place = [](const Bounds& face, int font, int twips_per_pixel, bool pressed) {
+    const CaptionPlace at = PlaceCaption(face, font, twips_per_pixel, pressed);
+    return std::pair(at.left, at.top);
+  };
+  EXPECT_EQ(place({1440, 240, 1335, 495}, 8, 15, false), std::pair(1515, 368));
+  EXPECT_EQ(place({1440, 240, 1335, 495}, 8, 15, true), std::pair(1535, 418));
+  EXPECT_EQ(place({790, 240, 300, 300}, 8, 15, false), std::pair(865, 270));
+  EXPECT_EQ(place({790, 240, 300, 300}, 8, 15, true), std::pair(885, 320));
+  EXPECT_EQ(place({0, 1, 300, 300}, 10, 12, false), std::pair(75, 31));
+  EXPECT_EQ(place({0, 0, 300, 5}, 8, 0, false), std::pair(75, 2));
+}
+
+class ImageButtonTest : public testing::Test {
+ protected:
+  ImageButtonTest() {
+    bench.files.MakeFolders(u"C:\\Host\\imgs");
+    bench.files.SetContents(u"C:\\Host\\imgs\\butup.gif", "GIF89a");
+    bench.files.SetContents(u"C:\\Host\\imgs\\butdown.gif", "GIF87a");
+    button.width = 1335;
+    button.height = 495;
+    button.left = 1440;
+    button.top = 240;
+    button.caption = u"Start Game";
+    button.container = &frame;
+  }
+  void Create() {
+    button.name = u"cmdStartImg";
+    CreateButtonFace(form, button, kRoot);
+    button.name = u"cmdStart";
+    CreateButtonCaption(form, button, kRoot);
+  }
+  [[nodiscard]] std::string Seen(TextView name, TextView property) {
+    return FormBench::Seen(form.At(name), property);
+  }
+
+  FormBench bench;
+  Form& form = *bench.form;
+  Frame& frame = form.Add<Frame>(u"Frame3", nullptr, u"Options");
+  ImageButton button;
+};
+
+TEST_F(ImageButtonTest, IsBuiltReleasedWithTheCaptionInFront) {
+  Create();
+  EXPECT_EQ(Seen(u"cmdStartImg", u"bounds"), "1440,240,1335,495");
+  EXPECT_EQ(Seen(u"cmdStart", u"bounds"), "1515,368,1185,495");
+  EXPECT_EQ(Seen(u"cmdStartImg", u"container"), "Frame3");
+  EXPECT_EQ(Seen(u"cmdStart", u"container"), "Frame3");
+  EXPECT_EQ(Seen(u"cmdStartImg", u"order"), "0");
+  EXPECT_EQ(Seen(u"cmdStart", u"order"), "1");
+  EXPECT_EQ(Seen(u"cmdStartImg", u"picture"), "C:\\Host\\imgs\\butup.gif");
+  EXPECT_TRUE(form.Get<Image>(u"cmdStartImg").stretch());
+  EXPECT_EQ(Seen(u"cmdStart", u"caption"), "Start Game");
+  EXPECT_EQ(Seen(u"cmdStart", u"alignment"), "centre");
+  EXPECT_EQ(Seen(u"cmdStart", u"transparent"), "true");
+  EXPECT_EQ(Seen(u"cmdStart", u"font"), "8");
+}
+
+TEST_F(ImageButtonTest, TakesFontEnabledAndVisibleFromItsDescription) {
+  button.font_size = -3;
+  button.enabled = false;
+  button.visible = false;
+  button.container = nullptr;
+  Create();
+  for (const TextView name : {u"cmdStart", u"cmdStartImg"}) {
+    EXPECT_EQ(Seen(name, u"enabled"), "false");
+    EXPECT_EQ(Seen(name, u"visible"), "false");
+    EXPECT_EQ(Seen(name, u"container"), "frmMain");
+  }
+  EXPECT_EQ(Seen(u"cmdStart", u"font"), "8");
+
+  FormBench other;
+  other.files.MakeFolders(u"C:\\Host\\imgs");
+  other.files.SetContents(u"C:\\Host\\imgs\\butup.gif", "GIF89a");
+  button.font_size = 10;
+  button.name = u"cmdImg";
+  CreateButtonFace(*other.form, button, kRoot);
+  button.name = u"cmd";
+  EXPECT_EQ(CreateButtonCaption(*other.form, button, kRoot).bounds().top, 488 - 150);
+}
+
+TEST_F(ImageButtonTest, OnlyTheExactStatePressesAndReleasingRestores) {
+  Create();
+  for (const TextView state : {u"Down", u"down", u"Down", u"", u"Down", u"Up"}) {
+    SetButtonState(form, u"cmdStartImg", state, kRoot);
+    const bool pressed = state == u"Down";
+    EXPECT_EQ(Seen(u"cmdStart", u"bounds"), pressed ? "1535,418,1185,495" : "1515,368,1185,495");
+    EXPECT_EQ(Seen(u"cmdStartImg", u"picture"),
+              pressed ? "C:\\Host\\imgs\\butdown.gif" : "C:\\Host\\imgs\\butup.gif");
+  }
+  SetButtonState(form, u"CMDSTARTIMG", u"Down", kRoot);
+  SetButtonState(form, u"mg", u"Down", kRoot);
+  EXPECT_EQ(Seen(u"cmdStart", u"left"), "1515") << "names are compared in their letter case";
+}
+
+TEST_F(ImageButtonTest, MissingPicturesKeepTheOldOneAndStillMoveTheCaption) {
+  Create();
+  bench.files.RemoveFile(u"C:\\Host\\imgs\\butdown.gif");
+  EXPECT_EQ(FailureOf([&] { SetButtonState(form, u"cmdStartImg", u"Down", kRoot); }), 53);
+  EXPECT_EQ(Seen(u"cmdStart", u"left"), "1535");
+  EXPECT_EQ(Seen(u"cmdStartImg", u"picture"), "C:\\Host\\imgs\\butup.gif");
+
+  bench.files.SetContents(u"C:\\Host\\imgs\\butup.gif", "BM");
+  button.name = u"cmdOtherImg";
+  EXPECT_EQ(FailureOf([&] { CreateButtonFace(form, button, kRoot); }), 481);
+  button.name = u"cmdFaceless";
+  EXPECT_EQ(FailureOf([&] { CreateButtonCaption(form, button, kRoot); }), 730);
+}
+
+TEST(TabBackgroundTest, ReadiesItsSourceAndCanBeTakenOff) {
+  FormBench bench;
+  auto& strip = bench.form->Add<TabStrip>(u"ts", nullptr, std::vector<Text>{u"One"});
+  auto& box = bench.form->Add<PictureBox>(u"Picture1", nullptr, 0x00D8E9ECu);
+  AttachTabBackground(strip, box);
+  EXPECT_TRUE(box.persistent_image() && box.auto_size() && box.scale_in_pixels());
+  EXPECT_EQ(bench.toolkit.TabBackgroundOf(strip), &box);
+  EXPECT_EQ(FormBench::Seen(box, u"colour"), "0x00D8E9EC");
+  DetachTabBackground(strip);
+  EXPECT_EQ(bench.toolkit.TabBackgroundOf(strip), nullptr);
+}
+
+// The channels do not touch each other, so that all combinations of one channel, at each of the
+// three places and between extremes in the other two, are all combinations there are.
+TEST(TabBackgroundTest, MixesEachChannelBitByBit) {
+  for (const int shift : {0, 8, 16}) {
+    const std::uint32_t others = 0x00FFFFFFu & ~(0xFFu << shift);
+    std::size_t wrong = 0;
+    for (std::uint32_t painted = 0; painted < 256; ++painted) {
+      for (std::uint32_t face = 0; face < 256; ++face) {
+        for (std::uint32_t background = 0; background < 256; ++background) {
+          std::uint32_t expected = 0;
+          for (std::uint32_t bit = 1; bit < 256; bit *= 2) {
+            const bool shown =
+                ((painted & bit) != 0 || (face & bit) == 0) && (background & bit) != 0;
+            expected += shown ? bit : 0;
+          }
+          const std::uint32_t dark =
+              MixTabPixel(painted << shift, (face << shift) | others, background << shift);
+          const std::uint32_t light = MixTabPixel((painted << shift) | others, face << shift,
+                                                  (background << shift) | others);
+          wrong += dark != expected << shift;
+          wrong += light != ((expected << shift) | others);
+        }
+      }
+    }
+    EXPECT_EQ(wrong, 0u) << "at bit " << shift;
+  }
+  EXPECT_EQ(MixTabPixel(0x00FFFFFF, 0x00D8E9EC, 0x00D8E9EC), 0x00D8E9ECu);
+  EXPECT_EQ(MixTabPixel(0x00000000, 0x00D8E9EC, 0x00D8E9EC), 0x00000000u);
+}
+
+}  // namespace
+}  // namespace quill::ui

@@ -1,0 +1,223 @@
+// List boxes: rows, selection, scrolling, and how often the peer is told.
+#include "ui/list_box.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/ui/form_bench.h"
+
+namespace quill::ui {
+namespace {
+
+class ListBoxTest : public testing::Test {
+ protected:
+  ListBox& Make(Selection selection, ListHeight height, int rows) {
+    auto& list = bench.form->Add<ListBox>(u"lst", nullptr, selection, height);
+    list.SetBounds({0, 0, 3000, 195 * 5});
+    for (int row = 0; row < rows; ++row) list.AddItem({u"row ", Decimal(row)});
+    list.on_click = [this] { ++clicks; };
+    return list;
+  }
+  [[nodiscard]] std::string Seen(TextView property) {
+    return FormBench::Seen(bench.form->At(u"lst"), property);
+  }
+
+  FormBench bench;
+  int clicks = 0;
+};
+
+TEST_F(ListBoxTest, HoldsRowsWithTheirNumbers) {
+  auto& list = Make(Selection::kSingle, ListHeight::kManyRows, 3);
+  list.SetItemData(1, -7);
+  EXPECT_EQ(list.Item(2), u"row 2");
+  EXPECT_EQ(list.ItemData(1), -7);
+  EXPECT_EQ(Seen(u"rows"), "row 0\r\nrow 1\r\nrow 2");
+  EXPECT_EQ(Seen(u"data 1"), "-7");
+  for (const int wrong : {-1, 3}) {
+    EXPECT_EQ(FailureOf([&] { static_cast<void>(list.Item(wrong)); }), 5);
+    EXPECT_EQ(FailureOf([&] { static_cast<void>(list.ItemData(wrong)); }), 5);
+    EXPECT_EQ(FailureOf([&] { list.SetItemData(wrong, 1); }), 5);
+    EXPECT_EQ(FailureOf([&] { static_cast<void>(list.IsSelected(wrong)); }), 5);
+    EXPECT_EQ(FailureOf([&] { list.SetSelected(wrong, true); }), 5);
+    EXPECT_EQ(FailureOf([&] { list.SetTopIndex(wrong); }), 380);
+  }
+  EXPECT_EQ(FailureOf([&] { list.SetListIndex(3); }), 380);
+  EXPECT_EQ(FailureOf([&] { list.SetListIndex(-2); }), 380);
+}
+
+TEST_F(ListBoxTest, ChoosingRunsTheHandlerAndScrollsIntoView) {
+  auto& list = Make(Selection::kSingle, ListHeight::kManyRows, 20);
+  list.SetListIndex(0);
+  list.SetListIndex(0);
+  list.SetListIndex(-1);
+  EXPECT_EQ(clicks, 2);
+  list.SetListIndex(9);
+  EXPECT_EQ(list.TopIndex(), 5);
+  EXPECT_EQ(Seen(u"top"), "5");
+  list.SetListIndex(7);
+  EXPECT_EQ(list.TopIndex(), 5);
+  list.SetListIndex(2);
+  EXPECT_EQ(list.TopIndex(), 2);
+  EXPECT_TRUE(list.IsSelected(2));
+  EXPECT_EQ(Seen(u"selected"), "2");
+  list.SetSelected(2, false);
+  EXPECT_EQ(list.ListIndex(), -1);
+}
+
+TEST_F(ListBoxTest, SingleRowListFollowsWhatIsScrolledIntoView) {
+  auto& list = Make(Selection::kSingle, ListHeight::kSingleRow, 50);
+  int scrolls = 0;
+  list.on_scroll = [&] {
+    ++scrolls;
+    list.SetListIndex(list.TopIndex());
+  };
+  list.SetListIndex(30);
+  EXPECT_EQ(list.TopIndex(), 30);
+  EXPECT_EQ(scrolls, 0);
+  list.SetListIndex(-1);
+  EXPECT_EQ(list.TopIndex(), 30);
+  list.SetTopIndex(0);
+
+  bench.WhileShown([&] {
+    bench.hand.ScrollBy(u"lst", 3);
+    EXPECT_EQ(scrolls, 3);
+    EXPECT_EQ(list.ListIndex(), 3);
+    list.Happened(ScrolledTo{3});
+    EXPECT_EQ(scrolls, 3) << "it was there already";
+
+    list.Happened(ScrolledTo{1000});
+    EXPECT_EQ(list.ListIndex(), 49);
+    EXPECT_EQ(bench.hand.Read(u"lst", u"top"), u"49");
+    list.Happened(ScrolledTo{-4});
+    EXPECT_EQ(list.ListIndex(), 0);
+
+    list.Happened(RowsSelected{{12}, 12});
+    EXPECT_EQ(list.ListIndex(), 12);
+    EXPECT_EQ(bench.hand.Read(u"lst", u"top"), u"12");
+  });
+
+  list.Clear();
+  bench.WhileShown([&] {
+    list.Happened(ScrolledTo{5});
+    list.Happened(RowsSelected{{0}, 0});
+  });
+  EXPECT_EQ(list.TopIndex(), 0);
+  EXPECT_EQ(list.ListIndex(), -1);
+}
+
+TEST_F(ListBoxTest, ExtendedSelectionTakesRowsThatExist) {
+  auto& list = Make(Selection::kExtended, ListHeight::kManyRows, 5);
+  bench.WhileShown([&] {
+    bench.hand.SelectRows(u"lst", {4, 0, 2});
+    EXPECT_EQ(list.ListIndex(), 2);
+    EXPECT_EQ(bench.hand.Read(u"lst", u"selected"), u"0 2 4");
+    EXPECT_EQ(clicks, 1);
+
+    list.Happened(RowsSelected{{-3, 1, 5, 2000000000}, 1});
+    EXPECT_TRUE(list.IsSelected(1));
+    EXPECT_FALSE(list.IsSelected(4));
+    EXPECT_EQ(bench.hand.Read(u"lst", u"selected"), u"1");
+
+    list.Happened(RowsSelected{{3}, 5});
+    EXPECT_EQ(list.ListIndex(), 1);
+    EXPECT_TRUE(list.IsSelected(1));
+  });
+  list.SetSelected(4, true);
+  list.SetListIndex(0);
+  EXPECT_EQ(Seen(u"selected"), "1 4") << "the current row is not selected by code";
+
+  list.Clear();
+  for (int row = 0; row < 5; ++row) list.AddItem(u"again");
+  EXPECT_EQ(Seen(u"selected"), "");
+  EXPECT_EQ(list.ListIndex(), -1);
+  EXPECT_FALSE(list.IsSelected(4));
+}
+
+TEST_F(ListBoxTest, DoubleClicksAndKeysReachTheirHandlers) {
+  auto& list = Make(Selection::kExtended, ListHeight::kManyRows, 5);
+  std::vector<int> rows;
+  Text keys;
+  list.on_double_click = [&] { rows.push_back(list.ListIndex()); };
+  list.on_key_press = [&](char16_t key) { keys += key; };
+  bench.WhileShown([&] {
+    bench.hand.DoubleClickRow(u"lst", 3);
+    list.Happened(RowDoubleClicked{1});
+    list.Happened(RowDoubleClicked{99});
+    list.Happened(RowDoubleClicked{1});
+    bench.hand.DoubleClickRow(u"lst", -1);
+    bench.hand.Key(u"lst", u'+');
+    bench.hand.Key(u"lst", u'-');
+  });
+  EXPECT_EQ(rows, (std::vector<int>{3, 1, -1, 1, -1}));
+  EXPECT_EQ(keys, u"+-");
+}
+
+// What fills a list may clear it, fill it and select in it, hidden or not; the peer hears of it
+// once.
+TEST_F(ListBoxTest, RefillsReachThePeerOnce) {
+  auto& list = Make(Selection::kExtended, ListHeight::kManyRows, 3);
+  const headless::MirrorPeer& mirror = headless::MirrorOf(list);
+  const auto refill = [&](int rows) {
+    list.Clear();
+    for (int row = 0; row < rows; ++row) {
+      list.AddItem({u"map ", Decimal(row)});
+      list.SetItemData(row, row % 9);
+    }
+    list.SetSelected(rows - 1, true);
+  };
+  const auto expect_told_once = [&](std::size_t syncs_before, std::size_t rows_before, int rows) {
+    EXPECT_LE(mirror.syncs() - syncs_before, 2u);
+    EXPECT_EQ(mirror.rows_taken() - rows_before, static_cast<std::size_t>(rows));
+    EXPECT_EQ(Seen(u"count"), std::to_string(rows));
+    EXPECT_EQ(Seen(u"selected"), std::to_string(rows - 1));
+    EXPECT_EQ(Seen(u"data 8"), "8");
+  };
+
+  std::size_t syncs = mirror.syncs();
+  std::size_t rows = mirror.rows_taken();
+  {
+    const ListBox::Refill outer(list);
+    const ListBox::Refill inner(list);
+    refill(1000);
+    EXPECT_EQ(Seen(u"count"), "3");
+  }
+  expect_told_once(syncs, rows, 1000);
+
+  syncs = mirror.syncs();
+  rows = mirror.rows_taken();
+  list.SetVisible(false);
+  refill(2000);
+  EXPECT_EQ(Seen(u"count"), "1000");
+  list.SetVisible(true);
+  expect_told_once(syncs, rows, 2000);
+
+  syncs = mirror.syncs();
+  rows = mirror.rows_taken();
+  {
+    const ListBox::Refill whole(list);
+    list.SetVisible(false);
+    refill(500);
+    list.SetVisible(true);
+  }
+  expect_told_once(syncs + 1, rows, 500);
+
+  list.SetItemData(3, 77);
+  EXPECT_EQ(Seen(u"data 3"), "77") << "later changes are told at once again";
+}
+
+TEST_F(ListBoxTest, TellsAgainWhatAFailingPeerMissed) {
+  auto& list = Make(Selection::kSingle, ListHeight::kManyRows, 2);
+  bench.toolkit.before_call = [](TextView) { throw RuntimeError(1001, u"no window"); };
+  {
+    const ListBox::Refill refill(list);
+    list.Clear();
+    list.AddItem(u"new");
+  }
+  EXPECT_EQ(FailureOf([&] { list.AddItem(u"newer"); }), 1001);
+  EXPECT_EQ(list.Count(), 2);
+  bench.toolkit.before_call = nullptr;
+  list.SetListIndex(1);
+  EXPECT_EQ(Seen(u"rows"), "new\r\nnewer");
+}
+
+}  // namespace
+}  // namespace quill::ui
