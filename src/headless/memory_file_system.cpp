@@ -53,7 +53,8 @@ const MemoryFileSystem::Node* MemoryFileSystem::Find(TextView path) const {
 
 const MemoryFileSystem::Node& MemoryFileSystem::FindFile(TextView path) const {
   const Node* node = Find(path);
-  if (node == nullptr) Fail(ErrorNumber::kFileNotFound, path);
+  // In the usual words, as a native file system says it: whoever reports it adds the path.
+  if (node == nullptr) throw RuntimeError(ErrorNumber::kFileNotFound);
   if (node->is_folder) Fail(ErrorNumber::kPathFileAccessError, path);
   return *node;
 }

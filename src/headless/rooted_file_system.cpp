@@ -158,9 +158,9 @@ void RootedFileSystem::MakeEmptyFile(TextView path) {
 }
 
 std::unique_ptr<ByteReader> RootedFileSystem::OpenForReading(TextView path) {
-  if (!FileExists(path)) {
-    Fail(FolderExists(path) ? ErrorNumber::kPathFileAccessError : ErrorNumber::kFileNotFound, path);
-  }
+  if (FolderExists(path)) Fail(ErrorNumber::kPathFileAccessError, path);
+  // In the usual words, as a native file system says it: whoever reports it adds the path.
+  if (!FileExists(path)) throw RuntimeError(ErrorNumber::kFileNotFound);
   std::ifstream stream(RealPath(path), std::ios::binary);
   if (!stream) Fail(ErrorNumber::kPermissionDenied, path);
   return std::make_unique<StreamReader>(std::move(stream), path);

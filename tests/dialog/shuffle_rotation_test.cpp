@@ -1,0 +1,83 @@
+// The shuffle button: a fresh seed for each click, whole records, and nothing lost on a failure.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <set>
+
+#include "maps/shuffle.h"
+#include "tests/dialog/file_actions_bench.h"
+
+namespace quill {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+std::vector<SelectedMap> Rotation(int count) {
+  std::vector<SelectedMap> maps;
+  for (int i = 0; i < count; ++i) {
+    maps.push_back({Decimal(i), Concat({u"F", Decimal(i)}), i % 9, i % 2 == 0});
+  }
+  return maps;
+}
+
+TEST(ShuffleRotation, TakesItsOrderFromTheClock) {
+  FileActionsBench bench;
+  bench.Show([&](frmrcBHDGS& dialog) {
+    bench.person.ClickTab(u"Map Settings");
+    std::set<std::string> orders;
+    for (std::uint64_t ticks = 7; ticks < 12; ++ticks) {
+      bench.context.maps.selected.Replace(Rotation(255));
+      bench.clock.Set(ticks);
+      bench.person.Click(u"cmdRandomize");
+      RandomSource random(ticks);
+      EXPECT_EQ(bench.rotation(), Shuffled(Rotation(255), std::ref(random)));
+      orders.insert(bench.RotationFiles());
+      EXPECT_EQ(dialog.lstSelMaps.Count(), 255);
+      EXPECT_EQ(dialog.lstSelMaps.ItemData(9), bench.rotation()[9].game_type);
+      EXPECT_EQ(dialog.lblMapCnt.caption(), u"Number of Maps: 255");
+    }
+    EXPECT_EQ(orders.size(), 5u);
+  });
+}
+
+TEST(ShuffleRotation, LeavesOneMapOrNoneAndEverythingShownAlone) {
+  FileActionsBench bench;
+  bench.Show([&](frmrcBHDGS& dialog) {
+    bench.person.ClickTab(u"Map Settings");
+    for (const int count : {0, 1}) {
+      bench.context.maps.selected.Replace(Rotation(count));
+      dialog.lstSelMaps.SetTooltip(u"as it was");
+      bench.person.Click(u"cmdRandomize");
+      EXPECT_EQ(bench.rotation(), Rotation(count));
+      EXPECT_EQ(dialog.lstSelMaps.tooltip(), u"as it was");
+      EXPECT_EQ(dialog.lblMapCnt.caption(), u"Number of Maps: 0");
+    }
+  });
+}
+
+class BrokenClock final : public Clock {
+ public:
+  std::uint64_t Ticks() override { throw RuntimeError(ErrorNumber::kInternalError); }
+};
+
+TEST(ShuffleRotation, AFailureKeepsTheRotationWhole) {
+  FileActionsBench bench;
+  BrokenClock clock;
+  DialogContext context(bench.toolkit, bench.files, clock, CodePage::Windows1252());
+  auto kit = std::make_unique<WatchedFileKit>(bench.host_kit);
+  WatchedFileKit& watched = *kit;
+  context.file_kit = std::move(kit);
+  context.HostRoot = u"C:\\Host";
+  const std::shared_ptr<frmrcBHDGS> dialog = TakeDialog(context);
+  context.maps.selected.Replace(Rotation(9));
+  dialog->cmdRandomize.on_click();
+  EXPECT_EQ(context.maps.selected.maps(), Rotation(9));
+  ASSERT_EQ(watched.failures.size(), 1u);
+  EXPECT_EQ(watched.failures[0].label, u"cmdRandomize");
+  EXPECT_EQ(watched.failures[0].number, 51);
+  EXPECT_GT(watched.failures[0].line, 0);
+  context.dialog.reset();
+}
+
+}  // namespace
+}  // namespace quill
