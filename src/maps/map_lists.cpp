@@ -3,16 +3,27 @@
 #include "support/number_text.h"
 
 namespace quill {
+namespace {
+
+// Codes compare as numbers; nearly all are one digit, which needs no parsing.
+bool IsCode(TextView code, std::int16_t game_type) {
+  if (code.size() == 1 && code.front() >= u'0' && code.front() <= u'9') {
+    return code.front() - u'0' == game_type;
+  }
+  return ToInt16(code) == game_type;
+}
+
+}  // namespace
 
 void MapLists::ForEachOfGameType(
     std::int16_t game_type, const std::function<void(TextView name, TextView file)>& visit) const {
   for (int position = 1; position <= catalogue.Count(); ++position) {
-    if (ToInt16(catalogue.MapGameTypes(position)) == game_type) {
+    if (IsCode(catalogue.MapGameTypes(position), game_type)) {
       visit(catalogue.MapNames(position), catalogue.MapFiles(position));
     }
   }
   for (int position = 1; position <= server.Count(); ++position) {
-    if (ToInt16(server.ServerMapGameTypes(position)) == game_type) {
+    if (IsCode(server.ServerMapGameTypes(position), game_type)) {
       visit(server.ServerMapNames(position), server.ServerMapFiles(position));
     }
   }

@@ -1,3 +1,4 @@
+// The members that the host calls, each with its trap.
 #include "plugin/clsPlugin.h"
 
 #include <utility>

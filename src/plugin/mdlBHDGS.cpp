@@ -1,3 +1,4 @@
+// Start-up, and letting go of the host.
 #include "plugin/mdlBHDGS.h"
 
 #include <utility>
@@ -5,7 +6,6 @@
 #include "dialog/frmrcBHDGS.h"
 #include "remote/start_command.h"
 #include "support/trap.h"
-#include "ui/form.h"
 
 namespace quill {
 
@@ -38,7 +38,6 @@ void mdlBHDGS::ReleaseHost() {
   ValCol.reset();
   memory_kit.reset();
   dialog.file_kit = std::make_unique<AbsentFileKit>();
-  const ui::KeepAlive keep_alive(dialog.dialog);
   if (frmrcBHDGS* const unused = dialog.dialog.get(); unused && !unused->shown()) unused->Unload();
 }
 

@@ -1,3 +1,4 @@
+// The table of rights, and applying it.
 #include "plugin/operator_rights.h"
 
 #include <optional>

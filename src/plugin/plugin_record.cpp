@@ -1,3 +1,4 @@
+// The values of the information record.
 #include "plugin/plugin_record.h"
 
 #include "support/version_text.h"

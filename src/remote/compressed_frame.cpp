@@ -1,3 +1,4 @@
+// Packing and unpacking the compressed frame.
 #include "remote/compressed_frame.h"
 
 #include "support/number_text.h"

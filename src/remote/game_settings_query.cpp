@@ -1,3 +1,4 @@
+// Asking for the game settings, and filling the dialog from the reply, step by step.
 #include "remote/game_settings_query.h"
 
 #include <algorithm>

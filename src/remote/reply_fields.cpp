@@ -1,3 +1,4 @@
+// Splitting a reply into its fields.
 #include "remote/reply_fields.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// Choosing the handler of a reply.
 #include "remote/reply_routing.h"
 
 #include "remote/game_settings_query.h"

@@ -1,3 +1,4 @@
+// Naming and writing request files.
 #include "remote/request_file.h"
 
 namespace quill {

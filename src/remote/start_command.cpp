@@ -1,3 +1,4 @@
+// Checking, packing and sending a start of the game, and taking its answer.
 #include "remote/start_command.h"
 
 #include <array>
@@ -139,7 +140,6 @@ void HandleStartReply(RemoteContext& context, TextView data, Line& at) {
   if (at(), ToInt32(data) == 0) {
     shared.reporter.Show(MessageKind::kFailed, u"Failed to initialize game process!");
   }
-  const ui::KeepAlive keep_alive(shared.dialog);
   if (frmrcBHDGS* const dialog = shared.dialog.get()) at(), dialog->Unload();
 }
 
