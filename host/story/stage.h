@@ -5,6 +5,9 @@
 // Controls are named as in the dialog; rows and positions are 0-based. A gesture that a real
 // operator could not make (the control is hidden, disabled, not there) fails with StageError, and
 // so does the reading of something that the stage cannot see.
+//
+// A new stage's host has its two button pictures, no other files, and offers both service objects.
+// The plug-in is loaded by the first host call.
 #pragma once
 
 #include <cstdint>
@@ -32,7 +35,9 @@ struct SeenBox {
 
 // One right of the operator, as the host's collection holds it.
 struct Right {
-  enum class Form : std::uint8_t { kText, kNumber };
+  // kFails: the collection answers the look-up of this key with error 438 (no such member), as an
+  // object does that is no collection.
+  enum class Form : std::uint8_t { kText, kNumber, kFails };
   Text name;
   Form form = Form::kText;
   Text value;
@@ -42,8 +47,10 @@ enum class Button : std::uint8_t { kLeft = 1, kRight = 2, kMiddle = 4 };
 
 // How the next call of one kit operation goes wrong.
 struct KitFault {
-  Text operation;  // for example u"CompressString"
-  std::int32_t number = 0;
+  // For example u"CompressString"; u"CreateFileKit" and u"CreateMemoryKit" stand for the creation
+  // of the two service objects, which fails whatever the number.
+  Text operation;
+  std::int32_t number = 0;  // 0: no failure, but SendErrorReport answers false
   Text description;
   bool from_there_on = false;  // every later call of it too
 };
@@ -54,10 +61,15 @@ class Stage {
   [[nodiscard]] virtual std::string Name() const = 0;  // "headless" or "native"
 
   // --- set-up, before and between host calls -------------------------------------------------
-  // A file under the host's root, by its host path; nothing as content removes it.
+  // The host's root folder, without a trailing backslash.
+  [[nodiscard]] virtual Text HostRoot() = 0;
+  // A file under the host's root, by its host path; nothing as content removes it. Missing folders
+  // are made.
   virtual void PutFile(const Text& path, const std::optional<std::string>& bytes) = 0;
   [[nodiscard]] virtual std::optional<std::string> FileContent(const Text& path) = 0;
+  // Faults of different operations stand side by side; a new one of the same replaces the old one.
   virtual void BreakKit(const KitFault& fault) = 0;
+  virtual void MendKit() = 0;  // forgets all faults
   virtual void SetClock(std::uint64_t ticks) = 0;
 
   // --- host calls ----------------------------------------------------------------------------
@@ -65,9 +77,11 @@ class Stage {
   // Field by name, as text; arrays as their elements joined by "|", "empty" for an empty variant.
   virtual Text PluginField(const Text& field) = 0;
   virtual void SetPrivis(const std::vector<Right>& rights, bool super_admin) = 0;
-  // Returns when the dialog is hidden or closed. While it is shown, and while a message box or file
-  // dialog is open, the stage calls `go_on` from inside again and again; it plays the next step and
-  // returns false when the story has none left (the stage then hides the dialog).
+  // `target` is the array of texts that the host hands over. Returns when the dialog is hidden or
+  // closed. While it is shown, and no message box or file dialog is open, the stage calls `go_on`
+  // from inside again and again; it plays the next step and returns false when the story has none
+  // left (the stage then hides the dialog). The stage itself closes the boxes, and the file dialogs
+  // with the operator's answers.
   virtual void LoadInterface(std::int32_t index, const std::vector<Text>& target,
                              const std::function<bool()>& go_on) = 0;
   virtual void RemoteData(const Text& data) = 0;
@@ -83,14 +97,16 @@ class Stage {
   virtual void ClickTab(const Text& caption) = 0;
   virtual void Click(const Text& control) = 0;  // check box, push button
   virtual void SelectRows(const Text& control, const std::vector<int>& rows) = 0;
-  virtual void DoubleClickRow(const Text& control, int row) = 0;
+  virtual void DoubleClickRow(const Text& control, int row) = 0;  // -1: below the last row
   virtual void Key(const Text& control, char16_t character) = 0;
   virtual void Press(const Text& control, Button button) = 0;
   virtual void Release(const Text& control, Button button) = 0;
   virtual void CloseWindow() = 0;
-  // What the operator does in the next file dialog: picks these full paths (none: cancels).
+  // What the operator does in the next file dialog that has no answer yet: picks these full paths
+  // (none: cancels). A file dialog without an answer is cancelled.
   virtual void AnswerFileDialog(const std::vector<Text>& paths) = 0;
-  // Plays `step` while the next message box is open, before it is closed.
+  // Plays `step` while the next message box is open, before it is closed. A box that `step` itself
+  // brings up is another one.
   virtual void DuringNextBox(const std::function<void()>& step) = 0;
 
   // --- what can be seen ----------------------------------------------------------------------
@@ -103,7 +119,10 @@ class Stage {
   [[nodiscard]] virtual Text ScreenPointer() = 0;
   // Boxes shown since the last call, in order; taking empties the list.
   [[nodiscard]] virtual std::vector<SeenBox> TakeBoxes() = 0;
-  // Entries of the host's error log and report store since the last call, one readable line each.
+  // Titles of the file dialogs shown since the last call, in order.
+  [[nodiscard]] virtual std::vector<Text> TakeFileDialogs() = 0;
+  // What the plug-in handed to the host's error log and report store since the last call, as
+  // LogLine and ReportLine of breakable_file_kit.h write it.
   [[nodiscard]] virtual std::vector<Text> TakeLog() = 0;
   [[nodiscard]] virtual std::vector<Text> TakeReports() = 0;
   // The command whose reply the plug-in awaits; nothing where that cannot be seen from outside.
