@@ -43,7 +43,7 @@ std::optional<DISPID> LateBound::Find(TextView member) const {
     return found;
   }
   ComPtr<IDispatchEx> extended;
-  if (FAILED(object_->QueryInterface(IID_IDispatchEx, extended.ReceiveVoid()))) return std::nullopt;
+  if (FAILED(object_->QueryInterface(__uuidof(IDispatchEx), extended.ReceiveVoid()))) return std::nullopt;
   const Bstr text(member);
   if (SUCCEEDED(extended->GetDispID(text.get(), fdexNameCaseInsensitive, &found)) &&
       found != DISPID_UNKNOWN) {
@@ -58,7 +58,7 @@ HRESULT LateBound::Invoke(DISPID member, WORD flags, DISPPARAMS& arguments, Vari
   HRESULT answer = object_->Invoke(member, IID_NULL, LOCALE_INVARIANT, flags, &arguments,
                                    result.get(), &raised, nullptr);
   if (answer == E_NOTIMPL &&
-      SUCCEEDED(object_->QueryInterface(IID_IDispatchEx, extended.ReceiveVoid()))) {
+      SUCCEEDED(object_->QueryInterface(__uuidof(IDispatchEx), extended.ReceiveVoid()))) {
     answer = extended->InvokeEx(member, LOCALE_INVARIANT, flags, &arguments, result.get(), &raised,
                                 nullptr);
   }

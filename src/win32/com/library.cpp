@@ -45,14 +45,10 @@ Text Library::FilePath() const {
 
 bool Library::ReadyToUnload() {
   if (uses_ != 0) return false;
-  if (runtime_ != nullptr) {
-    if (runtime_->toolkit.IsShowingForm()) return false;
-    runtime_->module.ReleaseHost();
-    runtime_->toolkit.ReleaseIdleResources();
-  }
+  // With no object left no member is running, so nothing of the plug-in is on the stack.
+  const std::unique_ptr<Runtime> ending = std::move(runtime_);
   types_.Reset();
-  // The host's objects may have called back in while they were released.
-  return uses_ == 0;
+  return true;
 }
 
 mdlBHDGS& Library::Module() {
