@@ -24,8 +24,8 @@ void CommandButtonPeer::Show(ui::Changes changes) {
 void CommandButtonPeer::ShowPicture() {
   const auto* const picture = static_cast<const NativePicture*>(button_.picture().get());
   const HICON former = std::exchange(
-      icon_, picture != nullptr ? MakeIcon(*picture, toolkit().scale().Scaled(picture->Size()))
-                                : nullptr);
+      icon_,
+      picture != nullptr ? MakeIcon(*picture, toolkit().scale().Scaled(picture->Size())) : nullptr);
   const auto style = static_cast<DWORD>(GetWindowLongPtrW(window(), GWL_STYLE));
   const DWORD wanted = icon_ != nullptr ? style | BS_ICON : style & ~static_cast<DWORD>(BS_ICON);
   if (style != wanted) SetWindowLongPtrW(window(), GWL_STYLE, static_cast<LONG_PTR>(wanted));

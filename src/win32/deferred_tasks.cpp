@@ -47,8 +47,7 @@ void DeferredTasks::Run() noexcept {
   }
 }
 
-LRESULT CALLBACK DeferredTasks::Procedure(HWND window, UINT message, WPARAM wparam,
-                                          LPARAM lparam) {
+LRESULT CALLBACK DeferredTasks::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   if (message != kRunTasks) return DefWindowProcW(window, message, wparam, lparam);
   auto* const self = reinterpret_cast<DeferredTasks*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   self->posted_ = false;

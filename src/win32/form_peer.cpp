@@ -39,13 +39,6 @@ std::vector<ui::Control*> NativeOrder(const std::vector<ui::Control*>& back_to_f
   return order;
 }
 
-bool IsHighContrast() noexcept {
-  HIGHCONTRASTW contrast = {};
-  contrast.cbSize = sizeof contrast;
-  return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
-         (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
-
 BOOL CALLBACK PassOn(HWND window, LPARAM message) {
   SendMessageW(window, static_cast<UINT>(message), 0, 0);
   return TRUE;
@@ -151,9 +144,9 @@ void FormPeer::ShowVisible() {
 HFONT FormPeer::Font(int points) {
   HFONT& font = fonts_[points];
   if (font == nullptr) {
-    font = CreateFontW(toolkit().scale().FontHeight(points), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
-                       DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
-                       DEFAULT_PITCH | FF_DONTCARE, Win32Toolkit::kFontFace);
+    font = CreateFontW(toolkit().scale().FontHeight(points), 0, 0, 0, FW_NORMAL, FALSE, FALSE,
+                       FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
+                       DEFAULT_QUALITY, DEFAULT_PITCH | FF_DONTCARE, Win32Toolkit::kFontFace);
   }
   return font;
 }
@@ -180,10 +173,10 @@ void FormPeer::Repaint() const noexcept {
 
 HWND FormPeer::Tooltips() {
   if (tooltips_ == nullptr) {
-    tooltips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                                WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
-                                CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window(), nullptr,
-                                ThisModule(), nullptr);
+    tooltips_ =
+        CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
+                        WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
+                        CW_USEDEFAULT, CW_USEDEFAULT, window(), nullptr, ThisModule(), nullptr);
   }
   return tooltips_;
 }
@@ -319,9 +312,8 @@ void FormPeer::MoveFocus(const ui::Control* from, const ui::Control* within, boo
     }
   }
   if (stops.empty()) return;
-  std::stable_sort(stops.begin(), stops.end(), [](const auto* a, const auto* b) {
-    return a->tab_index() < b->tab_index();
-  });
+  std::stable_sort(stops.begin(), stops.end(),
+                   [](const auto* a, const auto* b) { return a->tab_index() < b->tab_index(); });
   if (!forward) std::reverse(stops.begin(), stops.end());
 
   auto next = stops.begin();

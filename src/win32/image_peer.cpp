@@ -7,7 +7,9 @@
 
 namespace quill::win32 {
 
-WindowPeer::Style ImagePeer::GetStyle() const { return {L"STATIC", nullptr, SS_NOTIFY, 0}; }
+WindowPeer::Style ImagePeer::GetStyle() const {
+  return {L"STATIC", nullptr, SS_NOTIFY, 0};
+}
 
 void ImagePeer::Show(ui::Changes changes) {
   if (!changes.Has(ui::Changes::kPicture)) return;
@@ -33,9 +35,13 @@ void ImagePeer::Draw(HDC context, const RECT& area) const {
   picture->Draw(context, target);
 }
 
+void ImagePeer::DrawAll(HDC context, const RECT& area) const {
+  FillRect(context, &area, form_peer().FaceBrush());
+  Draw(context, area);
+}
+
 LRESULT ImagePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
-  if (const auto fact =
-          buttons_.FactOf(window(), message, wparam, lparam, toolkit().scale())) {
+  if (const auto fact = buttons_.FactOf(window(), message, wparam, lparam, toolkit().scale())) {
     const LRESULT result = WindowPeer::Handle(message, wparam, lparam);
     Tell(*fact);
     return result;
@@ -43,6 +49,12 @@ LRESULT ImagePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
   switch (message) {
     case WM_ERASEBKGND:
       return 1;
+    case WM_PRINTCLIENT: {
+      RECT area;
+      GetClientRect(window(), &area);
+      DrawAll(reinterpret_cast<HDC>(wparam), area);
+      return 0;
+    }
     case WM_PAINT: {
       PAINTSTRUCT paint;
       const HDC context = BeginPaint(window(), &paint);
@@ -50,8 +62,7 @@ LRESULT ImagePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       GetClientRect(window(), &area);
       {
         const DrawingSurface surface(context, {area.right, area.bottom});
-        FillRect(surface.context(), &area, form_peer().FaceBrush());
-        Draw(surface.context(), area);
+        DrawAll(surface.context(), area);
         BitBlt(context, 0, 0, area.right, area.bottom, surface.context(), 0, 0, SRCCOPY);
       }
       EndPaint(window(), &paint);

@@ -22,6 +22,7 @@ class ImagePeer final : public WindowPeer {
 
  private:
   void Draw(HDC context, const RECT& area) const;
+  void DrawAll(HDC context, const RECT& area) const;  // with the ground
 
   ui::Image& image_;
   MouseButtons buttons_;

@@ -69,33 +69,35 @@ void LabelPeer::DrawImagesBehind(HDC context) const {
   }
 }
 
-void LabelPeer::Paint() {
+void LabelPeer::Draw(HDC context, const RECT& area) const {
+  FillRect(context, &area, form_peer().FaceBrush());
+  if (label_.transparent()) DrawImagesBehind(context);
+
+  const HGDIOBJ previous = SelectObject(context, form_peer().Font(label_.font_size()));
+  SetBkMode(context, TRANSPARENT);
+  SetTextColor(context, GetSysColor(label_.enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+  const Text& caption = label_.caption();
+  RECT place = area;
+  DrawTextW(context, Wide(caption), static_cast<int>(caption.size()), &place,
+            DrawFlags(label_.alignment()));
+  SelectObject(context, previous);
+}
+
+void LabelPeer::Paint() const {
   PAINTSTRUCT paint;
   const HDC target = BeginPaint(window(), &paint);
   RECT area;
   GetClientRect(window(), &area);
   {
     const DrawingSurface surface(target, {area.right, area.bottom});
-    const HDC context = surface.context();
-    FillRect(context, &area, form_peer().FaceBrush());
-    if (label_.transparent()) DrawImagesBehind(context);
-
-    const HGDIOBJ previous = SelectObject(context, form_peer().Font(label_.font_size()));
-    SetBkMode(context, TRANSPARENT);
-    SetTextColor(context, GetSysColor(label_.enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
-    const Text& caption = label_.caption();
-    RECT place = area;
-    DrawTextW(context, Wide(caption), static_cast<int>(caption.size()), &place,
-              DrawFlags(label_.alignment()));
-    SelectObject(context, previous);
-    BitBlt(target, 0, 0, area.right, area.bottom, context, 0, 0, SRCCOPY);
+    Draw(surface.context(), area);
+    BitBlt(target, 0, 0, area.right, area.bottom, surface.context(), 0, 0, SRCCOPY);
   }
   EndPaint(window(), &paint);
 }
 
 LRESULT LabelPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
-  if (const auto fact =
-          buttons_.FactOf(window(), message, wparam, lparam, toolkit().scale())) {
+  if (const auto fact = buttons_.FactOf(window(), message, wparam, lparam, toolkit().scale())) {
     const LRESULT result = WindowPeer::Handle(message, wparam, lparam);
     Tell(*fact);
     return result;
@@ -103,6 +105,12 @@ LRESULT LabelPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
   switch (message) {
     case WM_ERASEBKGND:
       return 1;
+    case WM_PRINTCLIENT: {
+      RECT area;
+      GetClientRect(window(), &area);
+      Draw(reinterpret_cast<HDC>(wparam), area);
+      return 0;
+    }
     case WM_PAINT:
       Paint();
       return 0;

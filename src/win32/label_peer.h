@@ -19,7 +19,8 @@ class LabelPeer final : public WindowPeer {
   LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
 
  private:
-  void Paint();
+  void Paint() const;
+  void Draw(HDC context, const RECT& area) const;
   void DrawImagesBehind(HDC context) const;
 
   ui::Label& label_;

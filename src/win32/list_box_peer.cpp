@@ -146,8 +146,7 @@ std::vector<int> ListBoxPeer::NativeSelection() const {
   }
   std::vector<int> rows(static_cast<std::size_t>(std::max<LRESULT>(Send(LB_GETSELCOUNT), 0)));
   if (!rows.empty()) {
-    const auto copied =
-        Send(LB_GETSELITEMS, rows.size(), reinterpret_cast<LPARAM>(rows.data()));
+    const auto copied = Send(LB_GETSELITEMS, rows.size(), reinterpret_cast<LPARAM>(rows.data()));
     rows.resize(static_cast<std::size_t>(std::max<LRESULT>(copied, 0)));
   }
   return rows;

@@ -9,7 +9,9 @@ ModalDisplay::ModalDisplay(HWND window, HWND active_before)
   EnumThreadWindows(GetCurrentThreadId(), &HoldBack, reinterpret_cast<LPARAM>(this));
 }
 
-ModalDisplay::~ModalDisplay() { ReleaseOthers(); }
+ModalDisplay::~ModalDisplay() {
+  ReleaseOthers();
+}
 
 BOOL CALLBACK ModalDisplay::HoldBack(HWND other, LPARAM self) {
   auto& display = *reinterpret_cast<ModalDisplay*>(self);

@@ -13,4 +13,8 @@ namespace quill::win32 {
                                        : colour & 0x00FFFFFFu;
 }
 
+// True when the operator has asked the system for colours of high contrast; nothing is then drawn
+// in a colour of one's own.
+[[nodiscard]] bool IsHighContrast() noexcept;
+
 }  // namespace quill::win32

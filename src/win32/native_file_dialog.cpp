@@ -19,8 +19,7 @@ class KeepCurrentFolder {
   KeepCurrentFolder() {
     folder_.resize(GetCurrentDirectoryW(0, nullptr));
     if (!folder_.empty()) {
-      folder_.resize(
-          GetCurrentDirectoryW(static_cast<DWORD>(folder_.size()), folder_.data()));
+      folder_.resize(GetCurrentDirectoryW(static_cast<DWORD>(folder_.size()), folder_.data()));
     }
   }
   ~KeepCurrentFolder() {
@@ -77,8 +76,7 @@ std::vector<Text> AskForFiles(HWND owner, const ui::FileDialogRequest& request) 
   dialog.nFilterIndex = static_cast<DWORD>(std::max(request.filter_index, 0));
   dialog.lpstrFile = buffer.data();
   dialog.nMaxFile = static_cast<DWORD>(buffer.size());
-  dialog.lpstrInitialDir =
-      request.initial_folder.empty() ? nullptr : Wide(request.initial_folder);
+  dialog.lpstrInitialDir = request.initial_folder.empty() ? nullptr : Wide(request.initial_folder);
   dialog.lpstrTitle = request.title.empty() ? nullptr : Wide(request.title);
   dialog.Flags = request.flags;
 
@@ -90,8 +88,9 @@ std::vector<Text> AskForFiles(HWND owner, const ui::FileDialogRequest& request) 
   if (reason == FNERR_BUFFERTOOSMALL) {
     throw RuntimeError(ErrorNumber::kInvalidProcedureCall, u"Too many files were picked");
   }
-  throw RuntimeError(ErrorNumber::kInvalidProcedureCall,
-                     Concat({u"The file dialog could not be shown (error ", Decimal(reason), u")"}));
+  throw RuntimeError(
+      ErrorNumber::kInvalidProcedureCall,
+      Concat({u"The file dialog could not be shown (error ", Decimal(reason), u")"}));
 }
 
 }  // namespace quill::win32

@@ -23,7 +23,9 @@ constexpr std::size_t kLargestPictureFile = 16u << 20;
 constexpr int kLargestSide = 4096;
 constexpr int kHimetricPerInch = 2540;
 
-[[noreturn]] void RefusePicture() { throw RuntimeError(ErrorNumber::kInvalidPicture); }
+[[noreturn]] void RefusePicture() {
+  throw RuntimeError(ErrorNumber::kInvalidPicture);
+}
 
 std::vector<char> ReadWhole(TextView path) {
   const FileHandle file = OpenExisting(path);

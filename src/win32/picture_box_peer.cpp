@@ -13,7 +13,9 @@ void Fill(HDC context, const RECT& area, COLORREF colour) {
 
 }  // namespace
 
-WindowPeer::Style PictureBoxPeer::GetStyle() const { return {L"STATIC", nullptr, 0, 0}; }
+WindowPeer::Style PictureBoxPeer::GetStyle() const {
+  return {L"STATIC", nullptr, 0, 0};
+}
 
 void PictureBoxPeer::Show(ui::Changes changes) {
   if (changes.Has(ui::Changes::kBounds)) {
@@ -31,8 +33,7 @@ void PictureBoxPeer::Show(ui::Changes changes) {
       image_.emplace(screen, inner_size_);
       ReleaseDC(window(), screen);
     }
-    Fill(image_->context(), {0, 0, inner_size_.cx, inner_size_.cy},
-         ToColorRef(box_.back_colour()));
+    Fill(image_->context(), {0, 0, inner_size_.cx, inner_size_.cy}, ToColorRef(box_.back_colour()));
   }
   if (box_.visible()) InvalidateRect(window(), nullptr, TRUE);
 }

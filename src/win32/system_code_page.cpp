@@ -4,7 +4,9 @@
 
 namespace quill::win32 {
 
-CodePage SystemCodePage() { return CodePageOfNumber(GetACP()); }
+CodePage SystemCodePage() {
+  return CodePageOfNumber(GetACP());
+}
 
 CodePage CodePageOfNumber(unsigned number) {
   CPINFO info = {};

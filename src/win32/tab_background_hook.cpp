@@ -1,5 +1,6 @@
 #include "win32/tab_background_hook.h"
 
+#include "win32/native_colour.h"
 #include "win32/picture_box_peer.h"
 
 namespace quill::win32 {
@@ -40,12 +41,14 @@ void Paint(HWND window, ui::PictureBox& box) {
   CallWindowProcW(former, window, WM_ERASEBKGND, reinterpret_cast<WPARAM>(memory), 0);
   CallWindowProcW(former, window, WM_PAINT, reinterpret_cast<WPARAM>(memory), 0);
 
-  SetStretchBltMode(memory, COLORONCOLOR);
-  const ui::Colour colour = box.back_colour();
-  box.SetBackColour(kButtonFace);
-  Mix(memory, area, box, kMergePaint);
-  box.SetBackColour(colour);
-  Mix(memory, area, box, kSourceAnd);
+  if (!IsHighContrast()) {
+    SetStretchBltMode(memory, COLORONCOLOR);
+    const ui::Colour colour = box.back_colour();
+    box.SetBackColour(kButtonFace);
+    Mix(memory, area, box, kMergePaint);
+    box.SetBackColour(colour);
+    Mix(memory, area, box, kSourceAnd);
+  }
 
   const RECT& update = paint.rcPaint;
   BitBlt(target, update.left, update.top, update.right - update.left, update.bottom - update.top,
@@ -57,10 +60,9 @@ void Paint(HWND window, ui::PictureBox& box) {
 
 }  // namespace
 
-void AttachTabBackground(HWND window, ui::TabStrip& strip,
-                         ui::PictureBox& colour_source) noexcept {
-  const LONG_PTR former = SetWindowLongPtrW(window, GWLP_WNDPROC,
-                                            reinterpret_cast<LONG_PTR>(&TabBackgroundProc));
+void AttachTabBackground(HWND window, ui::TabStrip& strip, ui::PictureBox& colour_source) noexcept {
+  const LONG_PTR former =
+      SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TabBackgroundProc));
   SetPropW(window, kFormerProcedure, reinterpret_cast<HANDLE>(former));
   SetPropW(window, kColourSource, &colour_source);
   SetPropW(window, kStrip, &strip);

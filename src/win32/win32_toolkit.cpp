@@ -41,10 +41,10 @@ constexpr std::size_t kMostCachedPictures = 16;
 int FontLineHeight(const ScreenScale& scale) {
   int height = 0;
   const HDC screen = GetDC(nullptr);
-  const HFONT font = CreateFontW(scale.FontHeight(Win32Toolkit::kFontPoints), 0, 0, 0, FW_NORMAL,
-                                 FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                                 CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
-                                 DEFAULT_PITCH | FF_DONTCARE, Win32Toolkit::kFontFace);
+  const HFONT font =
+      CreateFontW(scale.FontHeight(Win32Toolkit::kFontPoints), 0, 0, 0, FW_NORMAL, FALSE, FALSE,
+                  FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                  DEFAULT_PITCH | FF_DONTCARE, Win32Toolkit::kFontFace);
   if (screen != nullptr && font != nullptr) {
     const HGDIOBJ previous = SelectObject(screen, font);
     TEXTMETRICW metrics = {};
@@ -56,7 +56,9 @@ int FontLineHeight(const ScreenScale& scale) {
   return height > 0 ? height : scale.PixelsY(195);
 }
 
-FormPeer& PeerOf(const ui::Form& form) { return static_cast<FormPeer&>(*form.peer()); }
+FormPeer& PeerOf(const ui::Form& form) {
+  return static_cast<FormPeer&>(*form.peer());
+}
 
 template <class PeerType, class ControlType>
 std::unique_ptr<WindowPeer> Make(Win32Toolkit& toolkit, ui::Control& control) {

@@ -33,8 +33,7 @@ class Win32Toolkit final : public ui::Toolkit {
   [[nodiscard]] ui::Metrics GetMetrics() const override;
   // A file that has not changed since it was read last is not read again.
   ui::PicturePtr ReadPicture(TextView path) override;
-  ui::PicturePtr MakePicture(int width, int height,
-                             std::span<const std::uint32_t> pixels) override;
+  ui::PicturePtr MakePicture(int width, int height, std::span<const std::uint32_t> pixels) override;
   void ShowMessage(TextView caption, TextView text) override;
   std::vector<Text> ShowFileDialog(ui::Form& owner, const ui::FileDialogRequest& request) override;
   void SetScreenPointer(ui::Pointer pointer) override;

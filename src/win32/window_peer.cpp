@@ -33,7 +33,9 @@ struct Counted {
 
 }  // namespace
 
-WindowPeer::~WindowPeer() { DestroyWindowNow(); }
+WindowPeer::~WindowPeer() {
+  DestroyWindowNow();
+}
 
 WindowPeer* WindowPeer::Of(HWND window) noexcept {
   return reinterpret_cast<WindowPeer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
@@ -51,9 +53,10 @@ void WindowPeer::MakeWindow(HWND parent) {
   const Style style = GetStyle();
   place_ = Place();
   const bool is_form = parent == nullptr;
-  const DWORD state = is_form ? 0u
-                              : WS_CHILD | WS_CLIPSIBLINGS | (control_.visible() ? WS_VISIBLE : 0u) |
-                                    (control_.enabled() ? 0u : WS_DISABLED);
+  const DWORD state = is_form
+                          ? 0u
+                          : WS_CHILD | WS_CLIPSIBLINGS | (control_.visible() ? WS_VISIBLE : 0u) |
+                                (control_.enabled() ? 0u : WS_DISABLED);
   const HMENU id =
       is_form ? nullptr : reinterpret_cast<HMENU>(static_cast<INT_PTR>(ControlId(control_)));
   const HWND window = CreateWindowExW(
@@ -95,7 +98,9 @@ void WindowPeer::Sync(ui::Changes changes) {
   if (changes.Has(ui::Changes::kVisible) && visible) ShowVisible();
 }
 
-RECT WindowPeer::Place() const { return toolkit_.scale().Pixels(control_.bounds()); }
+RECT WindowPeer::Place() const {
+  return toolkit_.scale().Pixels(control_.bounds());
+}
 
 void WindowPeer::ShowVisible() {
   const bool visible = control_.visible();
@@ -139,7 +144,7 @@ void WindowPeer::ShowTooltip() {
   tool.hwnd = form_peer().window();
   tool.uId = reinterpret_cast<UINT_PTR>(window_);
   tool.lpszText = const_cast<wchar_t*>(Wide(text));
-  const UINT message = text.empty() ? TTM_DELTOOLW
+  const UINT message = text.empty()   ? TTM_DELTOOLW
                        : has_tooltip_ ? TTM_UPDATETIPTEXTW
                                       : TTM_ADDTOOLW;
   SendMessageW(form_peer().Tooltips(), message, 0, reinterpret_cast<LPARAM>(&tool));

@@ -1,4 +1,5 @@
-// The native window of one control: creation, what all kinds share, and the passage of its messages.
+// The native window of one control: creation, what all kinds share, and the passage of its
+// messages.
 //
 // The windows of a form are made together when it is first shown, each with its final state; until
 // then a peer has none and Sync does nothing. The window dies with the peer, or with the window

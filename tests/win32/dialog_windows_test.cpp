@@ -1,0 +1,377 @@
+// The dialog in real windows: gestures with genuine messages, read back from the windows.
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <set>
+
+#include "dialog/option_table.h"
+#include "host/win32/window_picture.h"
+#include "tests/win32/native_bench.h"
+
+namespace quill {
+namespace {
+
+using host::Button;
+
+class DialogWindows : public testing::Test, public NativeBench {
+ protected:
+  Text Seen(const Text& control, const Text& property) const {
+    return NativeBench::Seen(control, property);
+  }
+};
+
+HWND LabelBefore(HWND window) {
+  return GetWindow(window, GW_HWNDPREV);
+}
+
+TEST_F(DialogWindows, EveryControlHasItsStandardWindowInItsPlace) {
+  Show([&](frmrcBHDGS& dialog) {
+    std::set<int> ids;
+    for (const auto& control : dialog.controls()) {
+      if (control->kind() == ui::ControlKind::kFileDialog) continue;
+      const HWND window = robot.Find(control->name());
+      EXPECT_TRUE(ids.insert(GetDlgCtrlID(window)).second) << ToUtf8(control->name());
+      EXPECT_EQ(GetParent(window), robot.Find(control->container()->name()));
+      const ui::Bounds& bounds = control->bounds();
+      EXPECT_NEAR(std::stoi(ToUtf8(Seen(control->name(), u"left"))), bounds.left, 8);
+      EXPECT_NEAR(std::stoi(ToUtf8(Seen(control->name(), u"top"))), bounds.top, 8);
+      EXPECT_NEAR(std::stoi(ToUtf8(Seen(control->name(), u"width"))), bounds.width, 15);
+      EXPECT_NEAR(std::stoi(ToUtf8(Seen(control->name(), u"height"))), bounds.height, 15)
+          << ToUtf8(control->name());
+      EXPECT_EQ(Seen(control->name(), u"tooltip"), control->tooltip());
+    }
+    RECT inside = {};
+    GetClientRect(robot.FormWindow(), &inside);
+    EXPECT_EQ(inside.right, win32::ScreenScale().PixelsX(9615));
+    EXPECT_EQ(inside.bottom, win32::ScreenScale().PixelsY(4695));
+    EXPECT_EQ(Seen(u"frmrcBHDGS", u"caption"), u"Select Hosting Options");
+
+    for (const Option& option : Options()) {
+      const HWND label = LabelBefore(robot.Find(Text(option.key)));
+      EXPECT_EQ(win32::WindowText(label), option.label)
+          << "assistive tools take the label before " << ToUtf8(option.key) << " as its name";
+    }
+  });
+}
+
+TEST_F(DialogWindows, TypingEndsAtTheLimitAndKeepsTheCaret) {
+  Show([&](frmrcBHDGS&) {
+    robot.Type(u"txtName", u"abcdefghijklmnopqrstuvwxyz1");
+    EXPECT_EQ(Seen(u"txtName", u"text"), u"abcdefghijklmnopqrstuvwxyz");
+
+    const HWND box = robot.Find(u"txtName");
+    SendMessageW(box, EM_SETSEL, 3, 3);
+    SendMessageW(box, WM_CHAR, 'X', 1);
+    DWORD caret = 0;
+    SendMessageW(box, EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
+    EXPECT_EQ(caret, 3u);
+    EXPECT_EQ(Seen(u"txtName", u"text"), u"abcdefghijklmnopqrstuvwxyz");
+
+    robot.EraseLast(u"txtName", 2);
+    robot.Paste(u"txtCountry", u"GERMANY");
+    EXPECT_EQ(Seen(u"txtName", u"text"), u"abcdefghijklmnopqrstuvwx");
+    EXPECT_EQ(Seen(u"txtCountry", u"text"), u"GE");
+    EXPECT_EQ(context.dialog->Get<ui::TextBox>(u"txtCountry").text(), u"GE");
+
+    robot.ClickTab(u"Map Settings");
+    robot.Type(u"txtGametype", u"no");
+    EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Deathmatch");
+  });
+}
+
+TEST_F(DialogWindows, ASingleRowListChoosesWhatScrollsIntoView) {
+  Show([&](frmrcBHDGS& dialog) {
+    const auto& list = dialog.Get<ui::ListBox>(u"lstMax");
+    const auto expect = [&](int row) {
+      EXPECT_EQ(list.ListIndex(), row);
+      EXPECT_EQ(Seen(u"lstMax", u"index"), Decimal(row));
+      EXPECT_EQ(Seen(u"lstMax", u"top"), Decimal(row));
+    };
+    EXPECT_EQ(Seen(u"lstMax", u"index"), u"-1");
+    robot.ScrollBy(u"lstMax", 3);
+    expect(3);
+    EXPECT_EQ(Seen(u"lstMax", u"text"), u"4");
+    robot.TurnWheel(u"lstMax", -2);
+    expect(5);
+    robot.TurnWheel(u"lstMax", 1);
+    expect(4);
+    robot.ScrollTo(u"lstMax", 49);
+    expect(49);
+    robot.ScrollBy(u"lstMax", 1);
+    expect(49);
+
+    SetFocus(robot.Find(u"lstMax"));
+    robot.PressKey(VK_UP);
+    expect(48);
+    robot.PressKey(VK_HOME);
+    expect(0);
+    robot.PressKey(VK_NEXT);
+    expect(10);
+    robot.PressKey(VK_END);
+    expect(49);
+
+    // Nothing is chosen yet, and the first row shows: the key that leads to it chooses it.
+    SetFocus(robot.Find(u"lstZone"));
+    robot.PressKey(VK_HOME);
+    EXPECT_EQ(Seen(u"lstZone", u"index"), u"0");
+    robot.SelectRows(u"lstTime", {0});
+    EXPECT_EQ(Seen(u"lstTime", u"index"), u"0");
+  });
+}
+
+TEST_F(DialogWindows, CheckBoxesFollowTheModelOnly) {
+  Show([&](frmrcBHDGS& dialog) {
+    EXPECT_EQ(Seen(u"chkWindow", u"value"), u"1");
+    robot.Click(u"chkWindow");
+    robot.Click(u"chkDedi");
+    EXPECT_EQ(Seen(u"chkWindow", u"value"), u"0");
+    EXPECT_EQ(Seen(u"chkDedi", u"value"), u"1");
+    SetFocus(robot.Find(u"chkDedi"));
+    robot.PressKey(VK_SPACE);
+    EXPECT_EQ(Seen(u"chkDedi", u"value"), u"0");
+
+    auto& nova = dialog.Get<ui::CheckBox>(u"chkNova");
+    nova.SetEnabled(false);
+    EXPECT_THROW(robot.Click(u"chkNova"), host::StageError);
+    SendMessageW(robot.Find(u"chkNova"), BM_CLICK, 0, 0);
+    EXPECT_EQ(nova.value(), 0);
+    EXPECT_EQ(Seen(u"chkNova", u"value"), u"0");
+  });
+}
+
+TEST_F(DialogWindows, ARotationIsComposedByMouseAndKeys) {
+  Show([&](frmrcBHDGS&) {
+    PickMod(u"Team Sabre");
+    robot.ClickTab(u"Map Settings");
+    const int available = std::stoi(ToUtf8(Seen(u"lstAvlMaps", u"count")));
+    ASSERT_GT(available, 6);
+    EXPECT_EQ(Seen(u"lstAvlMaps", u"data 0"), u"0");
+    EXPECT_TRUE(Seen(u"lstAvlMaps", u"tooltip").starts_with(u"Maps: "));
+
+    robot.SelectRows(u"lstAvlMaps", {0, 2, 5});
+    EXPECT_EQ(Seen(u"lstAvlMaps", u"selected"), u"0 2 5");
+    robot.Key(u"lstAvlMaps", u'+');
+    EXPECT_EQ(Seen(u"lstSelMaps", u"count"), u"3");
+    EXPECT_EQ(Seen(u"lstSelMaps", u"item 1"), Seen(u"lstAvlMaps", u"item 2"));
+    EXPECT_EQ(Seen(u"lblMapCnt", u"caption"), u"Number of Maps: 3");
+    EXPECT_EQ(Seen(u"lstAvlMaps", u"selected"), u"0 2 5") << "adding leaves the choice alone";
+
+    robot.DoubleClickRow(u"lstAvlMaps", available - 1);
+    EXPECT_EQ(Seen(u"lstSelMaps", u"count"), u"4");
+    EXPECT_NE(Seen(u"lstAvlMaps", u"top"), u"0");
+
+    const Text kept = Seen(u"lstSelMaps", u"item 1");
+    robot.SelectRows(u"lstSelMaps", {0, 2});
+    EXPECT_EQ(Seen(u"lstSelMaps", u"tooltip"), u"Deathmatch");
+    robot.Key(u"lstSelMaps", u'-');
+    EXPECT_EQ(Seen(u"lstSelMaps", u"count"), u"2");
+    EXPECT_EQ(Seen(u"lstSelMaps", u"item 0"), kept);
+    EXPECT_EQ(Seen(u"lstSelMaps", u"selected"), u"");
+    EXPECT_EQ(robot.Focused(), u"lstSelMaps") << "the list was hidden while it was refilled";
+
+    robot.DoubleClickRow(u"lstSelMaps", -1);
+    EXPECT_EQ(Seen(u"lstSelMaps", u"count"), u"2");
+    robot.DoubleClickRow(u"lstSelMaps", 0);
+    EXPECT_EQ(Seen(u"lstSelMaps", u"count"), u"1");
+    robot.Click(u"cmdRandomize");
+    EXPECT_EQ(Seen(u"lstSelMaps", u"count"), u"1");
+    EXPECT_TRUE(boxes.empty());
+  });
+}
+
+TEST_F(DialogWindows, ImageButtonsShowThePressAndActOnTheRelease) {
+  Show([&](frmrcBHDGS&) {
+    robot.ClickTab(u"Map Settings");
+    EXPECT_EQ(Seen(u"cmdRightImg", u"picture"), u"butup.gif");
+    const Text left = Seen(u"cmdRight", u"left");
+    robot.Press(u"cmdRight", Button::kLeft);
+    EXPECT_EQ(Seen(u"cmdRightImg", u"picture"), u"butdown.gif");
+    EXPECT_NE(Seen(u"cmdRight", u"left"), left);
+    // Over something else; the press decides where the release belongs.
+    robot.Release(u"lstAvlMaps", Button::kLeft);
+    EXPECT_EQ(Seen(u"cmdRightImg", u"picture"), u"butup.gif");
+    EXPECT_EQ(Seen(u"cmdRight", u"left"), left);
+    EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Team Deathmatch");
+
+    robot.Press(u"cmdLeftImg", Button::kRight);
+    EXPECT_EQ(Seen(u"cmdLeftImg", u"picture"), u"butup.gif");
+    robot.Release(u"cmdLeftImg", Button::kRight);
+    EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Deathmatch");
+
+    // Such a release is left over from the click that closed a window on top.
+    robot.Release(u"cmdCancel", Button::kLeft);
+    EXPECT_TRUE(robot.FormShown());
+  });
+}
+
+TEST_F(DialogWindows, AClosingHandlerEndsTheDisplayAndTheWindowsGoLater) {
+  for (const Text& button : {Text(u"cmdCancel"), Text(u"cmdCancelImg")}) {
+    std::weak_ptr<frmrcBHDGS> watched;
+    bool hidden = false;
+    Show([&](frmrcBHDGS&) {
+      watched = context.dialog;
+      robot.Press(button, Button::kMiddle);
+      robot.Release(button, Button::kMiddle);
+      hidden = robot.FormWindow() != nullptr && !robot.FormShown();
+    });
+    EXPECT_TRUE(hidden);
+    EXPECT_EQ(context.dialog, nullptr);
+    DrainMessages();
+    EXPECT_TRUE(watched.expired());
+    EXPECT_EQ(robot.FormWindow(), nullptr);
+  }
+  Show([&](frmrcBHDGS&) { robot.CloseForm(); });
+  EXPECT_EQ(context.dialog, nullptr);
+}
+
+TEST_F(DialogWindows, TabsTurnPagesAndTheFocusLeavesAHiddenPage) {
+  Show([&](frmrcBHDGS&) {
+    const auto expect_page = [&](TextView page) {
+      for (const TextView frame : {u"fmeServer", u"fmeMap", u"fmeMisc"}) {
+        EXPECT_EQ(Seen(Text(frame), u"visible"), frame == page ? u"1" : u"0") << ToUtf8(frame);
+      }
+    };
+    expect_page(u"fmeServer");
+    EXPECT_EQ(robot.Focused(), u"tsMain");
+    robot.Type(u"txtName", u"x");
+    robot.ClickTab(u"Misc Options");
+    expect_page(u"fmeMisc");
+    EXPECT_EQ(robot.Focused(), u"tsMain");
+    EXPECT_EQ(Seen(u"tsMain", u"caption"), u"Misc Options");
+    EXPECT_THROW(robot.Type(u"txtName", u"y"), host::StageError);
+
+    robot.PressKey(VK_TAB);
+    EXPECT_EQ(robot.Focused(), u"txtBlue");
+    robot.PressKey(VK_ESCAPE);
+    robot.PressKey(VK_RETURN);
+    SendMessageW(GetFocus(), WM_CHAR, '\r', 1);
+    EXPECT_TRUE(robot.FormShown());
+    EXPECT_EQ(Seen(u"txtBlue", u"text"), u"");
+  });
+}
+
+TEST_F(DialogWindows, EscapeClosesTheDropDownOnly) {
+  Show([&](frmrcBHDGS&) {
+    PickMod(u"Team Sabre");
+    EXPECT_EQ(Seen(u"cboMods", u"text"), u"Team Sabre");
+    const HWND box = robot.Find(u"cboMods");
+    SendMessageW(box, CB_SHOWDROPDOWN, TRUE, 0);
+    ASSERT_TRUE(SendMessageW(box, CB_GETDROPPEDSTATE, 0, 0));
+    SetFocus(box);
+    robot.PressKey(VK_ESCAPE);
+    EXPECT_FALSE(SendMessageW(box, CB_GETDROPPEDSTATE, 0, 0));
+    EXPECT_TRUE(robot.FormShown());
+    EXPECT_EQ(Seen(u"cboMods", u"text"), context.dialog->Get<ui::ComboBox>(u"cboMods").text());
+  });
+}
+
+TEST_F(DialogWindows, BoxesBelongToTheDialogAndFilesArePicked) {
+  root.Put("lists/one.mpl", "0[-]0[-]DMK_01A.BMS\r\n");
+  Show([&](frmrcBHDGS&) {
+    PickMod(u"Team Sabre");
+    robot.ClickTab(u"Map Settings");
+    during_box = [&] {
+      EXPECT_EQ(GetWindow(host::FindOpenBox().window, GW_OWNER), robot.FormWindow());
+      EXPECT_EQ(host::FindOpenBox().caption, u"Load saved map list");
+    };
+    file_answer = {root.text() + u"\\lists\\one.mpl"};
+    wchar_t before[MAX_PATH] = {};
+    wchar_t after[MAX_PATH] = {};
+    GetCurrentDirectoryW(MAX_PATH, before);
+    robot.Press(u"cmdLoadMaps", Button::kLeft);
+    robot.Release(u"cmdLoadMaps", Button::kLeft);
+    GetCurrentDirectoryW(MAX_PATH, after);
+    EXPECT_STREQ(before, after);
+    EXPECT_EQ(Seen(u"lstSelMaps", u"count"), u"1");
+
+    toolkit->ShowMessage(u"Caption", u"Two\r\nlines & more");
+    ASSERT_EQ(boxes.size(), 1u);
+    EXPECT_EQ(boxes[0].caption, u"Caption");
+    EXPECT_EQ(boxes[0].text, u"Two\r\nlines & more");
+  });
+}
+
+TEST_F(DialogWindows, PointersTurnBusyAndBack) {
+  Show([&](frmrcBHDGS& dialog) {
+    EXPECT_FALSE(robot.IsBusyOver(u"txtName"));
+    dialog.SetPointer(ui::Pointer::kBusy);
+    EXPECT_TRUE(robot.IsBusyOver(u"txtName"));
+    EXPECT_TRUE(robot.IsBusyOver(u"frmrcBHDGS"));
+    dialog.SetPointer(ui::Pointer::kDefault);
+    toolkit->SetScreenPointer(ui::Pointer::kBusy);
+    EXPECT_TRUE(robot.IsBusyOver(u"tsMain"));
+    toolkit->SetScreenPointer(ui::Pointer::kDefault);
+    EXPECT_FALSE(robot.IsBusyOver(u"tsMain"));
+  });
+}
+
+TEST_F(DialogWindows, TheBodyOfTheTabStripHasTheColourOfTheFrames) {
+  Show([&](frmrcBHDGS& dialog) {
+    DrainMessages();
+    const HWND strip = robot.Find(u"tsMain");
+    for (const wchar_t* property : {L"lpPROC", L"PctOBJ", L"GridOBJ"}) {
+      EXPECT_NE(GetPropW(strip, property), nullptr);
+    }
+    const auto pixel_at = [&](int x, int y) {
+      const HDC device = GetDC(strip);
+      const COLORREF colour = GetPixel(device, x, y);
+      ReleaseDC(strip, device);
+      return colour;
+    };
+    RECT body = {};
+    GetClientRect(strip, &body);
+    const int x = body.right - 6;
+    const int y = body.bottom - 6;
+    EXPECT_EQ(pixel_at(x, y), RGB(236, 233, 216));
+
+    // A white mark that the strip leaves, outside of what is repainted, stays as it is.
+    HDC device = GetDC(strip);
+    SetPixel(device, x, y, RGB(1, 2, 3));
+    SetPixel(device, x - 3, y, RGB(1, 2, 3));
+    ReleaseDC(strip, device);
+    const RECT part = {x, y, x + 1, y + 1};
+    InvalidateRect(strip, &part, FALSE);
+    UpdateWindow(strip);
+    EXPECT_EQ(pixel_at(x, y), RGB(236, 233, 216));
+    EXPECT_EQ(pixel_at(x - 3, y), RGB(1, 2, 3));
+
+    toolkit->UnhookTabBackground(dialog.tsMain);
+    for (const wchar_t* property : {L"lpPROC", L"PctOBJ", L"GridOBJ"}) {
+      EXPECT_EQ(GetPropW(strip, property), nullptr);
+    }
+    RedrawWindow(robot.FormWindow(), nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    EXPECT_EQ(pixel_at(x, y), GetSysColor(COLOR_BTNFACE));
+  });
+}
+
+// Leaves pictures of the three pages for people to look at, where a folder is named.
+TEST_F(DialogWindows, LooksOfOnePiece) {
+  Show([&](frmrcBHDGS&) {
+    const char* folder = std::getenv("QUILL_PICTURES");
+    const auto take = [&](const char* name) {
+      DrainMessages();
+      const host::Pixels shown = host::TakeWindow(robot.FormWindow());
+      EXPECT_GT(std::set<std::uint32_t>(shown.values.begin(), shown.values.end()).size(), 8u);
+      if (folder != nullptr) host::WritePng(shown, std::filesystem::path(folder) / name);
+    };
+    take("empty.png");
+    PickMod(u"Team Sabre");
+    robot.Type(u"txtName", u"A server");
+    robot.ScrollBy(u"lstMax", 3);
+    take("server.png");
+    robot.ClickTab(u"Map Settings");
+    robot.SelectRows(u"lstAvlMaps", {0, 2, 5});
+    robot.Key(u"lstAvlMaps", u'+');
+    robot.Press(u"cmdLoadMaps", Button::kLeft);
+    take("map.png");
+    robot.ClickTab(u"Misc Options");
+    take("misc.png");
+  });
+}
+
+}  // namespace
+}  // namespace quill

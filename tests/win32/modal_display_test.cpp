@@ -1,0 +1,163 @@
+// A modal display among the host's own windows and loops, and what is left when dialogs are gone.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "tests/win32/native_bench.h"
+#include "ui/text_box.h"
+
+namespace quill {
+namespace {
+
+class HostWindow {
+ public:
+  explicit HostWindow(bool visible = true)
+      : window_(CreateWindowExW(0, L"STATIC", L"host", WS_OVERLAPPEDWINDOW, 0, 0, 200, 100, nullptr,
+                                nullptr, nullptr, nullptr)) {
+    if (visible) ShowWindow(window_, SW_SHOW);
+  }
+  ~HostWindow() { DestroyWindow(window_); }
+  HostWindow(const HostWindow&) = delete;
+  HostWindow& operator=(const HostWindow&) = delete;
+  [[nodiscard]] HWND get() const { return window_; }
+
+ private:
+  HWND window_;
+};
+
+TEST(ModalDisplay, OtherWindowsOfTheThreadWait) {
+  NativeBench bench;
+  const HostWindow host;
+  const HostWindow waiting;
+  EnableWindow(waiting.get(), FALSE);
+  SetActiveWindow(host.get());
+  bench.Show([&](frmrcBHDGS&) {
+    EXPECT_FALSE(IsWindowEnabled(host.get()));
+    EXPECT_EQ(GetWindow(bench.robot.FormWindow(), GW_OWNER), nullptr);
+    EXPECT_EQ(GetActiveWindow(), bench.robot.FormWindow());
+    bench.during_box = [&] {
+      EXPECT_FALSE(IsWindowEnabled(host.get()));
+      bench.context.dialog->Unload();
+      EXPECT_FALSE(IsWindowEnabled(host.get())) << "the box is still open";
+    };
+    bench.toolkit->ShowMessage(u"", u"a box outlives the dialog");
+  });
+  EXPECT_TRUE(IsWindowEnabled(host.get()));
+  EXPECT_FALSE(IsWindowEnabled(waiting.get())) << "it was waiting for something else";
+  EXPECT_EQ(GetActiveWindow(), host.get());
+
+  bench.Show([](frmrcBHDGS& dialog) { dialog.Hide(); });
+  EXPECT_EQ(GetActiveWindow(), host.get());
+}
+
+TEST(ModalDisplay, QuittingReachesTheOuterLoop) {
+  NativeBench bench;
+  const auto dialog = TakeDialog(bench.context);
+  {
+    const host::Heartbeat heartbeat([] { PostQuitMessage(7); });
+    dialog->ShowModal();
+  }
+  EXPECT_FALSE(dialog->shown());
+  EXPECT_FALSE(bench.robot.FormShown());
+  MSG message = {};
+  EXPECT_FALSE(GetMessageW(&message, nullptr, 0, 0));
+  EXPECT_EQ(message.wParam, 7u);
+}
+
+TEST(ModalDisplay, AHiddenDialogKeepsItsStateAndIsShownAgain) {
+  NativeBench bench;
+  HWND first = nullptr;
+  bench.Show([&](frmrcBHDGS&) {
+    bench.robot.Type(u"txtName", u"kept");
+    first = bench.robot.FormWindow();
+  });
+  EXPECT_FALSE(bench.robot.FormShown());
+  bench.context.dialog->Get<ui::TextBox>(u"txtPort").SetText(u"1");
+  bench.Show([&](frmrcBHDGS& dialog) {
+    EXPECT_EQ(bench.robot.FormWindow(), first);
+    EXPECT_EQ(bench.Seen(u"txtName", u"text"), u"kept");
+    EXPECT_EQ(bench.Seen(u"txtPort", u"text"), u"1");
+    EXPECT_EQ(bench.robot.Focused(), u"txtName");
+    // A host call during the display hides and shows it again.
+    dialog.Hide();
+    EXPECT_FALSE(bench.robot.FormShown());
+  });
+}
+
+TEST(ModalDisplay, TasksWaitForTheEndOfTheEvent) {
+  NativeBench bench;
+  bool ran = false;
+  bool ran_in_box = true;
+  bench.Show([&](frmrcBHDGS& dialog) {
+    dialog.Get<ui::CheckBox>(u"chkLoop").on_click = [&] {
+      bench.toolkit->Defer([&] { ran = true; });
+      bench.during_box = [&] {
+        DrainMessages();
+        ran_in_box = ran;
+      };
+      bench.toolkit->ShowMessage(u"", u"inside an event");
+    };
+    bench.robot.Click(u"chkLoop");
+    DrainMessages();
+    EXPECT_FALSE(ran_in_box);
+    EXPECT_TRUE(ran);
+  });
+  bench.toolkit->Defer([&] { ran = false; });
+  bench.context.dialog.reset();
+  bench.toolkit->Defer([] { throw RuntimeError(ErrorNumber::kOverflow); });
+  DrainMessages();
+  EXPECT_FALSE(ran);
+}
+
+int CountWindows() {
+  int count = 0;
+  EnumThreadWindows(
+      GetCurrentThreadId(),
+      [](HWND window, LPARAM counter) -> BOOL {
+        ++*reinterpret_cast<int*>(counter);
+        EnumChildWindows(
+            window,
+            [](HWND, LPARAM inner) -> BOOL {
+              ++*reinterpret_cast<int*>(inner);
+              return TRUE;
+            },
+            counter);
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&count));
+  return count;
+}
+
+// By the highest number of a new brush: handles are given out from the first free place.
+ULONG_PTR NextGdiHandles() {
+  std::vector<HBRUSH> brushes;
+  for (int i = 0; i < 8; ++i) brushes.push_back(CreateSolidBrush(RGB(1, 2, 3)));
+  ULONG_PTR highest = 0;
+  for (const HBRUSH brush : brushes) {
+    highest = std::max(highest, reinterpret_cast<ULONG_PTR>(brush) & 0xFFFFu);
+    DeleteObject(brush);
+  }
+  return highest;
+}
+
+TEST(ModalDisplay, OpeningAndClosingLeavesNothingBehind) {
+  NativeBench bench;
+  const auto cycle = [&] {
+    bench.Show([&](frmrcBHDGS& dialog) {
+      bench.PickMod(u"Team Sabre");
+      dialog.Unload();
+    });
+    DrainMessages();
+  };
+  for (int i = 0; i < 3; ++i) cycle();
+  const int windows = CountWindows();
+  const ULONG_PTR gdi = NextGdiHandles();
+  for (int i = 0; i < 20; ++i) cycle();
+  EXPECT_EQ(CountWindows(), windows);
+  EXPECT_LE(NextGdiHandles(), gdi + 8);
+  EXPECT_EQ(GlobalFindAtomW(L"lstRespawn"), 0) << "names are given back";
+}
+
+}  // namespace
+}  // namespace quill

@@ -1,0 +1,149 @@
+// The dialog with real windows, over a host folder of its own in the machine's temporary folder,
+// and a robot as its operator.
+#pragma once
+
+#include <windows.h>
+
+#include <objbase.h>
+
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "dialog/frmrcBHDGS.h"
+#include "host/story/button_pictures.h"
+#include "host/win32/window_robot.h"
+#include "ui/combo_box.h"
+#include "win32/native_text.h"
+#include "win32/system_code_page.h"
+#include "win32/win32_clock.h"
+#include "win32/win32_file_system.h"
+#include "win32/win32_toolkit.h"
+
+namespace quill {
+
+// A folder that goes with all that is in it.
+class TemporaryFolder {
+ public:
+  TemporaryFolder() {
+    static int number = 0;
+    path_ = std::filesystem::temp_directory_path() /
+            ("quill-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++number));
+    std::filesystem::create_directories(path_);
+  }
+  ~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  [[nodiscard]] const std::filesystem::path& path() const noexcept { return path_; }
+  [[nodiscard]] Text text() const { return win32::FromWide(path_.wstring()); }
+  void Put(const std::filesystem::path& name, std::string_view bytes) const {
+    std::filesystem::create_directories((path_ / name).parent_path());
+    std::ofstream(path_ / name, std::ios::binary)
+        .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  }
+
+ private:
+  std::filesystem::path path_;
+};
+
+struct ComForThread {
+  ComForThread() { static_cast<void>(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)); }
+  ~ComForThread() { CoUninitialize(); }
+  ComForThread(const ComForThread&) = delete;
+  ComForThread& operator=(const ComForThread&) = delete;
+};
+
+// Lets what waits in the thread's message queue happen.
+inline void DrainMessages() {
+  MSG message;
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+struct NativeBench {
+  ComForThread com;
+  TemporaryFolder root;
+  win32::Win32FileSystem files;
+  win32::Win32Clock clock;
+  CodePage code_page = win32::SystemCodePage();
+  std::unique_ptr<win32::Win32Toolkit> toolkit = std::make_unique<win32::Win32Toolkit>();
+  DialogContext context{*toolkit, files, clock, code_page};
+  host::WindowRobot robot{u"frmrcBHDGS"};
+  // The message boxes that came up, each acknowledged at once; what to answer to file dialogs.
+  std::vector<host::SeenBox> boxes;
+  std::vector<Text> file_answer;
+  std::function<void()> during_box;
+
+  NativeBench() {
+    root.Put("imgs/butup.gif", host::kReleasedPicture);
+    root.Put("imgs/butdown.gif", host::kPressedPicture);
+    context.HostRoot = root.text();
+    context.Index = 3;
+  }
+  ~NativeBench() {
+    context.dialog.reset();
+    DrainMessages();
+  }
+
+  // Shows the dialog, made when there is none, while `script` runs in its message loop; then hides
+  // it, unless the script has closed it. Passes on what the script throws.
+  void Show(const std::function<void(frmrcBHDGS& dialog)>& script) {
+    const auto dialog = TakeDialog(context);
+    std::exception_ptr failure;
+    bool begun = false;
+    {
+      const host::Heartbeat heartbeat([&] {
+        if (const host::OpenBox box = host::FindOpenBox(); box.window != nullptr) {
+          AnswerBox(box);
+          return;
+        }
+        if (begun) return;
+        begun = true;
+        try {
+          script(*dialog);
+        } catch (...) {
+          failure = std::current_exception();
+        }
+        dialog->Hide();
+      });
+      dialog->ShowModal();
+    }
+    if (failure != nullptr) std::rethrow_exception(failure);
+  }
+
+  void AnswerBox(const host::OpenBox& box) {
+    if (const auto step = std::exchange(during_box, nullptr)) step();
+    if (box.asks_for_file) {
+      host::AnswerFileBox(box, file_answer);
+    } else {
+      boxes.push_back({box.caption, box.text});
+      host::AcknowledgeBox(box);
+    }
+  }
+
+  // Fills the list of mods as a reply of the remote side does, and picks one.
+  void PickMod(const Text& mod) {
+    auto& mods = context.dialog->Get<ui::ComboBox>(u"cboMods");
+    mods.Clear();
+    mods.AddItem(u"None");
+    mods.AddItem(mod);
+    robot.Choose(u"cboMods", mod);
+  }
+  [[nodiscard]] Text Seen(const Text& control, const Text& property) const {
+    return robot.Read(control, property,
+                      {root.text() + Text(host::kReleasedPicturePath),
+                       root.text() + Text(host::kPressedPicturePath)});
+  }
+};
+
+}  // namespace quill
