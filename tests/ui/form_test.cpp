@@ -230,9 +230,8 @@ class TalkingToolkit final : public Toolkit {
 TEST(FormEndTest, DestroysPeersFromTheInsideOutAndHearsThemNoMore) {
   TalkingToolkit toolkit;
   auto form = std::make_shared<Form>(toolkit, u"frm", u"", 100, 100);
-  auto& outer = form->Add<Frame>(u"fmeOuter", nullptr, u"");
   auto& check = form->Add<CheckBox>(u"chkInner", nullptr);
-  check.MoveInto(outer);
+  check.MoveInto(form->Add<Frame>(u"fmeOuter", nullptr, u""));
   check.on_click = [] { ADD_FAILURE() << "a form that is being destroyed heard an event"; };
   form->on_unload = [] { ADD_FAILURE() << "a form that is being destroyed was unloaded"; };
   EXPECT_EQ(FailureOf([&] { form->ShowModal(); }), 1001);

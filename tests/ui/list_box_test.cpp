@@ -202,6 +202,9 @@ TEST_F(ListBoxTest, RefillsReachThePeerOnce) {
 
   list.SetItemData(3, 77);
   EXPECT_EQ(Seen(u"data 3"), "77") << "later changes are told at once again";
+  rows = mirror.rows_taken();
+  for (int row = 0; row < 100; ++row) list.AddItem(u"more");
+  EXPECT_EQ(mirror.rows_taken() - rows, 100u) << "each row by itself, and no other with it";
 }
 
 TEST_F(ListBoxTest, TellsAgainWhatAFailingPeerMissed) {
