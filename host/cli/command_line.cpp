@@ -27,6 +27,8 @@ constexpr std::size_t kAnyNumber = std::numeric_limits<std::size_t>::max();
 
 constexpr CommandOption kRunOptions[] = {
     {u"--folder", u"FOLDER", u"keeps the start record and the requests there (quillhost-run)"}};
+constexpr CommandOption kStoryOptions[] = {
+    {u"--differences", u"FILE", u"the list of what is known to fail on this layer, with reasons"}};
 constexpr CommandOption kDecodeOptions[] = {
     {u"--scenario", u"SCENARIO", u"also looks for the maps that this machine has of its own"}};
 constexpr CommandOption kCatalogueOptions[] = {
@@ -39,14 +41,8 @@ constexpr Command kCommands[] = {
      u"rotation and starts the game, the remote machine answers. Each step is printed; the last\n"
      u"line says where the start record is. Exit code 1: the game was not started.\n",
      kRunOptions, 1, 1, RunMainJobCommand},
-    {u"story",
-     u"FILE...",
-     u"plays operator stories and checks what they expect",
-     u"Exit code 1: an expectation failed.\n",
-     {},
-     1,
-     kAnyNumber,
-     RunStoryCommand},
+    {u"story", u"FILE...", u"plays operator stories and checks what they expect",
+     u"Exit code 1: an expectation failed.\n", kStoryOptions, 1, kAnyNumber, RunStoryCommand},
     {u"decode", u"FILE", u"explains a request file field by field",
      u"Exit code 1: something is wrong with the request.\n", kDecodeOptions, 1, 1,
      RunDecodeCommand},
@@ -88,7 +84,7 @@ void PrintHelp(const Command& command, Console& console) {
   if (!command.options.empty()) console.Print(u"\nOptions:\n");
   for (const CommandOption& option : command.options) {
     const Text call = Concat({option.name, u" ", option.value});
-    console.Print(Concat({u"  ", Padded(call, 20), option.help, u"\n"}));
+    console.Print(Concat({u"  ", Padded(call, 22), option.help, u"\n"}));
   }
 }
 

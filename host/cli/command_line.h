@@ -5,7 +5,6 @@
 #include <functional>
 #include <memory>
 #include <span>
-#include <vector>
 
 #include "host/cli/console.h"
 #include "host/story/stage.h"
@@ -15,10 +14,11 @@ namespace quill::host {
 
 // What the program around the command line offers.
 struct CommandLineParts {
-  // A fresh host with the plug-in in it.
+  // A fresh host with the plug-in in it, for each job and each story.
   std::function<std::unique_ptr<Stage>()> make_stage;
-  // Plays story files, each on a fresh stage; the exit code.
-  std::function<int(const std::vector<Text>& files, Console& console)> run_stories;
+  // When the stage can be looked at: told in the main job that the dialog is "empty", "filled" by
+  // the reply and has a "rotation".
+  std::function<void(Stage& stage, const Text& moment)> look = nullptr;
 };
 
 inline constexpr int kExitGood = 0;

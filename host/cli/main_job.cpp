@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <thread>
+#include <utility>
 
 #include "host/remote/wire.h"
 #include "support/number_text.h"
@@ -33,19 +34,23 @@ void MainJob::StageFiles::Remove(TextView path) {
 }
 
 MainJob::MainJob(const Scenario& scenario, Stage& stage, FileStorage& results,
-                 CommandLauncher& launcher, std::string record_name, EventSink tell)
+                 CommandLauncher& launcher, std::string record_name, EventSink tell,
+                 std::function<void(Stage& stage, const Text& moment)> look)
     : scenario_(scenario),
       stage_(stage),
       results_(results),
       tell_(std::move(tell)),
+      look_(std::move(look)),
+      record_path_(Concat({stage.HostRoot(), kStartRecordPath})),
       files_(stage, results),
-      machine_(scenario, RemoteMachineParts{results, launcher, Text(kStartRecordPath),
-                                            std::move(record_name), tell_}),
+      machine_(scenario,
+               RemoteMachineParts{results, launcher, record_path_, std::move(record_name), tell_}),
       relay_(
-          kStageRoot, files_, machine_, [this](const Text& reply) { Receive(reply); }, tell_) {}
+          stage.HostRoot(), files_, machine_, [this](const Text& reply) { Receive(reply); },
+          tell_) {}
 
 bool MainJob::Run() {
-  results_.Remove(kStartRecordPath);
+  results_.Remove(record_path_);
   std::vector<Right> rights;
   for (const OperatorRight& right : scenario_.rights) {
     rights.push_back({right.name, Right::Form::kText, right.value});
@@ -70,6 +75,7 @@ bool MainJob::GoOn() {
   is_busy_ = true;
   bool goes_on = true;
   try {
+    if (!std::exchange(is_looked_at_, true)) Look(u"empty");
     if (relay_.Pump()) {
       TellBoxes();
     } else if (phase_ == Phase::kFilled) {
@@ -102,6 +108,7 @@ void MainJob::Receive(const Text& reply) {
 }
 
 void MainJob::Operate() {
+  Look(u"filled");
   Note(u"dialog",
        Concat({u"filled: server \"", stage_.Read(u"txtName", u"text"), u"\", mod \"",
                stage_.Read(u"cboMods", u"text"), u"\", ", stage_.Read(u"lstAvlMaps", u"tooltip")}));
@@ -117,6 +124,7 @@ void MainJob::Operate() {
     Note(u"dialog",
          Concat({u"rotation ", Decimal(row + 1), u": ", stage_.Read(u"lstSelMaps", item)}));
   }
+  Look(u"rotation");
   Note(u"operator", u"presses Start Game");
   PressAndRelease(u"cmdStart");
   TellBoxes();
@@ -135,7 +143,8 @@ void MainJob::ChooseMod() {
   }
 }
 
-// By turns one map by double click, and the first and the last one by "+", through all game types.
+// Through all game types, by turns the last map by a double click, and the first and the last one
+// by "+". A machine's own maps come last, so the rotation has maps of both kinds.
 void MainJob::ComposeRotation() {
   Note(u"operator", u"turns to the tab \"Map Settings\"");
   stage_.ClickTab(u"Map Settings");
@@ -147,8 +156,8 @@ void MainJob::ComposeRotation() {
     if (count == 0) {
       what = u"finds no maps";
     } else if (step % 2 == 0) {
-      what = u"adds the first map by a double click";
-      stage_.DoubleClickRow(u"lstAvlMaps", 0);
+      what = u"adds the last map by a double click";
+      stage_.DoubleClickRow(u"lstAvlMaps", count - 1);
     } else {
       what = u"adds the first and the last map by \"+\"";
       stage_.SelectRows(u"lstAvlMaps", {0, count - 1});
@@ -173,6 +182,10 @@ void MainJob::TellBoxes() {
 
 void MainJob::Note(TextView who, TextView what) {
   tell_(Concat({who, u": ", what}));
+}
+
+void MainJob::Look(const Text& moment) {
+  if (look_) look_(stage_, moment);
 }
 
 int MainJob::Count(const Text& list) {

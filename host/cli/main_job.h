@@ -2,6 +2,7 @@
 // its reply, the operator composes a rotation and presses Start, the remote machine answers.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "host/kit/file_storage.h"
@@ -11,22 +12,23 @@
 
 namespace quill::host {
 
-// Where a stage's host lives, and where the start record lies in the storage for results.
-inline constexpr TextView kStageRoot = u"C:\\Host";
-inline constexpr TextView kStartRecordPath = u"C:\\Host\\start-record.txt";
+// Where the start record lies in the storage for results, under the root of the stage's host.
+inline constexpr TextView kStartRecordPath = u"\\start-record.txt";
 
 class MainJob {
  public:
   // Stage, storage and launcher outlive the job. `results` keeps the start record and copies of the
-  // requests; `record_name` is what a start command calls the record. `tell` is given each step.
+  // requests; `record_name` is what a start command calls the record. `tell` is given each step;
+  // `look`, where there is one, is that of CommandLineParts.
   MainJob(const Scenario& scenario, Stage& stage, FileStorage& results, CommandLauncher& launcher,
-          std::string record_name, EventSink tell);
+          std::string record_name, EventSink tell,
+          std::function<void(Stage& stage, const Text& moment)> look = nullptr);
 
   // True when the remote machine has started the game.
   bool Run();
 
   // True when the remote machine has found a start request good and kept it.
-  [[nodiscard]] bool has_record() const { return results_.ReadWhole(kStartRecordPath).has_value(); }
+  [[nodiscard]] bool has_record() const { return results_.ReadWhole(record_path_).has_value(); }
 
  private:
   // The stage's files as the relay takes and keeps them; what it keeps goes to the results.
@@ -52,17 +54,21 @@ class MainJob {
   void PressAndRelease(const Text& control);
   void TellBoxes();
   void Note(TextView who, TextView what);
+  void Look(const Text& moment);
   [[nodiscard]] int Count(const Text& list);
 
   const Scenario& scenario_;
   Stage& stage_;
   FileStorage& results_;
   EventSink tell_;
+  std::function<void(Stage& stage, const Text& moment)> look_;
+  const Text record_path_;
   StageFiles files_;
   RemoteMachine machine_;
   Relay relay_;
   enum class Phase { kOpening, kFilled, kStarted, kGivenUp } phase_ = Phase::kOpening;
-  bool is_busy_ = false;  // a step is being played; further calls come from within it
+  bool is_busy_ = false;       // a step is being played; further calls come from within it
+  bool is_looked_at_ = false;  // while it is empty
   bool is_started_ = false;
 };
 

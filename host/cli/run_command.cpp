@@ -36,18 +36,19 @@ fs::path ResultFolder(const Arguments& arguments) {
 int RunMainJobCommand(const Arguments& arguments, const CommandLineParts& parts, Console& console) {
   const Scenario scenario = ReadScenario(arguments.positional[0]);
   const fs::path folder = ResultFolder(arguments);
-  headless::RootedFileSystem files(kStageRoot, folder);
-  const Text requests = Concat({kStageRoot, u"\\RCData"});
+  const std::unique_ptr<Stage> stage = parts.make_stage();
+  const Text root = stage->HostRoot();
+  headless::RootedFileSystem files(root, folder);
+  const Text requests = Concat({root, u"\\RCData"});
   if (!files.FolderExists(requests)) files.MakeFolder(requests);
   DiskStorage results([&](TextView path) { return files.RealPath(path); });
-  const fs::path record = files.RealPath(kStartRecordPath);
+  const fs::path record = files.RealPath(Concat({root, kStartRecordPath}));
   const std::u8string record_name = record.u8string();
 
   SystemCommandLauncher launcher;
-  const std::unique_ptr<Stage> stage = parts.make_stage();
   MainJob job(scenario, *stage, results, launcher,
               std::string(record_name.begin(), record_name.end()),
-              [&](const Text& line) { console.PrintLine(line); });
+              [&](const Text& line) { console.PrintLine(line); }, parts.look);
   const bool is_started = job.Run();
   if (job.has_record()) {
     console.PrintLine(Concat({u"Start record: ", PathText(record)}));

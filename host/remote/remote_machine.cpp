@@ -73,7 +73,7 @@ void RemoteMachine::KeepRecord(const RequestEnvelope& envelope, const StartReque
   parts_.storage.Replace(parts_.record_path, EncodeTextFile(record));
   parts_.tell(Concat({u"remote: start request is good, ",
                       Decimal(static_cast<std::int64_t>(request.maps.size())), u" maps; kept in ",
-                      parts_.record_path}));
+                      FromUtf8(parts_.record_name)}));
 }
 
 void RemoteMachine::Begin() {

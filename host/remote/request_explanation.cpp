@@ -1,6 +1,8 @@
 // Plain-text tables of a request.
 #include "host/remote/request_explanation.h"
 
+#include <algorithm>
+
 #include "dialog/game_types.h"
 #include "host/remote/wire.h"
 
@@ -35,13 +37,17 @@ Text Hex(std::uint32_t value) {
 }
 
 void AddOptions(const StartRequest& request, Text& text) {
+  std::size_t width = 24;
+  constexpr std::size_t kWidest = 60;
+  for (const StartField& field : request.fields) width = std::max(width, field.meaning.size());
+  width = std::min(width, kWidest);
   text += u"Options\n";
-  text += Line(Concat({u"  No  ", Cell(u"Option", 20), Cell(u"Meaning", 34), u"Sent as"}));
+  text += Line(Concat({u"  No  ", Cell(u"Option", 20), Cell(u"Meaning", width), u"Sent as"}));
   for (std::size_t at = 0; at < request.fields.size(); ++at) {
     const StartField& field = request.fields[at];
     const Text meaning = field.meaning.empty() ? Text(u"(not understood)") : field.meaning;
     text += Line(Concat({Right(Decimal(static_cast<std::int64_t>(at)), 4), u"  ",
-                         Cell(field.name, 20), Cell(meaning, 34), Cell(field.sent, 0)}));
+                         Cell(field.name, 20), Cell(meaning, width), Cell(field.sent, 0)}));
   }
 }
 

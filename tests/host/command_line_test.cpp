@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "host/remote/wire.h"
+#include "host/story/headless_stage.h"
 
 namespace quill::host {
 namespace {
@@ -25,12 +26,7 @@ Outcome Call(const std::vector<Text>& words) {
   std::ostringstream output;
   std::ostringstream errors;
   Console console(output, errors);
-  CommandLineParts parts;
-  parts.run_stories = [](const std::vector<Text>& files, Console& to) {
-    to.PrintLine(Decimal(static_cast<std::int64_t>(files.size())));
-    return kExitBad;
-  };
-  const int code = RunCommandLine(words, parts, console);
+  const int code = RunCommandLine(words, {MakeHeadlessStage}, console);
   return {code, output.str(), errors.str()};
 }
 
@@ -177,10 +173,29 @@ TEST(CommandLine, AFileThatIsNoRequestIsABadOne) {
             "Profile:  3\n");
 }
 
-TEST(CommandLine, StoriesGoToTheirRunner) {
-  const Outcome outcome = Call({u"story", u"a.story", u"--", u"--b.story"});
-  EXPECT_EQ(outcome.output, "2\n");
+TEST(CommandLine, StoriesAreJudged) {
+  const TemporaryFile story("this is no step\n");
+  const Outcome outcome = Call({u"story", story.name()});
   EXPECT_EQ(outcome.code, kExitBad);
+  EXPECT_NE(outcome.output.find(ToUtf8(story.name()) + ":1: "), std::string::npos)
+      << outcome.output;
+  EXPECT_EQ(Call({u"story", story.name(), u"/no/such/file"}).code, kExitUsage);
+}
+
+TEST(CommandLine, TheShippedScenarioRuns) {
+  const fs::path folder = fs::path(QUILL_BINARY_DIR) / "cli-run" / "new";
+  fs::remove_all(folder.parent_path());
+  const Outcome outcome =
+      Call({u"run", FromUtf8(QUILL_SOURCE_DIR "/scenarios/quick-start.scenario"),
+            Concat({u"--folder=", FromUtf8(folder.string())})});
+  EXPECT_EQ(outcome.code, kExitGood) << outcome.output << outcome.errors;
+  EXPECT_TRUE(outcome.output.ends_with("start-record.txt\n"));
+  EXPECT_TRUE(fs::exists(folder / "start-record.txt"));
+  const fs::path request = folder / "RCData" / "sent_kvrBHDGS_StartGameRem.txt";
+  const Outcome decoded = Call({u"decode", FromUtf8(request.string())});
+  EXPECT_EQ(decoded.code, kExitGood) << decoded.output << decoded.errors;
+  EXPECT_NE(decoded.output.find("XAD_BRG2.BMS"), std::string::npos);
+  fs::remove_all(folder.parent_path());
 }
 
 }  // namespace
