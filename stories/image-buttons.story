@@ -1,0 +1,85 @@
+title "Image buttons: the left mouse button presses them, every button starts their action on release"
+
+host opens profile 1 target t
+host replies
+tab "Map Settings"
+expect cmdStart caption = "Start Game"
+expect cmdSave caption = "Save Settings"
+expect cmdLoad caption = "Load Settings"
+expect cmdCancel caption = Cancel
+expect cmdLeft caption = "<"
+expect cmdRight caption = ">"
+expect cmdLoadMaps caption = "Load Maps"
+
+# Released.
+expect cmdRightImg picture = butup.gif
+expect cmdRightImg left = 3500
+expect cmdRightImg top = 240
+expect cmdRightImg width = 300
+expect cmdRightImg height = 300
+expect cmdRight left = 3575
+expect cmdRight top = 270
+expect cmdRight width = 150
+expect cmdRight height = 300
+expect cmdStartImg left = 1440
+expect cmdStart left = 1515
+expect cmdStart top = 368
+expect cmdStart width = 1185
+expect cmdStart height = 495
+
+# Pressed: the face changes, the caption moves, nothing runs yet.
+press cmdRight
+expect cmdRightImg picture = butdown.gif
+expect cmdRight left = 3595
+expect cmdRight top = 320
+expect cmdRight width = 150
+expect txtGametype text = Deathmatch
+release cmdRight
+expect cmdRightImg picture = butup.gif
+expect cmdRight left = 3575
+expect cmdRight top = 270
+expect txtGametype text = "Team Deathmatch"
+
+# The face does as the caption does.
+press cmdRightImg
+expect cmdRightImg picture = butdown.gif
+expect cmdRight top = 320
+release cmdRightImg
+expect cmdRightImg picture = butup.gif
+expect txtGametype text = Cooperative
+
+# Other mouse buttons change no picture and run the action all the same.
+press cmdRight right
+expect cmdRightImg picture = butup.gif
+expect cmdRight top = 270
+expect txtGametype text = Cooperative
+release cmdRight right
+expect txtGametype text = "Team King of the Hill"
+push cmdRight middle
+expect txtGametype text = "King of the Hill"
+
+# A second button of the mouse while the first is held.
+press cmdRight
+press cmdRight right
+release cmdRight right
+expect txtGametype text = "Search and Destroy"
+expect cmdRightImg picture = butdown.gif
+release cmdRight
+expect cmdRightImg picture = butup.gif
+expect txtGametype text = "Attack and Defend"
+
+# However often: the released place stays the same.
+repeat 5 times
+  push cmdRight
+  push cmdLeft
+end
+expect cmdRight left = 3575
+expect cmdRight top = 270
+
+# Pressed once more while pressed: no drift either.
+press cmdStart
+press cmdStart
+expect cmdStart left = 1535
+expect cmdStart top = 418
+push cmdCancel right
+expect dialog hidden

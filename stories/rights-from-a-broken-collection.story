@@ -1,0 +1,14 @@
+title "A collection that fails ends the rights at the one it fails for"
+
+right "Change GS Session Type" = 0
+right "Change GS Max Players" = 0
+right "Change GS Game Mod" fails
+right "Change GS Dedicated Mode" = 0
+host sets rights
+expect trapped SetPrivis 438 "Object doesn't support this property or method"
+host opens profile 1 target t
+expect lstSession enabled = false
+expect lstMax enabled = false
+expect cboMods enabled = true
+expect chkDedi enabled = true
+push cmdCancel

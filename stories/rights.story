@@ -1,0 +1,48 @@
+title "The operator's rights: what is not granted is disabled, whatever form the host gives it"
+
+right "Change GS Session Type" = 1
+right "Change GS Max Players" = 0
+right "Change GS Game Mod" = number 0
+right "Change GS Windowed Mode" = number 7
+right "Change GS Dedicated Mode" = ""
+right "Change GS Custom Skins Option" = yes
+right "change gs game port" = 0
+host sets rights
+expect dialog hidden
+
+host opens profile 1 target t
+expect lstSession enabled = true
+expect lstMax enabled = false
+expect cboMods enabled = false
+expect chkWindow enabled = true
+expect chkDedi enabled = true
+expect chkSkins enabled = true
+expect txtPort enabled = false
+# A right that the collection does not hold is not granted.
+expect chkNova enabled = false
+expect txtName enabled = true
+cannot scroll lstMax by 1
+cannot click chkNova
+click chkDedi
+expect chkDedi value = 1
+
+# The port has no fixed value: the reply fills it, disabled or not.
+reply "Game Port" = 12345
+host replies
+expect txtPort text = 12345
+expect txtPort enabled = false
+
+# Rights can change while the dialog is open.
+right "Change GS Max Players" = 1
+host sets rights
+expect lstMax enabled = true
+expect lstSession enabled = false
+expect txtPort enabled = false
+push cmdCancel
+
+# They go with the dialog.
+host opens profile 1 target t
+expect lstSession enabled = true
+expect txtPort enabled = true
+expect chkNova enabled = true
+push cmdCancel

@@ -1,0 +1,40 @@
+title "A single-row list takes the item that is scrolled into view"
+
+host opens profile 1 target t
+expect lstMax index = -1
+scroll lstMax by 3
+expect lstMax index = 3
+expect lstMax row 3 = 4
+scroll lstMax to 49
+expect lstMax index = 49
+scroll lstMax by 1
+expect lstMax index = 49
+scroll lstMax by -49
+expect lstMax index = 0
+scroll lstSession by 1
+expect lstSession index = 1
+scroll lstDelay to 2
+expect lstDelay index = 2
+scroll lstKills to 499
+expect lstKills index = 499
+expect lstScore index = -1
+scroll lstZone to 59
+expect lstZone index = 59
+scroll lstRespawn by 30
+expect lstRespawn row 30 = 30
+expect lstRespawn index = 30
+scroll lstTime to 100
+expect lstTime index = 100
+
+# A click on the item in view selects it as in any list.
+select lstScore 0
+expect lstScore index = 0
+
+# What was never scrolled stays unchosen, and a reply moves what is in view.
+reply "Max Players" = 7
+host replies
+expect lstMax index = 6
+expect lstMax top = 6
+scroll lstMax by -1
+expect lstMax index = 5
+push cmdCancel
