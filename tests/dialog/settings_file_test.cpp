@@ -8,6 +8,7 @@
 namespace quill {
 namespace {
 
+using namespace std::string_view_literals;
 using Strings = std::vector<std::string>;
 
 const SelectedMap kRoadRage{u"Road Rage", u"DMK_01A.BMS", 0, false};
@@ -389,8 +390,7 @@ TEST(SettingsFile, HostileFilesDoNoHarm) {
   bench.Write(u"endless.hsf", endless);
   bench.Write(u"wide.hsf", "[Settings]\r\ntxtName=" + std::string(4'000'000, 'x') +
                                "\r\nMap0=" + std::string(3'000'000, '[') + "\r\nz=1\r\n");
-  bench.Write(u"noise.hsf",
-              std::string("\xFF\xFE[\0S\0e\0\xD8t\r\n\0\0Map0=\0\x80\xFE\r\n=\r\n", 30));
+  bench.Write(u"noise.hsf", "\xFF\xFE[\0S\0e\0\xD8t\r\n\0\0Map0=\0\x80\xFE\r\n=\r\n"sv);
   for (int i = 0; i < 50'000; ++i) {
     const Text number = Decimal(i);
     bench.context.maps.server.AppendEntry(Concat({u"Map ", number, u" <M", number, u".BMS>5"}));
