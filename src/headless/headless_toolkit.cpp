@@ -52,7 +52,7 @@ HeadlessToolkit::~HeadlessToolkit() {
   RunDeferred();
 }
 
-void HeadlessToolkit::Called(std::initializer_list<TextView> call) {
+void HeadlessToolkit::Called(std::initializer_list<TextView> call) const {
   if (before_call) before_call(Concat(call));
 }
 

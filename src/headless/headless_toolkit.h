@@ -82,7 +82,7 @@ class HeadlessToolkit final : public ui::Toolkit {
     bool ended = false;
   };
 
-  void Called(std::initializer_list<TextView> call);
+  void Called(std::initializer_list<TextView> call) const;
   [[nodiscard]] bool IsIdle() const noexcept { return displays_.empty() && open_boxes_ == 0; }
 
   FileSystem& files_;

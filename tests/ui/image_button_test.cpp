@@ -121,6 +121,7 @@ TEST_F(ImageButtonTest, OnlyTheExactStatePressesAndReleasingRestores) {
   SetButtonState(form, u"CMDSTARTIMG", u"Down", kRoot);
   SetButtonState(form, u"mg", u"Down", kRoot);
   EXPECT_EQ(Seen(u"cmdStart", u"left"), "1515") << "names are compared in their letter case";
+  EXPECT_EQ(Seen(u"cmdStartImg", u"picture"), "C:\\Host\\imgs\\butup.gif");
 }
 
 TEST_F(ImageButtonTest, MissingPicturesKeepTheOldOneAndStillMoveTheCaption) {
