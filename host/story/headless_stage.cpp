@@ -34,6 +34,13 @@ auto Checked(Call&& call) {
   }
 }
 
+// In the words of the native layer.
+[[noreturn]] void FailCreation(TextView object) {
+  constexpr auto kNumber = ErrorNumber::kCannotCreateObject;
+  throw RuntimeError(
+      kNumber, Concat({DefaultDescription(static_cast<std::int32_t>(kNumber)), u": ", object}));
+}
+
 class TargetArray final : public HostArray {
  public:
   explicit TargetArray(const std::vector<Text>& texts) : texts_(texts) {}
@@ -213,11 +220,11 @@ class HeadlessStage final : public Stage, private HostServices {
 
  private:
   std::unique_ptr<FileKit> CreateFileKit() override {
-    if (script_.TakeFault(u"CreateFileKit")) throw RuntimeError(ErrorNumber::kCannotCreateObject);
+    if (script_.TakeFault(u"CreateFileKit")) FailCreation(kFileKitProgId);
     return std::make_unique<BreakableFileKit>(kit_, script_);
   }
   std::unique_ptr<MemoryKit> CreateMemoryKit() override {
-    if (script_.TakeFault(u"CreateMemoryKit")) throw RuntimeError(ErrorNumber::kCannotCreateObject);
+    if (script_.TakeFault(u"CreateMemoryKit")) FailCreation(kMemoryKitProgId);
     return std::make_unique<HostMemoryKit>();
   }
 

@@ -27,7 +27,7 @@ class StoryExpectations {
   void Check(const Step& step);
 
   // The operator has been told what to do in one more file dialog.
-  void FileDialogAnswered() { ++answers_; }
+  void FileDialogAnswered();
 
   // Tells what has been seen and not expected.
   void CheckEnd(const std::function<void(const Text& message)>& fail);
@@ -51,8 +51,8 @@ class StoryExpectations {
   std::deque<Text> log_;
   std::deque<Text> reports_;
   std::deque<Text> file_dialogs_;
-  std::size_t answers_ = 0;
-  std::size_t file_dialogs_seen_ = 0;
+  int unused_answers_ = 0;
+  int unanswered_ = 0;  // file dialogs that came without an answer for them
 };
 
 }  // namespace quill::host

@@ -91,7 +91,7 @@ constexpr StepForm kForms[] = {
     {kExpectNoRequest, u"expect no request NAME"},
     {kExpectRequestEnvelope, u"expect request NAME envelope TEXT"},
     {kExpectRequest, u"expect request NAME = TEXT"},
-    {kExpectPayload, u"expect payload = TEXT"},
+    {kExpectPayload, u"expect payload IS TEXT"},
     {kExpectPayloadFieldCount, u"expect payload fields = NUMBER"},
     {kExpectPayloadMod, u"expect payload mod = TEXT"},
     {kExpectPayloadMapCount, u"expect payload maps = NUMBER"},

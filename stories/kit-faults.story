@@ -1,0 +1,60 @@
+title "A file kit that fails is reported, and the operator still gets every box"
+
+host opens profile 1 target t
+host replies
+tab "Map Settings"
+double-click lstAvlMaps 0
+
+# Before the request: nothing has changed.
+kit CompressString fails 7 "Out of memory"
+push cmdStart
+expect trapped cmdStart_Error 7 "Out of memory"
+expect pending = LoadForm
+expect screen pointer = default
+expect no request StartGameRem
+
+# While it is written: the pointer and the awaited answer stay.
+kit WriteFile fails 61 "Disk full{crlf}Two lines"
+push cmdStart
+expect trapped cmdStart_Error 61 "Disk full{crlf}Two lines"
+expect pending = StartGame
+expect screen pointer = busy
+expect dialog shown
+expect request StartGameRem = ""
+push cmdStart
+expect request StartGameRem envelope Plugin_kvrBHDGS_StartGameRem_t_VB6_1
+host replies with 1
+
+# A reply that the kit cannot unpack.
+host opens profile 1 target t
+kit DecompressString fails -2147467259 "Unspecified error"
+host replies
+expect trapped RemoteData -2147467259 "Unspecified error"
+expect dialog pointer = default
+expect txtName text = ""
+
+# Reports that are not taken: the box says so.
+kit refuses reports
+host replies with x
+expect trapped RemoteData 9 "Subscript out of range: no {quote}[-]Scorvane[-]{quote} in the reply" not sent
+kit works
+kit SendErrorReport fails 5 "No line to the server"
+host replies with x
+expect trapped RemoteData 9 "Subscript out of range: no {quote}[-]Scorvane[-]{quote} in the reply" not sent
+# What could not be logged is not sent either.
+kit LogError fails 70 "The log is locked"
+host replies with x
+expect log "kvrrcBHDGS.dll, RemoteData, line {line}: error 9, Subscript out of range: no {quote}[-]Scorvane[-]{quote} in the reply"
+expect no report
+expect box "DLL Error!"
+| Error Line: {line}
+| Error 9: Subscript out of range: no "[-]Scorvane[-]" in the reply
+| DLL: kvrrcBHDGS.dll
+| Function/Sub: RemoteData
+|
+| Error Report Sent: Failed!
+host replies with x
+expect trapped RemoteData 9 "Subscript out of range: no {quote}[-]Scorvane[-]{quote} in the reply"
+host replies
+expect txtName text = "Story Server"
+push cmdCancel
