@@ -33,14 +33,20 @@ void ComboBoxPeer::Show(ui::Changes changes) {
   }
 }
 
-// The class makes itself as high as its font wants; the item's height is what can be told to it.
+// The class makes itself as high as its font wants. What can be told to it is the height of its
+// item, from which it derives its own by a margin that differs from system to system.
 void ComboBoxPeer::FitClosedHeight() {
-  RECT closed = {};
-  GetWindowRect(window(), &closed);
   const RECT wanted = WindowPeer::Place();
-  const auto item = Send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1));
-  const auto fitting = item + (wanted.bottom - wanted.top) - (closed.bottom - closed.top);
-  if (fitting > 0 && fitting != item) Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), fitting);
+  const auto excess = [&] {
+    RECT closed = {};
+    GetWindowRect(window(), &closed);
+    return static_cast<int>((closed.bottom - closed.top) - (wanted.bottom - wanted.top));
+  };
+  auto item = static_cast<int>(Send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1)));
+  for (int attempt = 0; attempt < 2 && excess() != 0 && item > excess(); ++attempt) {
+    item -= excess();
+    Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), item);
+  }
 }
 
 void ComboBoxPeer::ShowItems(bool all_new) {

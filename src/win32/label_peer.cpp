@@ -56,9 +56,16 @@ void LabelPeer::Show(ui::Changes changes) {
   }
 }
 
-// All pictures behind a label lie in the same container.
-void LabelPeer::DrawImagesBehind(HDC context) const {
+// Everything that can lie behind a label: the frame around it, and the images beside it.
+void LabelPeer::DrawWhatLiesBehind(HDC context) const {
   const RECT own = Place();
+  const HWND parent = GetParent(window());
+  POINT origin = {};
+  SetViewportOrgEx(context, -own.left, -own.top, &origin);
+  SendMessageW(parent, WM_ERASEBKGND, reinterpret_cast<WPARAM>(context), 0);
+  SendMessageW(parent, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(context), PRF_CLIENT);
+  SetViewportOrgEx(context, origin.x, origin.y, nullptr);
+
   for (const ui::Control* const sibling : label_.container()->children()) {
     if (sibling == &label_) return;
     const WindowPeer* const peer = Of(*sibling);
@@ -70,8 +77,11 @@ void LabelPeer::DrawImagesBehind(HDC context) const {
 }
 
 void LabelPeer::Draw(HDC context, const RECT& area) const {
-  FillRect(context, &area, form_peer().FaceBrush());
-  if (label_.transparent()) DrawImagesBehind(context);
+  if (label_.transparent()) {
+    DrawWhatLiesBehind(context);
+  } else {
+    FillRect(context, &area, form_peer().FaceBrush());
+  }
 
   const HGDIOBJ previous = SelectObject(context, form_peer().Font(label_.font_size()));
   SetBkMode(context, TRANSPARENT);

@@ -1,4 +1,4 @@
-// The native window of a label. It draws itself, so that a transparent one shows the images behind
+// The native window of a label. It draws itself, so that a transparent one shows what lies behind
 // it between its letters.
 #pragma once
 
@@ -21,7 +21,7 @@ class LabelPeer final : public WindowPeer {
  private:
   void Paint() const;
   void Draw(HDC context, const RECT& area) const;
-  void DrawImagesBehind(HDC context) const;
+  void DrawWhatLiesBehind(HDC context) const;
 
   ui::Label& label_;
   MouseButtons buttons_;

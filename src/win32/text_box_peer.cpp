@@ -1,6 +1,7 @@
 #include "win32/text_box_peer.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "win32/native_text.h"
 #include "win32/win32_toolkit.h"
@@ -54,9 +55,9 @@ void TextBoxPeer::ShowText() {
 
 void TextBoxPeer::OnCommand(WORD notification) {
   if (notification != EN_CHANGE) return;
-  editing_ = true;
+  const bool editing_before = std::exchange(editing_, true);
   Tell(ui::TextEdited{WindowText(window())});
-  editing_ = false;
+  editing_ = editing_before;  // the echo of the model's text comes in the middle of an edit
 }
 
 LRESULT TextBoxPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {

@@ -110,35 +110,41 @@ TEST(ModalDisplay, TasksWaitForTheEndOfTheEvent) {
   EXPECT_FALSE(ran);
 }
 
+BOOL CALLBACK CountOne(HWND, LPARAM counter) {
+  ++*reinterpret_cast<int*>(counter);
+  return TRUE;
+}
+BOOL CALLBACK CountAll(HWND window, LPARAM counter) {
+  EnumChildWindows(window, &CountOne, counter);
+  return CountOne(window, counter);
+}
 int CountWindows() {
   int count = 0;
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM counter) -> BOOL {
-        ++*reinterpret_cast<int*>(counter);
-        EnumChildWindows(
-            window,
-            [](HWND, LPARAM inner) -> BOOL {
-              ++*reinterpret_cast<int*>(inner);
-              return TRUE;
-            },
-            counter);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&count));
+  EnumThreadWindows(GetCurrentThreadId(), &CountAll, reinterpret_cast<LPARAM>(&count));
   return count;
 }
 
-// By the highest number of a new brush: handles are given out from the first free place.
-ULONG_PTR NextGdiHandles() {
-  std::vector<HBRUSH> brushes;
-  for (int i = 0; i < 8; ++i) brushes.push_back(CreateSolidBrush(RGB(1, 2, 3)));
-  ULONG_PTR highest = 0;
-  for (const HBRUSH brush : brushes) {
-    highest = std::max(highest, reinterpret_cast<ULONG_PTR>(brush) & 0xFFFFu);
-    DeleteObject(brush);
+// Wine does not count them for GetGuiResources; there the process's own table of handles tells.
+int CountGdiObjects() {
+  if (const DWORD count = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS)) {
+    return static_cast<int>(count);
   }
-  return highest;
+  struct Entry {
+    std::uint64_t object;
+    std::uint32_t owner;
+    std::uint16_t generation;
+    std::uint8_t type;
+    std::uint8_t flags;
+    std::uint64_t user;
+  };
+  constexpr std::size_t kEntries = 0x4000;
+  constexpr std::size_t kTablePlace = sizeof(void*) == 8 ? 0xF8 : 0x94;
+  const auto current_peb = reinterpret_cast<char*(WINAPI*)()>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetCurrentPeb")));
+  const char* const peb = current_peb();
+  const auto* const table = *reinterpret_cast<const Entry* const*>(peb + kTablePlace);
+  return static_cast<int>(
+      std::count_if(table, table + kEntries, [](const Entry& entry) { return entry.type != 0; }));
 }
 
 TEST(ModalDisplay, OpeningAndClosingLeavesNothingBehind) {
@@ -152,10 +158,13 @@ TEST(ModalDisplay, OpeningAndClosingLeavesNothingBehind) {
   };
   for (int i = 0; i < 3; ++i) cycle();
   const int windows = CountWindows();
-  const ULONG_PTR gdi = NextGdiHandles();
-  for (int i = 0; i < 20; ++i) cycle();
+  const int gdi = CountGdiObjects();
+  ASSERT_GT(gdi, 0);
+  for (int i = 0; i < 20; ++i) {
+    cycle();
+  }
   EXPECT_EQ(CountWindows(), windows);
-  EXPECT_LE(NextGdiHandles(), gdi + 8);
+  EXPECT_EQ(CountGdiObjects(), gdi);
   EXPECT_EQ(GlobalFindAtomW(L"lstRespawn"), 0) << "names are given back";
 }
 

@@ -32,7 +32,7 @@ class TemporaryFolder {
   TemporaryFolder() {
     static int number = 0;
     path_ = std::filesystem::temp_directory_path() /
-            ("quill-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++number));
+            ("quill-" + std::to_string(GetTickCount64()) + "-" + std::to_string(++number));
     std::filesystem::create_directories(path_);
   }
   ~TemporaryFolder() {

@@ -3,6 +3,7 @@
 
 #include "support/runtime_error.h"
 #include "tests/win32/native_bench.h"
+#include "win32/file_handle.h"
 #include "win32/native_file_dialog.h"
 #include "win32/win32_process_paths.h"
 
@@ -79,6 +80,9 @@ TEST(Win32FileSystem, PathsMayBeLong) {
   EXPECT_EQ(ReadAll(files, file), "");
   files.RemoveFile(file);
   EXPECT_FALSE(files.FileExists(file));
+  for (; path != folder.text(); path.resize(path.rfind(u'\\'))) {
+    EXPECT_TRUE(RemoveDirectoryW(win32::NativePath(path).c_str()));
+  }
 }
 
 TEST(Win32ProcessPaths, TellTheExecutableAsFarAsTheBufferGoes) {

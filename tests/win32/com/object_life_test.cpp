@@ -1,0 +1,199 @@
+// Creating the class, what its objects answer to, and how long they keep the library and the host.
+#include "tests/win32/com/plugin_bench.h"
+
+namespace quill::com {
+namespace {
+
+using ObjectLife = PluginBench;
+
+TEST_F(ObjectLife, OnlyItsOwnClassAndInterfacesAreGivenOut) {
+  OfferKits();
+  ComPtr<IUnknown> none;
+  EXPECT_EQ(library->GetClassObject(kLibraryId, IID_IClassFactory, none.ReceiveVoid()),
+            CLASS_E_CLASSNOTAVAILABLE);
+  EXPECT_EQ(library->GetClassObject(kClassId, IID_IDispatch, none.ReceiveVoid()), E_NOINTERFACE);
+  EXPECT_FALSE(none);
+  EXPECT_EQ(library->GetClassObject(kClassId, IID_IClassFactory, nullptr), E_POINTER);
+
+  const auto factory = library->Factory();
+  EXPECT_EQ(factory->CreateInstance(nullptr, IID_IPersist, none.ReceiveVoid()), E_NOINTERFACE);
+  EXPECT_EQ(factory->CreateInstance(factory.get(), IID_IUnknown, none.ReceiveVoid()),
+            CLASS_E_NOAGGREGATION);
+  EXPECT_FALSE(none);
+
+  const auto plugin = Create();
+  const IID refused[] = {IID_IPersist, IID_IProvideClassInfo2, IID_IMarshal, IID_IClassFactory,
+                         IID_IConnectionPointContainer, __uuidof(IDispatchEx), IID_IExternalConnection};
+  for (const IID& id : refused) {
+    none.Reset();
+    EXPECT_EQ(plugin->QueryInterface(id, none.ReceiveVoid()), E_NOINTERFACE);
+    EXPECT_FALSE(none);
+  }
+  EXPECT_EQ(plugin->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
+
+  // One object, whichever of its interfaces is asked, and each of them leads to each other.
+  const IID given[] = {IID_IUnknown, IID_IDispatch, kInterfaceId, IID_IProvideClassInfo,
+                       IID_ISupportErrorInfo};
+  ComPtr<IUnknown> identity;
+  ASSERT_EQ(plugin->QueryInterface(IID_IUnknown, identity.ReceiveVoid()), S_OK);
+  for (const IID& from : given) {
+    ComPtr<IUnknown> start;
+    ASSERT_EQ(plugin->QueryInterface(from, start.ReceiveVoid()), S_OK);
+    for (const IID& to : given) {
+      ComPtr<IUnknown> end;
+      ASSERT_EQ(start->QueryInterface(to, end.ReceiveVoid()), S_OK);
+      ComPtr<IUnknown> same;
+      ASSERT_EQ(end->QueryInterface(IID_IUnknown, same.ReceiveVoid()), S_OK);
+      EXPECT_EQ(same.get(), identity.get());
+    }
+  }
+}
+
+TEST_F(ObjectLife, EveryReferenceAndLockKeepsTheLibraryLoaded) {
+  OfferKits();
+  EXPECT_EQ(library->CanUnload(), S_OK);
+  auto factory = library->Factory();
+  EXPECT_EQ(library->CanUnload(), S_FALSE) << "a factory is in use";
+  ASSERT_EQ(factory->LockServer(TRUE), S_OK);
+  ASSERT_EQ(factory->LockServer(TRUE), S_OK);
+  factory.Reset();
+  EXPECT_EQ(library->CanUnload(), S_FALSE) << "two locks hold";
+  factory = library->Factory();
+  ASSERT_EQ(factory->LockServer(FALSE), S_OK);
+  ASSERT_EQ(factory->LockServer(FALSE), S_OK);
+  factory.Reset();
+  EXPECT_EQ(library->CanUnload(), S_OK);
+
+  auto plugin = Create();
+  EXPECT_EQ(plugin->AddRef(), 2u);
+  EXPECT_EQ(plugin->Release(), 1u);
+  EXPECT_EQ(library->CanUnload(), S_FALSE);
+  Outcome record = Invoke(*plugin.get(), u"GetData", {});
+  ComPtr<ITypeInfo> info;
+  ASSERT_EQ(plugin->GetTypeInfo(0, LOCALE_USER_DEFAULT, info.Receive()), S_OK);
+  plugin.Reset();
+  EXPECT_EQ(library->CanUnload(), S_OK);
+
+  // Type information and records are the system's: they outlive the library's code.
+  library.reset();
+  Bstr name;
+  EXPECT_EQ(info->GetDocumentation(MEMBERID_NIL, name.address(), nullptr, nullptr, nullptr), S_OK);
+  EXPECT_EQ(name.view(), u"_clsPlugin");
+  record.value = Variant();
+  library.emplace();
+}
+
+TEST_F(ObjectLife, StartUpRunsOncePerUseOfTheLibrary) {
+  OfferKits();
+  EXPECT_TRUE(created_kits.empty());
+  {
+    const auto factory = library->Factory();
+    EXPECT_TRUE(created_kits.empty()) << "looking at the class starts nothing";
+    auto first = Create();
+    const std::vector<Text> both = {u"rcFileKit.clsFileKit", u"rcMemKit.clsMemKit"};
+    EXPECT_EQ(created_kits, both);
+    const auto second = Create();
+    Bstr version;
+    EXPECT_EQ(first->dllVersion(nullptr, version.address()), S_OK);
+    EXPECT_EQ(version.view(), u"1.1.2");
+    first.Reset();
+    const auto third = Create();
+    EXPECT_EQ(created_kits, both);
+    EXPECT_EQ(host::LivingKitObjects(), 2);
+  }
+  // The state is the library's: it lasts without an object, and ends with its use.
+  EXPECT_EQ(host::LivingKitObjects(), 2);
+  EXPECT_EQ(library->CanUnload(), S_OK);
+  EXPECT_EQ(host::LivingKitObjects(), 0);
+  const auto again = Create();
+  EXPECT_EQ(created_kits.size(), 4u);
+  EXPECT_TRUE(boxes.empty());
+}
+
+TEST_F(ObjectLife, TheDialogAndItsValuesOutliveTheObject) {
+  OfferKits();
+  auto plugin = Create();
+  ASSERT_EQ(plugin->HideInterface(nullptr), S_OK);
+  const HWND dialog = robot.FormWindow();
+  ASSERT_NE(dialog, nullptr);
+  EXPECT_FALSE(robot.FormShown());
+  plugin.Reset();
+  EXPECT_EQ(robot.FormWindow(), dialog);
+  plugin = Create();
+  ASSERT_EQ(plugin->HideInterface(nullptr), S_OK);
+  EXPECT_EQ(robot.FormWindow(), dialog);
+  plugin.Reset();
+  EXPECT_EQ(library->CanUnload(), S_OK);
+  EXPECT_EQ(robot.FormWindow(), nullptr);
+}
+
+TEST_F(ObjectLife, AnObjectMayBeReleasedWithinItsOwnCall) {
+  OfferKits();
+  auto plugin = Create();
+  IPlugin* const borrowed = plugin.get();
+  HRESULT while_running = E_FAIL;
+  while_shown = [&] {
+    plugin.Reset();
+    while_running = library->CanUnload();
+    robot.CloseForm();
+  };
+  Variant target = ArrayOfVariants({u"", u"abc"});
+  EXPECT_EQ(borrowed->LoadInterface(3, 0, target.get(), nullptr), S_OK);
+  EXPECT_EQ(while_running, S_FALSE);
+  EXPECT_TRUE(boxes.empty());
+}
+
+// Asks the system to refuse every window of this thread.
+class NoWindows {
+ public:
+  NoWindows() : hook_(::SetWindowsHookExW(WH_CBT, &Refuse, nullptr, ::GetCurrentThreadId())) {}
+  ~NoWindows() { ::UnhookWindowsHookEx(hook_); }
+  NoWindows(const NoWindows&) = delete;
+  NoWindows& operator=(const NoWindows&) = delete;
+
+ private:
+  static LRESULT CALLBACK Refuse(int code, WPARAM, LPARAM) { return code == HCBT_CREATEWND; }
+  HHOOK hook_;
+};
+
+TEST_F(ObjectLife, AFailureWithoutATrapReachesTheCallerWithItsDescription) {
+  OfferKits();
+  const auto plugin = Create();
+  ComPtr<ISupportErrorInfo> support;
+  ASSERT_EQ(plugin->QueryInterface(IID_ISupportErrorInfo, support.ReceiveVoid()), S_OK);
+  EXPECT_EQ(support->InterfaceSupportsErrorInfo(kInterfaceId), S_OK);
+  EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IPersist), S_FALSE);
+
+  HRESULT early = S_OK;
+  Outcome late;
+  {
+    const NoWindows short_of_windows;
+    early = plugin->HideInterface(nullptr);
+    late = Invoke(*plugin.get(), u"HideInterface", {});
+  }
+  ASSERT_TRUE(FAILED(early));
+  ComPtr<IErrorInfo> left;
+  ASSERT_EQ(::GetErrorInfo(0, left.Receive()), S_OK);
+  GUID source_id{};
+  Bstr description;
+  Bstr source;
+  ASSERT_EQ(left->GetGUID(&source_id), S_OK);
+  ASSERT_EQ(left->GetDescription(description.address()), S_OK);
+  ASSERT_EQ(left->GetSource(source.address()), S_OK);
+  EXPECT_TRUE(IsEqualGUID(source_id, kInterfaceId));
+  EXPECT_FALSE(description.view().empty());
+  EXPECT_EQ(source.view(), u"kvrrcBHDGS.clsPlugin");
+
+  EXPECT_EQ(late.result, DISP_E_EXCEPTION);
+  EXPECT_EQ(late.raised, early);
+  EXPECT_EQ(late.description, description.view());
+  EXPECT_EQ(late.source, source.view());
+  EXPECT_EQ(robot.FormWindow(), nullptr);
+
+  // Nothing of the failed dialog is left in the way.
+  EXPECT_EQ(plugin->HideInterface(nullptr), S_OK);
+  EXPECT_NE(robot.FormWindow(), nullptr);
+}
+
+}  // namespace
+}  // namespace quill::com
