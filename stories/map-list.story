@@ -32,6 +32,11 @@ expect dialog pointer = default
 expect frmrcBHDGS enabled = true
 expect no box
 expect txtGametype text = "Team Deathmatch"
+# What was read is saved with its flags.
+answer "{root}\profiles\1\settings\week.hsf"
+push cmdSave
+expect box Success "Host Settings Saved Successfully."
+expect file "{root}\profiles\1\settings\week.hsf" contains "Map1=0[-]0[-]DMM_01E.BMS{crlf}Map2=0[-]1[-]XDM.BMS{crlf}Map3=0[-]0[-]DMM_01H.BMS{crlf}"
 push cmdStart
 expect payload map 2 = "Own One <XDM.BMS> 0 True"
 expect payload map 3 = "Mines Eye <DMM_01H.BMS> 0 False"
