@@ -44,8 +44,10 @@ class KitFactory final : public IClassFactory {
     if (object == nullptr) return E_POINTER;
     *object = nullptr;
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-    return com::Guarded(IID_IClassFactory,
-                        [&] { return kit_.make(services_)->QueryInterface(wanted, object); });
+    return com::Guarded(IID_IClassFactory, [&] {
+      if (services_.before_creation) services_.before_creation(kit_.prog_id);
+      return kit_.make(services_)->QueryInterface(wanted, object);
+    });
   }
   STDMETHODIMP LockServer(BOOL) override { return S_OK; }
 

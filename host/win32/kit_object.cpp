@@ -184,6 +184,9 @@ class KitObject final : public com::DispatchObject {
       if (::GetCurrentThreadId() != services_.thread) {
         Breach(operation, "called on another thread than the host's");
       }
+      if (services_.is_call_running && !services_.is_call_running()) {
+        Breach(operation, "called while the host calls nothing");
+      }
       if (given == nullptr || given->cNamedArgs != 0 ||
           given->cArgs != operation.arguments.size()) {
         Breach(operation, "called with another number of arguments");

@@ -2,6 +2,8 @@
 // by name. They check how they are called and note every breach of the contract.
 #pragma once
 
+#include <functional>
+
 #include "host/win32/contract_log.h"
 #include "support/file_kit.h"
 #include "win32/com/automation.h"
@@ -14,6 +16,10 @@ struct KitServices {
   FileKit& file_kit;
   ContractLog& contract;
   DWORD thread;  // the only one from which calls may come
+  // Told the name of an object that is about to be created; may throw to refuse it.
+  std::function<void(TextView prog_id)> before_creation = {};
+  // Whether the host is in a call of the plug-in, which is when calls may come; none: not checked.
+  std::function<bool()> is_call_running = {};
 };
 
 // How many of the host's objects the plug-in holds.

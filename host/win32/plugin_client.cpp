@@ -30,6 +30,7 @@ Text PluginClient::Field(const Text& name) {
   const VARIANT inside = field.Detach();
   const VARIANT& value = com::Referred(inside);
   if ((value.vt & VT_TYPEMASK) == VT_EMPTY) return u"empty";
+  if ((value.vt & VT_TYPEMASK) == VT_BOOL) return com::TruthOf(value) ? u"true" : u"false";
   SAFEARRAY* elements = com::ArrayOf(value);
   if (elements == nullptr) return com::TextOf(value);
   Text joined;

@@ -16,7 +16,7 @@ class PluginClient {
   PluginClient();
 
   [[nodiscard]] Text DllVersion();
-  // A field of the information record: text, "True" or "False", the elements of an array joined by
+  // A field of the information record: text, "true" or "false", the elements of an array joined by
   // "|", or "empty".
   [[nodiscard]] Text Field(const Text& name);
   // `names` and `values` are collections, or null.

@@ -1,0 +1,113 @@
+#include "host/win32/host_folder.h"
+
+#include <windows.h>
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <system_error>
+
+#include "support/host_environment.h"
+#include "support/runtime_error.h"
+#include "support/version.h"
+#include "win32/native_text.h"
+#include "win32/win32_process_paths.h"
+
+namespace quill::host {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const wchar_t* kProgramName = L"quillhost.exe";
+// Lies in a throw-away folder, so that no other one is ever emptied.
+constexpr const wchar_t* kMarkName = L"quillhost-throw-away";
+
+fs::path PathOf(TextView text) {
+  return {Text(text)};
+}
+
+[[noreturn]] void Fail(TextView what, const fs::path& path) {
+  throw RuntimeError(ErrorNumber::kPathFileAccessError, Concat({what, u": ", path.u16string()}));
+}
+
+void Copy(const fs::path& from, const fs::path& to) {
+  std::error_code error;
+  if (!fs::copy_file(from, to, error)) Fail(u"This file cannot be copied", from);
+}
+
+// A folder that is removed with all that is in it.
+class ThrowAwayFolder {
+ public:
+  ThrowAwayFolder() {
+    std::error_code error;
+    // The long form: a short one would not compare equal to what file dialogs answer.
+    std::array<wchar_t, 1024> name{};
+    const fs::path temporary = fs::temp_directory_path(error);
+    const DWORD length = GetLongPathNameW(temporary.c_str(), name.data(), name.size());
+    const fs::path parent = length > 0 && length < name.size() ? fs::path(name.data()) : temporary;
+    path_ = parent / (L"quillhost-" + std::to_wstring(GetCurrentProcessId()));
+    fs::remove_all(path_, error);
+    if (!fs::create_directories(path_, error)) Fail(u"This folder cannot be made", path_);
+  }
+  ~ThrowAwayFolder() {
+    std::error_code error;
+    fs::remove_all(path_, error);
+  }
+  ThrowAwayFolder(const ThrowAwayFolder&) = delete;
+  ThrowAwayFolder& operator=(const ThrowAwayFolder&) = delete;
+
+  [[nodiscard]] const fs::path& path() const { return path_; }
+
+ private:
+  fs::path path_;
+};
+
+int RunAndWait(const fs::path& program) {
+  STARTUPINFOW startup = {};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process = {};
+  if (!CreateProcessW(program.c_str(), GetCommandLineW(), nullptr, nullptr, TRUE, 0, nullptr,
+                      nullptr, &startup, &process)) {
+    Fail(u"This program cannot be started", program);
+  }
+  CloseHandle(process.hThread);
+  WaitForSingleObject(process.hProcess, INFINITE);
+  DWORD code = EXIT_FAILURE;
+  GetExitCodeProcess(process.hProcess, &code);
+  CloseHandle(process.hProcess);
+  return static_cast<int>(code);
+}
+
+}  // namespace
+
+Text HostFolderOfProgram() {
+  win32::Win32ProcessPaths paths;
+  return HostFolder(paths);
+}
+
+std::optional<int> RunInHostFolder() {
+  const fs::path here = PathOf(HostFolderOfProgram());
+  std::error_code error;
+  if (fs::exists(here / kMarkName, error)) return std::nullopt;
+  win32::Win32ProcessPaths paths;
+  const ThrowAwayFolder folder;
+  if (!std::ofstream(folder.path() / kMarkName)) Fail(u"This folder cannot be used", folder.path());
+  Copy(PathOf(paths.ExecutablePath(32768)), folder.path() / kProgramName);
+  Copy(here / PathOf(kLibraryFileName), folder.path() / PathOf(kLibraryFileName));
+  return RunAndWait(folder.path() / kProgramName);
+}
+
+void EmptyHostFolder() {
+  const fs::path folder = PathOf(HostFolderOfProgram());
+  std::error_code error;
+  if (!fs::exists(folder / kMarkName, error)) throw RuntimeError(ErrorNumber::kPermissionDenied);
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+    const fs::path name = entry.path().filename();
+    if (name == kMarkName || name == kProgramName || name == PathOf(kLibraryFileName)) continue;
+    fs::remove_all(entry.path(), error);
+    if (error) Fail(u"This cannot be removed", entry.path());
+  }
+}
+
+}  // namespace quill::host

@@ -1,0 +1,24 @@
+// The folder in which this program plays the host. The plug-in takes the folder of the host's
+// program as the host's root, so the program runs as a copy of itself, with the library beside it,
+// in a throw-away folder that holds nothing else.
+#pragma once
+
+#include <optional>
+
+#include "support/text.h"
+
+namespace quill::host {
+
+// Runs this command line in a copy inside a new throw-away folder, waits for it and returns its
+// exit code; nothing when this program is such a copy already. Fails with a RuntimeError that says
+// what went wrong.
+[[nodiscard]] std::optional<int> RunInHostFolder();
+
+// The folder of this program, without a trailing backslash.
+[[nodiscard]] Text HostFolderOfProgram();
+
+// Removes everything but the program and the library. Fails with kPermissionDenied in a folder that
+// is no throw-away one.
+void EmptyHostFolder();
+
+}  // namespace quill::host

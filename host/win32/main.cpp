@@ -1,0 +1,109 @@
+// The reference host around the real library: the same command line as without a screen, and a
+// window.
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <iostream>
+#include <vector>
+
+#include "host/cli/command_line.h"
+#include "host/win32/dialog_pictures.h"
+#include "host/win32/host_folder.h"
+#include "host/win32/host_window.h"
+#include "host/win32/native_stage.h"
+#include "support/runtime_error.h"
+#include "win32/native_text.h"
+
+namespace quill::host {
+namespace {
+
+constexpr TextView kPictures = u"--pictures";
+
+constexpr TextView kOwnHelp =
+    u"\nWith the real library also:\n"
+    u"  window [SCENARIO]   a host with a window of its own; the same without any command\n"
+    u"  run --pictures FOLDER SCENARIO   leaves pictures of the dialog there\n";
+
+std::vector<Text> Words() {
+  int count = 0;
+  wchar_t** const arguments = CommandLineToArgvW(GetCommandLineW(), &count);
+  std::vector<Text> words;
+  for (int at = 1; at < count; ++at) words.push_back(win32::FromWide(arguments[at]));
+  LocalFree(arguments);
+  return words;
+}
+
+// The option's value, taken out of the words.
+std::optional<Text> TakePicturesFolder(std::vector<Text>& words) {
+  for (std::size_t at = 0; at + 1 < words.size(); ++at) {
+    if (words[at] != kPictures) continue;
+    Text folder = words[at + 1];
+    words.erase(words.begin() + static_cast<std::ptrdiff_t>(at),
+                words.begin() + static_cast<std::ptrdiff_t>(at) + 2);
+    return folder;
+  }
+  return std::nullopt;
+}
+
+class Apartment {
+ public:
+  Apartment() : result_(OleInitialize(nullptr)) {
+    if (FAILED(result_)) throw RuntimeError(ErrorNumber::kCannotCreateObject);
+  }
+  ~Apartment() { OleUninitialize(); }
+  Apartment(const Apartment&) = delete;
+  Apartment& operator=(const Apartment&) = delete;
+
+ private:
+  HRESULT result_;
+};
+
+int Perform(std::vector<Text> words, Console& console) {
+  const Apartment apartment;
+  ContractLog contract;
+  contract.on_breach = [&](const Breach& breach) {
+    console.PrintLine(FromUtf8(BreachLine(breach)));
+  };
+  const PluginLibrary library(LibraryBesideProgram());
+
+  int code = kExitGood;
+  if (words.empty() || words[0] == u"window") {
+    if (words.size() > 2) throw UsageError(u"window takes one scenario at most");
+    code = ShowHostWindow(words.size() == 2 ? words[1] : Text(), library, contract);
+  } else {
+    CommandLineParts parts{[&] { return MakeNativeStage(library, contract); }, nullptr};
+    if (const auto folder = TakePicturesFolder(words)) {
+      parts.look = [&, pictures = DialogPictures(*folder)](Stage&, const Text& moment) {
+        pictures.Take(moment, [&](const Text& line) { console.PrintLine(line); });
+      };
+    }
+    code = RunCommandLine(words, parts, console);
+    if (words[0] == u"--help" || words[0] == u"-h") console.Print(kOwnHelp);
+  }
+  return code == kExitGood && !contract.breaches().empty() ? kExitBad : code;
+}
+
+int Main() {
+  Console console(std::cout, std::cerr);
+  SetConsoleOutputCP(CP_UTF8);
+  try {
+    if (const auto code = RunInHostFolder()) return *code;
+    return Perform(Words(), console);
+  } catch (const UsageError& error) {
+    console.PrintError(error.message());
+    return kExitUsage;
+  } catch (const RuntimeError& error) {
+    console.PrintError(error.description());
+  } catch (const std::exception& error) {
+    console.PrintError(FromUtf8(error.what()));
+  }
+  return kExitBad;
+}
+
+}  // namespace
+}  // namespace quill::host
+
+int main() {
+  return quill::host::Main();
+}

@@ -1,0 +1,69 @@
+// One use of the plug-in by this host, from its creation to its end: the service objects by name,
+// the plug-in object, and the contract between the two sides watched all the while. One at a time
+// in a process; everything happens on the thread that made it.
+#pragma once
+
+#include <optional>
+
+#include "host/kit/disk_storage.h"
+#include "host/kit/error_journal.h"
+#include "host/kit/file_kit.h"
+#include "host/story/breakable_file_kit.h"
+#include "host/win32/contract_log.h"
+#include "host/win32/kit_classes.h"
+#include "host/win32/plugin_client.h"
+#include "host/win32/plugin_library.h"
+#include "win32/win32_file_system.h"
+
+namespace quill::host {
+
+class PluginSession {
+ public:
+  // Library and log outlive the session. `root` is the host's root folder.
+  PluginSession(const PluginLibrary& library, ContractLog& contract, const Text& root);
+  // Releases the plug-in and notes what of the contract was not kept.
+  ~PluginSession();
+  PluginSession(const PluginSession&) = delete;
+  PluginSession& operator=(const PluginSession&) = delete;
+
+  // A call of the host; the plug-in is created by the first one.
+  template <class Call>
+  auto HostCall(Call&& call) {
+    const RunningCall running(*this);
+    return call(Plugin());
+  }
+
+  [[nodiscard]] DiskStorage& storage() noexcept { return storage_; }
+  [[nodiscard]] KitScript& script() noexcept { return script_; }
+
+ private:
+  class RunningCall {
+   public:
+    explicit RunningCall(PluginSession& session);
+    ~RunningCall() { --session_.running_calls_; }
+    RunningCall(const RunningCall&) = delete;
+    RunningCall& operator=(const RunningCall&) = delete;
+
+   private:
+    PluginSession& session_;
+  };
+
+  PluginClient& Plugin();
+  void KitIsCreated(TextView prog_id);
+
+  const PluginLibrary& library_;
+  ContractLog& contract_;
+  const DWORD thread_ = ::GetCurrentThreadId();
+  win32::Win32FileSystem files_;
+  DiskStorage storage_;
+  ErrorJournal journal_;
+  HostFileKit kit_{storage_, journal_};
+  KitScript script_;
+  BreakableFileKit breakable_kit_{kit_, script_};
+  KitClasses classes_;
+  std::optional<PluginClient> plugin_;
+  std::vector<Text> created_kits_;
+  int running_calls_ = 0;
+};
+
+}  // namespace quill::host
