@@ -18,7 +18,8 @@ class ReplacedEntries {
 
   // True when the next entry is replaced in its place, or means nothing to a load.
   bool Take(TextView entry, TextView key) {
-    return entry.starts_with(kMapKey) ? TakeMap(key) : TakeControl(key);
+    if (entry.starts_with(kMapKey)) return TakeMap(key);
+    return !IsMapInOtherLetters(key) && TakeControl(key);
   }
 
  private:
@@ -27,6 +28,15 @@ class ReplacedEntries {
   bool TakeMap(TextView key) {
     if (!mod_seen_ || maps_ == map_count_) return false;
     return key == Concat({kMapKey, Decimal(maps_++)});
+  }
+
+  // It means nothing to a load, but a map may be written in its place, which is then not where maps
+  // belong, or in its letters.
+  static bool IsMapInOtherLetters(TextView key) {
+    constexpr TextView kDigits = u"0123456789";
+    return key.size() > kMapKey.size() &&
+           EqualIgnoringCase(key.substr(0, kMapKey.size()), kMapKey) &&
+           key.find_first_not_of(kDigits, kMapKey.size()) == TextView::npos;
   }
 
   bool TakeControl(TextView key) {

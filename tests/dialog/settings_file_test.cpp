@@ -110,6 +110,9 @@ TEST(SettingsFile, WhatWouldComeBackWithALaterLoadIsSetAside) {
            Case{"[Settings]\r\ncboMods=None\r\nMap01=0[-]0[-]DMM_01A.BMS\r\n", true},
            Case{"[Settings]\r\ncboMods=None\r\nMap1=a\r\nMap0=b\r\n", true},
            Case{"[Settings]\r\nMap0=a\r\ncboMods=None\r\n", true},
+           Case{"[Settings]\r\nmap0=a\r\ncboMods=None\r\n", true},
+           Case{"[Settings]\r\ncboMods=None\r\nMAP1=a\r\nMap0=b\r\n", true},
+           Case{"[Settings]\r\nmaple=a\r\nmap=b\r\ncboMods=None\r\n", false},
            Case{"[Settings]\r\ntxtName=a\r\ntxtName=b\r\n", true},
            Case{"[Settings]\r\nlstMax.ListIndex=9\r\n", true},
        }) {
