@@ -295,6 +295,7 @@ void StoryExpectations::CheckPayload(const Step& step) {
 std::vector<Text> StoryExpectations::Rows(const Text& control) {
   const std::int32_t count = ToInt32(stage_.Read(control, u"count"));
   std::vector<Text> rows;
+  rows.reserve(static_cast<std::size_t>(std::max(count, 0)));
   for (std::int32_t row = 0; row < count; ++row) {
     rows.push_back(stage_.Read(control, Concat({u"item ", Decimal(row)})));
   }

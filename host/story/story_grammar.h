@@ -114,7 +114,6 @@ enum class StepBody : std::uint8_t {
 };
 
 struct StepForm {
-  StepKind kind;
   // Words that must stand so, and in capitals what is filled in:
   //   NAME    a word of letters, digits and "_" without quotes
   //   NUMBER  a whole number
@@ -125,6 +124,7 @@ struct StepForm {
   //   ROWS    row numbers and ranges such as 3-7, or "none", or "all", to the end of the line
   //   IS      "=", "!=", "contains" or "lacks"
   TextView pattern;
+  StepKind kind;
   StepBody body = StepBody::kNone;
   bool is_gesture = false;  // "cannot" may stand before it
 };
