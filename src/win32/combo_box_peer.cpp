@@ -34,24 +34,27 @@ void ComboBoxPeer::Show(ui::Changes changes) {
 }
 
 // The class makes itself as high as its font wants. What can be told to it is the height of its
-// item, from which it derives its own by a margin that differs from system to system.
+// item, to which it adds a margin that differs from system to system.
 void ComboBoxPeer::FitClosedHeight() {
+  static int known_margin = 6;
   const RECT wanted = WindowPeer::Place();
-  const auto excess = [&] {
+  const int height = wanted.bottom - wanted.top;
+  const auto closed_height = [&] {
     RECT closed = {};
     GetWindowRect(window(), &closed);
-    return static_cast<int>((closed.bottom - closed.top) - (wanted.bottom - wanted.top));
+    return static_cast<int>(closed.bottom - closed.top);
   };
-  auto item = static_cast<int>(Send(CB_GETITEMHEIGHT, static_cast<WPARAM>(-1)));
-  for (int attempt = 0; attempt < 2 && excess() != 0 && item > excess(); ++attempt) {
-    item -= excess();
+  for (int attempt = 0; attempt < 2 && closed_height() != height; ++attempt) {
+    const int item = height - known_margin;
+    if (item <= 0) return;
     Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), item);
+    known_margin = closed_height() - item;
   }
 }
 
 void ComboBoxPeer::ShowItems(bool all_new) {
-  const bool had_items = Send(CB_GETCOUNT) > 0;
-  if (all_new && had_items) Send(CB_RESETCONTENT);
+  if (all_new && Send(CB_GETCOUNT) > 0) Send(CB_RESETCONTENT);
+  if (Send(CB_GETCOUNT) == box_.Count()) return Repaint();
   Send(WM_SETREDRAW, FALSE);
   Text item;
   for (int index = static_cast<int>(Send(CB_GETCOUNT)); index < box_.Count(); ++index) {
@@ -59,7 +62,7 @@ void ComboBoxPeer::ShowItems(bool all_new) {
     Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(item)));
   }
   Send(WM_SETREDRAW, TRUE);
-  InvalidateRect(window(), nullptr, TRUE);
+  Repaint();
 }
 
 void ComboBoxPeer::OnCommand(WORD notification) {

@@ -167,7 +167,7 @@ void FormPeer::ReadColours() noexcept {
                   : nullptr;
 }
 
-void FormPeer::Repaint() const noexcept {
+void FormPeer::RepaintAll() const noexcept {
   RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
@@ -187,7 +187,7 @@ void FormPeer::HookTabBackground(ui::TabStrip& strip, ui::PictureBox& colour_sou
   if (window() == nullptr) return;
   ReadColours();
   AttachHook();
-  Repaint();
+  RepaintAll();
 }
 
 void FormPeer::AttachHook() {
@@ -203,7 +203,7 @@ void FormPeer::UnhookTabBackground(ui::TabStrip& strip) noexcept {
   if (peer != nullptr && peer->window() != nullptr) DetachTabBackground(peer->window());
   hook_.reset();
   ReadColours();
-  if (window() != nullptr) Repaint();
+  if (window() != nullptr) RepaintAll();
 }
 
 LRESULT FormPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -231,7 +231,7 @@ LRESULT FormPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_THEMECHANGED:
       ReadColours();
       if (message == WM_SYSCOLORCHANGE) EnumChildWindows(window(), &PassOn, message);
-      Repaint();
+      RepaintAll();
       break;
     default:
       break;

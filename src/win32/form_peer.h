@@ -63,7 +63,7 @@ class FormPeer final : public WindowPeer {
   void MakeChildren(ui::Control& container);
   void AttachHook();
   void ReadColours() noexcept;
-  void Repaint() const noexcept;
+  void RepaintAll() const noexcept;
   void MoveFocus(const ui::Control* from, const ui::Control* within, bool forward);
   void TurnTab(bool forward);
   void RestoreFocus();

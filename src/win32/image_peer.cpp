@@ -13,7 +13,7 @@ WindowPeer::Style ImagePeer::GetStyle() const {
 
 void ImagePeer::Show(ui::Changes changes) {
   if (!changes.Has(ui::Changes::kPicture)) return;
-  InvalidateRect(window(), nullptr, FALSE);
+  Repaint();
   RepaintInFront();
 }
 

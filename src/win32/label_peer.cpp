@@ -42,8 +42,7 @@ WindowPeer::Style LabelPeer::GetStyle() const {
 }
 
 void LabelPeer::Show(ui::Changes changes) {
-  if (changes.Has(ui::Changes::kFont)) SetFont(label_.font_size());
-  if (changes.Has(ui::Changes::kText)) {
+  if (changes.Has(ui::Changes::kText) && !making()) {
     if (WindowText(window()) != label_.caption()) SetWindowTextW(window(), Wide(label_.caption()));
     const auto style = static_cast<DWORD>(GetWindowLongPtrW(window(), GWL_STYLE));
     const DWORD wanted =
@@ -52,7 +51,7 @@ void LabelPeer::Show(ui::Changes changes) {
   }
   if (changes.Has(ui::Changes::kText) || changes.Has(ui::Changes::kFont) ||
       changes.Has(ui::Changes::kColour) || changes.Has(ui::Changes::kBounds)) {
-    InvalidateRect(window(), nullptr, FALSE);
+    Repaint();
   }
 }
 
@@ -98,10 +97,13 @@ void LabelPeer::Paint() const {
   const HDC target = BeginPaint(window(), &paint);
   RECT area;
   GetClientRect(window(), &area);
-  {
+  if (label_.transparent()) {
+    // Drawn in several layers, which must not be seen one after the other.
     const DrawingSurface surface(target, {area.right, area.bottom});
     Draw(surface.context(), area);
     BitBlt(target, 0, 0, area.right, area.bottom, surface.context(), 0, 0, SRCCOPY);
+  } else {
+    Draw(target, area);
   }
   EndPaint(window(), &paint);
 }
@@ -127,6 +129,8 @@ LRESULT LabelPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_SETTEXT:
       // The class itself would draw the text at once, in its own way.
       return DefWindowProcW(window(), message, wparam, lparam);
+    case WM_GETFONT:
+      return reinterpret_cast<LRESULT>(form_peer().Font(label_.font_size()));
     case WM_ENABLE:
       InvalidateRect(window(), nullptr, FALSE);
       return 0;

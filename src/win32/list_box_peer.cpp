@@ -52,14 +52,16 @@ void ListBoxPeer::Show(ui::Changes changes) {
   if (changes.Has(ui::Changes::kBounds) && is_single_row()) {
     RECT inside = {};
     GetClientRect(window(), &inside);
-    if (inside.bottom > 0) Send(LB_SETITEMHEIGHT, 0, MAKELPARAM(inside.bottom, 0));
+    if (inside.bottom > 0 && Send(LB_GETITEMHEIGHT) != inside.bottom) {
+      Send(LB_SETITEMHEIGHT, 0, MAKELPARAM(inside.bottom, 0));
+    }
   }
   if (changes.Has(ui::Changes::kRows)) {
     ShowRows(true);
   } else if (changes.Has(ui::Changes::kRowsAdded)) {
     ShowRows(false);
   }
-  if (changes.Has(ui::Changes::kRowData)) ShowRowData();
+  if (changes.Has(ui::Changes::kRowData) && !changes.Has(ui::Changes::kRows)) ShowRowData();
   if (changes.Has(ui::Changes::kSelection)) ShowSelection();
   // A native selection may have scrolled.
   if ((changes.Has(ui::Changes::kTopRow) || changes.Has(ui::Changes::kSelection)) &&
@@ -71,6 +73,7 @@ void ListBoxPeer::Show(ui::Changes changes) {
 void ListBoxPeer::ShowRows(bool all_new) {
   int row = all_new ? 0 : static_cast<int>(Send(LB_GETCOUNT));
   const int count = list_.Count();
+  if (making() && count == 0) return;
   Send(WM_SETREDRAW, FALSE);
   if (all_new) {
     if (Send(LB_GETCOUNT) > 0) Send(LB_RESETCONTENT);
@@ -86,17 +89,16 @@ void ListBoxPeer::ShowRows(bool all_new) {
   Text item;
   for (; row < count; ++row) {
     item = list_.Item(row);
-    Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(item)));
+    CallOriginal(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(item)));
     const std::int32_t data = list_.ItemData(row);
-    if (data != 0) Send(LB_SETITEMDATA, static_cast<WPARAM>(row), data);
+    if (data != 0) CallOriginal(LB_SETITEMDATA, static_cast<WPARAM>(row), data);
   }
   if (!is_single_row()) FitWidth(first);
   Send(WM_SETREDRAW, TRUE);
-  InvalidateRect(window(), nullptr, TRUE);
+  Repaint();
 }
 
 void ListBoxPeer::FitWidth(int first_row) {
-  const int before = widest_row_;
   if (first_row < list_.Count()) {
     constexpr int kMargin = 4;
     const TextWidths widths(window(), form_peer().Font(Win32Toolkit::kFontPoints));
@@ -104,8 +106,9 @@ void ListBoxPeer::FitWidth(int first_row) {
       widest_row_ = std::max(widest_row_, widths.Of(list_.Item(row)) + kMargin);
     }
   }
-  if (widest_row_ != before || first_row == 0) {
-    Send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest_row_));
+  if (widest_row_ != extent_) {
+    extent_ = widest_row_;
+    Send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extent_));
   }
 }
 

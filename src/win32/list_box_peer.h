@@ -40,6 +40,7 @@ class ListBoxPeer final : public WindowPeer {
 
   ui::ListBox& list_;
   int widest_row_ = 0;  // pixels
+  int extent_ = 0;      // as told to the window, pixels
   int wheel_ = 0;       // turned, but not yet by a whole notch
 };
 

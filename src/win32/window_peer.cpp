@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "win32/control_name.h"
 #include "win32/form_peer.h"
@@ -33,12 +34,15 @@ struct Counted {
 
 }  // namespace
 
+std::unordered_map<HWND, WindowPeer*> WindowPeer::peers_;
+
 WindowPeer::~WindowPeer() {
   DestroyWindowNow();
 }
 
 WindowPeer* WindowPeer::Of(HWND window) noexcept {
-  return reinterpret_cast<WindowPeer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  const auto found = peers_.find(window);
+  return found == peers_.end() ? nullptr : found->second;
 }
 
 WindowPeer* WindowPeer::Of(const ui::Control& control) noexcept {
@@ -66,13 +70,20 @@ void WindowPeer::MakeWindow(HWND parent) {
   if (window == nullptr) throw RuntimeError(ErrorNumber::kOutOfMemory);
 
   window_ = window;
-  SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  try {
+    peers_.emplace(window, this);
+  } catch (...) {
+    DestroyWindow(std::exchange(window_, nullptr));
+    throw;
+  }
   original_ = reinterpret_cast<WNDPROC>(
       SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
   AttachControlName(window, control_.name());
 
   const Counted counted(showing_);
+  making_ = true;
   Show(ui::Changes::Everything());
+  making_ = false;
   if (!is_form) ShowTooltip();
 }
 
@@ -155,7 +166,12 @@ void WindowPeer::SetFont(int points) {
   Send(WM_SETFONT, reinterpret_cast<WPARAM>(form_peer().Font(points)), FALSE);
 }
 
+void WindowPeer::Repaint() const {
+  if (!making_) InvalidateRect(window_, nullptr, TRUE);
+}
+
 void WindowPeer::RepaintInFront() const {
+  if (making_) return;
   const ui::Control* const container = control_.container();
   if (container == nullptr) return;
   const auto& siblings = container->children();
@@ -267,7 +283,7 @@ void WindowPeer::DestroyWindowNow() noexcept {
 // The window is going, with its peer or before it.
 void WindowPeer::Forget() noexcept {
   DetachControlName(window_);
-  SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+  peers_.erase(window_);
   SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original_));
   window_ = nullptr;
 }

@@ -8,6 +8,8 @@
 
 #include <windows.h>
 
+#include <unordered_map>
+
 #include "ui/control.h"
 
 namespace quill::win32 {
@@ -23,7 +25,7 @@ class WindowPeer : public ui::Peer {
   WindowPeer(const WindowPeer&) = delete;
   WindowPeer& operator=(const WindowPeer&) = delete;
 
-  // Of a window that lies in one of ours; null for one that a native control has made for itself.
+  // Of a window; null for one that was not made here.
   [[nodiscard]] static WindowPeer* Of(HWND window) noexcept;
   // Of a control; null for one without a window.
   [[nodiscard]] static WindowPeer* Of(const ui::Control& control) noexcept;
@@ -71,9 +73,16 @@ class WindowPeer : public ui::Peer {
   [[nodiscard]] virtual RECT Place() const;
   virtual void ShowVisible();
   void SetFont(int points);
+  // Has the window drawn anew; a window in the making will be anyway.
+  void Repaint() const;
+  // True while Show tells a new window everything for the first time.
+  [[nodiscard]] bool making() const noexcept { return making_; }
   // Repaints those in front that let this one shine through.
   void RepaintInFront() const;
 
+  // Of all windows made here. The system could keep the peer with the window as well, but asking it
+  // costs as much as a tenth of the window's creation.
+  static std::unordered_map<HWND, WindowPeer*> peers_;
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
  private:
@@ -90,6 +99,7 @@ class WindowPeer : public ui::Peer {
   WNDPROC original_ = nullptr;
   RECT place_ = {};
   int showing_ = 0;
+  bool making_ = false;
   bool closing_ = false;
   bool has_tooltip_ = false;
 };

@@ -19,12 +19,15 @@ class TemplateOf {
     base_y_ = static_cast<int>(HIWORD(units));
     RECT inside = {};
     GetClientRect(form, &inside);
-    PutLong(WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN);
+    PutLong(WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN | DS_SETFONT);
     PutLong(0);
     Put(0);  // the number of controls, when it is known
+    // Place and size; no menu, the usual class, no caption.
     for (const int number : {0, 0, UnitsX(inside.right), UnitsY(inside.bottom), 0, 0, 0}) {
       Put(static_cast<WORD>(number));
     }
+    Put(8);  // points
+    PutText(u"MS Shell Dlg");
     EnumChildWindows(form, &AddChild, reinterpret_cast<LPARAM>(this));
     words_[4] = count_;
   }
@@ -79,7 +82,9 @@ class TemplateOf {
   int base_y_ = 0;
 };
 
-INT_PTR CALLBACK DoNothing(HWND, UINT, WPARAM, LPARAM) { return FALSE; }
+INT_PTR CALLBACK DoNothing(HWND, UINT, WPARAM, LPARAM) {
+  return FALSE;
+}
 
 template <class Work>
 double Milliseconds(const Work& work) {

@@ -1,6 +1,10 @@
 // Makes one object creatable by name inside this process, as long as it lives.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <utility>
+
 #include "win32/com/bstr.h"
 #include "win32/com/com_ptr.h"
 

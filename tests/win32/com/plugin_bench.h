@@ -121,6 +121,9 @@ inline Outcome Invoke(IDispatch& object, const Text& name, const std::vector<VAR
   reference.get()->pvarVal = value.get();
   return reference;
 }
+// The same argument in several forms.
+using Forms = std::initializer_list<const Variant*>;
+
 [[nodiscard]] inline Variant OfType(VARTYPE type) {
   Variant variant;
   variant.get()->vt = type;

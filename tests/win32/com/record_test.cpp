@@ -1,4 +1,6 @@
 // The information record and the type library in the file, against what the compiler makes of them.
+#include <cstring>
+
 #include "tests/win32/com/plugin_bench.h"
 
 namespace quill::com {
