@@ -2,6 +2,7 @@
 #include "remote/start_command.h"
 
 #include <array>
+#include <vector>
 
 #include "dialog/option_table.h"
 #include "remote/compressed_frame.h"
@@ -53,7 +54,10 @@ void AppendField(Text& payload, const frmrcBHDGS& dialog, const Option& option) 
 }
 
 void AppendMapList(Text& payload, DialogContext& context) {
-  for (const SelectedMap& map : context.maps.selected.maps()) {
+  // A copy: a report of the encoder lets host calls in, and one that opens the plug-in anew empties
+  // the rotation.
+  const std::vector<SelectedMap> maps = context.maps.selected.maps();
+  for (const SelectedMap& map : maps) {
     payload += u'-';
     AppendEnc64(map.name, context.code_page, context.reporter, payload);
     payload += u'_';

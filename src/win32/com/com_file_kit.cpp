@@ -89,7 +89,8 @@ std::optional<std::vector<Text>> ComFileKit::GetIniSection(TextView section, Tex
   LONG upper = -1;
   if (SUCCEEDED(::SafeArrayGetUBound(array, 1, &upper)) && upper >= 0) {
     lines.reserve(static_cast<std::size_t>(upper) + 1);
-    for (LONG i = 0; i <= upper; ++i) lines.push_back(ElementText(array, i));
+    for (LONG i = 0; i < upper; ++i) lines.push_back(ElementText(array, i));
+    lines.emplace_back();  // what lies behind the last entry is none, whatever the kit left there
   }
   return lines;
 }
