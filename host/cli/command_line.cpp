@@ -26,11 +26,17 @@ struct Command {
 constexpr std::size_t kAnyNumber = std::numeric_limits<std::size_t>::max();
 
 constexpr CommandOption kRunOptions[] = {
-    {u"--folder", u"FOLDER", u"keeps the start record and the requests there (quillhost-run)"}};
+    {u"--folder", u"FOLDER", u"keeps the start record and the requests there (quillhost-run)"},
+    {u"--settings", u"FILE", u"the operator loads this settings file instead of choosing maps"}};
 constexpr CommandOption kStoryOptions[] = {
     {u"--differences", u"FILE", u"the list of what is known to fail on this layer, with reasons"}};
 constexpr CommandOption kDecodeOptions[] = {
     {u"--scenario", u"SCENARIO", u"also looks for the maps that this machine has of its own"}};
+constexpr CommandOption kCheckOptions[] = {
+    {u"--scenario", u"SCENARIO",
+     u"the machine whose mods and own maps count; otherwise one with\n"
+     u"                          None, Team Sabre and no own maps"},
+    {u"--mod", u"MOD", u"the mod chosen before loading; otherwise the machine's first one"}};
 constexpr CommandOption kCatalogueOptions[] = {
     {u"--mod", u"MOD", u"none: the standard catalogue; \"Team Sabre\": the larger one"},
     {u"--type", u"TYPE", u"maps of one game type only, by its name or its code (0 to 8)"}};
@@ -46,6 +52,12 @@ constexpr Command kCommands[] = {
     {u"decode", u"FILE", u"explains a request file field by field",
      u"Exit code 1: something is wrong with the request.\n", kDecodeOptions, 1, 1,
      RunDecodeCommand},
+    {u"check", u"FILE...", u"tells what loading settings files and map lists would do",
+     u"Settings files end in .hsf, map lists in .mpl. Each is loaded into a dialog that a "
+     u"machine's\n"
+     u"reply has filled; a line is told by its number, and the last line sums it up.\n"
+     u"Exit code 1: something in a file would be left out.\n",
+     kCheckOptions, 1, kAnyNumber, RunCheckCommand},
     {u"catalogue", u"", u"lists the maps of the game", u"", kCatalogueOptions, 0, 0,
      RunCatalogueCommand},
 };

@@ -13,6 +13,7 @@ namespace quill::host {
 int RunMainJobCommand(const Arguments& arguments, const CommandLineParts& parts, Console& console);
 int RunStoryCommand(const Arguments& arguments, const CommandLineParts& parts, Console& console);
 int RunDecodeCommand(const Arguments& arguments, const CommandLineParts& parts, Console& console);
+int RunCheckCommand(const Arguments& arguments, const CommandLineParts& parts, Console& console);
 int RunCatalogueCommand(const Arguments& arguments, const CommandLineParts& parts,
                         Console& console);
 

@@ -49,6 +49,10 @@ MainJob::MainJob(const Scenario& scenario, Stage& stage, FileStorage& results,
           stage.HostRoot(), files_, machine_, [this](const Text& reply) { Receive(reply); },
           tell_) {}
 
+void MainJob::LoadSettingsFirst(Text name, std::string bytes) {
+  settings_ = SettingsFile{std::move(name), std::move(bytes)};
+}
+
 bool MainJob::Run() {
   results_.Remove(record_path_);
   std::vector<Right> rights;
@@ -112,12 +116,18 @@ void MainJob::Operate() {
   Note(u"dialog",
        Concat({u"filled: server \"", stage_.Read(u"txtName", u"text"), u"\", mod \"",
                stage_.Read(u"cboMods", u"text"), u"\", ", stage_.Read(u"lstAvlMaps", u"tooltip")}));
+  if (settings_ && !LoadSettings()) {
+    Note(u"operator", u"does not start a game with settings that could not be loaded");
+    return;
+  }
   if (stage_.Read(u"txtName", u"text").empty()) {
     Note(u"operator", u"types a server name");
     stage_.Type(u"txtName", u"Unnamed Server");
   }
-  ChooseMod();
-  ComposeRotation();
+  if (!settings_) {
+    ChooseMod();
+    ComposeRotation();
+  }
   const int count = Count(u"lstSelMaps");
   for (int row = 0; row < count; ++row) {
     const Text item = Concat({u"item ", Decimal(row)});
@@ -128,6 +138,20 @@ void MainJob::Operate() {
   Note(u"operator", u"presses Start Game");
   PressAndRelease(u"cmdStart");
   TellBoxes();
+}
+
+bool MainJob::LoadSettings() {
+  const Text path = Concat({stage_.HostRoot(), u"\\profiles\\", Decimal(scenario_.index),
+                            u"\\settings\\", settings_->name});
+  stage_.PutFile(path, settings_->bytes);
+  Note(u"operator", Concat({u"loads the settings file \"", path, u"\""}));
+  stage_.AnswerFileDialog({path});
+  PressAndRelease(u"cmdLoad");
+  if (TellBoxes()) return false;
+  Note(u"dialog",
+       Concat({u"now: server \"", stage_.Read(u"txtName", u"text"), u"\", mod \"",
+               stage_.Read(u"cboMods", u"text"), u"\", ", stage_.Read(u"lblMapCnt", u"caption")}));
+  return true;
 }
 
 // Takes the last one of the list, which is another one than the reply selects.
@@ -174,10 +198,13 @@ void MainJob::PressAndRelease(const Text& control) {
   stage_.Release(control, Button::kLeft);
 }
 
-void MainJob::TellBoxes() {
+bool MainJob::TellBoxes() {
+  bool has_failed = false;
   for (const SeenBox& box : stage_.TakeBoxes()) {
+    has_failed = has_failed || box.caption == u"DLL Error!";
     Note(u"box", Concat({u"[", box.caption, u"] ", ReplaceAll(box.text, kLineBreak, u" / ")}));
   }
+  return has_failed;
 }
 
 void MainJob::Note(TextView who, TextView what) {

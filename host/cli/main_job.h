@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "host/kit/file_storage.h"
@@ -23,6 +24,10 @@ class MainJob {
   MainJob(const Scenario& scenario, Stage& stage, FileStorage& results, CommandLauncher& launcher,
           std::string record_name, EventSink tell,
           std::function<void(Stage& stage, const Text& moment)> look = nullptr);
+
+  // The operator then loads this settings file, as it lies in the profile's settings folder,
+  // instead of choosing a mod and maps. Without a folder in its name.
+  void LoadSettingsFirst(Text name, std::string bytes);
 
   // True when the remote machine has started the game.
   bool Run();
@@ -49,18 +54,27 @@ class MainJob {
   bool GoOn();
   void Receive(const Text& reply);
   void Operate();
+  // False when they could not be loaded.
+  bool LoadSettings();
   void ChooseMod();
   void ComposeRotation();
   void PressAndRelease(const Text& control);
-  void TellBoxes();
+  // True when one of them told of a failure inside the plug-in.
+  bool TellBoxes();
   void Note(TextView who, TextView what);
   void Look(const Text& moment);
   [[nodiscard]] int Count(const Text& list);
+
+  struct SettingsFile {
+    Text name;
+    std::string bytes;
+  };
 
   const Scenario& scenario_;
   Stage& stage_;
   FileStorage& results_;
   EventSink tell_;
+  std::optional<SettingsFile> settings_;
   std::function<void(Stage& stage, const Text& moment)> look_;
   const Text record_path_;
   StageFiles files_;

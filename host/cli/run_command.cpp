@@ -1,6 +1,7 @@
 // "quillhost run": the whole job from opening the plug-in to the start record.
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include "headless/rooted_file_system.h"
 #include "host/cli/commands.h"
@@ -31,10 +32,17 @@ fs::path ResultFolder(const Arguments& arguments) {
   return whole;
 }
 
+// What stands behind the last separator of either kind.
+Text FileName(TextView path) {
+  return Text(path.substr(path.find_last_of(u"/\\") + 1));
+}
+
 }  // namespace
 
 int RunMainJobCommand(const Arguments& arguments, const CommandLineParts& parts, Console& console) {
   const Scenario scenario = ReadScenario(arguments.positional[0]);
+  const std::optional<Text> settings = arguments.Option(u"--settings");
+  std::string settings_bytes = settings ? ReadArgumentFile(*settings) : std::string();
   const fs::path folder = ResultFolder(arguments);
   const std::unique_ptr<Stage> stage = parts.make_stage();
   const Text root = stage->HostRoot();
@@ -46,9 +54,10 @@ int RunMainJobCommand(const Arguments& arguments, const CommandLineParts& parts,
   const std::u8string record_name = record.u8string();
 
   SystemCommandLauncher launcher;
-  MainJob job(scenario, *stage, results, launcher,
-              std::string(record_name.begin(), record_name.end()),
-              [&](const Text& line) { console.PrintLine(line); }, parts.look);
+  MainJob job(
+      scenario, *stage, results, launcher, std::string(record_name.begin(), record_name.end()),
+      [&](const Text& line) { console.PrintLine(line); }, parts.look);
+  if (settings) job.LoadSettingsFirst(FileName(*settings), std::move(settings_bytes));
   const bool is_started = job.Run();
   if (job.has_record()) {
     console.PrintLine(Concat({u"Start record: ", PathText(record)}));

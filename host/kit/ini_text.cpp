@@ -2,6 +2,7 @@
 #include "host/kit/ini_text.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "support/runtime_error.h"
 
@@ -72,21 +73,32 @@ void CheckEntry(TextView section, TextView key, TextView value) {
 
 }  // namespace
 
-std::optional<std::vector<Text>> IniSection(TextView text, TextView section) {
+IniOutline OutlineIni(TextView text, TextView section) {
   const TextView wanted = Stripped(section);
-  std::optional<std::vector<Text>> entries;
-  while (!text.empty()) {
+  IniOutline outline;
+  bool in_section = false;
+  for (std::size_t number = 1; !text.empty(); ++number) {
     const TextView line = TakeLine(text).content;
     const TextView stripped = Stripped(line);
     if (stripped.empty() || IsComment(stripped)) continue;
     if (const auto name = SectionName(stripped)) {
-      if (entries) return entries;
-      if (EqualIgnoringCase(*name, wanted)) entries.emplace();
-    } else if (entries) {
-      const std::size_t equals = line.find(u'=');
-      const TextView value = equals == TextView::npos ? TextView() : line.substr(equals);
-      entries->push_back(Concat({KeyOf(line), value}));
+      in_section = !outline.has_section && EqualIgnoringCase(*name, wanted);
+      outline.has_section = outline.has_section || in_section;
+      continue;
     }
+    const std::size_t equals = line.find(u'=');
+    const TextView value = equals == TextView::npos ? TextView() : line.substr(equals);
+    outline.entries.push_back({number, in_section, Concat({KeyOf(line), value})});
+  }
+  return outline;
+}
+
+std::optional<std::vector<Text>> IniSection(TextView text, TextView section) {
+  IniOutline outline = OutlineIni(text, section);
+  if (!outline.has_section) return std::nullopt;
+  std::vector<Text> entries;
+  for (IniOutline::Entry& entry : outline.entries) {
+    if (entry.in_section) entries.push_back(std::move(entry.text));
   }
   return entries;
 }

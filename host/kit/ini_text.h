@@ -7,6 +7,7 @@
 // included. Names and keys match in any letter case. All work is linear in the length of the text.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <vector>
 
@@ -14,6 +15,19 @@
 #include "support/text.h"
 
 namespace quill::host {
+
+// All entries of a text, each in the form in which IniSection gives it, and which of them are the
+// section's.
+struct IniOutline {
+  struct Entry {
+    std::size_t line;  // from 1
+    bool in_section;
+    Text text;
+  };
+  bool has_section = false;
+  std::vector<Entry> entries;  // in file order
+};
+[[nodiscard]] IniOutline OutlineIni(TextView text, TextView section);
 
 // The entries of a section, each as key=value and in file order; an entry without "=" is just its
 // key. Nothing when there is no such section.

@@ -2,13 +2,11 @@
 #include "dialog/map_list_file.h"
 
 #include <memory>
-#include <optional>
 #include <utility>
 
 #include "dialog/frmrcBHDGS.h"
 #include "dialog/profile_folders.h"
 #include "dialog/rotation_view.h"
-#include "dialog/stored_map.h"
 #include "dialog/text_lines.h"
 #include "support/trap.h"
 
@@ -17,10 +15,9 @@ namespace {
 
 // Adds the map of one line; a line that is no reference or names no known map is passed over.
 void TakeLine(MapLists& maps, TextView line) {
-  if (line.find(u"[-]", 2) == TextView::npos) return;
-  const StoredMapFields fields = SplitStoredMap(line);
-  if (fields.count != 3) return;
-  const auto& [code, flag, file, unused] = fields.first;
+  const std::optional<StoredMapFields> fields = FieldsOfMapLine(line);
+  if (!fields) return;
+  const auto& [code, flag, file, unused] = fields->first;
   std::optional<SelectedMap> map = FindStoredMap(maps, code, flag, file);
   if (!map) return;
   map->server_map = flag == u"1";
@@ -28,6 +25,13 @@ void TakeLine(MapLists& maps, TextView line) {
 }
 
 }  // namespace
+
+std::optional<StoredMapFields> FieldsOfMapLine(TextView line) {
+  if (line.find(u"[-]", 2) == TextView::npos) return std::nullopt;
+  StoredMapFields fields = SplitStoredMap(line);
+  if (fields.count != 3) return std::nullopt;
+  return fields;
+}
 
 void LoadMapList(frmrcBHDGS& dialog) {
   DialogContext& context = dialog.context();

@@ -1,0 +1,55 @@
+// Comparing a reference with the game's maps.
+#include "host/check/missing_map.h"
+
+#include "dialog/game_types.h"
+#include "support/number_text.h"
+#include "support/runtime_error.h"
+
+namespace quill::host {
+namespace {
+
+bool MeansServerMap(TextView flag) {
+  try {
+    return ToTruth(flag);
+  } catch (const RuntimeError&) {
+    return false;
+  }
+}
+
+TextView TypeName(char16_t code) {
+  return kGameTypeNames.at(static_cast<std::size_t>(code - u'0'));
+}
+
+}  // namespace
+
+Text WhyMissing(const MapLists& maps, const TrialConditions& conditions, TextView code,
+                TextView flag, TextView file) {
+  if (MeansServerMap(flag)) {
+    if (conditions.knows_own_maps) return u"the machine has no such map of that game type";
+    return u"it is one of a machine's own maps, which only a scenario tells";
+  }
+  const bool all = maps.catalogue.Count() == std::ssize(CatalogueRows());
+  const TextView name = TrimBlanks(file);
+  Text why = u"the game has no such map";
+  for (const CatalogueRow& row : CatalogueRows()) {
+    if (!EqualIgnoringCase(row.file, name)) continue;
+    if (row.file != name) {
+      why = Concat({u"its name is written ", row.file});
+    } else if (TextView(&row.game_type, 1) != code) {
+      why = Concat({u"it is a map of the game type ", TextView(&row.game_type, 1), u" (",
+                    TypeName(row.game_type), u")"});
+    } else if (row.team_sabre_only && !all) {
+      return u"it comes with Team Sabre only";
+    }
+  }
+  return why;
+}
+
+Text MapOrigin(const SelectedMap& map) {
+  const bool has_name = map.game_type >= 0 && map.game_type < std::ssize(kGameTypeNames);
+  const Text type = has_name ? Text(kGameTypeNames.at(static_cast<std::size_t>(map.game_type)))
+                             : Concat({u"game type ", Decimal(map.game_type)});
+  return map.server_map ? Concat({type, u", the machine's own"}) : type;
+}
+
+}  // namespace quill::host
