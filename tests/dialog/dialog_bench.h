@@ -71,7 +71,7 @@ struct DialogBench {
     for (int i = 0; i < count; ++i) context.maps.selected.Append(map);
   }
 
-  [[nodiscard]] long CallsOf(TextView call) const {
+  [[nodiscard]] std::ptrdiff_t CallsOf(TextView call) const {
     return std::count(calls.begin(), calls.end(), call);
   }
 };

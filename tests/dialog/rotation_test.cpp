@@ -247,7 +247,7 @@ TEST_F(Rotation, ARefreshTakesEachRowOnceAndKeepsTheListShownWhateverFails) {
     bench_.calls.clear();
     dialog.BuildMapList();
     EXPECT_EQ(mirror.rows_taken() - rows_before, 255u);
-    const long syncs = bench_.CallsOf(u"Sync lstSelMaps");
+    const std::ptrdiff_t syncs = bench_.CallsOf(u"Sync lstSelMaps");
     EXPECT_LE(syncs, 4);
 
     // Whichever time the list cannot be told.
