@@ -71,7 +71,7 @@ TEST(CommandLine, HelpIsThereForEverything) {
   const Outcome help = Call({u"--help"});
   EXPECT_EQ(help.code, kExitGood);
   EXPECT_TRUE(help.errors.empty());
-  for (const Text command : {u"run", u"story", u"decode", u"catalogue"}) {
+  for (const Text command : {u"run", u"story", u"decode", u"check", u"catalogue"}) {
     EXPECT_NE(help.output.find("  " + ToUtf8(command)), std::string::npos);
     const Outcome own = Call({command, u"--help"});
     EXPECT_EQ(own.code, kExitGood);
