@@ -47,17 +47,20 @@ constexpr int kHeight = 440;
 
 class HostWindow {
  public:
-  HostWindow(const Text& scenario, const PluginLibrary& library, ContractLog& contract)
-      : root_(EmptiedHostFolder()), contract_(contract), session_(library, contract, root_) {
+  HostWindow(const Text& scenario, const PluginLibrary& library, ContractLog& contract,
+             std::function<void(const Text& line)> tell)
+      : tell_(std::move(tell)),
+        root_(EmptiedHostFolder()),
+        contract_(contract),
+        session_(library, contract, root_) {
     MakeFile(kReleasedPicturePath, kReleasedPicture);
     MakeFile(kPressedPicturePath, kPressedPicture);
     RegisterWindowClass();
     MakeControls();
     TakeScenario(scenario.empty() ? Scenario() : ReadScenario(scenario));
-    told_before_ = std::exchange(contract.on_breach, [this](const Breach& breach) {
-      Tell(FromUtf8(BreachLine(breach)));
-      if (told_before_) told_before_(breach);
-    });
+    SetWindowTextW(scenario_, Wide(scenario));
+    told_before_ = std::exchange(
+        contract.on_breach, [this](const Breach& breach) { Tell(FromUtf8(BreachLine(breach))); });
   }
   ~HostWindow() {
     contract_.on_breach = std::move(told_before_);
@@ -68,8 +71,9 @@ class HostWindow {
   HostWindow(const HostWindow&) = delete;
   HostWindow& operator=(const HostWindow&) = delete;
 
-  int Run() {
+  void Run() {
     ShowWindow(window_, SW_SHOWNORMAL);
+    Tell(u"host: the window is open");
     SetTimer(window_, kRelayTimer, kRelayMilliseconds, nullptr);
     MSG message;
     while (!is_closed_ && GetMessageW(&message, nullptr, 0, 0) > 0) {
@@ -77,7 +81,6 @@ class HostWindow {
       TranslateMessage(&message);
       DispatchMessageW(&message);
     }
-    return 0;
   }
 
  private:
@@ -244,6 +247,7 @@ class HostWindow {
   }
 
   void Tell(const Text& line) {
+    tell_(line);
     const LRESULT at = SendMessageW(log_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(line)));
     SendMessageW(log_, LB_SETTOPINDEX, static_cast<WPARAM>(at), 0);
   }
@@ -314,6 +318,7 @@ class HostWindow {
     return DefWindowProcW(window, message, wparam, lparam);
   }
 
+  const std::function<void(const Text& line)> tell_;
   const Text root_;
   win32::Win32FileSystem files_;
   ContractLog& contract_;
@@ -338,9 +343,9 @@ class HostWindow {
 
 }  // namespace
 
-int ShowHostWindow(const Text& scenario, const PluginLibrary& library, ContractLog& contract) {
-  HostWindow window(scenario, library, contract);
-  return window.Run();
+void ShowHostWindow(const Text& scenario, const PluginLibrary& library, ContractLog& contract,
+                    std::function<void(const Text& line)> tell) {
+  HostWindow(scenario, library, contract, std::move(tell)).Run();
 }
 
 }  // namespace quill::host

@@ -2,15 +2,18 @@
 // open and hide the plug-in, the remote machine's scenario and what happens, line by line.
 #pragma once
 
+#include <functional>
+
 #include "host/win32/contract_log.h"
 #include "host/win32/plugin_library.h"
 #include "support/text.h"
 
 namespace quill::host {
 
-// Returns when the window is closed, with the program's exit code. `scenario` is a file's name, or
-// empty for a machine with its initial settings; one that cannot be used is told as UsageError.
-[[nodiscard]] int ShowHostWindow(const Text& scenario, const PluginLibrary& library,
-                                 ContractLog& contract);
+// Returns when the window is closed. `scenario` is a file's name, or empty for a machine with its
+// initial settings; one that cannot be used is told as UsageError. `tell` is given each line of the
+// window's log too.
+void ShowHostWindow(const Text& scenario, const PluginLibrary& library, ContractLog& contract,
+                    std::function<void(const Text& line)> tell);
 
 }  // namespace quill::host

@@ -70,7 +70,8 @@ int Perform(std::vector<Text> words, Console& console) {
   int code = kExitGood;
   if (words.empty() || words[0] == u"window") {
     if (words.size() > 2) throw UsageError(u"window takes one scenario at most");
-    code = ShowHostWindow(words.size() == 2 ? words[1] : Text(), library, contract);
+    ShowHostWindow(words.size() == 2 ? words[1] : Text(), library, contract,
+                   [&](const Text& line) { console.PrintLine(line); });
   } else {
     CommandLineParts parts{[&] { return MakeNativeStage(library, contract); }, nullptr};
     if (const auto folder = TakePicturesFolder(words)) {
