@@ -17,7 +17,8 @@
 namespace quill::win32 {
 namespace {
 
-constexpr DWORD kFormStyle = WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+// A pop-up window, because the system would cut others to the size of the screen.
+constexpr DWORD kFormStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
 constexpr DWORD kFormExtendedStyle = WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME | WS_EX_APPWINDOW;
 
 bool Overlap(const ui::Control& a, const ui::Control& b) {
