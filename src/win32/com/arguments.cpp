@@ -1,10 +1,13 @@
 #include "win32/com/arguments.h"
 
+#include <algorithm>
+
 namespace quill::com {
 namespace {
 
 bool IsLeftOut(const VARIANT& value) noexcept {
-  return value.vt == VT_ERROR && value.scode == DISP_E_PARAMNOTFOUND;
+  const VARIANT& referred = Referred(value);
+  return referred.vt == VT_ERROR && referred.scode == DISP_E_PARAMNOTFOUND;
 }
 
 Variant Converted(const VARIANT& value, VARTYPE type, UINT argument) {
@@ -22,7 +25,10 @@ Variant Converted(const VARIANT& value, VARTYPE type, UINT argument) {
 Arguments::Arguments(std::span<const Parameter> parameters, const DISPPARAMS& given) {
   if (given.cNamedArgs > given.cArgs) throw ArgumentError{DISP_E_BADPARAMCOUNT, 0};
   const UINT positional = given.cArgs - given.cNamedArgs;
-  if (given.cArgs > parameters.size()) throw ArgumentError{DISP_E_BADPARAMCOUNT, 0};
+  const auto required = std::ranges::count(parameters, false, &Parameter::optional);
+  if (given.cArgs > parameters.size() || given.cArgs < static_cast<std::size_t>(required)) {
+    throw ArgumentError{DISP_E_BADPARAMCOUNT, 0};
+  }
 
   // Named ones come first, then the positional ones from the last to the first.
   for (UINT i = 0; i < positional; ++i) {
@@ -40,12 +46,8 @@ Arguments::Arguments(std::span<const Parameter> parameters, const DISPPARAMS& gi
 
   for (std::size_t i = 0; i < parameters.size(); ++i) {
     Bound& bound = bound_[i];
-    const bool left_out = bound.value != nullptr && IsLeftOut(*bound.value);
-    if (bound.value != nullptr && !left_out) continue;
-    if (!parameters[i].optional) {
-      throw ArgumentError{left_out ? DISP_E_PARAMNOTOPTIONAL : DISP_E_BADPARAMCOUNT,
-                          bound.argument};
-    }
+    if (bound.value != nullptr && !IsLeftOut(*bound.value)) continue;
+    if (!parameters[i].optional) throw ArgumentError{DISP_E_PARAMNOTOPTIONAL, bound.argument};
     bound.value = nullptr;
   }
 }

@@ -93,7 +93,8 @@ std::int64_t ComHostCollection::Count() {
 
 std::optional<HostItem> ComHostCollection::Find(TextView key) {
   if (const std::optional<DISPID> keys = collection_.Find(u"Keys")) {
-    return FindListed(collection_.Call(*keys, {}), key);
+    const Variant listed = collection_.Call(*keys, {});
+    if (SAFEARRAY* array = ArrayOf(*listed.get())) return FindListed(array, key);
   }
   try {
     return ItemOf(*Item(key).get());
@@ -103,16 +104,14 @@ std::optional<HostItem> ComHostCollection::Find(TextView key) {
   }
 }
 
-std::optional<HostItem> ComHostCollection::FindListed(const Variant& keys, TextView key) {
-  SAFEARRAY* array = ArrayOf(*keys.get());
-  if (array == nullptr) throw RuntimeError(ErrorNumber::kTypeMismatch);
+std::optional<HostItem> ComHostCollection::FindListed(SAFEARRAY* keys, TextView key) {
   LONG lower = 0;
   LONG upper = -1;
-  (void)::SafeArrayGetLBound(array, 1, &lower);
-  (void)::SafeArrayGetUBound(array, 1, &upper);
+  (void)::SafeArrayGetLBound(keys, 1, &lower);
+  (void)::SafeArrayGetUBound(keys, 1, &upper);
   std::optional<Text> found;
   for (LONG i = lower; i <= upper; ++i) {
-    Text listed = com::ElementText(array, i);
+    Text listed = com::ElementText(keys, i);
     if (listed == key) {
       found = std::move(listed);
       break;

@@ -29,7 +29,7 @@ class ComHostCollection final : public HostCollection {
   [[nodiscard]] std::optional<HostItem> Find(TextView key) override;
 
  private:
-  [[nodiscard]] std::optional<HostItem> FindListed(const Variant& keys, TextView key);
+  [[nodiscard]] std::optional<HostItem> FindListed(SAFEARRAY* keys, TextView key);
   [[nodiscard]] Variant Item(TextView key);
 
   LateBound collection_;

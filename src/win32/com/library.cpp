@@ -25,7 +25,13 @@ struct Library::Runtime {
 };
 
 Library::Library() noexcept = default;
-Library::~Library() = default;
+
+// Runs under the loader's lock, when COM was not asked or would not let go: what is still in use
+// cannot be ended there, so it is left.
+Library::~Library() {
+  (void)runtime_.release();
+  (void)types_.Detach();
+}
 
 Library& Library::Get() noexcept {
   static Library library;

@@ -1,5 +1,7 @@
 #include "win32/com/registration.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -113,8 +115,25 @@ void UnregisterTypes(RegistrationScope scope) {
       scope == RegistrationScope::kMachine
           ? ::UnRegisterTypeLib(kLibraryId, kLibraryMajor, kLibraryMinor, 0, kSystem)
           : ::UnRegisterTypeLibForUser(kLibraryId, kLibraryMajor, kLibraryMinor, 0, kSystem);
-  if (FAILED(result) && result != TYPE_E_REGISTRYACCESS && result != TYPE_E_LIBNOTREGISTERED) {
+  // Systems say in different ways that it is not there.
+  constexpr HRESULT kNotThere[] = {TYPE_E_REGISTRYACCESS, TYPE_E_LIBNOTREGISTERED, E_INVALIDARG};
+  if (FAILED(result) && std::ranges::find(kNotThere, result) == std::end(kNotThere)) {
     throw ErrorOf(result);
+  }
+}
+
+// The user's entries may have been the first of their kind.
+void RemoveIfEmpty(HKEY root, TextView below_classes) {
+  const Text path = Concat({kClassesKey, below_classes});
+  HKEY opened = nullptr;
+  if (::RegOpenKeyExW(root, WideOf(path), 0, KEY_READ, &opened) != ERROR_SUCCESS) return;
+  DWORD keys = 0;
+  DWORD values = 0;
+  const LSTATUS status = ::RegQueryInfoKeyW(opened, nullptr, nullptr, nullptr, &keys, nullptr,
+                                            nullptr, &values, nullptr, nullptr, nullptr, nullptr);
+  ::RegCloseKey(opened);
+  if (status == ERROR_SUCCESS && keys == 0 && values == 0) {
+    (void)::RegDeleteKeyW(root, WideOf(path));
   }
 }
 
@@ -122,6 +141,11 @@ void Remove(RegistrationScope scope) {
   UnregisterTypes(scope);
   RemoveTree(RootOf(scope), ClassKey());
   RemoveTree(RootOf(scope), Text(kProgId));
+  if (scope == RegistrationScope::kUser) {
+    for (const TextView group : {u"CLSID", u"TypeLib", u"Interface"}) {
+      RemoveIfEmpty(HKEY_CURRENT_USER, group);
+    }
+  }
 }
 
 }  // namespace

@@ -46,7 +46,7 @@ class HostKit : public PluginBench {
 
 TEST_F(HostKit, MissingKitsAreReportedAndEveryMemberStillAnswers) {
   plugin_ = Create();
-  EXPECT_EQ(Reports(), Reported({"SubMain: Error 429: ActiveX component can't create object: "
+  EXPECT_EQ(Reports(), Reported({"SubMain: Error 429: Component cannot create object: "
                                  "rcFileKit.clsFileKit, not sent"}));
   Bstr version;
   EXPECT_EQ(plugin_->dllVersion(nullptr, version.address()), S_OK);
@@ -65,7 +65,7 @@ TEST_F(HostKit, AKitThatRefusesToStartIsReportedByName) {
   };
   OfferKits();
   plugin_ = Create();
-  EXPECT_EQ(Reports(), Reported({"SubMain: Error 429: ActiveX component can't create object: "
+  EXPECT_EQ(Reports(), Reported({"SubMain: Error 429: Component cannot create object: "
                                  "rcMemKit.clsMemKit, sent"}));
   ASSERT_EQ(kit.reports.size(), 1u);
   EXPECT_EQ(kit.reports[0].number, u"429");
@@ -113,7 +113,7 @@ TEST_F(HostKit, TheWholeConversationKeepsTheContract) {
   Open([&] {
     Reply(SettingsReply().Frame());
     EXPECT_EQ(robot.Read(u"txtName", u"text"), u"Night Server");
-    EXPECT_EQ(robot.Read(u"cboMods", u"text"), u"Team Sabre");
+    EXPECT_EQ(robot.Read(u"cboMods", u"item 1"), u"Team Sabre");
   });
   EXPECT_TRUE(Reports().empty());
   ASSERT_EQ(kit.files.size(), 1u);
@@ -173,9 +173,8 @@ class ForeignKit : public HostKit {
  private:
   std::optional<NamedClass> names_{std::in_place, u"rcFileKit.clsFileKit",
                                    ComPtr<IDispatch>(file_kit_.get())};
-  std::optional<NamedClass> memory_name_{
-      std::in_place, u"rcMemKit.clsMemKit",
-      ComPtr<IDispatch>::Adopt(ScriptedObject::Make().Detach())};
+  std::optional<NamedClass> memory_name_{std::in_place, u"rcMemKit.clsMemKit",
+                                         ComPtr<IDispatch>::Adopt(ScriptedObject::Make().Detach())};
 };
 
 TEST_F(ForeignKit, IsCalledTheWayItAnswers) {
@@ -221,9 +220,10 @@ TEST_F(ForeignKit, AnswersOfOtherTypesAreTakenOrReported) {
   }
   // An empty answer is an empty text, a number is its digits, an object its default value: texts
   // that hold no settings.
-  for (const auto& answer : {std::function<Variant()>([] { return Variant(); }),
-                             std::function<Variant()>([] { return Variant::OfInt32(5); }),
-                             std::function<Variant()>([&] { return OfObject(with_default.get()); })}) {
+  for (const auto& answer :
+       {std::function<Variant()>([] { return Variant(); }),
+        std::function<Variant()>([] { return Variant::OfInt32(5); }),
+        std::function<Variant()>([&] { return OfObject(with_default.get()); })}) {
     const std::string told = answering(answer);
     EXPECT_TRUE(told.starts_with("RemoteData: Error ")) << told;
     EXPECT_FALSE(told.starts_with("RemoteData: Error 438")) << told;

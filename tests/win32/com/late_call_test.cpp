@@ -127,9 +127,8 @@ TEST_F(OpeningCall, RefusesWhatDoesNotFitBeforeAnythingHappens) {
   }
   const Variant object = OfObject(nullptr);
   const Variant truth = Variant::OfBoolean(true);
-  EXPECT_EQ(
-      Invoke(*plugin_.get(), 3, {*words.get(), *object.get(), *truth.get()}).result,
-      DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(Invoke(*plugin_.get(), 3, {*words.get(), *object.get(), *truth.get()}).result,
+            DISP_E_TYPEMISMATCH);
   DISPPARAMS nothing{};
   EXPECT_EQ(plugin_->Invoke(1, IID_IUnknown, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &nothing,
                             nullptr, nullptr, nullptr),

@@ -17,8 +17,8 @@ class NamedClass {
     GUID id{};
     EXPECT_EQ(::CoCreateGuid(&id), S_OK);
     const auto factory = ComPtr<IClassFactory>::Adopt(new Factory(std::move(object)));
-    EXPECT_EQ(::CoRegisterClassObject(id, factory.get(), CLSCTX_INPROC_SERVER,
-                                      REGCLS_MULTIPLEUSE, &registered_),
+    EXPECT_EQ(::CoRegisterClassObject(id, factory.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
+                                      &registered_),
               S_OK);
     wchar_t text[40];
     const int length = ::StringFromGUID2(id, text, 40);

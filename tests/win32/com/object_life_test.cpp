@@ -22,14 +22,21 @@ TEST_F(ObjectLife, OnlyItsOwnClassAndInterfacesAreGivenOut) {
   EXPECT_FALSE(none);
 
   const auto plugin = Create();
-  const IID refused[] = {IID_IPersist, IID_IProvideClassInfo2, IID_IMarshal, IID_IClassFactory,
-                         IID_IConnectionPointContainer, __uuidof(IDispatchEx), IID_IExternalConnection};
+  const IID refused[] = {
+      IID_IPersist,           IID_IProvideClassInfo2,        IID_IMarshal,
+      IID_IClassFactory,      IID_IConnectionPointContainer, __uuidof(IDispatchEx),
+      IID_IExternalConnection};
   for (const IID& id : refused) {
     none.Reset();
     EXPECT_EQ(plugin->QueryInterface(id, none.ReceiveVoid()), E_NOINTERFACE);
     EXPECT_FALSE(none);
   }
   EXPECT_EQ(plugin->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
+
+  ComPtr<ISupportErrorInfo> support;
+  ASSERT_EQ(plugin->QueryInterface(IID_ISupportErrorInfo, support.ReceiveVoid()), S_OK);
+  EXPECT_EQ(support->InterfaceSupportsErrorInfo(kInterfaceId), S_OK);
+  EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IPersist), S_FALSE);
 
   // One object, whichever of its interfaces is asked, and each of them leads to each other.
   const IID given[] = {IID_IUnknown, IID_IDispatch, kInterfaceId, IID_IProvideClassInfo,
@@ -113,15 +120,14 @@ TEST_F(ObjectLife, StartUpRunsOncePerUseOfTheLibrary) {
 TEST_F(ObjectLife, TheDialogAndItsValuesOutliveTheObject) {
   OfferKits();
   auto plugin = Create();
-  ASSERT_EQ(plugin->HideInterface(nullptr), S_OK);
+  OpenAndHide(*plugin.get(), [&] { robot.Type(u"txtName", u"Kept"); });
   const HWND dialog = robot.FormWindow();
   ASSERT_NE(dialog, nullptr);
   EXPECT_FALSE(robot.FormShown());
   plugin.Reset();
   EXPECT_EQ(robot.FormWindow(), dialog);
   plugin = Create();
-  ASSERT_EQ(plugin->HideInterface(nullptr), S_OK);
-  EXPECT_EQ(robot.FormWindow(), dialog);
+  OpenAndHide(*plugin.get(), [&] { EXPECT_EQ(robot.Read(u"txtName", u"text"), u"Kept"); });
   plugin.Reset();
   EXPECT_EQ(library->CanUnload(), S_OK);
   EXPECT_EQ(robot.FormWindow(), nullptr);
@@ -141,58 +147,6 @@ TEST_F(ObjectLife, AnObjectMayBeReleasedWithinItsOwnCall) {
   EXPECT_EQ(borrowed->LoadInterface(3, 0, target.get(), nullptr), S_OK);
   EXPECT_EQ(while_running, S_FALSE);
   EXPECT_TRUE(boxes.empty());
-}
-
-// Asks the system to refuse every window of this thread.
-class NoWindows {
- public:
-  NoWindows() : hook_(::SetWindowsHookExW(WH_CBT, &Refuse, nullptr, ::GetCurrentThreadId())) {}
-  ~NoWindows() { ::UnhookWindowsHookEx(hook_); }
-  NoWindows(const NoWindows&) = delete;
-  NoWindows& operator=(const NoWindows&) = delete;
-
- private:
-  static LRESULT CALLBACK Refuse(int code, WPARAM, LPARAM) { return code == HCBT_CREATEWND; }
-  HHOOK hook_;
-};
-
-TEST_F(ObjectLife, AFailureWithoutATrapReachesTheCallerWithItsDescription) {
-  OfferKits();
-  const auto plugin = Create();
-  ComPtr<ISupportErrorInfo> support;
-  ASSERT_EQ(plugin->QueryInterface(IID_ISupportErrorInfo, support.ReceiveVoid()), S_OK);
-  EXPECT_EQ(support->InterfaceSupportsErrorInfo(kInterfaceId), S_OK);
-  EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IPersist), S_FALSE);
-
-  HRESULT early = S_OK;
-  Outcome late;
-  {
-    const NoWindows short_of_windows;
-    early = plugin->HideInterface(nullptr);
-    late = Invoke(*plugin.get(), u"HideInterface", {});
-  }
-  ASSERT_TRUE(FAILED(early));
-  ComPtr<IErrorInfo> left;
-  ASSERT_EQ(::GetErrorInfo(0, left.Receive()), S_OK);
-  GUID source_id{};
-  Bstr description;
-  Bstr source;
-  ASSERT_EQ(left->GetGUID(&source_id), S_OK);
-  ASSERT_EQ(left->GetDescription(description.address()), S_OK);
-  ASSERT_EQ(left->GetSource(source.address()), S_OK);
-  EXPECT_TRUE(IsEqualGUID(source_id, kInterfaceId));
-  EXPECT_FALSE(description.view().empty());
-  EXPECT_EQ(source.view(), u"kvrrcBHDGS.clsPlugin");
-
-  EXPECT_EQ(late.result, DISP_E_EXCEPTION);
-  EXPECT_EQ(late.raised, early);
-  EXPECT_EQ(late.description, description.view());
-  EXPECT_EQ(late.source, source.view());
-  EXPECT_EQ(robot.FormWindow(), nullptr);
-
-  // Nothing of the failed dialog is left in the way.
-  EXPECT_EQ(plugin->HideInterface(nullptr), S_OK);
-  EXPECT_NE(robot.FormWindow(), nullptr);
 }
 
 }  // namespace

@@ -4,12 +4,16 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "host/story/button_pictures.h"
+#include "host/win32/host_folder.h"
 #include "host/win32/kit_classes.h"
 #include "host/win32/window_robot.h"
 #include "tests/doubles/recording_file_kit.h"
@@ -30,7 +34,7 @@ struct ComForThread {
 
 class LoadedLibrary {
  public:
-  LoadedLibrary() : module_(::LoadLibraryW(WideOf(Path()))) {
+  explicit LoadedLibrary(const Text& path = Path()) : module_(::LoadLibraryW(WideOf(path))) {
     if (module_ == nullptr) throw std::runtime_error("the library cannot be loaded");
   }
   ~LoadedLibrary() { ::FreeLibrary(module_); }
@@ -89,8 +93,7 @@ inline Outcome Invoke(IDispatch& object, DISPID id, const std::vector<VARIANT>& 
                       std::vector<DISPID> names = {}, WORD flags = DISPATCH_METHOD) {
   std::vector<VARIANT> reversed(arguments.rbegin(), arguments.rend());
   std::vector<DISPID> reversed_names(names.rbegin(), names.rend());
-  DISPPARAMS parameters{reversed.data(), reversed_names.data(),
-                        static_cast<UINT>(reversed.size()),
+  DISPPARAMS parameters{reversed.data(), reversed_names.data(), static_cast<UINT>(reversed.size()),
                         static_cast<UINT>(reversed_names.size())};
   Outcome outcome;
   EXCEPINFO raised{};
@@ -164,7 +167,12 @@ class PluginBench : public testing::Test {
   const host::WindowRobot robot{u"frmrcBHDGS"};
   std::optional<LoadedLibrary> library;
 
-  PluginBench() { library.emplace(); }
+  PluginBench() {
+    library.emplace();
+    // The plug-in takes this program's folder for the host's root.
+    PutPicture(host::kReleasedPicturePath, host::kReleasedPicture);
+    PutPicture(host::kPressedPicturePath, host::kPressedPicture);
+  }
   ~PluginBench() override {
     EXPECT_EQ(library->CanUnload(), S_OK) << "something keeps the library loaded";
     EXPECT_EQ(host::LivingKitObjects(), 0);
@@ -175,11 +183,10 @@ class PluginBench : public testing::Test {
   }
 
   void OfferKits() {
-    kits_.emplace(host::KitServices{
-        kit, contract, ::GetCurrentThreadId(), [this](TextView name) {
-          created_kits.emplace_back(name);
-          if (before_creation) before_creation(name);
-        }});
+    kits_.emplace(host::KitServices{kit, contract, ::GetCurrentThreadId(), [this](TextView name) {
+                                      created_kits.emplace_back(name);
+                                      if (before_creation) before_creation(name);
+                                    }});
   }
   [[nodiscard]] ComPtr<IPlugin> Create() {
     ComPtr<IPlugin> plugin;
@@ -188,8 +195,17 @@ class PluginBench : public testing::Test {
     if (FAILED(made)) throw std::runtime_error("the class cannot be created");
     return plugin;
   }
-  // The operator's view of an option: the letters say which of the eight governed ones are enabled,
-  // in the order of the rights.
+  // Opens the dialog, lets `step` happen while it is shown, and hides it.
+  void OpenAndHide(IPlugin& plugin, const std::function<void()>& step) {
+    while_shown = [&] {
+      step();
+      EXPECT_EQ(plugin.HideInterface(nullptr), S_OK);
+    };
+    Variant target = ArrayOfVariants({u"", u"abc"});
+    EXPECT_EQ(plugin.LoadInterface(3, 0, target.get(), nullptr), S_OK);
+  }
+  // What the operator of the shown dialog sees: the letters say which of the eight governed options
+  // are enabled, in the order of the rights.
   [[nodiscard]] std::string Enabled() const {
     constexpr const char16_t* kOptions[] = {u"lstSession", u"lstMax",   u"cboMods", u"chkWindow",
                                             u"chkDedi",    u"chkSkins", u"chkNova", u"txtPort"};
@@ -201,6 +217,12 @@ class PluginBench : public testing::Test {
   }
 
  private:
+  static void PutPicture(TextView path, std::string_view bytes) {
+    const std::filesystem::path file(Concat({host::HostFolderOfProgram(), path}));
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::binary)
+        .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  }
   void Watch() {
     const host::OpenBox box = host::FindOpenBox();
     if (box.window != nullptr) {

@@ -57,21 +57,20 @@ TEST_F(Record, IsLaidOutAsTheCompilerDoes) {
   ASSERT_EQ(info->GetName(name.address()), S_OK);
   EXPECT_EQ(name.view(), u"PLUGIN");
 
-  ULONG count = 0;
-  ASSERT_EQ(info->GetFieldNames(&count, nullptr), S_OK);
-  ASSERT_EQ(count, std::size(kFields));
-  std::vector<BSTR> names(count);
+  std::vector<BSTR> names(std::size(kFields) + 1);
+  ULONG count = static_cast<ULONG>(names.size());
   ASSERT_EQ(info->GetFieldNames(&count, names.data()), S_OK);
+  ASSERT_EQ(count, std::size(kFields));
   const PluginRecord record{};
   for (std::size_t i = 0; i < std::size(kFields); ++i) {
     SCOPED_TRACE(ToUtf8(kFields[i].name));
     EXPECT_EQ(ViewOf(names[i]), kFields[i].name);
     VARIANT field{};
     void* array = nullptr;
-    ASSERT_EQ(info->GetFieldNoCopy(const_cast<PluginRecord*>(&record),
-                                   reinterpret_cast<const wchar_t*>(kFields[i].name), &field,
-                                   &array),
-              S_OK);
+    ASSERT_EQ(
+        info->GetFieldNoCopy(const_cast<PluginRecord*>(&record),
+                             reinterpret_cast<const wchar_t*>(kFields[i].name), &field, &array),
+        S_OK);
     EXPECT_EQ(field.vt, VT_BYREF | kFields[i].type);
     EXPECT_EQ(static_cast<const char*>(field.byref) - reinterpret_cast<const char*>(&record),
               static_cast<std::ptrdiff_t>(kFields[i].offset));
