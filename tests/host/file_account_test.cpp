@@ -22,6 +22,8 @@
 namespace quill::host {
 namespace {
 
+using std::literals::string_literals::operator""s;
+
 using Kind = AccountLine::Kind;
 
 enum class FileKind { kSettings, kMapList };
@@ -188,9 +190,8 @@ TEST(FileAccount, AgreesWithTheDialogOnDamagedAndHostileFiles) {
       "[Settings]\nMapless\nMap\n",
       "[Other]\ntxtName=x\n[Settings]\nno=1\n=2\n[Settings]\ntxtName=y\n",
       "[Settings]\ntxtName=" + std::string(100'000, 'x') + "\ntxtCountry=\x1B[31m\n",
-      std::string("[Settings]\ntxtName=\0\0\nlstMax=\0"
-                  "1\n",
-                  33),
+      "[Settings]\ntxtName=\0\0\nlstMax=\0"
+      "1\n"s,
       EncodeTextFile(u"[Settings]\r\ntxtName=\u00C4\xD800\r\nlstMax=3\r\n",
                      TextEncoding::kUtf16WithMark),
       KeyForEveryControl(),
@@ -198,10 +199,9 @@ TEST(FileAccount, AgreesWithTheDialogOnDamagedAndHostileFiles) {
       "[-][-]DMK_01A.BMS\r\n0[-]0[-]DMK_01A.BMS\r\n",
       "0[-]0[-]DMK_01A.BMS\r\n0[-]x[-]DMK_01A.BMS\r\nmore\r\n\r\n",
       "a[-]0[-]DMK_01A.BMS\r\n00[-]0[-]DMK_01A.BMS\r\n0[-] 0 [-]DMK_01A.BMS\r\n",
-      std::string("\xFF\xFE"
-                  "0\0[\0-\0]\0"
-                  "0\0[\0-\0]\0X\0",
-                  22),
+      "\xFF\xFE"
+      "0\0[\0-\0]\0"
+      "0\0[\0-\0]\0X\0"s,
   };
   for (std::size_t at = 0; at < files.size(); ++at) {
     SCOPED_TRACE(at);
