@@ -43,7 +43,8 @@ std::optional<DISPID> LateBound::Find(TextView member) const {
     return found;
   }
   ComPtr<IDispatchEx> extended;
-  if (FAILED(object_->QueryInterface(__uuidof(IDispatchEx), extended.ReceiveVoid()))) return std::nullopt;
+  if (FAILED(object_->QueryInterface(__uuidof(IDispatchEx), extended.ReceiveVoid())))
+    return std::nullopt;
   const Bstr text(member);
   if (SUCCEEDED(extended->GetDispID(text.get(), fdexNameCaseInsensitive, &found)) &&
       found != DISPID_UNKNOWN) {

@@ -28,9 +28,9 @@ class Library {
   void Use() noexcept { ++uses_; }
   void EndUse() noexcept { --uses_; }
 
-  // True when nothing keeps the library loaded. The main module has then ended, with a dialog that is
-  // not shown, the host's objects and everything native: what is left may be unloaded, or used again
-  // from a fresh start.
+  // True when nothing keeps the library loaded. The main module has then ended, with a dialog that
+  // is not shown, the host's objects and everything native: what is left may be unloaded, or used
+  // again from a fresh start.
   [[nodiscard]] bool ReadyToUnload();
 
   // The main module, made on first use.
