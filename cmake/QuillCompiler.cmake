@@ -33,6 +33,8 @@ target_compile_options(quill_compile_options INTERFACE
   # Sections let the linker drop what the library does not use.
   $<$<COMPILE_LANGUAGE:CXX>:-ffunction-sections>
   $<$<COMPILE_LANGUAGE:CXX>:-fdata-sections>
+  # The compiler's name in every object would end up in the library, once for each of them.
+  $<$<COMPILE_LANGUAGE:CXX>:-fno-ident>
   # Build paths in objects would make the library depend on where it was built.
   $<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>
 )
@@ -66,12 +68,27 @@ endif()
 # What a shared library for Windows needs to be small, self-contained and reproducible.
 add_library(quill_dll_flags INTERFACE)
 if(WIN32)
+  # Slimmer stand-ins for parts of the C++ runtime library; tests/mingw tries them.
+  target_sources(quill_dll_flags INTERFACE
+    "${PROJECT_SOURCE_DIR}/cmake/mingw/emergency_memory.cpp"
+    "${PROJECT_SOURCE_DIR}/cmake/mingw/exception_state.cpp"
+    "${PROJECT_SOURCE_DIR}/cmake/mingw/former_strings.cpp"
+    "${PROJECT_SOURCE_DIR}/cmake/mingw/present_strings.cpp"
+    "${PROJECT_SOURCE_DIR}/cmake/mingw/quiet_terminate.cpp"
+    "${PROJECT_SOURCE_DIR}/cmake/mingw/small_locks.cpp"
+    "${PROJECT_SOURCE_DIR}/cmake/mingw/static_guards.cpp")
   target_link_options(quill_dll_flags INTERFACE
     -static
     -s
     -Wl,--gc-sections
+    # Tells what the library is made of; the check of the finished library reads it.
+    -Wl,-Map=$<TARGET_PROPERTY:BINARY_DIR>/$<TARGET_PROPERTY:NAME>.map
     # Both are needed for the same bytes twice: the first drops the clock, the second an image
     # base that is derived from the output path.
     -Wl,--no-insert-timestamp
     -Wl,--disable-auto-image-base)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    # The entry points are exported without the decoration that their calling convention adds.
+    target_link_options(quill_dll_flags INTERFACE -Wl,--enable-stdcall-fixup)
+  endif()
 endif()

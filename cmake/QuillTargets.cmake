@@ -133,3 +133,36 @@ function(quill_add_layer_checks)
     COMMAND ${CMAKE_COMMAND} -DSCRATCH=${PROJECT_BINARY_DIR}/layer-check
             -P ${PROJECT_SOURCE_DIR}/cmake/check_layers_test.cmake)
 endfunction()
+
+# The finished library as its hosts find it.
+function(quill_add_library_checks target)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    set(limit 400000)
+  else()
+    set(limit 500000)
+  endif()
+  if(CMAKE_BUILD_TYPE STREQUAL "MinSizeRel")
+    add_test(NAME library.is_small_and_self_contained
+      COMMAND ${CMAKE_COMMAND} -DLIBRARY=$<TARGET_FILE:${target}>
+              -DMAP=$<TARGET_PROPERTY:${target},BINARY_DIR>/${target}.map
+              -DOBJDUMP=${CMAKE_OBJDUMP} -DLIMIT=${limit}
+              -P ${PROJECT_SOURCE_DIR}/cmake/check_library.cmake)
+    # The same check must see what is wrong with a library that is none of this.
+    add_test(NAME library.other_libraries_are_noticed
+      COMMAND ${CMAKE_COMMAND} -DLIBRARY=$<TARGET_FILE:runtime_probe>
+              -DMAP=$<TARGET_PROPERTY:runtime_probe,BINARY_DIR>/runtime_probe.map
+              -DOBJDUMP=${CMAKE_OBJDUMP} -DLIMIT=1000
+              -P ${PROJECT_SOURCE_DIR}/cmake/check_library.cmake)
+    set_tests_properties(library.other_libraries_are_noticed PROPERTIES
+      PASS_REGULAR_EXPRESSION
+      "bytes large, more than 1000.*it exports ProbeLastErrorKept.*instead of DllCanUnloadNow")
+    cmake_path(GET CMAKE_TOOLCHAIN_FILE FILENAME toolchain)
+    add_test(NAME library.builds_to_the_same_bytes_twice
+      COMMAND ${CMAKE_COMMAND} -DLIBRARY=$<TARGET_FILE:${target}> -DROOT=${PROJECT_SOURCE_DIR}
+              -DSCRATCH=${PROJECT_BINARY_DIR}/again -DTOOLCHAIN=${toolchain}
+              -DBUILD_TYPE=${CMAKE_BUILD_TYPE}
+              -P ${PROJECT_SOURCE_DIR}/cmake/check_same_bytes.cmake)
+    set_tests_properties(library.builds_to_the_same_bytes_twice PROPERTIES
+      TIMEOUT 1800 PROCESSORS 2)
+  endif()
+endfunction()
