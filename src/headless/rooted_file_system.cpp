@@ -145,8 +145,10 @@ void RootedFileSystem::RemoveFile(TextView path) {
 void RootedFileSystem::RenameFile(TextView from, TextView to) {
   if (!FileExists(from)) Fail(ErrorNumber::kFileNotFound, from);
   if (FolderExists(to)) Fail(ErrorNumber::kPathFileAccessError, to);
+  const fs::path real = RealPath(to);
+  if (!fs::is_directory(real.parent_path())) Fail(ErrorNumber::kPathNotFound, to);
   std::error_code error;
-  fs::rename(RealPath(from), RealPath(to), error);
+  fs::rename(RealPath(from), real, error);
   Check(error, to);
 }
 
