@@ -108,6 +108,10 @@ class TypeLibrary {
     while (place != bytes_.end() && *place != '\n' && *place != 'W' && *place != '\0') {
       *place++ = ' ';
     }
+    // The next custom value, an unsigned number, is the time again, in seconds.
+    const std::string number = {'\x13', '\0'};
+    place = std::search(place, bytes_.end(), number.begin(), number.end());
+    if (place != bytes_.end()) Write(static_cast<std::size_t>(place - bytes_.begin()) + 2, 0);
   }
 
   [[nodiscard]] std::uint32_t Read(std::size_t at) const {
