@@ -218,6 +218,51 @@ const MirrorPeer* MirrorPeer::Obstacle() const noexcept {
   return visible_ && enabled_ ? nullptr : this;
 }
 
+TextView MirrorPeer::StaleSide() const {
+  MirrorPeer whole(control_, nullptr);
+  whole.Sync(Changes::kBounds | Changes::kEnabled | Changes::kVisible | Changes::kTooltip |
+             Changes::kText | Changes::kValue | Changes::kRows | Changes::kSelection |
+             Changes::kTopRow | Changes::kPicture | Changes::kPointer | Changes::kFont |
+             Changes::kColour | Changes::kLimit | Changes::kTabIndex);
+  const bool held_back = control_.kind() == ControlKind::kListBox && !control_.visible();
+  const struct {
+    TextView name;
+    bool is_same;
+  } sides[] = {
+      {u"bounds", bounds_ == whole.bounds_},
+      {u"enabled", enabled_ == whole.enabled_},
+      {u"visible", visible_ == whole.visible_},
+      {u"tooltip", tooltip_ == whole.tooltip_},
+      {u"tab_index", tab_index_ == whole.tab_index_},
+      {u"text", text_ == whole.text_},
+      {u"value", value_ == whole.value_},
+      {u"alignment", alignment_ == whole.alignment_},
+      {u"limit", limit_ == whole.limit_ && locked_ == whole.locked_},
+      {u"font", font_size_ == whole.font_size_},
+      {u"colour", colour_ == whole.colour_ && transparent_ == whole.transparent_},
+      {u"picture", picture_ == whole.picture_},
+      {u"pointer", pointer_ == whole.pointer_},
+      {u"rows", held_back || rows_ == whole.rows_},
+      {u"index", held_back || current_ == whole.current_},
+      {u"top", held_back || top_row_ == whole.top_row_},
+      {u"order", StacksLikeControl()},
+  };
+  for (const auto& side : sides) {
+    if (!side.is_same) return side.name;
+  }
+  return {};
+}
+
+bool MirrorPeer::StacksLikeControl() const {
+  std::size_t place = 0;
+  for (const ui::Control* child : control_.children()) {
+    if (child->peer() == nullptr) continue;
+    if (place == stacked_.size() || &stacked_[place]->control_ != child) return false;
+    ++place;
+  }
+  return place == stacked_.size();
+}
+
 void MirrorPeer::ChangeSelection(const std::vector<int>& rows, int current) {
   for (MirroredRow& row : rows_) row.selected = false;
   for (const int row : rows) rows_.at(static_cast<std::size_t>(row)).selected = true;

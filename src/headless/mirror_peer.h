@@ -17,6 +17,8 @@ struct MirroredRow {
   Text text;
   std::int32_t data = 0;
   bool selected = false;
+
+  friend bool operator==(const MirroredRow&, const MirroredRow&) = default;
 };
 
 class MirrorPeer final : public ui::Peer {
@@ -49,6 +51,9 @@ class MirrorPeer final : public ui::Peer {
   [[nodiscard]] bool IsEnabled() const noexcept;
   // The outermost one, up to the form, that is hidden or disabled; null when there is none.
   [[nodiscard]] const MirrorPeer* Obstacle() const noexcept;
+  // A property that shows something else than its control holds; empty when there is none. The rows
+  // of a hidden list, which are told when it is shown, do not count.
+  [[nodiscard]] TextView StaleSide() const;
 
   // What a native control changes by itself, just before it tells its model.
   void ChangeText(Text text) { text_ = std::move(text); }
@@ -72,6 +77,7 @@ class MirrorPeer final : public ui::Peer {
   void TakeLimit();
   void ComeToFront();
   void LeaveContainer() noexcept;
+  [[nodiscard]] bool StacksLikeControl() const;
   [[nodiscard]] std::optional<Text> RowProperty(TextView name) const;
 
   ui::Control& control_;
