@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "headless/failing_allocations.h"
 #include "support/runtime_error.h"
 #include "ui/picture_box.h"
 #include "ui/tab_strip.h"
@@ -53,6 +54,7 @@ HeadlessToolkit::~HeadlessToolkit() {
 }
 
 void HeadlessToolkit::Called(std::initializer_list<TextView> call) const {
+  const SparedAllocations spared;
   if (before_call) before_call(Concat(call));
 }
 
@@ -81,6 +83,7 @@ const ui::PictureBox* HeadlessToolkit::TabBackgroundOf(const ui::TabStrip& strip
 }
 
 void HeadlessToolkit::ShowMessage(TextView caption, TextView text) {
+  const SparedAllocations spared;
   Called({u"ShowMessage ", caption});
   messages_.push_back({Text(caption), Text(text)});
   const Counted open(open_boxes_);
@@ -88,6 +91,7 @@ void HeadlessToolkit::ShowMessage(TextView caption, TextView text) {
 }
 
 std::unique_ptr<ui::Peer> HeadlessToolkit::MakePeer(ui::Control& control) {
+  const SparedAllocations spared;
   Called({u"MakePeer ", control.name()});
   return std::make_unique<MirrorPeer>(control, [this](const ui::Control& synced) {
     Called({u"Sync ", synced.name()});
@@ -95,6 +99,7 @@ std::unique_ptr<ui::Peer> HeadlessToolkit::MakePeer(ui::Control& control) {
 }
 
 ui::PicturePtr HeadlessToolkit::ReadPicture(TextView path) {
+  const SparedAllocations spared;
   Called({u"ReadPicture ", path});
   if (!files_.FileExists(path)) throw RuntimeError(ErrorNumber::kFileNotFound);
   const std::unique_ptr<ByteReader> reader = files_.OpenForReading(path);
@@ -104,6 +109,7 @@ ui::PicturePtr HeadlessToolkit::ReadPicture(TextView path) {
 
 ui::PicturePtr HeadlessToolkit::MakePicture(int width, int height,
                                             std::span<const std::uint32_t> pixels) {
+  const SparedAllocations spared;
   Called({u"MakePicture"});
   const bool is_whole =
       width > 0 && height > 0 &&
@@ -114,6 +120,7 @@ ui::PicturePtr HeadlessToolkit::MakePicture(int width, int height,
 }
 
 std::vector<Text> HeadlessToolkit::ShowFileDialog(ui::Form&, const ui::FileDialogRequest& request) {
+  const SparedAllocations spared;
   Called({u"ShowFileDialog ", request.title});
   file_dialogs_.push_back(request);
   std::vector<Text> answer;
@@ -138,6 +145,7 @@ void HeadlessToolkit::RunModal(ui::Form& form) {
   class Entered {
    public:
     Entered(std::vector<Display*>& displays, Display& display) : displays_(displays) {
+      const SparedAllocations spared;
       displays_.push_back(&display);
     }
     ~Entered() { displays_.pop_back(); }
@@ -167,11 +175,13 @@ void HeadlessToolkit::EndModal(ui::Form& form) {
 }
 
 void HeadlessToolkit::Defer(std::function<void()> task) {
+  const SparedAllocations spared;
   Called({u"Defer"});
   deferred_.push_back(std::move(task));
 }
 
 void HeadlessToolkit::HookTabBackground(ui::TabStrip& strip, ui::PictureBox& colour_source) {
+  const SparedAllocations spared;
   Called({u"HookTabBackground ", strip.name()});
   tab_backgrounds_[&strip] = &colour_source;
 }

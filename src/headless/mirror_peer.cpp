@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <utility>
 
+#include "headless/failing_allocations.h"
 #include "support/runtime_error.h"
 #include "ui/check_box.h"
 #include "ui/combo_box.h"
@@ -82,6 +83,7 @@ MirrorPeer::~MirrorPeer() {
 }
 
 void MirrorPeer::Sync(Changes changes) {
+  const SparedAllocations spared;
   if (before_sync_) before_sync_(control_);
   ++syncs_;
   if (changes.Has(Changes::kBounds)) bounds_ = control_.bounds();

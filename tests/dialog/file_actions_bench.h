@@ -16,11 +16,11 @@
 #include "headless/headless_toolkit.h"
 #include "headless/memory_file_system.h"
 #include "headless/settable_clock.h"
+#include "headless/watched_file_system.h"
 #include "host/kit/error_journal.h"
 #include "host/kit/file_kit.h"
 #include "host/kit/memory_storage.h"
 #include "tests/doubles/watched_file_kit.h"
-#include "tests/doubles/watched_file_system.h"
 
 namespace quill {
 
@@ -32,7 +32,7 @@ inline constexpr TextView kSettings = u"C:\\Host\\profiles\\3\\settings";
 
 struct FileActionsBench {
   headless::MemoryFileSystem memory;
-  WatchedFileSystem files{memory};
+  headless::WatchedFileSystem files{memory};
   headless::HeadlessToolkit toolkit{memory};
   headless::SettableClock clock{1};
   host::MemoryStorage storage{memory};

@@ -5,12 +5,15 @@
 #include <optional>
 #include <stdexcept>
 
+#include "headless/failing_allocations.h"
 #include "support/base64.h"
 #include "support/trap.h"
-#include "tests/support/failing_allocation.h"
 
 namespace quill {
 namespace {
+
+using headless::FailingAllocations;
+using headless::FaultPlan;
 
 // Takes notes without allocating.
 class FrugalKit final : public FileKit {
@@ -62,8 +65,8 @@ void RaiseShortage() {
 TEST(ShortMemory, TrapAlwaysLogsOnceShowsOneBoxAndTellsTheTruth) {
   for (auto* raise : {RaiseOwn, RaiseForeign, RaiseShortage}) {
     bool whole = false;
-    for (int allowed = 0; !whole; ++allowed) {
-      ASSERT_LT(allowed, 100);
+    for (int nth = 1; !whole; ++nth) {
+      ASSERT_LT(nth, 100);
       auto kit = std::make_unique<FrugalKit>();
       FrugalKit& notes = *kit;
       const std::unique_ptr<FileKit> kits = std::move(kit);
@@ -78,15 +81,16 @@ TEST(ShortMemory, TrapAlwaysLogsOnceShowsOneBoxAndTellsTheTruth) {
         failure = std::current_exception();
       }
       {
-        const FailingAllocation failing(allowed);
+        FaultPlan plan(nth, FaultPlan::Extent::kFromThereOn);
+        const FailingAllocations failing(plan);
         const bool ran = Trapped(
             reporter, u"A label beyond the short ones",
             [&](Line&) { std::rethrow_exception(failure); },
             [](RuntimeError& error) { error.AppendToDescription(u", and more about it"); });
-        whole = !failing.Struck();
+        whole = plan.struck() == 0;
         EXPECT_FALSE(ran);
       }
-      SCOPED_TRACE(allowed);
+      SCOPED_TRACE(nth);
       EXPECT_EQ(notes.logged, 1);
       EXPECT_EQ(boxes.shown, 1);
       EXPECT_EQ(boxes.says_sent, notes.sent);
@@ -99,10 +103,11 @@ TEST(ShortMemory, TrapAlwaysLogsOnceShowsOneBoxAndTellsTheTruth) {
 
 TEST(ShortMemory, CopyingAnErrorAllocatesNothing) {
   RuntimeError error(ErrorNumber::kOverflow, u"a description that no small buffer holds");
-  const FailingAllocation failing(0);
+  FaultPlan plan(1, FaultPlan::Extent::kFromThereOn);
+  const FailingAllocations failing(plan);
   const RuntimeError copy = error;
   error = copy;
-  EXPECT_FALSE(failing.Struck());
+  EXPECT_EQ(plan.struck(), 0);
   EXPECT_EQ(RuntimeError(ErrorNumber::kOutOfMemory).description(), u"Out of memory");
   EXPECT_STREQ(copy.what(), "run-time error");
 }
@@ -117,7 +122,8 @@ TEST(ShortMemory, Enc64ReportsAndLeavesTheTargetAlone) {
     Text target = u"kept";
     boxes.shown = 0;
     {
-      const FailingAllocation failing(0);
+      FaultPlan plan(1, FaultPlan::Extent::kFromThereOn);
+      const FailingAllocations failing(plan);
       AppendEnc64(text, page, reporter, target);
     }
     EXPECT_EQ(target, u"kept");

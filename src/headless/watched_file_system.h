@@ -6,9 +6,10 @@
 #include <memory>
 #include <utility>
 
+#include "headless/failing_allocations.h"
 #include "support/file_system.h"
 
-namespace quill {
+namespace quill::headless {
 
 class WatchedFileSystem final : public FileSystem {
  public:
@@ -20,34 +21,42 @@ class WatchedFileSystem final : public FileSystem {
   [[nodiscard]] int open_readers() const noexcept { return open_readers_; }
 
   bool FolderExists(TextView path) override {
+    const SparedAllocations spared;
     Begin(u"FolderExists", path);
     return files_.FolderExists(path);
   }
   void MakeFolder(TextView path) override {
+    const SparedAllocations spared;
     Begin(u"MakeFolder", path);
     files_.MakeFolder(path);
   }
   bool FileExists(TextView path) override {
+    const SparedAllocations spared;
     Begin(u"FileExists", path);
     return files_.FileExists(path);
   }
   std::int64_t FileSize(TextView path) override {
+    const SparedAllocations spared;
     Begin(u"FileSize", path);
     return files_.FileSize(path);
   }
   void RemoveFile(TextView path) override {
+    const SparedAllocations spared;
     Begin(u"RemoveFile", path);
     files_.RemoveFile(path);
   }
   void RenameFile(TextView from, TextView to) override {
+    const SparedAllocations spared;
     Begin(u"RenameFile", from);
     files_.RenameFile(from, to);
   }
   void MakeEmptyFile(TextView path) override {
+    const SparedAllocations spared;
     Begin(u"MakeEmptyFile", path);
     files_.MakeEmptyFile(path);
   }
   std::unique_ptr<ByteReader> OpenForReading(TextView path) override {
+    const SparedAllocations spared;
     Begin(u"OpenForReading", path);
     return std::make_unique<Reader>(*this, path, files_.OpenForReading(path));
   }
@@ -61,6 +70,7 @@ class WatchedFileSystem final : public FileSystem {
     }
     ~Reader() override { --owner_.open_readers_; }
     std::size_t Read(std::span<char> buffer) override {
+      const SparedAllocations spared;
       owner_.Begin(u"Read", path_);
       return reader_->Read(buffer);
     }
@@ -79,4 +89,4 @@ class WatchedFileSystem final : public FileSystem {
   int open_readers_ = 0;
 };
 
-}  // namespace quill
+}  // namespace quill::headless
