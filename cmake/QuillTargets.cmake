@@ -1,7 +1,7 @@
 # quill_library(), quill_test(), quill_fuzzer(), quill_benchmark(): one call per target.
 
-# The version and the library's file name live in one place, the project() call.
-set(QUILL_LIBRARY_FILE_NAME "kvrrcBHDGS.dll")
+string(REGEX REPLACE "\\..*" "" QUILL_TYPE_LIBRARY_MAJOR "${QUILL_TYPE_LIBRARY_VERSION}")
+string(REGEX REPLACE ".*\\." "" QUILL_TYPE_LIBRARY_MINOR "${QUILL_TYPE_LIBRARY_VERSION}")
 set(QUILL_GENERATED_DIR "${PROJECT_BINARY_DIR}/generated")
 configure_file("${PROJECT_SOURCE_DIR}/cmake/version.h.in"
                "${QUILL_GENERATED_DIR}/support/version.h" @ONLY)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "support/text.h"
+#include "support/version.h"
 #include "win32/com/automation.h"
 
 namespace quill::com {
@@ -19,7 +20,7 @@ inline constexpr IID kInterfaceId = {
 inline constexpr CLSID kClassId = {
     0x5E08C6B1, 0xD9F2, 0x4773, {0x8A, 0x4C, 0x1B, 0x62, 0xF5, 0x0E, 0x93, 0xAD}};
 
-inline constexpr WORD kLibraryMajor = 1;
-inline constexpr WORD kLibraryMinor = 0;
+inline constexpr WORD kLibraryMajor = QUILL_TYPE_LIBRARY_MAJOR;
+inline constexpr WORD kLibraryMinor = QUILL_TYPE_LIBRARY_MINOR;
 
 }  // namespace quill::com
