@@ -41,7 +41,7 @@ DialogTrial::DialogTrial(const TrialConditions& conditions)
 }
 
 std::unique_ptr<FileKit> DialogTrial::CreateFileKit() {
-  return std::make_unique<WatchedFileKit>(kit_, watch_);
+  return std::make_unique<headless::WatchedFileKit>(kit_, watch_);
 }
 
 std::unique_ptr<MemoryKit> DialogTrial::CreateMemoryKit() {
@@ -86,9 +86,12 @@ void DialogTrial::Push(TextView button) {
 void DialogTrial::LoadSettings(std::string_view bytes,
                                const std::function<void(TextView entry)>& on_entry) {
   files_.SetContents(kFile, bytes);
-  watch_.on_entry = on_entry;
+  watch_.before = [&](TextView operation, TextView entry) {
+    if (operation == u"ParseIniKey") on_entry(entry);
+    return true;
+  };
   Push(u"cmdLoad");
-  watch_.on_entry = nullptr;
+  watch_.before = nullptr;
 }
 
 void DialogTrial::LoadMapList(std::string_view bytes) {
@@ -106,9 +109,10 @@ bool DialogTrial::UsesTeamSabreMaps() const {
   return maps().catalogue.Count() == std::ssize(CatalogueRows());
 }
 
-const ReportedFailure* DialogTrial::FailureOf(TextView label) const {
-  const auto found = std::find_if(failures().begin(), failures().end(),
-                                  [&](const ReportedFailure& f) { return f.label == label; });
+const headless::LoggedFailure* DialogTrial::FailureOf(TextView label) const {
+  const auto found =
+      std::find_if(failures().begin(), failures().end(),
+                   [&](const headless::LoggedFailure& f) { return f.label == label; });
   return found == failures().end() ? nullptr : &*found;
 }
 

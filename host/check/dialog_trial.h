@@ -13,8 +13,8 @@
 #include "headless/headless_toolkit.h"
 #include "headless/memory_file_system.h"
 #include "headless/settable_clock.h"
+#include "headless/watched_file_kit.h"
 #include "host/check/file_account.h"
-#include "host/check/watched_file_kit.h"
 #include "host/kit/error_journal.h"
 #include "host/kit/file_kit.h"
 #include "host/kit/memory_storage.h"
@@ -41,8 +41,10 @@ class DialogTrial final : private HostServices {
   [[nodiscard]] const CodePage& code_page() const { return module_.dialog.code_page; }
   [[nodiscard]] bool UsesTeamSabreMaps() const;
   // What the plug-in has reported since the dialog was filled, in order.
-  [[nodiscard]] const std::vector<ReportedFailure>& failures() const { return watch_.failures; }
-  [[nodiscard]] const ReportedFailure* FailureOf(TextView label) const;
+  [[nodiscard]] const std::vector<headless::LoggedFailure>& failures() const {
+    return watch_.failures;
+  }
+  [[nodiscard]] const headless::LoggedFailure* FailureOf(TextView label) const;
 
  private:
   std::unique_ptr<FileKit> CreateFileKit() override;
@@ -55,7 +57,7 @@ class DialogTrial final : private HostServices {
   MemoryStorage storage_{files_};
   ErrorJournal journal_;
   HostFileKit kit_{storage_, journal_};
-  KitWatch watch_;
+  headless::KitWatch watch_;
   headless::FixedProcessPaths paths_;
   headless::SettableClock clock_;
   headless::HeadlessToolkit toolkit_{files_};

@@ -43,7 +43,7 @@ class SettingsWatch {
   }
 
   void Ended() {
-    const ReportedFailure* failure = trial_.FailureOf(kTrapLabel);
+    const headless::LoggedFailure* failure = trial_.FailureOf(kTrapLabel);
     if (is_one_taken_) {
       if (failure != nullptr) {
         TellFailure(Current(), *failure);
@@ -59,7 +59,7 @@ class SettingsWatch {
       Add({Kind::kLeftOut, 0, u"everything",
            Concat({u"there is no section [", kSettingsSection, u"]"})});
     }
-    for (const ReportedFailure& other : trial_.failures()) {
+    for (const headless::LoggedFailure& other : trial_.failures()) {
       if (&other == failure) continue;
       Add({Kind::kLeftOut, 0, other.label, Described(other)});
     }
@@ -70,7 +70,7 @@ class SettingsWatch {
  private:
   [[nodiscard]] const IniOutline::Entry& Current() const { return outline_.entries.at(at_); }
 
-  static Text Described(const ReportedFailure& failure) {
+  static Text Described(const headless::LoggedFailure& failure) {
     return Concat({failure.description, u" (error ", Decimal(failure.number), u")"});
   }
 
@@ -157,7 +157,7 @@ class SettingsWatch {
          WhyMissing(trial_.maps(), conditions_, fields.first[0], fields.first[1], file)});
   }
 
-  void TellFailure(const IniOutline::Entry& entry, const ReportedFailure& failure) {
+  void TellFailure(const IniOutline::Entry& entry, const headless::LoggedFailure& failure) {
     Add({Kind::kFailed, entry.line, entry.text, Described(failure)});
   }
 

@@ -241,6 +241,18 @@ void HeadlessOperator::MouseAt(TextView name, bool pressed, std::int16_t button,
   }
 }
 
+void HeadlessOperator::PressAccessKey(char16_t key) {
+  ui::Control* const control = Dialog().FindAccessKey(key);
+  if (control == nullptr) Refuse({u"No control here has that access key"});
+  Gesture(*this, *control, {ControlKind::kImage, ControlKind::kCommandButton})
+      .Report(ui::Clicked{});
+}
+
+void HeadlessOperator::LetTimerRun() {
+  ui::Form& form = Dialog();
+  if (MirrorOf(form).timer_interval() > 0) form.Happened(ui::TimePassed{});
+}
+
 void HeadlessOperator::CloseForm() {
   Gesture(*this, Dialog(), {ControlKind::kForm}).Report(ui::CloseAsked{});
 }

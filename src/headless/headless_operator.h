@@ -46,7 +46,9 @@ class HeadlessOperator {
   void Press(TextView name, std::int16_t button, std::int16_t shift = 0);
   void Release(TextView name, std::int16_t button, std::int16_t shift = 0);
 
-  void CloseForm();  // the form's own close button
+  void PressAccessKey(char16_t key);  // together with Alt; fails when no control there has it
+  void CloseForm();                   // the form's own close button
+  void LetTimerRun();                 // once, when the form has one running
 
   // What the control (or the form, by its name) shows; fails with kInvalidProcedureCall when it
   // does not have the property.

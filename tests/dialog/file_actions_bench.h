@@ -16,11 +16,11 @@
 #include "headless/headless_toolkit.h"
 #include "headless/memory_file_system.h"
 #include "headless/settable_clock.h"
+#include "headless/watched_file_kit.h"
 #include "headless/watched_file_system.h"
 #include "host/kit/error_journal.h"
 #include "host/kit/file_kit.h"
 #include "host/kit/memory_storage.h"
-#include "tests/doubles/watched_file_kit.h"
 
 namespace quill {
 
@@ -39,13 +39,11 @@ struct FileActionsBench {
   host::ErrorJournal journal{u"C:\\Host", memory, storage, {}};
   host::HostFileKit host_kit{storage, journal};
   DialogContext context{toolkit, files, clock, CodePage::Windows1252()};
-  WatchedFileKit* kit = nullptr;
+  headless::KitWatch kit;
   headless::HeadlessOperator person{toolkit, [this] { return context.dialog.get(); }};
 
   FileActionsBench() {
-    auto watched = std::make_unique<WatchedFileKit>(host_kit);
-    kit = watched.get();
-    context.file_kit = std::move(watched);
+    context.file_kit = std::make_unique<headless::WatchedFileKit>(host_kit, kit);
     context.HostRoot = u"C:\\Host";
     context.Index = 3;
     memory.MakeFolders(u"C:\\Host\\imgs");
@@ -140,7 +138,7 @@ struct FileActionsBench {
   // "label|number|description" of the failures since the last call, "(no line)" where it has none.
   [[nodiscard]] std::vector<std::string> Failures() {
     std::vector<std::string> told;
-    for (const WatchedFileKit::Failure& failure : std::exchange(kit->failures, {})) {
+    for (const headless::LoggedFailure& failure : std::exchange(kit.failures, {})) {
       told.push_back(ToUtf8(Concat({failure.label, u"|", Decimal(failure.number), u"|",
                                     failure.description, failure.line > 0 ? u"" : u" (no line)"})));
     }

@@ -159,7 +159,7 @@ TEST(SettingsFile, NothingIsWrittenWhenTheOldFileCannotBeSetAside) {
 TEST(SettingsFile, SavingTellsWhetherAFileIsThere) {
   FileActionsBench bench;
   bench.Write(u"empty.hsf", "");
-  bench.kit->before = [](TextView operation, TextView) { return operation != u"WriteIniKey"; };
+  bench.kit.before = [](TextView operation, TextView) { return operation != u"WriteIniKey"; };
   bench.Show([&](frmrcBHDGS&) {
     bench.Save(u"none.hsf");
     bench.Save(u"empty.hsf");
@@ -181,13 +181,13 @@ TEST(SettingsFile, AFailedSaveReportsItsMapAndKeepsWhatIsWritten) {
 
     // The kit's own error 5 is not about a missing map.
     bench.context.dialog->BuildMapList();
-    bench.kit->before = [](TextView, TextView key) {
+    bench.kit.before = [](TextView, TextView key) {
       if (key == u"Map1") throw RuntimeError(ErrorNumber::kInvalidProcedureCall, u"Kit");
       return true;
     };
     bench.Save(u"kit.hsf");
     EXPECT_EQ(bench.Failures(), Strings{"cmdSave|5|Kit"});
-    bench.kit->before = [](TextView, TextView key) -> bool {
+    bench.kit.before = [](TextView, TextView key) -> bool {
       if (key == u"txtCountry") throw Failure();
       return true;
     };
@@ -208,14 +208,14 @@ TEST(SettingsFile, ReportsTheLineOfTheFailingStep) {
       if (operation == u"MakeFolder") throw RuntimeError(ErrorNumber::kPathNotFound);
     };
     bench.Save(u"a.hsf");
-    ASSERT_EQ(bench.kit->failures.size(), 1u);
-    folder_line = bench.kit->failures[0].line;
+    ASSERT_EQ(bench.kit.failures.size(), 1u);
+    folder_line = bench.kit.failures[0].line;
     EXPECT_EQ(bench.toolkit.file_dialogs().size(), 0u);
     bench.files.before = nullptr;
-    bench.kit->before = [](TextView, TextView) -> bool { throw Failure(); };
+    bench.kit.before = [](TextView, TextView) -> bool { throw Failure(); };
     bench.Save(u"a.hsf");
-    ASSERT_EQ(bench.kit->failures.size(), 2u);
-    EXPECT_GT(bench.kit->failures[1].line, folder_line);
+    ASSERT_EQ(bench.kit.failures.size(), 2u);
+    EXPECT_GT(bench.kit.failures[1].line, folder_line);
   });
 }
 

@@ -58,15 +58,15 @@ TEST(ShuffleRotation, LeavesOneMapOrNoneAndEverythingShownAlone) {
 class BrokenClock final : public Clock {
  public:
   std::uint64_t Ticks() override { throw RuntimeError(ErrorNumber::kInternalError); }
+  std::uint64_t Milliseconds() override { return 0; }
 };
 
 TEST(ShuffleRotation, AFailureKeepsTheRotationWhole) {
   FileActionsBench bench;
   BrokenClock clock;
   DialogContext context(bench.toolkit, bench.files, clock, CodePage::Windows1252());
-  auto kit = std::make_unique<WatchedFileKit>(bench.host_kit);
-  WatchedFileKit& watched = *kit;
-  context.file_kit = std::move(kit);
+  headless::KitWatch watched;
+  context.file_kit = std::make_unique<headless::WatchedFileKit>(bench.host_kit, watched);
   context.HostRoot = u"C:\\Host";
   const std::shared_ptr<frmrcBHDGS> dialog = TakeDialog(context);
   context.maps.selected.Replace(Rotation(9));

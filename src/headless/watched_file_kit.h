@@ -1,5 +1,5 @@
-// A file kit that lets another one do the work and tells what goes through it: the entries of
-// settings files as they are taken, and the failures that the plug-in reports.
+// A file kit that lets another one do the work, tells what goes through it, keeps the failures that
+// the plug-in has logged, and fails where it is told to.
 #pragma once
 
 #include <functional>
@@ -7,18 +7,22 @@
 
 #include "support/file_kit.h"
 
-namespace quill::host {
+namespace quill::headless {
 
-struct ReportedFailure {
+struct LoggedFailure {
   Text label;
   std::int32_t number = 0;
   Text description;
+  std::int32_t line = 0;
 };
 
-// What has been seen; outlives the kits that tell it.
+// What is told and seen; outlives the kits that use it.
 struct KitWatch {
-  std::function<void(TextView entry)> on_entry;  // before it is split
-  std::vector<ReportedFailure> failures;
+  // Told before each operation, with its path, key, label or text; the operation fails when this
+  // throws, and does nothing when it answers false.
+  std::function<bool(TextView operation, TextView what)> before;
+  // What LogError was told, also when it then failed. It goes no further.
+  std::vector<LoggedFailure> failures;
 };
 
 class WatchedFileKit final : public FileKit {
@@ -35,11 +39,15 @@ class WatchedFileKit final : public FileKit {
   void WriteIniKey(TextView section, TextView key, TextView value, TextView path) override;
   void LogError(TextView library, TextView label, const RuntimeError& error,
                 std::int32_t line) override;
+  // Answers true and goes no further either.
   bool SendErrorReport(const ErrorReport& report) override;
 
  private:
+  template <class Call>
+  auto Watched(TextView operation, TextView what, const Call& call) -> decltype(call());
+
   FileKit& kit_;
   KitWatch& watch_;
 };
 
-}  // namespace quill::host
+}  // namespace quill::headless
