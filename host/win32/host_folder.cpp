@@ -6,8 +6,11 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <string_view>
 #include <system_error>
+#include <utility>
 
+#include "host/story/button_pictures.h"
 #include "support/host_environment.h"
 #include "support/runtime_error.h"
 #include "support/version.h"
@@ -98,8 +101,9 @@ std::optional<int> RunInHostFolder() {
   return RunAndWait(folder.path() / kProgramName);
 }
 
-void EmptyHostFolder() {
-  const fs::path folder = PathOf(HostFolderOfProgram());
+Text FreshHostFolder() {
+  const Text root = HostFolderOfProgram();
+  const fs::path folder = PathOf(root);
   std::error_code error;
   if (!fs::exists(folder / kMarkName, error)) throw RuntimeError(ErrorNumber::kPermissionDenied);
   for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
@@ -107,6 +111,22 @@ void EmptyHostFolder() {
     if (name == kMarkName || name == kProgramName || name == PathOf(kLibraryFileName)) continue;
     fs::remove_all(entry.path(), error);
     if (error) Fail(u"This cannot be removed", entry.path());
+  }
+  PutButtonPictures(root);
+  return root;
+}
+
+void PutButtonPictures(const Text& root) {
+  const std::pair<TextView, std::string_view> pictures[] = {
+      {kReleasedPicturePath, kReleasedPicture}, {kPressedPicturePath, kPressedPicture}};
+  for (const auto& [name, bytes] : pictures) {
+    const fs::path path = PathOf(Concat({root, name}));
+    std::error_code error;
+    fs::create_directories(path.parent_path(), error);
+    std::ofstream file(path, std::ios::binary);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (!file) Fail(u"This cannot be written", path);
   }
 }
 

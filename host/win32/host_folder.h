@@ -17,8 +17,11 @@ namespace quill::host {
 // The folder of this program, without a trailing backslash.
 [[nodiscard]] Text HostFolderOfProgram();
 
-// Removes everything but the program and the library. Fails with kPermissionDenied in a folder that
-// is no throw-away one.
-void EmptyHostFolder();
+// The same, with nothing left in it but the program, the library and the button pictures. Fails
+// with kPermissionDenied in a folder that is no throw-away one.
+[[nodiscard]] Text FreshHostFolder();
+
+// Puts the host's two button pictures under this folder.
+void PutButtonPictures(const Text& root);
 
 }  // namespace quill::host

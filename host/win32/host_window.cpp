@@ -12,7 +12,6 @@
 
 #include "host/cli/scenario_argument.h"
 #include "host/remote/relay.h"
-#include "host/story/button_pictures.h"
 #include "host/win32/host_folder.h"
 #include "host/win32/plugin_session.h"
 #include "host/win32/rights_collection.h"
@@ -20,7 +19,6 @@
 #include "support/number_text.h"
 #include "support/runtime_error.h"
 #include "win32/native_text.h"
-#include "win32/win32_file_system.h"
 
 namespace quill::host {
 namespace {
@@ -50,11 +48,9 @@ class HostWindow {
   HostWindow(const Text& scenario, const PluginLibrary& library, ContractLog& contract,
              std::function<void(const Text& line)> tell)
       : tell_(std::move(tell)),
-        root_(EmptiedHostFolder()),
+        root_(FreshHostFolder()),
         contract_(contract),
         session_(library, contract, root_) {
-    MakeFile(kReleasedPicturePath, kReleasedPicture);
-    MakeFile(kPressedPicturePath, kPressedPicture);
     RegisterWindowClass();
     MakeControls();
     TakeScenario(scenario.empty() ? Scenario() : ReadScenario(scenario));
@@ -84,18 +80,6 @@ class HostWindow {
   }
 
  private:
-  static Text EmptiedHostFolder() {
-    EmptyHostFolder();
-    return HostFolderOfProgram();
-  }
-
-  void MakeFile(TextView path, std::string_view bytes) {
-    const Text whole = Concat({root_, path});
-    const Text folder = whole.substr(0, whole.rfind(u'\\'));
-    if (!files_.FolderExists(folder)) files_.MakeFolder(folder);
-    session_.storage().Replace(whole, bytes);
-  }
-
   static void RegisterWindowClass() {
     WNDCLASSEXW host = {};
     host.cbSize = sizeof host;
@@ -320,7 +304,6 @@ class HostWindow {
 
   const std::function<void(const Text& line)> tell_;
   const Text root_;
-  win32::Win32FileSystem files_;
   ContractLog& contract_;
   std::function<void(const Breach& breach)> told_before_;
   PluginSession session_;

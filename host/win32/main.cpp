@@ -7,11 +7,14 @@
 #include <iostream>
 #include <vector>
 
+#include "host/cli/arguments.h"
 #include "host/cli/command_line.h"
 #include "host/win32/dialog_pictures.h"
+#include "host/win32/endurance.h"
 #include "host/win32/host_folder.h"
 #include "host/win32/host_window.h"
 #include "host/win32/native_stage.h"
+#include "support/number_text.h"
 #include "support/runtime_error.h"
 #include "win32/native_text.h"
 
@@ -23,7 +26,12 @@ constexpr TextView kPictures = u"--pictures";
 constexpr TextView kOwnHelp =
     u"\nWith the real library also:\n"
     u"  window [SCENARIO]   a host with a window of its own; the same without any command\n"
-    u"  run --pictures FOLDER SCENARIO   leaves pictures of the dialog there\n";
+    u"  run --pictures FOLDER SCENARIO   leaves pictures of the dialog there\n"
+    u"  endure [--cycles N]   loads and opens the plug-in N times (1000) and sends it ten times "
+    u"as\n"
+    u"                        many replies; exit code 1: something leaked\n";
+
+constexpr CommandOption kEndureOptions[] = {{u"--cycles", u"N", u""}};
 
 std::vector<Text> Words() {
   int count = 0;
@@ -59,29 +67,48 @@ class Apartment {
   HRESULT result_;
 };
 
+int PerformEndure(std::span<const Text> words, ContractLog& contract, Console& console) {
+  constexpr std::int32_t kMost = 1'000'000;
+  const Arguments arguments = ParseArguments(words, kEndureOptions);
+  if (!arguments.positional.empty()) throw UsageError(u"endure takes options only");
+  const Text cycles = arguments.Option(u"--cycles").value_or(u"1000");
+  // Ten are the fewest that can be compared.
+  if (!IsNumber(cycles) || ToInt32(cycles) < 10 || ToInt32(cycles) > kMost) {
+    throw UsageError(u"--cycles wants a number from 10 to 1000000");
+  }
+  const bool is_flat = Endure(LibraryBesideProgram(), ToInt32(cycles), contract,
+                              [&](const Text& line) { console.PrintLine(line); });
+  return is_flat ? kExitGood : kExitBad;
+}
+
+int PerformWithLibrary(std::vector<Text> words, ContractLog& contract, Console& console) {
+  const PluginLibrary library(LibraryBesideProgram());
+  if (words.empty() || words[0] == u"window") {
+    if (words.size() > 2) throw UsageError(u"window takes one scenario at most");
+    ShowHostWindow(words.size() == 2 ? words[1] : Text(), library, contract,
+                   [&](const Text& line) { console.PrintLine(line); });
+    return kExitGood;
+  }
+  CommandLineParts parts{[&] { return MakeNativeStage(library, contract); }, nullptr};
+  if (const auto folder = TakePicturesFolder(words)) {
+    parts.look = [&, pictures = DialogPictures(*folder)](Stage&, const Text& moment) {
+      pictures.Take(moment, [&](const Text& line) { console.PrintLine(line); });
+    };
+  }
+  const int code = RunCommandLine(words, parts, console);
+  if (words[0] == u"--help" || words[0] == u"-h") console.Print(kOwnHelp);
+  return code;
+}
+
 int Perform(std::vector<Text> words, Console& console) {
   const Apartment apartment;
   ContractLog contract;
   contract.on_breach = [&](const Breach& breach) {
     console.PrintLine(FromUtf8(BreachLine(breach)));
   };
-  const PluginLibrary library(LibraryBesideProgram());
-
-  int code = kExitGood;
-  if (words.empty() || words[0] == u"window") {
-    if (words.size() > 2) throw UsageError(u"window takes one scenario at most");
-    ShowHostWindow(words.size() == 2 ? words[1] : Text(), library, contract,
-                   [&](const Text& line) { console.PrintLine(line); });
-  } else {
-    CommandLineParts parts{[&] { return MakeNativeStage(library, contract); }, nullptr};
-    if (const auto folder = TakePicturesFolder(words)) {
-      parts.look = [&, pictures = DialogPictures(*folder)](Stage&, const Text& moment) {
-        pictures.Take(moment, [&](const Text& line) { console.PrintLine(line); });
-      };
-    }
-    code = RunCommandLine(words, parts, console);
-    if (words[0] == u"--help" || words[0] == u"-h") console.Print(kOwnHelp);
-  }
+  const int code = !words.empty() && words[0] == u"endure"
+                       ? PerformEndure(std::span<const Text>(words).subspan(1), contract, console)
+                       : PerformWithLibrary(std::move(words), contract, console);
   return code == kExitGood && !contract.breaches().empty() ? kExitBad : code;
 }
 

@@ -34,11 +34,6 @@ Text TruthName(const Text& shown) {
   return shown == u"1" ? u"true" : u"false";
 }
 
-Text EmptiedHostFolder() {
-  EmptyHostFolder();
-  return HostFolderOfProgram();
-}
-
 class NativeStage final : public Stage {
   // As in a host's own message loop, what was posted is handled before the next call.
   class LoopAfterCall {
@@ -67,11 +62,8 @@ class NativeStage final : public Stage {
 
  public:
   NativeStage(const PluginLibrary& library, ContractLog& contract)
-      : root_(EmptiedHostFolder()), session_(library, contract, root_) {
-    for (const Text& folder : {root_, Concat({root_, kKeptPictures})}) {
-      PutFile(Concat({folder, kReleasedPicturePath}), std::string(kReleasedPicture));
-      PutFile(Concat({folder, kPressedPicturePath}), std::string(kPressedPicture));
-    }
+      : root_(FreshHostFolder()), session_(library, contract, root_) {
+    PutButtonPictures(Concat({root_, kKeptPictures}));
   }
 
   [[nodiscard]] std::string Name() const override { return "native"; }

@@ -3,24 +3,44 @@
 #include "support/runtime_error.h"
 #include "win32/com/bstr.h"
 #include "win32/com/com_error.h"
-#include "win32/com/identifiers.h"
+#include "win32/com/record.h"
 #include "win32/com/variant.h"
 
 namespace quill::host {
 
 using com::Variant;
 
-PluginClient::PluginClient() : plugin_(com::LateBound::Create(com::kProgId)) {}
-
 Text PluginClient::DllVersion() {
   const Variant name = Variant::OfText(u"host");
   return com::TextOf(*plugin_.Call(u"dllVersion", {&name}).get());
 }
 
+namespace {
+
+// Wine's own clearing of a record leaves what its variants hold.
+class RecordInHand {
+ public:
+  explicit RecordInHand(const VARIANT& record) : record_(record) {
+    ULONG size = 0;
+    if (record.vt != VT_RECORD || FAILED(record.pRecInfo->GetSize(&size)) ||
+        size != sizeof(com::PluginRecord)) {
+      throw RuntimeError(ErrorNumber::kTypeMismatch);
+    }
+  }
+  ~RecordInHand() { com::ClearRecord(*static_cast<com::PluginRecord*>(record_.pvRecord)); }
+  RecordInHand(const RecordInHand&) = delete;
+  RecordInHand& operator=(const RecordInHand&) = delete;
+
+ private:
+  const VARIANT& record_;
+};
+
+}  // namespace
+
 Text PluginClient::Field(const Text& name) {
   const Variant data = plugin_.Call(u"GetData", {});
   const VARIANT& record = *data.get();
-  if (record.vt != VT_RECORD) throw RuntimeError(ErrorNumber::kTypeMismatch);
+  const RecordInHand in_hand(record);
   Variant field;
   void* array = nullptr;
   const HRESULT result =

@@ -1,8 +1,9 @@
-// The plug-in object as the host holds it: created by name, called late-bound as a host in a script
+// The plug-in object as the host holds it: called late-bound as a host in a script
 // language calls it.
 #pragma once
 
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "support/text.h"
@@ -13,7 +14,7 @@ namespace quill::host {
 
 class PluginClient {
  public:
-  PluginClient();
+  explicit PluginClient(com::LateBound plugin) : plugin_(std::move(plugin)) {}
 
   [[nodiscard]] Text DllVersion();
   // A field of the information record: text, "true" or "false", the elements of an array joined by

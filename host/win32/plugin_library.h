@@ -2,25 +2,21 @@
 // needed, and left as it was found.
 #pragma once
 
-#include "support/text.h"
-#include "win32/com/automation.h"
+#include "host/win32/loaded_library.h"
 
 namespace quill::host {
 
-class PluginLibrary {
+class PluginLibrary final : public LoadedLibrary {
  public:
   // Registers the library at `path` through its own entry point, for the machine or, where that is
   // not allowed, for the user. Fails with a RuntimeError that says what went wrong.
   explicit PluginLibrary(const Text& path);
-  ~PluginLibrary();
-  PluginLibrary(const PluginLibrary&) = delete;
-  PluginLibrary& operator=(const PluginLibrary&) = delete;
+  ~PluginLibrary() override;
 
-  // What the library itself answers: nothing keeps it loaded.
-  [[nodiscard]] bool CanUnload() const noexcept;
+  // By its name, as any host creates it.
+  [[nodiscard]] com::LateBound MakePlugin() const override;
 
  private:
-  HMODULE module_ = nullptr;
   bool for_user_ = false;
 };
 

@@ -23,7 +23,7 @@ PluginSession::RunningCall::RunningCall(PluginSession& session) : session_(sessi
   ++session_.running_calls_;
 }
 
-PluginSession::PluginSession(const PluginLibrary& library, ContractLog& contract, const Text& root)
+PluginSession::PluginSession(const LoadedLibrary& library, ContractLog& contract, const Text& root)
     : library_(library),
       contract_(contract),
       storage_([](TextView path) { return std::filesystem::path(Text(path)); }),
@@ -49,7 +49,7 @@ PluginSession::~PluginSession() {
 }
 
 PluginClient& PluginSession::Plugin() {
-  if (!plugin_) plugin_.emplace();
+  if (!plugin_) plugin_.emplace(library_.MakePlugin());
   return *plugin_;
 }
 

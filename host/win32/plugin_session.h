@@ -11,8 +11,8 @@
 #include "host/story/breakable_file_kit.h"
 #include "host/win32/contract_log.h"
 #include "host/win32/kit_classes.h"
+#include "host/win32/loaded_library.h"
 #include "host/win32/plugin_client.h"
-#include "host/win32/plugin_library.h"
 #include "win32/win32_file_system.h"
 
 namespace quill::host {
@@ -20,7 +20,7 @@ namespace quill::host {
 class PluginSession {
  public:
   // Library and log outlive the session. `root` is the host's root folder.
-  PluginSession(const PluginLibrary& library, ContractLog& contract, const Text& root);
+  PluginSession(const LoadedLibrary& library, ContractLog& contract, const Text& root);
   // Releases the plug-in and notes what of the contract was not kept.
   ~PluginSession();
   PluginSession(const PluginSession&) = delete;
@@ -51,7 +51,7 @@ class PluginSession {
   PluginClient& Plugin();
   void KitIsCreated(TextView prog_id);
 
-  const PluginLibrary& library_;
+  const LoadedLibrary& library_;
   ContractLog& contract_;
   const DWORD thread_ = ::GetCurrentThreadId();
   win32::Win32FileSystem files_;

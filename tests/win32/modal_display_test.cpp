@@ -1,9 +1,7 @@
 // A modal display among the host's own windows and loops, and what is left when dialogs are gone.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstring>
-
+#include "host/win32/leak_watch.h"
 #include "tests/win32/native_bench.h"
 #include "ui/text_box.h"
 
@@ -110,78 +108,21 @@ TEST(ModalDisplay, TasksWaitForTheEndOfTheEvent) {
   EXPECT_FALSE(ran);
 }
 
-BOOL CALLBACK CountOne(HWND, LPARAM counter) {
-  ++*reinterpret_cast<int*>(counter);
-  return TRUE;
-}
-BOOL CALLBACK CountAll(HWND window, LPARAM counter) {
-  EnumChildWindows(window, &CountOne, counter);
-  return CountOne(window, counter);
-}
-int CountWindows() {
-  int count = 0;
-  EnumThreadWindows(GetCurrentThreadId(), &CountAll, reinterpret_cast<LPARAM>(&count));
-  return count;
-}
-
-const char* PointerAt(const char* place) {
-  std::uint64_t pointer = 0;  // of the wide form, in a 32-bit process too
-  std::memcpy(&pointer, place, sizeof pointer);
-  return reinterpret_cast<const char*>(static_cast<std::uintptr_t>(pointer));
-}
-
-const char* CallNtdll(const char* name) {
-  using Function = const char*(WINAPI*)();
-  return reinterpret_cast<Function>(
-      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), name)))();
-}
-
-// The process's 64-bit block; a 32-bit process reaches it through its thread's.
-const char* WideProcessBlock() {
-  if constexpr (sizeof(void*) == 8) return CallNtdll("RtlGetCurrentPeb");
-  std::uint32_t thread_block = 0;
-  std::memcpy(&thread_block, CallNtdll("NtCurrentTeb") + 0xF70, sizeof thread_block);
-  return PointerAt(reinterpret_cast<const char*>(static_cast<std::uintptr_t>(thread_block)) + 0x60);
-}
-
-// Wine does not count them for GetGuiResources; there the process's own table of handles tells.
-int CountGdiObjects() {
-  if (const DWORD count = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS)) {
-    return static_cast<int>(count);
-  }
-  struct Entry {
-    std::uint64_t object;
-    std::uint32_t owner;
-    std::uint16_t generation;
-    std::uint8_t type;
-    std::uint8_t flags;
-    std::uint64_t user;
-  };
-  static_assert(sizeof(Entry) == 24);
-  constexpr std::size_t kEntries = 0x4000;
-  const auto* const table = reinterpret_cast<const Entry*>(PointerAt(WideProcessBlock() + 0xF8));
-  return static_cast<int>(
-      std::count_if(table, table + kEntries, [](const Entry& entry) { return entry.type != 0; }));
-}
-
 TEST(ModalDisplay, OpeningAndClosingLeavesNothingBehind) {
   NativeBench bench;
-  const auto cycle = [&] {
+  constexpr int kCycles = 30;
+  host::LeakWatch watch(kCycles);
+  for (int cycle = 0; cycle < kCycles; ++cycle) {
     bench.Show([&](frmrcBHDGS& dialog) {
       bench.PickMod(u"Team Sabre");
       dialog.Unload();
     });
     DrainMessages();
-  };
-  for (int i = 0; i < 3; ++i) cycle();
-  const int windows = CountWindows();
-  const int gdi = CountGdiObjects();
-  EXPECT_GT(gdi, 0) << "nothing is counted";
-  for (int i = 0; i < 20; ++i) {
-    cycle();
+    watch.CycleDone();
   }
-  EXPECT_EQ(CountWindows(), windows);
-  EXPECT_EQ(CountGdiObjects(), gdi);
+  for (const host::LeakWatch::Course& course : watch.Courses()) {
+    EXPECT_FALSE(course.grew()) << ToUtf8(host::ResourceName(course.resource));
+  }
   EXPECT_EQ(GlobalFindAtomW(L"lstRespawn"), 0) << "names are given back";
 }
 

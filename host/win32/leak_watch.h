@@ -1,0 +1,34 @@
+// Whether work that is repeated leaves something behind in this process.
+#pragma once
+
+#include <vector>
+
+#include "host/win32/resource_counters.h"
+
+namespace quill::host {
+
+class LeakWatch {
+ public:
+  // The first tenth of the cycles warms up: what the system keeps from then on is no leak.
+  explicit LeakWatch(int cycles);
+
+  // To be called after each cycle. Counts ten times in all.
+  void CycleDone();
+
+  // Per resource the least count of the first half after warming up, and of the second half: what
+  // is taken in turns is seen at its lowest, what leaks goes up all the time.
+  struct Course {
+    Resource resource;
+    long before;
+    long after;
+    [[nodiscard]] bool grew() const noexcept;
+  };
+  [[nodiscard]] std::vector<Course> Courses() const;
+
+ private:
+  int cycles_;
+  int done_ = 0;
+  std::vector<ResourceCounts> samples_;
+};
+
+}  // namespace quill::host
