@@ -11,6 +11,8 @@ QUILL_PACKAGES_tidy="clang-tidy-16"
 QUILL_PACKAGES_coverage="lcov"
 QUILL_PACKAGES_cross="g++-mingw-w64-x86-64-posix mingw-w64-tools libz-mingw-w64-dev"
 QUILL_PACKAGES_cross32="g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-dev"
+# Installer and archive.
+QUILL_PACKAGES_package="nsis zip git"
 # The fonts make dialog units and text widths come out as on Windows.
 QUILL_PACKAGES_wine="wine wine64 fonts-wine fonts-liberation"
 QUILL_PACKAGES_bench="libbenchmark-dev"

@@ -1,0 +1,63 @@
+// A host in small: creates a class, tells which file it came from, and keeps the library loaded
+// while it runs a command.
+//
+//   library_user CLASS [COMMAND LINE]     CLASS: a programmatic name, a {class identifier}, or -
+#include <objbase.h>
+#include <windows.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace {
+
+int Fail(const char* what, long code) {
+  std::printf("%s failed: %08lx\n", what, static_cast<unsigned long>(code));
+  return 1;
+}
+
+std::wstring Wide(const char* text) {
+  std::vector<wchar_t> wide(std::string(text).size() + 1);
+  ::MultiByteToWideChar(CP_ACP, 0, text, -1, wide.data(), static_cast<int>(wide.size()));
+  return wide.data();
+}
+
+int RunWhileLoaded(std::wstring command) {
+  STARTUPINFOW start{};
+  start.cb = sizeof start;
+  PROCESS_INFORMATION process{};
+  if (!::CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &start, &process)) {
+    return Fail("starting the command", static_cast<long>(::GetLastError()));
+  }
+  ::WaitForSingleObject(process.hProcess, INFINITE);
+  DWORD code = 0;
+  ::GetExitCodeProcess(process.hProcess, &code);
+  std::printf("exit code %lu\n", code);
+  return 0;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  if (count < 2) return 2;
+  const std::wstring name = Wide(arguments[1]);
+  IUnknown* object = nullptr;
+  static_cast<void>(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
+  if (name != L"-") {
+    CLSID id{};
+    HRESULT result = ::CLSIDFromString(name.c_str(), &id);
+    if (FAILED(result)) return Fail("finding the class", result);
+    result = ::CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                                reinterpret_cast<void**>(&object));
+    if (FAILED(result)) return Fail("creating the class", result);
+    char file[MAX_PATH] = "";
+    ::GetModuleFileNameA(::GetModuleHandleA("kvrrcBHDGS.dll"), file, MAX_PATH);
+    std::printf("created from %s\n", file);
+  }
+  const int result = count > 2 ? RunWhileLoaded(Wide(arguments[2])) : 0;
+  if (object != nullptr) object->Release();
+  ::CoUninitialize();
+  std::printf("done\n");
+  return result;
+}
