@@ -6,9 +6,17 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 # Assertions stay on in every flavour, so no flavour defines NDEBUG.
-set(CMAKE_CXX_FLAGS_RELEASE "-O2")
-set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g")
-set(CMAKE_CXX_FLAGS_MINSIZEREL "-Os")
+if(MSVC)
+  string(REPLACE "/DNDEBUG" "" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
+  string(REPLACE "/DNDEBUG" "" CMAKE_CXX_FLAGS_RELWITHDEBINFO "${CMAKE_CXX_FLAGS_RELWITHDEBINFO}")
+  string(REPLACE "/DNDEBUG" "" CMAKE_CXX_FLAGS_MINSIZEREL "${CMAKE_CXX_FLAGS_MINSIZEREL}")
+  # The library carries its runtime with it, so that it needs nothing but the system.
+  set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+else()
+  set(CMAKE_CXX_FLAGS_RELEASE "-O2")
+  set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g")
+  set(CMAKE_CXX_FLAGS_MINSIZEREL "-Os")
+endif()
 
 find_program(QUILL_CCACHE ccache)
 mark_as_advanced(QUILL_CCACHE)
@@ -18,26 +26,36 @@ if(QUILL_CCACHE)
 endif()
 
 add_library(quill_compile_options INTERFACE)
-target_compile_options(quill_compile_options INTERFACE
-  $<$<COMPILE_LANGUAGE:CXX>:-Wall>
-  $<$<COMPILE_LANGUAGE:CXX>:-Wextra>
-  $<$<COMPILE_LANGUAGE:CXX>:-Wpedantic>
-  $<$<COMPILE_LANGUAGE:CXX>:-Wshadow>
-  $<$<COMPILE_LANGUAGE:CXX>:-Wconversion>
-  # Clang counts signed/unsigned index arithmetic into -Wconversion, GCC does not. Container
-  # indices make it noise; -Wconversion still reports every narrowing.
-  $<$<COMPILE_LANGUAGE:CXX>:-Wno-sign-conversion>
-  # The platform's automation interfaces have no virtual destructors: objects delete themselves.
-  $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<NOT:$<BOOL:${WIN32}>>>:-Wnon-virtual-dtor>
-  $<$<COMPILE_LANGUAGE:CXX>:-Werror>
-  # Sections let the linker drop what the library does not use.
-  $<$<COMPILE_LANGUAGE:CXX>:-ffunction-sections>
-  $<$<COMPILE_LANGUAGE:CXX>:-fdata-sections>
-  # The compiler's name in every object would end up in the library, once for each of them.
-  $<$<COMPILE_LANGUAGE:CXX>:-fno-ident>
-  # Build paths in objects would make the library depend on where it was built.
-  $<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>
-)
+if(MSVC)
+  # No warning ends the build here, because nobody of this project has seen this compiler's.
+  target_compile_options(quill_compile_options INTERFACE
+    $<$<COMPILE_LANGUAGE:CXX>:/W4>
+    $<$<COMPILE_LANGUAGE:CXX>:/permissive->
+    $<$<COMPILE_LANGUAGE:CXX>:/utf-8>
+    $<$<COMPILE_LANGUAGE:CXX>:/Zc:__cplusplus>
+    $<$<COMPILE_LANGUAGE:CXX>:/Zc:preprocessor>)
+else()
+  target_compile_options(quill_compile_options INTERFACE
+    $<$<COMPILE_LANGUAGE:CXX>:-Wall>
+    $<$<COMPILE_LANGUAGE:CXX>:-Wextra>
+    $<$<COMPILE_LANGUAGE:CXX>:-Wpedantic>
+    $<$<COMPILE_LANGUAGE:CXX>:-Wshadow>
+    $<$<COMPILE_LANGUAGE:CXX>:-Wconversion>
+    # Clang counts signed/unsigned index arithmetic into -Wconversion, GCC does not. Container
+    # indices make it noise; -Wconversion still reports every narrowing.
+    $<$<COMPILE_LANGUAGE:CXX>:-Wno-sign-conversion>
+    # The platform's automation interfaces have no virtual destructors: objects delete themselves.
+    $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<NOT:$<BOOL:${WIN32}>>>:-Wnon-virtual-dtor>
+    $<$<COMPILE_LANGUAGE:CXX>:-Werror>
+    # Sections let the linker drop what the library does not use.
+    $<$<COMPILE_LANGUAGE:CXX>:-ffunction-sections>
+    $<$<COMPILE_LANGUAGE:CXX>:-fdata-sections>
+    # The compiler's name in every object would end up in the library, once for each of them.
+    $<$<COMPILE_LANGUAGE:CXX>:-fno-ident>
+    # Build paths in objects would make the library depend on where it was built.
+    $<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>
+  )
+endif()
 # Cheap checks of container indices, on in every flavour for the same reason as assertions; the
 # size-limited Windows library relies on its own range checks instead.
 if(NOT WIN32)
@@ -67,16 +85,17 @@ endif()
 
 # What a shared library for Windows needs to be small, self-contained and reproducible.
 add_library(quill_dll_flags INTERFACE)
-if(WIN32)
+if(MSVC)
+  # The same bytes twice, and what nobody calls left out.
+  target_link_options(quill_dll_flags INTERFACE /Brepro /OPT:REF /OPT:ICF)
+elseif(WIN32)
   # Slimmer stand-ins for parts of the C++ runtime library; tests/mingw tries them.
   target_sources(quill_dll_flags INTERFACE
     "${PROJECT_SOURCE_DIR}/cmake/mingw/emergency_memory.cpp"
     "${PROJECT_SOURCE_DIR}/cmake/mingw/exception_state.cpp"
-    "${PROJECT_SOURCE_DIR}/cmake/mingw/former_strings.cpp"
-    "${PROJECT_SOURCE_DIR}/cmake/mingw/present_strings.cpp"
+    "${PROJECT_SOURCE_DIR}/cmake/mingw/library_failures.cpp"
     "${PROJECT_SOURCE_DIR}/cmake/mingw/quiet_terminate.cpp"
-    "${PROJECT_SOURCE_DIR}/cmake/mingw/small_locks.cpp"
-    "${PROJECT_SOURCE_DIR}/cmake/mingw/static_guards.cpp")
+    "${PROJECT_SOURCE_DIR}/cmake/mingw/small_locks.cpp")
   target_link_options(quill_dll_flags INTERFACE
     -static
     -s

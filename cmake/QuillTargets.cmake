@@ -155,7 +155,7 @@ function(quill_add_library_checks target)
               -P ${PROJECT_SOURCE_DIR}/cmake/check_library.cmake)
     set_tests_properties(library.other_libraries_are_noticed PROPERTIES
       PASS_REGULAR_EXPRESSION
-      "bytes large, more than 1000.*it exports ProbeLastErrorKept.*instead of DllCanUnloadNow")
+      "bytes large, more than 1000.*it exports ProbeLibraryExceptions.*instead of DllCanUnloadNow")
     cmake_path(GET CMAKE_TOOLCHAIN_FILE FILENAME toolchain)
     add_test(NAME library.builds_to_the_same_bytes_twice
       COMMAND ${CMAKE_COMMAND} -DLIBRARY=$<TARGET_FILE:${target}> -DROOT=${PROJECT_SOURCE_DIR}

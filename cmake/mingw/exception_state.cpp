@@ -1,10 +1,14 @@
 // Where a thread keeps the exceptions that it is handling. The runtime library's own version lies
-// on emulated thread-local variables, for which it brings most of a threads library along; Windows'
-// thread-local slots do the same in a few lines. The state of a thread is freed when it ends, and
-// the slot when the library is unloaded.
-#include <windows.h>
+// on emulated thread-local variables, which take a thread-local slot and a lock that are not given
+// back when a library is unloaded: a host that loads and unloads it a thousand times would run out.
+// Here it is a thread-local variable of the platform's own kind, as the platform's compilers make
+// them: the loader lays one out for each thread, those that are there before the library too, and
+// takes them away with the thread or the library. There is no moment at which it can fail.
 
-#include <cstdlib>
+// The compiler takes the thread's block, which begins at address 0 of its segment, for a null
+// array.
+#pragma GCC diagnostic ignored "-Warray-bounds"
+#include <windows.h>
 
 namespace __cxxabiv1 {
 
@@ -14,73 +18,40 @@ struct __cxa_eh_globals {
   unsigned int uncaught_exceptions;
 };
 
+}  // namespace __cxxabiv1
+
+// Tells the loader about this library's thread-local variables; made by the C runtime.
+extern "C" const IMAGE_TLS_DIRECTORY _tls_used;
+
 namespace {
 
-constexpr DWORD kNoSlot = TLS_OUT_OF_INDEXES;
+using __cxxabiv1::__cxa_eh_globals;
 
-LONG slot_to_be = static_cast<LONG>(kNoSlot);
+// Each thread's copy begins as this one, which nobody uses.
+[[gnu::section(".tls$")]] __cxa_eh_globals initial_state = {};
 
-DWORD Slot() noexcept {
-  return static_cast<DWORD>(__atomic_load_n(&slot_to_be, __ATOMIC_ACQUIRE));
+// The copies of all libraries, by their index; those of this library in the order of the originals.
+// The twelfth word of a thread's block, fixed for all programs that the platform's compilers made.
+char* const* CopiesOfThisThread() noexcept {
+  return reinterpret_cast<char* const* const*>(NtCurrentTeb())[11];
 }
 
-// For the time after the unloading began, when only one thread is left in here.
-bool is_unloading = false;
-__cxa_eh_globals last_state;
-
-DWORD MakeSlot() noexcept {
-  const DWORD made = TlsAlloc();
-  if (made == kNoSlot) std::abort();
-  const auto before = static_cast<DWORD>(
-      InterlockedCompareExchange(&slot_to_be, static_cast<LONG>(made), static_cast<LONG>(kNoSlot)));
-  if (before == kNoSlot) return made;
-  TlsFree(made);
-  return before;
+__cxa_eh_globals* StateOfThisThread() noexcept {
+  const auto index = *reinterpret_cast<const DWORD*>(_tls_used.AddressOfIndex);
+  const auto offset = reinterpret_cast<ULONG_PTR>(&initial_state) - _tls_used.StartAddressOfRawData;
+  return reinterpret_cast<__cxa_eh_globals*>(CopiesOfThisThread()[index] + offset);
 }
-
-void FreeStateOfThisThread(DWORD slot) noexcept {
-  std::free(TlsGetValue(slot));
-  TlsSetValue(slot, nullptr);
-}
-
-void NTAPI OnThreadOrLibraryEnd(void*, DWORD reason, void*) noexcept {
-  const DWORD slot = Slot();
-  if (slot == kNoSlot) return;
-  if (reason == DLL_THREAD_DETACH) {
-    FreeStateOfThisThread(slot);
-  } else if (reason == DLL_PROCESS_DETACH) {
-    FreeStateOfThisThread(slot);
-    is_unloading = true;
-    __atomic_store_n(&slot_to_be, static_cast<LONG>(kNoSlot), __ATOMIC_RELEASE);
-    TlsFree(slot);
-  }
-}
-
-// The linker gathers these sections into the list of functions that the loader calls.
-[[gnu::section(".CRT$XLD"), gnu::used]] const PIMAGE_TLS_CALLBACK kOnThreadOrLibraryEnd =
-    OnThreadOrLibraryEnd;
 
 }  // namespace
 
+namespace __cxxabiv1 {
+
 extern "C" __cxa_eh_globals* __cxa_get_globals() noexcept {
-  DWORD slot = Slot();
-  if (slot == kNoSlot) {
-    if (is_unloading) return &last_state;
-    slot = MakeSlot();
-  }
-  // Asking a slot resets the last error, which a handler may be about to look at.
-  const DWORD last_error = GetLastError();
-  void* state = TlsGetValue(slot);
-  if (state == nullptr) {
-    state = std::calloc(1, sizeof(__cxa_eh_globals));
-    if (state == nullptr || !TlsSetValue(slot, state)) std::abort();
-  }
-  SetLastError(last_error);
-  return static_cast<__cxa_eh_globals*>(state);
+  return StateOfThisThread();
 }
 
 extern "C" __cxa_eh_globals* __cxa_get_globals_fast() noexcept {
-  return __cxa_get_globals();
+  return StateOfThisThread();
 }
 
 }  // namespace __cxxabiv1

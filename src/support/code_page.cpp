@@ -6,9 +6,8 @@
 #include "support/runtime_error.h"
 
 namespace quill {
-namespace {
 
-std::array<char16_t, 256> Windows1252Units() {
+std::array<char16_t, 256> CodePage::Windows1252Units() noexcept {
   constexpr char16_t kFrom80To9F[] = {
       0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  //
       0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,  //
@@ -22,8 +21,6 @@ std::array<char16_t, 256> Windows1252Units() {
   std::copy(std::begin(kFrom80To9F), std::end(kFrom80To9F), units.begin() + 0x80);
   return units;
 }
-
-}  // namespace
 
 CodePage::CodePage(const std::array<char16_t, 256>& units) : units_(units) {
   Row unknown;
@@ -44,11 +41,6 @@ CodePage::CodePage(const std::array<char16_t, 256>& units) : units_(units) {
     const bool taken = byte >= 0x80 && (unit < 0x80 || entry != '?');
     if (!taken) entry = static_cast<std::uint8_t>(byte);
   }
-}
-
-const CodePage& CodePage::Windows1252() {
-  static const CodePage page(Windows1252Units());
-  return page;
 }
 
 void CodePage::ToBytes(TextView text, std::span<std::uint8_t> bytes) const noexcept {

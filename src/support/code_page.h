@@ -19,7 +19,12 @@ class CodePage {
 
   // Windows-1252 with the five bytes that it leaves undefined mapped to the C1 controls of the same
   // value (as Windows does), so that every byte survives both ways.
-  [[nodiscard]] static const CodePage& Windows1252();
+  [[nodiscard]] static std::array<char16_t, 256> Windows1252Units() noexcept;
+  // The page of these, made on first use.
+  [[nodiscard]] static const CodePage& Windows1252() {
+    static const CodePage page(Windows1252Units());
+    return page;
+  }
 
   [[nodiscard]] char16_t ToUnit(std::uint8_t byte) const noexcept { return units_[byte]; }
   // The byte of `unit`; '?' for a unit that the page does not hold.

@@ -1,7 +1,6 @@
 #include "support/runtime_error.h"
 
 #include <new>
-#include <stdexcept>
 
 namespace quill {
 namespace {
@@ -87,8 +86,6 @@ RuntimeError CurrentRuntimeError() noexcept {
   } catch (const RuntimeError& error) {
     return error;
   } catch (const std::bad_alloc&) {
-    return RuntimeError(ErrorNumber::kOutOfMemory);
-  } catch (const std::length_error&) {
     return RuntimeError(ErrorNumber::kOutOfMemory);
   } catch (const std::exception& error) {
     try {

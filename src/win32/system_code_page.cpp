@@ -9,15 +9,16 @@ CodePage SystemCodePage() {
 }
 
 CodePage CodePageOfNumber(unsigned number) {
+  const auto windows_1252 = [] { return CodePage(CodePage::Windows1252Units()); };
   CPINFO info = {};
-  if (!GetCPInfo(number, &info) || info.MaxCharSize != 1) return CodePage::Windows1252();
+  if (!GetCPInfo(number, &info) || info.MaxCharSize != 1) return windows_1252();
 
   std::array<char16_t, 256> units{};
   for (unsigned byte = 0; byte < units.size(); ++byte) {
     const char source = static_cast<char>(byte);
     wchar_t unit = 0;
-    if (MultiByteToWideChar(number, 0, &source, 1, &unit, 1) != 1) return CodePage::Windows1252();
-    if (byte < 128 && unit != byte) return CodePage::Windows1252();
+    if (MultiByteToWideChar(number, 0, &source, 1, &unit, 1) != 1) return windows_1252();
+    if (byte < 128 && unit != byte) return windows_1252();
     units[byte] = unit;
   }
   return CodePage(units);

@@ -24,7 +24,10 @@ struct Library::Runtime {
   mdlBHDGS module{Platform{toolkit, files, paths, clock, code_page, services}};
 };
 
-Library::Library() noexcept = default;
+constexpr Library::Library() noexcept = default;
+
+// Complete before the loader runs any code of the library.
+constinit Library Library::only_;
 
 // Runs under the loader's lock, when COM was not asked or would not let go: what is still in use
 // cannot be ended there, so it is left.
@@ -34,8 +37,7 @@ Library::~Library() {
 }
 
 Library& Library::Get() noexcept {
-  static Library library;
-  return library;
+  return only_;
 }
 
 Text Library::FilePath() const {

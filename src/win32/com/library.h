@@ -44,9 +44,11 @@ class Library {
  private:
   struct Runtime;
 
-  Library() noexcept;
+  constexpr Library() noexcept;
   ~Library();
   [[nodiscard]] ComPtr<ITypeInfo> TypeInfo(REFGUID id);
+
+  static Library only_;
 
   HINSTANCE instance_ = nullptr;
   std::atomic<long> uses_ = 0;
