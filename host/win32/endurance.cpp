@@ -42,11 +42,11 @@ class Run {
       line += Concat({course.resource == Resource{} ? u" " : u", ", ResourceName(course.resource),
                       u" ", Decimal(course.before)});
       if (course.after != course.before) line += Concat({u" -> ", Decimal(course.after)});
-      is_flat = is_flat && !course.grew();
+      is_flat = is_flat && !course.grew;
     }
     tell_(line);
     for (const LeakWatch::Course& course : watch_.Courses()) {
-      if (!course.grew()) continue;
+      if (!course.grew) continue;
       tell_(Concat({u"leak: ", ResourceName(course.resource), u" grew by ",
                     Decimal(course.after - course.before)}));
     }
@@ -129,6 +129,9 @@ class DialogRuns {
         if (reply % kDamagedReply == 0) {
           Deliver(damaged_reply_);
           ++damaged;
+          // The host's own notes of it are no leak.
+          (void)session_.script().TakeLog();
+          (void)session_.script().TakeReports();
         } else {
           Deliver(later_reply_);
         }

@@ -23,22 +23,25 @@ void LeakWatch::CycleDone() {
 }
 
 std::vector<LeakWatch::Course> LeakWatch::Courses() const {
-  const auto least = [](auto begin, auto end, std::size_t at) {
-    long count = (*begin)[at];
-    for (; begin != end; ++begin) count = std::min(count, (*begin)[at]);
-    return count;
-  };
   const auto middle = samples_.begin() + static_cast<std::ptrdiff_t>(samples_.size() / 2);
   std::vector<Course> courses;
   for (std::size_t at = 0; at < kResourceCount; ++at) {
-    courses.push_back({static_cast<Resource>(at), least(samples_.begin(), middle, at),
-                       least(middle, samples_.end(), at)});
+    const auto is_less = [at](const ResourceCounts& a, const ResourceCounts& b) {
+      return a[at] < b[at];
+    };
+    const auto is_not_less = [&](const auto& a, const auto& b) { return !is_less(a, b); };
+    const auto resource = static_cast<Resource>(at);
+    const long before = (*std::min_element(samples_.begin(), middle, is_less))[at];
+    const long after = (*std::min_element(middle, samples_.end(), is_less))[at];
+    bool grew = after > before;
+    if (resource == Resource::kHeapBlocks || resource == Resource::kHeapBytes) {
+      const long allowance = cycles_ / 25 * (resource == Resource::kHeapBytes ? 400 : 1);
+      const bool rises = std::adjacent_find(middle, samples_.end(), is_not_less) == samples_.end();
+      grew = grew && (rises || after - before > allowance);
+    }
+    courses.push_back({resource, before, after, grew});
   }
   return courses;
-}
-
-bool LeakWatch::Course::grew() const noexcept {
-  return after > before;
 }
 
 }  // namespace quill::host

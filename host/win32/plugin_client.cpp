@@ -17,30 +17,38 @@ Text PluginClient::DllVersion() {
 
 namespace {
 
-// Wine's own clearing of a record leaves what its variants hold.
-class RecordInHand {
+// The record in a variant, taken out of it: when Wine clears such a variant, it gives back neither
+// the record's memory nor what the variants inside hold.
+class TakenRecord {
  public:
-  explicit RecordInHand(const VARIANT& record) : record_(record) {
+  explicit TakenRecord(Variant variant) : variant_(variant.Detach()) {
     ULONG size = 0;
-    if (record.vt != VT_RECORD || FAILED(record.pRecInfo->GetSize(&size)) ||
-        size != sizeof(com::PluginRecord)) {
-      throw RuntimeError(ErrorNumber::kTypeMismatch);
+    if (variant_.vt == VT_RECORD && SUCCEEDED(variant_.pRecInfo->GetSize(&size)) &&
+        size == sizeof(com::PluginRecord)) {
+      return;
     }
+    ::VariantClear(&variant_);
+    throw RuntimeError(ErrorNumber::kTypeMismatch);
   }
-  ~RecordInHand() { com::ClearRecord(*static_cast<com::PluginRecord*>(record_.pvRecord)); }
-  RecordInHand(const RecordInHand&) = delete;
-  RecordInHand& operator=(const RecordInHand&) = delete;
+  ~TakenRecord() {
+    com::ClearRecord(*static_cast<com::PluginRecord*>(variant_.pvRecord));
+    variant_.pRecInfo->RecordDestroy(variant_.pvRecord);
+    variant_.pRecInfo->Release();
+  }
+  TakenRecord(const TakenRecord&) = delete;
+  TakenRecord& operator=(const TakenRecord&) = delete;
+
+  [[nodiscard]] const VARIANT& get() const noexcept { return variant_; }
 
  private:
-  const VARIANT& record_;
+  VARIANT variant_;
 };
 
 }  // namespace
 
 Text PluginClient::Field(const Text& name) {
-  const Variant data = plugin_.Call(u"GetData", {});
-  const VARIANT& record = *data.get();
-  const RecordInHand in_hand(record);
+  const TakenRecord taken(plugin_.Call(u"GetData", {}));
+  const VARIANT& record = taken.get();
   Variant field;
   void* array = nullptr;
   const HRESULT result =

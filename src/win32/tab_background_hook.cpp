@@ -27,6 +27,25 @@ void Mix(HDC context, const RECT& area, const ui::PictureBox& box, DWORD operati
              peer->inner_size().cy, operation);
 }
 
+// The box's colour comes back, whatever happens to the picture in between.
+class KeptColour {
+ public:
+  explicit KeptColour(ui::PictureBox& box) noexcept : box_(box), colour_(box.back_colour()) {}
+  ~KeptColour() {
+    try {
+      box_.SetBackColour(colour_);
+    } catch (...) {
+      // The next painting tries again.
+    }
+  }
+  KeptColour(const KeptColour&) = delete;
+  KeptColour& operator=(const KeptColour&) = delete;
+
+ private:
+  ui::PictureBox& box_;
+  const ui::Colour colour_;
+};
+
 void Paint(HWND window, ui::PictureBox& box) {
   RECT area;
   GetClientRect(window, &area);
@@ -43,10 +62,11 @@ void Paint(HWND window, ui::PictureBox& box) {
 
   if (!IsHighContrast()) {
     SetStretchBltMode(memory, COLORONCOLOR);
-    const ui::Colour colour = box.back_colour();
-    box.SetBackColour(kButtonFace);
-    Mix(memory, area, box, kMergePaint);
-    box.SetBackColour(colour);
+    {
+      const KeptColour kept(box);
+      box.SetBackColour(kButtonFace);
+      Mix(memory, area, box, kMergePaint);
+    }
     Mix(memory, area, box, kSourceAnd);
   }
 
