@@ -40,12 +40,12 @@ Text FaceName(const DialogButton& button) {
   return Concat({button.name, ui::kFaceSuffix});
 }
 
-// A picture that has gone since the dialog was built leaves the old one showing; the operator's
-// press counts all the same.
+// A picture that has gone since the dialog was built, or that there is no memory for, leaves the
+// old one showing; the operator's press counts all the same.
 void ShowState(frmrcBHDGS& dialog, const DialogButton& button, TextView state) {
   try {
     ui::SetButtonState(dialog, FaceName(button), state, dialog.context().HostRoot);
-  } catch (const RuntimeError&) {
+  } catch (...) {
   }
 }
 

@@ -100,6 +100,7 @@ void FillNumberLists(ui::Form& form) {
         const Text item = Decimal(number);
         for (ui::ListBox* list : lists) list->AddItem(item);
       }
+      for (ui::ListBox::Refill& refill : refills) refill.Finish();
     }
     option = next;
   }

@@ -2,6 +2,7 @@
 #include "dialog/frmrcBHDGS.h"
 
 #include <algorithm>
+#include <exception>
 #include <iterator>
 
 #include "dialog/dialog_buttons.h"
@@ -113,9 +114,16 @@ int frmrcBHDGS::GameTypeIndex(TextView name) const noexcept {
 void frmrcBHDGS::tsMain_Click() {
   const TextView chosen = tsMain.SelectedCaption();
   if (chosen != kServerPage && chosen != kMapPage && chosen != kMiscPage) return;
+  // One that cannot be shown or hidden does not keep the others from it.
+  std::exception_ptr failure;
   for (ui::Frame* page : {&fmeServer, &fmeMap, &fmeMisc}) {
-    page->SetVisible(page->caption() == chosen);
+    try {
+      page->SetVisible(page->caption() == chosen);
+    } catch (...) {
+      failure = std::current_exception();
+    }
   }
+  if (failure != nullptr) std::rethrow_exception(failure);
 }
 
 void frmrcBHDGS::cboMods_Click() {

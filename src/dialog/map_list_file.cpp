@@ -64,9 +64,8 @@ void LoadMapList(frmrcBHDGS& dialog) {
         at(), dialog.SetPointer(ui::Pointer::kDefault);
       },
       [&](RuntimeError& error) {
-        dialog.SetEnabled(true);
-        dialog.SetPointer(ui::Pointer::kDefault);
-        dialog.lstSelMaps.SetVisible(true);
+        RunEach([&] { dialog.SetEnabled(true); }, [&] { dialog.SetPointer(ui::Pointer::kDefault); },
+                [&] { dialog.lstSelMaps.SetVisible(true); });
         if (error.Is(ErrorNumber::kFileNotFound)) {
           error.AppendToDescription(Concat({u" [", file, u"]"}));
         }

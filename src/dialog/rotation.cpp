@@ -1,6 +1,7 @@
 // The operator's actions on the map page.
 #include "dialog/rotation.h"
 
+#include <source_location>
 #include <vector>
 
 #include "dialog/rotation_view.h"
@@ -59,7 +60,13 @@ void lstAvlMaps_DblClick(frmrcBHDGS& dialog) {
 }
 
 void lstAvlMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
-  Trapped(dialog.context().reporter, u"lstAvlMaps_KeyPress", [&](Line& at) {
+  // The maps that were added before a failure stay, and are to be seen.
+  const auto show_added = [&](RuntimeError&) {
+    if (dialog.lstSelMaps.Count() == dialog.context().maps.selected.Count()) return;
+    Line unused(std::source_location::current());
+    RunEach([&] { ShowRotation(dialog, unused); }, [&] { dialog.lstSelMaps.SetVisible(true); });
+  };
+  const auto add = [&](Line& at) {
     if (key != u'+' && key != u'=') return;
     if (IsFull(dialog)) {
       at(), ShowLimitMessage(dialog);
@@ -73,7 +80,8 @@ void lstAvlMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
       }
     }
     at(), dialog.BuildMapList();
-  });
+  };
+  Trapped(dialog.context().reporter, u"lstAvlMaps_KeyPress", add, show_added);
 }
 
 void lstSelMaps_DblClick(frmrcBHDGS& dialog) {

@@ -28,11 +28,12 @@ bool RowShowsRecord(const ui::ListBox& list, const SelectedMapList& rotation, in
 void frmrcBHDGS::SetMaps(std::int16_t Gametype) {
   Trapped(context_.reporter, u"SetMaps", [&](Line& at) {
     {
-      const ui::ListBox::Refill refill(lstAvlMaps);
+      ui::ListBox::Refill refill(lstAvlMaps);
       at(), lstAvlMaps.Clear();
       at(), context_.maps.ForEachOfGameType(Gametype, [&](TextView name, TextView file) {
         AddMapRow(lstAvlMaps, name, file, Gametype);
       });
+      at(), refill.Finish();
     }
     at(), ShowCount(lstAvlMaps, context_.maps);
   });

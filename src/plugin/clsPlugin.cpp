@@ -69,8 +69,8 @@ void clsPlugin::RemoteData(TextView Data) {
       module_.dialog.reporter, u"RemoteData",
       [&](Line& at) { RouteReply(module_.remote, Data, fields, at); },
       [&](RuntimeError& error) {
-        RestorePointer(module_.dialog);
-        ExplainTypeMismatch(error, fields);
+        RunEach([&] { RestorePointer(module_.dialog); },
+                [&] { ExplainTypeMismatch(error, fields); });
       });
 }
 

@@ -133,6 +133,8 @@ void StartGame(RemoteContext& context, frmrcBHDGS& dialog) {
 
     const Text payload = (at(), StartPayload(dialog, flags));
     const Text frame = (at(), EncodeFrame(payload, *shared.file_kit));
+    // Reports and the host's kit let host calls in; a dialog that they have closed starts nothing.
+    if (dialog.unloaded()) return;
     at(), shared.toolkit.SetScreenPointer(ui::Pointer::kBusy);
     at(), context.PendingCommand = kStartGame.pending_name;
     at(), WriteRequest(shared, kStartGame, RequestEnvelope(context, kStartGame, frame));

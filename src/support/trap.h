@@ -33,6 +33,19 @@ class Line {
 void ReportTrapped(MessageReporter& reporter, TextView label, const RuntimeError& error,
                    std::int32_t line) noexcept;
 
+// Takes each step, whatever becomes of those before it. For what has to be put right after a
+// failure: further failures are dropped.
+template <class... Steps>
+void RunEach(Steps&&... steps) noexcept {
+  const auto run = [](auto& step) {
+    try {
+      step();
+    } catch (...) {
+    }
+  };
+  (run(steps), ...);
+}
+
 struct NothingFirst {
   void operator()(RuntimeError&) const noexcept {}
 };

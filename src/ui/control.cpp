@@ -143,8 +143,10 @@ void Control::NoteFailure(const char16_t* event) noexcept {
 void Control::ReportUnhandled(const Fact& fact) noexcept {
   try {
     const bool left_handler = std::exchange(form_.failure_, nullptr) == std::current_exception();
-    const Text handler = left_handler ? form_.failed_control_->HandlerName(form_.failed_event_)
-                                      : HandlerName(kFactTraits[fact.index()].event);
+    HandlerNameBuffer buffer;
+    const TextView handler = left_handler
+                                 ? form_.failed_control_->HandlerName(form_.failed_event_, buffer)
+                                 : HandlerName(kFactTraits[fact.index()].event, buffer);
     const auto told = form_.on_unhandled;
     if (told) told(CurrentRuntimeError(), handler);
   } catch (...) {
@@ -152,9 +154,13 @@ void Control::ReportUnhandled(const Fact& fact) noexcept {
   }
 }
 
-Text Control::HandlerName(TextView event) const {
+TextView Control::HandlerName(TextView event, HandlerNameBuffer& buffer) const noexcept {
   const TextView owner = kind_ == ControlKind::kForm ? KindName(kind_) : TextView(name_);
-  return Concat({owner, u"_", event});
+  std::size_t length = 0;
+  for (const TextView part : {owner, TextView(u"_"), event}) {
+    length += part.copy(buffer.data() + length, buffer.size() - length);
+  }
+  return {buffer.data(), length};
 }
 
 void Control::MakePeer() {

@@ -8,6 +8,7 @@
 // A control is owned by its form's collection. Everything runs on the user-interface thread.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -119,7 +120,9 @@ class Control {
   // Remembers the handler that the exception being handled left first.
   void NoteFailure(const char16_t* event) noexcept;
   void ReportUnhandled(const Fact& fact) noexcept;
-  [[nodiscard]] Text HandlerName(TextView event) const;
+  // Needs no memory, because want of it may be what is reported. A longer name is cut.
+  using HandlerNameBuffer = std::array<char16_t, 80>;
+  [[nodiscard]] TextView HandlerName(TextView event, HandlerNameBuffer& buffer) const noexcept;
   void Leave(Control& container) noexcept;
   void MakePeer();
   void DestroyPeers() noexcept;

@@ -14,10 +14,16 @@ ListBox::ListBox(Form& form, Text name, Selection selection, ListHeight height)
       selection_(selection),
       list_height_(height) {}
 
+void ListBox::Refill::Finish() {
+  ListBox* const list = std::exchange(list_, nullptr);
+  if (list == nullptr) return;
+  --list->refills_;
+  list->RowsChanged({});
+}
+
 ListBox::Refill::~Refill() {
-  --list_.refills_;
   try {
-    list_.RowsChanged({});
+    Finish();
   } catch (...) {
     // What is pending stays pending.
   }

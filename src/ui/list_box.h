@@ -37,13 +37,15 @@ class ListBox final : public Control {
   // peer that fails then is told again with the next change.
   class Refill {
    public:
-    explicit Refill(ListBox& list) noexcept : list_(list) { ++list_.refills_; }
+    explicit Refill(ListBox& list) noexcept : list_(&list) { ++list.refills_; }
     ~Refill();
     Refill(const Refill&) = delete;
     Refill& operator=(const Refill&) = delete;
+    // Ends it here, where a failure of the peer can be passed on.
+    void Finish();
 
    private:
-    ListBox& list_;
+    ListBox* list_;  // null once it has ended
   };
 
   // The chosen row of a single-selection list, the current row of an extended one; -1: none.
