@@ -1,0 +1,97 @@
+// The whole plug-in on doubles whose calls fail by plan, and the job that must work at any time.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "dialog/frmrcBHDGS.h"
+#include "headless/failing_allocations.h"
+#include "headless/fault_plan.h"
+#include "headless/fixed_process_paths.h"
+#include "headless/headless_toolkit.h"
+#include "headless/memory_file_system.h"
+#include "headless/plugin_invariants.h"
+#include "headless/settable_clock.h"
+#include "headless/watched_file_kit.h"
+#include "headless/watched_file_system.h"
+#include "host/kit/error_journal.h"
+#include "host/kit/file_kit.h"
+#include "host/kit/memory_kit.h"
+#include "host/kit/memory_storage.h"
+#include "plugin/clsPlugin.h"
+#include "tests/doubles/host_objects.h"
+
+namespace quill {
+
+// Whose calls fail.
+enum class Source : std::uint8_t { kFileKit, kFileSystem, kToolkit, kAllocator, kHost };
+
+class FaultBench final : private HostServices {
+ public:
+  FaultBench();
+  ~FaultBench();
+  FaultBench(const FaultBench&) = delete;
+  FaultBench& operator=(const FaultBench&) = delete;
+
+  // Runs `use` with the calls of `source` failing by plan; tells the first call that failed, for
+  // example "WriteIniKey txtName".
+  struct Strike {
+    int count = 0;
+    Text first;
+  };
+  Strike RunFailing(Source source, int nth, headless::FaultPlan::Extent extent, RuntimeError error,
+                    const std::function<void()>& use);
+
+  // Opens the dialog for profile 3 and target "abc", shown while `use` runs.
+  void Open(const std::function<void()>& use);
+  // The same, with the remote side's settings, the map page in front and three maps selected.
+  void OpenFilled(const std::function<void()>& use);
+  // What a native control tells, by the name of the control; nothing without a dialog.
+  void Tell(TextView control, const ui::Fact& fact);
+  void Press(TextView button, std::int16_t mouse = ui::kLeftButton);
+  void SelectRows(TextView list, std::vector<int> rows);
+
+  // Opens the dialog, fills it, selects maps, starts the game and takes the answer; what was not as
+  // it must be, empty when all was.
+  [[nodiscard]] std::string WholeJob();
+
+  [[nodiscard]] frmrcBHDGS* dialog() { return module.dialog.dialog.get(); }
+  [[nodiscard]] std::vector<SelectedMap> rotation() const {
+    return module.dialog.maps.selected.maps();
+  }
+  // The labels in the boxes of trapped failures since the last call.
+  [[nodiscard]] std::vector<Text> TakeReports();
+  [[nodiscard]] std::string Contents(TextView path) const;
+
+  headless::MemoryFileSystem memory;
+  headless::WatchedFileSystem files{memory};
+  headless::HeadlessToolkit toolkit{memory};
+  headless::SettableClock clock{1};
+  headless::FixedProcessPaths paths;
+  host::MemoryStorage storage{memory};
+  host::ErrorJournal journal{u"C:\\Host", memory, storage, {}};
+  host::HostFileKit host_kit{storage, journal};
+  headless::KitWatch watch;
+  mdlBHDGS module{{toolkit, files, paths, clock, CodePage::Windows1252(), *this}};
+  std::unique_ptr<clsPlugin> plug_in;
+  std::shared_ptr<HostCollection> rights;
+  Text settings_reply;
+  // What the boxes said since the last TakeReports that was no trapped failure.
+  std::vector<Text> notices;
+  bool all_told_as_sent = true;
+
+ private:
+  std::unique_ptr<FileKit> CreateFileKit() override;
+  std::unique_ptr<MemoryKit> CreateMemoryKit() override;
+  void Called(Source source, std::initializer_list<TextView> call);
+
+  Source failing_source_ = Source::kFileKit;
+  headless::FaultPlan plan_;
+  RuntimeError error_{ErrorNumber::kAutomationError};
+  Text first_;
+};
+
+}  // namespace quill
