@@ -107,6 +107,10 @@ class HeadlessStage final : public Stage, private HostServices {
   void BreakKit(const KitFault& fault) override { script_.Break(fault); }
   void MendKit() override { script_.Mend(); }
   void SetClock(std::uint64_t ticks) override { clock_.Set(ticks); }
+  void Wait(int seconds) override {
+    clock_.Advance(static_cast<std::uint64_t>(seconds) * 1000);
+    Checked([&] { operator_.LetTimerRun(); });
+  }
 
   Text DllVersion() override {
     return Checked([&] { return Plugin().dllVersion(u"kvrrcBHDGS"); });
@@ -172,6 +176,9 @@ class HeadlessStage final : public Stage, private HostServices {
   }
   void Release(const Text& control, Button button) override {
     Checked([&] { operator_.Release(control, static_cast<std::int16_t>(button)); });
+  }
+  void PressAccessKey(char16_t key) override {
+    Checked([&] { operator_.PressAccessKey(key); });
   }
   void CloseWindow() override {
     Checked([&] { operator_.CloseForm(); });

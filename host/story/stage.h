@@ -71,6 +71,8 @@ class Stage {
   virtual void BreakKit(const KitFault& fault) = 0;
   virtual void MendKit() = 0;  // forgets all faults
   virtual void SetClock(std::uint64_t ticks) = 0;
+  // Lets that much time pass, by the clock that the plug-in reads.
+  virtual void Wait(int seconds) = 0;
 
   // --- host calls ----------------------------------------------------------------------------
   virtual Text DllVersion() = 0;
@@ -101,6 +103,7 @@ class Stage {
   virtual void Key(const Text& control, char16_t character) = 0;
   virtual void Press(const Text& control, Button button) = 0;
   virtual void Release(const Text& control, Button button) = 0;
+  virtual void PressAccessKey(char16_t key) = 0;  // together with Alt
   virtual void CloseWindow() = 0;
   // What the operator does in the next file dialog that has no answer yet: picks these full paths
   // (none: cancels). A file dialog without an answer is cancelled.

@@ -15,6 +15,7 @@ namespace {
 
 // More rounds than any story needs.
 constexpr std::int32_t kMostRounds = 10'000;
+constexpr std::int32_t kMostSeconds = 60;
 
 // Files are written in Windows-1252, so that every byte can be had.
 std::string FileBytes(TextView text) {
@@ -188,6 +189,9 @@ bool StoryPlayer::SetUp(const Step& step) {
     case StepKind::kClock:
       stage_.SetClock(static_cast<std::uint64_t>(ToInt32(words[0])));
       return true;
+    case StepKind::kWait:
+      stage_.Wait(std::clamp(ToInt32(words[0]), 0, kMostSeconds));
+      return true;
     case StepKind::kRight:
       rights_.push_back({words[0], Right::Form::kText, words[1]});
       return true;
@@ -331,6 +335,8 @@ void StoryPlayer::Gesture(const Step& step) {
       return stage_.DoubleClickRow(words[0], -1);
     case StepKind::kKey:
       return stage_.Key(words[0], CharacterOf(words[1]));
+    case StepKind::kAccessKey:
+      return stage_.PressAccessKey(CharacterOf(words[0]));
     case StepKind::kPress:
       return stage_.Press(words[0], ButtonOf(words[1]));
     case StepKind::kRelease:
@@ -347,7 +353,9 @@ void StoryPlayer::Gesture(const Step& step) {
 
 // A control that is not there does not count as one that refuses.
 void StoryPlayer::MakeRefused(const Step& step) {
-  if (step.kind != StepKind::kTab && step.kind != StepKind::kClose && stage_.DialogShown()) {
+  const bool names_control = step.kind != StepKind::kTab && step.kind != StepKind::kClose &&
+                             step.kind != StepKind::kAccessKey;
+  if (names_control && stage_.DialogShown()) {
     static_cast<void>(stage_.Read(step.arguments[0], u"enabled"));
   }
   try {

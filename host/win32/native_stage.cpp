@@ -89,6 +89,20 @@ class NativeStage final : public Stage {
     throw StageError("the library reads the machine's own clock");
   }
 
+  void Wait(int seconds) override {
+    const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(seconds) * 1000;
+    for (;;) {
+      const ULONGLONG now = GetTickCount64();
+      if (now > end) return;
+      MSG message;
+      while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+      }
+      MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end + 1 - now), QS_ALLINPUT);
+    }
+  }
+
   Text DllVersion() override {
     return Call([](PluginClient& plugin) { return plugin.DllVersion(); });
   }
@@ -137,6 +151,7 @@ class NativeStage final : public Stage {
   void Key(const Text& control, char16_t character) override { robot_.Key(control, character); }
   void Press(const Text& control, Button button) override { robot_.Press(control, button); }
   void Release(const Text& control, Button button) override { robot_.Release(control, button); }
+  void PressAccessKey(char16_t key) override { robot_.PressAccessKey(key); }
   void CloseWindow() override { robot_.CloseForm(); }
   void AnswerFileDialog(const std::vector<Text>& paths) override { answers_.push_back(paths); }
   void DuringNextBox(const std::function<void()>& step) override { during_next_box_ = step; }

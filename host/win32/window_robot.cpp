@@ -91,23 +91,6 @@ std::optional<POINT> OpenPlace(HWND form, HWND window) {
   return std::nullopt;
 }
 
-// Makes a modifier key count as held, for native controls that ask the keyboard.
-class HeldKey {
- public:
-  explicit HeldKey(int key) {
-    GetKeyboardState(before_.data());
-    auto held = before_;
-    held[static_cast<std::size_t>(key)] = 0x80;
-    SetKeyboardState(held.data());
-  }
-  ~HeldKey() { SetKeyboardState(before_.data()); }
-  HeldKey(const HeldKey&) = delete;
-  HeldKey& operator=(const HeldKey&) = delete;
-
- private:
-  std::array<BYTE, 256> before_{};
-};
-
 void ClickAt(HWND window, POINT place, WPARAM keys = 0) {
   Send(window, WM_MOUSEMOVE, keys, At(place));
   Send(window, WM_LBUTTONDOWN, keys | MK_LBUTTON, At(place));
@@ -414,6 +397,16 @@ void WindowRobot::PressKey(WORD key) const {
   if (focus == nullptr) throw StageError("nothing has the keyboard focus");
   Send(focus, WM_KEYDOWN, key, 1);
   Send(focus, WM_KEYUP, key, 1);
+}
+
+void WindowRobot::PressAccessKey(char16_t key) const {
+  constexpr LPARAM kWithAlt = 1 << 29;
+  const HWND focus = GetFocus();
+  if (focus == nullptr) throw StageError("nothing has the keyboard focus");
+  Send(focus, WM_SYSKEYDOWN, VK_MENU, kWithAlt);
+  Send(focus, WM_SYSKEYDOWN, ToUpper(key), kWithAlt);
+  // What is not taken ends as a beep, with the answer of the window's own class.
+  Send(focus, WM_SYSCHAR, key, kWithAlt);
 }
 
 void WindowRobot::Press(const Text& control, Button button) const {

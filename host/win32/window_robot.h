@@ -6,6 +6,7 @@
 
 #include <windows.h>
 
+#include <array>
 #include <functional>
 #include <vector>
 
@@ -39,6 +40,8 @@ class WindowRobot {
   void Key(const Text& control, char16_t character) const;
   // A key without a character, in whatever has the focus.
   void PressKey(WORD key) const;
+  // A letter while Alt is held, in whatever has the focus.
+  void PressAccessKey(char16_t key) const;
   void Press(const Text& control, Button button) const;
   // Where the button was pressed, if it was pressed on another window.
   void Release(const Text& control, Button button) const;
@@ -60,6 +63,23 @@ class WindowRobot {
   [[nodiscard]] Text ReadTooltip(HWND window) const;
 
   Text form_;
+};
+
+// Makes a modifier key count as held, for native controls that ask the keyboard.
+class HeldKey {
+ public:
+  explicit HeldKey(int key) {
+    GetKeyboardState(before_.data());
+    auto held = before_;
+    held[static_cast<std::size_t>(key)] = 0x80;
+    SetKeyboardState(held.data());
+  }
+  ~HeldKey() { SetKeyboardState(before_.data()); }
+  HeldKey(const HeldKey&) = delete;
+  HeldKey& operator=(const HeldKey&) = delete;
+
+ private:
+  std::array<BYTE, 256> before_{};
 };
 
 // An open message box or file dialog of this thread.

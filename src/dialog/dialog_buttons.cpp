@@ -17,13 +17,55 @@ void Cancel(frmrcBHDGS& dialog) {
 }
 
 constexpr DialogButton kButtons[] = {
-    {u"cmdStart", u"Start Game", u"Frame3", {1440, 240, 1335, 495}, StartGame},
-    {u"cmdSave", u"Save Settings", u"Frame3", {3120, 240, 1335, 495}, SaveSettings},
-    {u"cmdLoad", u"Load Settings", u"Frame3", {4800, 240, 1335, 495}, LoadSettings},
-    {u"cmdCancel", u"Cancel", u"Frame3", {6480, 240, 1335, 495}, Cancel},
-    {u"cmdLeft", u"<", u"fmeMap", {790, 240, 300, 300}, ShowPreviousGameType},
-    {u"cmdRight", u">", u"fmeMap", {3500, 240, 300, 300}, ShowNextGameType},
-    {u"cmdLoadMaps", u"Load Maps", u"fmeMap", {6960, 2640, 1335, 495}, LoadMapList},
+    {u"cmdStart",
+     u"Start Game",
+     u"Frame3",
+     {1440, 240, 1335, 495},
+     u'S',
+     83,
+     u"Start Game",
+     StartGame},
+    {u"cmdSave",
+     u"Save Settings",
+     u"Frame3",
+     {3120, 240, 1335, 495},
+     u'V',
+     84,
+     u"Save Settings",
+     SaveSettings},
+    {u"cmdLoad",
+     u"Load Settings",
+     u"Frame3",
+     {4800, 240, 1335, 495},
+     u'L',
+     85,
+     u"Load Settings",
+     LoadSettings},
+    {u"cmdCancel", u"Cancel", u"Frame3", {6480, 240, 1335, 495}, u'C', 86, u"Cancel", Cancel},
+    {u"cmdLeft",
+     u"<",
+     u"fmeMap",
+     {790, 240, 300, 300},
+     u'P',
+     69,
+     u"Previous Game Type",
+     ShowPreviousGameType},
+    {u"cmdRight",
+     u">",
+     u"fmeMap",
+     {3500, 240, 300, 300},
+     u'N',
+     71,
+     u"Next Game Type",
+     ShowNextGameType},
+    {u"cmdLoadMaps",
+     u"Load Maps",
+     u"fmeMap",
+     {6960, 2640, 1335, 495},
+     u'M',
+     77,
+     u"Load Maps",
+     LoadMapList},
 };
 
 ui::ImageButton Describe(frmrcBHDGS& dialog, const DialogButton& button, Text name) {
@@ -52,6 +94,7 @@ void ShowState(frmrcBHDGS& dialog, const DialogButton& button, TextView state) {
 // Face and caption answer the mouse alike.
 template <class FaceOrCaption>
 void ConnectMouse(FaceOrCaption& control, frmrcBHDGS& dialog, const DialogButton& button) {
+  control.SetAccessKey(button.access_key);
   control.on_mouse_down = [&dialog, &button](const ui::MouseEvent& event) {
     if (event.button == ui::kLeftButton) ShowState(dialog, button, u"Down");
   };
@@ -67,10 +110,13 @@ std::span<const DialogButton> DialogButtons() noexcept {
   return kButtons;
 }
 
+// The face is what the keyboard reaches; it does as the caption does.
 void BuildButtonFace(frmrcBHDGS& dialog, const DialogButton& button) {
-  ConnectMouse(ui::CreateButtonFace(dialog, Describe(dialog, button, FaceName(button)),
-                                    dialog.context().HostRoot),
-               dialog, button);
+  ui::Image& face = ui::CreateButtonFace(dialog, Describe(dialog, button, FaceName(button)),
+                                         dialog.context().HostRoot);
+  face.SetTabIndex(button.tab_index);
+  face.SetAccessibleName(button.spoken);
+  ConnectMouse(face, dialog, button);
 }
 
 void BuildButtonCaption(frmrcBHDGS& dialog, const DialogButton& button) {

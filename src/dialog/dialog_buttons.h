@@ -13,6 +13,9 @@ struct DialogButton {
   TextView caption;
   TextView container;
   ui::Bounds bounds;
+  char16_t access_key;  // reaches it together with Alt; no two of one page are the same
+  int tab_index;        // of the face
+  TextView spoken;      // what assistive tools call it
   // What a release of any mouse button does.
   void (*action)(frmrcBHDGS& dialog);
 };

@@ -68,6 +68,7 @@ ui::ListBox& AddMapList(ui::Form& form, ui::Control& container, Text name, Text 
   auto& list = form.Add<ui::ListBox>(std::move(name), &container, ui::Selection::kExtended,
                                      ui::ListHeight::kManyRows);
   list.SetBounds(bounds);
+  list.SetAccessibleName(label);
   return list;
 }
 
@@ -77,6 +78,7 @@ void AddOption(ui::Form& form, const Option& option) {
   ui::Control& control = AddOptionControl(form, frame, option);
   control.SetBounds(ControlBounds(option));
   control.SetTooltip(option.tooltip);
+  control.SetAccessibleName(option.label);
   if (option.note.empty()) return;
   form.Add<ui::Label>(Concat({LabelName(option.key), u"Note"}), &frame, option.note)
       .SetBounds(NoteBounds(option));

@@ -11,7 +11,7 @@ namespace quill {
 ui::Frame& AddFrame(ui::Form& form, Text name, TextView caption, const ui::Bounds& bounds,
                     bool visible = true);
 
-// A list of many rows with extended selection, under a label of its own.
+// A list of many rows with extended selection, under a label of its own. `label` is not copied.
 ui::ListBox& AddMapList(ui::Form& form, ui::Control& container, Text name, Text label_name,
                         TextView label, const ui::Bounds& bounds);
 

@@ -40,36 +40,56 @@ frmrcBHDGS::frmrcBHDGS(DialogContext& context)
       txtGametype(
           Add<ui::TextBox>(u"txtGametype", &fmeMap, 0, ui::Alignment::kCentre, /*locked=*/true)),
       lstAvlMaps(AddMapList(*this, fmeMap, u"lstAvlMaps", u"lblAvlMaps", u"Available Maps",
-                            {120, 810, 4440, 2325})),
+                            {120, 930, 4440, 2205})),
       lstSelMaps(AddMapList(*this, fmeMap, u"lstSelMaps", u"lblSelMaps", u"Selected Maps",
-                            {4815, 495, 4440, 2040})),
+                            {4815, 495, 4440, 2010})),
       lblMapCnt(Add<ui::Label>(u"lblMapCnt", &fmeMap, u"Number of Maps: 0")),
       cmdRandomize(Add<ui::CommandButton>(u"cmdRandomize", &fmeMap)),
       Picture1(Add<ui::PictureBox>(u"Picture1", nullptr, kFrameColour)),
       cdSettings(Add<ui::FileDialog>(u"cdSettings", nullptr)),
-      context_(context) {
+      context_(context),
+      start_wait_(*this, Frame3, context.clock) {
   tsMain.SetBounds({0, 0, kClientWidth, kClientHeight});
   txtGametype.SetBounds({1080, 240, 2415, 300});
   txtGametype.SetText(kGameTypeNames[0]);
+  txtGametype.SetAccessibleName(u"Game Type");
   lblMapCnt.SetBounds({4815, 2790, 2025, 195});
   cmdRandomize.SetBounds({8760, 2640, 495, 495});
   cmdRandomize.SetTooltip(u"Randomize Current Maps List");
+  cmdRandomize.SetAccessibleName(u"Randomize Current Maps List");
+  cmdRandomize.SetAccessKey(u'R');
   cmdRandomize.SetPicture(MakeShufflePicture(context.toolkit));
   Picture1.SetBounds({0, 0, 495, 495});
   Picture1.SetVisible(false);
   for (const Option& option : Options()) AddOption(*this, option);
 
-  // The pages of the options come first, so that the map page's last control, the shuffle button,
-  // is number 78.
-  int next = 0;
-  tsMain.SetTabIndex(next++);
-  for (ui::Frame* frame : {&fmeServer, &fmeMisc, &Frame3, &fmeMap}) {
-    frame->SetTabIndex(next++);
-    for (ui::Control* control : frame->children()) control->SetTabIndex(next++);
-  }
-  Picture1.SetTabIndex(next);
-
+  NumberTabOrder();
   Connect();
+}
+
+// The image buttons bring their own numbers. Those of the map page lie between its other controls,
+// those below the pages come last. The notes beside the lists make room for the former, so that the
+// map page's last control, the shuffle button, is number 78.
+void frmrcBHDGS::NumberTabOrder() {
+  int next = 0;
+  const auto number = [&](ui::Control& control) { control.SetTabIndex(next++); };
+  const auto is_note = [](const ui::Control& control) { return control.name().ends_with(u"Note"); };
+  number(tsMain);
+  for (ui::Frame* frame : {&fmeServer, &fmeMisc, &Frame3}) {
+    number(*frame);
+    for (ui::Control* control : frame->children()) {
+      if (!is_note(*control)) number(*control);
+    }
+  }
+  number(fmeMap);
+  for (ui::Control* control : fmeMap.children()) {
+    for (const DialogButton& button : DialogButtons()) next += button.tab_index == next ? 1 : 0;
+    number(*control);
+  }
+  number(Picture1);
+  for (ui::Control* control : fmeServer.children()) {
+    if (is_note(*control)) number(*control);
+  }
 }
 
 void frmrcBHDGS::Connect() {

@@ -7,6 +7,7 @@
 
 #include "dialog/dialog_context.h"
 #include "dialog/game_types.h"
+#include "dialog/start_wait.h"
 #include "support/text.h"
 #include "ui/check_box.h"
 #include "ui/combo_box.h"
@@ -43,6 +44,7 @@ class frmrcBHDGS final : public ui::Form {
   [[nodiscard]] int GameTypeIndex(TextView name) const noexcept;
 
   [[nodiscard]] DialogContext& context() const noexcept { return context_; }
+  [[nodiscard]] StartWait& start_wait() noexcept { return start_wait_; }
 
   // Controls that code names; every option is found by its key (Form::Get).
   ui::TabStrip& tsMain;
@@ -59,6 +61,7 @@ class frmrcBHDGS final : public ui::Form {
   ui::FileDialog& cdSettings;
 
  private:
+  void NumberTabOrder();
   void Connect();
   void tsMain_Click();
   void cboMods_Click();
@@ -66,6 +69,7 @@ class frmrcBHDGS final : public ui::Form {
 
   DialogContext& context_;
   std::span<const TextView> game_types_;
+  StartWait start_wait_;
 };
 
 // True when `Value` equals one element of `List`, by searching the elements joined and enclosed by

@@ -55,6 +55,7 @@ void clsPlugin::LoadInterface(std::int32_t Index, std::int32_t, const HostArray&
         at(), remote.TargetId = PDAT.ElementText(1);
         at(), context.maps.selected.Clear();
         const DialogInUse dialog((at(), context));
+        dialog->start_wait().End();  // its answer would be taken for that to the query
         at(), dialog->SetPointer(ui::Pointer::kBusy);
         at(), remote.PendingCommand = kLoadFormCommand;
         at(), SendGameSettingsQuery(remote);
@@ -75,7 +76,9 @@ void clsPlugin::RemoteData(TextView Data) {
 }
 
 void clsPlugin::HideInterface() {
-  DialogInUse(module_.dialog)->Hide();
+  const DialogInUse dialog(module_.dialog);
+  dialog->start_wait().End();
+  dialog->Hide();
 }
 
 }  // namespace quill

@@ -105,7 +105,8 @@ Text StartPayload(const frmrcBHDGS& dialog, std::int32_t flags) {
 void StartGame(RemoteContext& context, frmrcBHDGS& dialog) {
   DialogContext& shared = context.dialog;
   MessageReporter& reporter = shared.reporter;
-  Trapped(reporter, u"cmdStart_Error", [&](Line& at) {
+  const auto give_up = [&](RuntimeError&) { dialog.start_wait().End(); };
+  const auto steps = [&](Line& at) {
     const auto text_box = [&](TextView key) -> ui::TextBox& {
       return dialog.Get<ui::TextBox>(key);
     };
@@ -137,12 +138,16 @@ void StartGame(RemoteContext& context, frmrcBHDGS& dialog) {
     if (dialog.unloaded()) return;
     at(), shared.toolkit.SetScreenPointer(ui::Pointer::kBusy);
     at(), context.PendingCommand = kStartGame.pending_name;
+    // Before the request, which the host may answer at once.
+    at(), dialog.start_wait().Begin();
     at(), WriteRequest(shared, kStartGame, RequestEnvelope(context, kStartGame, frame));
-  });
+  };
+  Trapped(reporter, u"cmdStart_Error", steps, give_up);
 }
 
 void HandleStartReply(RemoteContext& context, TextView data, Line& at) {
   DialogContext& shared = context.dialog;
+  if (frmrcBHDGS* const dialog = shared.dialog.get()) dialog->start_wait().End();
   if (at(), ToInt32(data) == 0) {
     shared.reporter.Show(MessageKind::kFailed, u"Failed to initialize game process!");
   }

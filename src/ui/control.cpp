@@ -28,6 +28,7 @@ constexpr std::array<FactTrait, std::variant_size_v<Fact>> kFactTraits = {{
     {u"KeyPress", {}},                   // KeyPressed
     {u"Click", Changes::kSelection},     // TabChosen
     {u"Unload", {}},                     // CloseAsked
+    {u"Timer", {}},                      // TimePassed
 }};
 
 }  // namespace

@@ -75,6 +75,13 @@ class Control {
   // Place in the tab order among the form's controls, from 0; -1: not a tab stop.
   [[nodiscard]] int tab_index() const noexcept { return tab_index_; }
   void SetTabIndex(int index);
+  // The letter that, together with Alt, reaches the control and clicks it; 0: none. In upper case.
+  [[nodiscard]] char16_t access_key() const noexcept { return access_key_; }
+  void SetAccessKey(char16_t key) noexcept { access_key_ = key; }
+  // What assistive tools call the control; empty: what it shows itself. Not copied: the text
+  // outlives the control.
+  [[nodiscard]] TextView accessible_name() const noexcept { return accessible_name_; }
+  void SetAccessibleName(TextView name) noexcept { accessible_name_ = name; }
 
   // True when the operator can reach it: it, its containers and its form are visible and enabled,
   // and the form is shown.
@@ -137,6 +144,8 @@ class Control {
   bool visible_ = true;
   Text tooltip_;
   int tab_index_ = -1;
+  char16_t access_key_ = 0;
+  TextView accessible_name_;
   std::unique_ptr<Peer> peer_;
 };
 

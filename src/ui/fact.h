@@ -27,7 +27,7 @@ struct MouseEvent {
 struct TextEdited {  // the operator changed the native text; this is all of it now
   Text text;
 };
-struct Clicked {};  // a check box or push button was clicked, or its key pressed
+struct Clicked {};  // a check box or push button was clicked, or its key pressed; an image's key
 struct MousePressed {
   MouseEvent event;
 };
@@ -54,9 +54,10 @@ struct TabChosen {  // 0-based
   int index = 0;
 };
 struct CloseAsked {};  // the form's own close button, Alt+F4
+struct TimePassed {};  // the interval of the form's timer
 
 using Fact =
     std::variant<TextEdited, Clicked, MousePressed, MouseReleased, ItemChosen, RowsSelected,
-                 RowDoubleClicked, ScrolledTo, KeyPressed, TabChosen, CloseAsked>;
+                 RowDoubleClicked, ScrolledTo, KeyPressed, TabChosen, CloseAsked, TimePassed>;
 
 }  // namespace quill::ui

@@ -54,6 +54,21 @@ void Form::SetPointer(Pointer pointer) {
   Changed(Changes::kPointer);
 }
 
+void Form::SetTimerInterval(int milliseconds) {
+  timer_interval_ = milliseconds;
+  Changed(Changes::kTimer);
+}
+
+Control* Form::FindAccessKey(char16_t key) const noexcept {
+  const char16_t wanted = ToUpper(key);
+  for (const auto& control : controls_) {
+    if (wanted != 0 && control->access_key() == wanted && control->IsReachable()) {
+      return control.get();
+    }
+  }
+  return nullptr;
+}
+
 void Form::ShowModal() {
   if (unloaded_) throw RuntimeError(ErrorNumber::kObjectNotSet);
   if (shown_) throw RuntimeError(ErrorNumber::kFormAlreadyShown);
@@ -114,7 +129,11 @@ void Form::Unload() {
 }
 
 void Form::React(const Fact& fact) {
-  if (std::holds_alternative<CloseAsked>(fact)) Unload();
+  if (std::holds_alternative<CloseAsked>(fact)) {
+    Unload();
+  } else if (std::holds_alternative<TimePassed>(fact)) {
+    Raise(u"Timer", on_timer);
+  }
 }
 
 KeepAlive::~KeepAlive() {

@@ -1,4 +1,5 @@
-// An image: shows a picture, stretched to its own size when asked to.
+// An image: shows a picture, stretched to its own size when asked to. As a tab stop it is a button:
+// its key counts as a press and a release of the left mouse button on its middle.
 #pragma once
 
 #include "ui/control.h"

@@ -19,6 +19,8 @@ namespace {
 
 // A pop-up window, because the system would cut others to the size of the screen.
 constexpr DWORD kFormStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+constexpr UINT_PTR kTimerId = 1;
+
 constexpr DWORD kFormExtendedStyle = WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME | WS_EX_APPWINDOW;
 
 bool Overlap(const ui::Control& a, const ui::Control& b) {
@@ -128,6 +130,16 @@ RECT FormPeer::Place() const {
 
 void FormPeer::Show(ui::Changes changes) {
   if (changes.Has(ui::Changes::kPointer)) toolkit().PointerChanged();
+  if (changes.Has(ui::Changes::kTimer)) ShowTimer();
+}
+
+void FormPeer::ShowTimer() const noexcept {
+  const int interval = form_.timer_interval();
+  if (interval > 0) {
+    SetTimer(window(), kTimerId, static_cast<UINT>(interval), nullptr);
+  } else if (!making()) {
+    KillTimer(window(), kTimerId);
+  }
 }
 
 void FormPeer::ShowVisible() {
@@ -143,12 +155,15 @@ void FormPeer::ShowVisible() {
 }
 
 HFONT FormPeer::Font(int points) {
-  HFONT& font = fonts_[points];
-  if (font == nullptr) {
-    font = CreateFontW(toolkit().scale().FontHeight(points), 0, 0, 0, FW_NORMAL, FALSE, FALSE,
-                       FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
-                       DEFAULT_QUALITY, DEFAULT_PITCH | FF_DONTCARE, Win32Toolkit::kFontFace);
+  for (const auto& [known_points, font] : fonts_) {
+    if (known_points == points) return font;
   }
+  fonts_.reserve(fonts_.size() + 1);
+  const HFONT font =
+      CreateFontW(toolkit().scale().FontHeight(points), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
+                  DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                  DEFAULT_PITCH | FF_DONTCARE, Win32Toolkit::kFontFace);
+  if (font != nullptr) fonts_.emplace_back(points, font);
   return font;
 }
 
@@ -159,6 +174,12 @@ HBRUSH FormPeer::FaceBrush() const noexcept {
 COLORREF FormPeer::FaceColour() const noexcept {
   return own_face_ != nullptr ? ToColorRef(hook_->colour_source->back_colour())
                               : GetSysColor(COLOR_BTNFACE);
+}
+
+COLORREF FormPeer::TextColour() const noexcept {
+  const COLORREF own = GetSysColor(COLOR_BTNTEXT);
+  // A scheme of light text on dark faces, while the faces have their own, light colour.
+  return own_face_ != nullptr && GetGValue(own) > 127 ? RGB(0, 0, 0) : own;
 }
 
 void FormPeer::ReadColours() noexcept {
@@ -211,6 +232,14 @@ LRESULT FormPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
   switch (message) {
     case WM_CLOSE:
       Tell(ui::CloseAsked{});
+      return 0;
+    case WM_DESTROY:
+      // Somebody else ends the window: as if by its own button, or its display would never end.
+      Tell(ui::CloseAsked{});
+      break;
+    case WM_TIMER:
+      if (wparam != kTimerId) break;
+      Tell(ui::TimePassed{});
       return 0;
     case WM_ERASEBKGND: {
       RECT area;
@@ -325,13 +354,29 @@ void FormPeer::MoveFocus(const ui::Control* from, const ui::Control* within, boo
     });
     if (next == stops.end()) next = stops.begin();
   }
-  const HWND target = Of(**next)->window();
+  FocusOn(Of(**next)->window());
+}
+
+void FormPeer::FocusOn(HWND target) {
   // Once the keyboard is used the operator wants to see where the focus is.
   SendMessageW(window(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
   SetFocus(target);
   if ((SendMessageW(target, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) {
     SendMessageW(target, EM_SETSEL, 0, -1);
   }
+}
+
+bool FormPeer::PressAccessKey(WPARAM key) {
+  const ui::Control* const control = form_.FindAccessKey(static_cast<char16_t>(key));
+  WindowPeer* const peer = control != nullptr ? Of(*control) : nullptr;
+  if (peer == nullptr || peer->window() == nullptr) return false;
+  if (peer->TakesFocus()) FocusOn(peer->window());
+  peer->Tell(ui::Clicked{});
+  return true;
+}
+
+void FormPeer::ShowAccessKeys() {
+  if (!std::exchange(shows_access_keys_, true)) RepaintAll();
 }
 
 void FormPeer::TurnTab(bool forward) {

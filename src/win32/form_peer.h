@@ -2,8 +2,9 @@
 // movement of the keyboard focus.
 #pragma once
 
-#include <map>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "ui/form.h"
 #include "ui/tab_background.h"
@@ -33,6 +34,8 @@ class FormPeer final : public WindowPeer {
   // Behind everything on the form.
   [[nodiscard]] HBRUSH FaceBrush() const noexcept;
   [[nodiscard]] COLORREF FaceColour() const noexcept;
+  // Of text on that.
+  [[nodiscard]] COLORREF TextColour() const noexcept;
   [[nodiscard]] HWND Tooltips();
   [[nodiscard]] bool has_tooltips() const noexcept { return tooltips_ != nullptr; }
 
@@ -43,6 +46,11 @@ class FormPeer final : public WindowPeer {
 
   // A key that moves the focus or chooses a tab; false when the control should have it.
   bool Navigate(WindowPeer& from, WPARAM key);
+  // Goes to the control of that access key and clicks it; false when there is none.
+  bool PressAccessKey(WPARAM key);
+  // Captions underline their access keys from the first time on that the operator presses Alt.
+  void ShowAccessKeys();
+  [[nodiscard]] bool shows_access_keys() const noexcept { return shows_access_keys_; }
   // `peer` was hidden or disabled while it held the focus, or is shown again.
   void LosesFocus(const WindowPeer& peer);
   void ComesBack(const WindowPeer& peer);
@@ -64,15 +72,18 @@ class FormPeer final : public WindowPeer {
   void AttachHook();
   void ReadColours() noexcept;
   void RepaintAll() const noexcept;
+  void ShowTimer() const noexcept;
+  void FocusOn(HWND target);
   void MoveFocus(const ui::Control* from, const ui::Control* within, bool forward);
   void TurnTab(bool forward);
   void RestoreFocus();
 
   ui::Form& form_;
-  std::map<int, HFONT> fonts_;
+  std::vector<std::pair<int, HFONT>> fonts_;  // by their size
   HWND tooltips_ = nullptr;
   HBRUSH own_face_ = nullptr;  // while the tab strip is hooked
   std::optional<Hook> hook_;
+  bool shows_access_keys_ = false;
   HWND active_before_ = nullptr;
   HWND last_focus_ = nullptr;    // while another window is active
   HWND hidden_focus_ = nullptr;  // the control that had the focus when it was hidden

@@ -1,14 +1,17 @@
 #include "win32/image_peer.h"
 
+#include <utility>
+
 #include "win32/drawing_surface.h"
 #include "win32/form_peer.h"
+#include "win32/native_colour.h"
 #include "win32/native_picture.h"
 #include "win32/win32_toolkit.h"
 
 namespace quill::win32 {
 
 WindowPeer::Style ImagePeer::GetStyle() const {
-  return {L"STATIC", nullptr, SS_NOTIFY, 0};
+  return {L"STATIC", nullptr, SS_NOTIFY | (TakesFocus() ? WS_TABSTOP : 0u), 0};
 }
 
 void ImagePeer::Show(ui::Changes changes) {
@@ -21,9 +24,16 @@ void ImagePeer::DrawBehind(HDC context, POINT origin) const {
   RECT area = Place();
   OffsetRect(&area, -origin.x, -origin.y);
   Draw(context, area);
+  DrawFocus(context, area);
 }
 
 void ImagePeer::Draw(HDC context, const RECT& area) const {
+  if (TakesFocus() && IsHighContrast()) {
+    // The operator's colours, which the picture does not know.
+    RECT button = area;
+    DrawFrameControl(context, &button, DFC_BUTTON, DFCS_BUTTONPUSH);
+    return;
+  }
   const auto* const picture = static_cast<const NativePicture*>(image_.picture().get());
   if (picture == nullptr) return;
   RECT target = area;
@@ -40,6 +50,15 @@ void ImagePeer::DrawAll(HDC context, const RECT& area) const {
   Draw(context, area);
 }
 
+void ImagePeer::DrawFocus(HDC context, RECT area) const {
+  constexpr ui::Twips kInset = 45;
+  if (GetFocus() != window()) return;
+  InflateRect(&area, -toolkit().scale().PixelsX(kInset), -toolkit().scale().PixelsY(kInset));
+  SetTextColor(context, 0);
+  SetBkColor(context, RGB(255, 255, 255));
+  DrawFocusRect(context, &area);
+}
+
 LRESULT ImagePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
   if (const auto fact = buttons_.FactOf(window(), message, wparam, lparam, toolkit().scale())) {
     const LRESULT result = WindowPeer::Handle(message, wparam, lparam);
@@ -47,6 +66,26 @@ LRESULT ImagePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     return result;
   }
   switch (message) {
+    case WM_KEYDOWN:
+      if (wparam == VK_RETURN) {
+        Tell(ui::Clicked{});
+        return 0;
+      }
+      space_pressed_ = wparam == VK_SPACE;
+      break;
+    case WM_KEYUP:
+      if (wparam == VK_SPACE && std::exchange(space_pressed_, false)) {
+        Tell(ui::Clicked{});
+        return 0;
+      }
+      break;
+    case WM_KILLFOCUS:
+      space_pressed_ = false;
+      [[fallthrough]];
+    case WM_SETFOCUS:
+      Repaint();
+      RepaintInFront();
+      break;
     case WM_ERASEBKGND:
       return 1;
     case WM_PRINTCLIENT: {
@@ -63,14 +102,16 @@ LRESULT ImagePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       {
         const DrawingSurface surface(context, {area.right, area.bottom});
         DrawAll(surface.context(), area);
+        DrawFocus(surface.context(), area);
         BitBlt(context, 0, 0, area.right, area.bottom, surface.context(), 0, 0, SRCCOPY);
       }
       EndPaint(window(), &paint);
       return 0;
     }
     default:
-      return WindowPeer::Handle(message, wparam, lparam);
+      break;
   }
+  return WindowPeer::Handle(message, wparam, lparam);
 }
 
 }  // namespace quill::win32

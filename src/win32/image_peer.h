@@ -1,4 +1,4 @@
-// The native window of an image.
+// The native window of an image; as a tab stop it takes the keyboard focus like a button.
 #pragma once
 
 #include "ui/image.h"
@@ -12,6 +12,8 @@ class ImagePeer final : public WindowPeer {
   ImagePeer(Win32Toolkit& toolkit, ui::Image& image) noexcept
       : WindowPeer(toolkit, image), image_(image) {}
 
+  [[nodiscard]] bool TakesFocus() const noexcept override { return image_.tab_index() >= 0; }
+
   // Draws the picture where the image lies in its container, relative to the container's `origin`.
   void DrawBehind(HDC context, POINT origin) const;
 
@@ -23,9 +25,11 @@ class ImagePeer final : public WindowPeer {
  private:
   void Draw(HDC context, const RECT& area) const;
   void DrawAll(HDC context, const RECT& area) const;  // with the ground
+  void DrawFocus(HDC context, RECT area) const;
 
   ui::Image& image_;
   MouseButtons buttons_;
+  bool space_pressed_ = false;
 };
 
 }  // namespace quill::win32

@@ -84,11 +84,18 @@ void LabelPeer::Draw(HDC context, const RECT& area) const {
 
   const HGDIOBJ previous = SelectObject(context, form_peer().Font(label_.font_size()));
   SetBkMode(context, TRANSPARENT);
-  SetTextColor(context, GetSysColor(label_.enabled() ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
-  const Text& caption = label_.caption();
+  SetTextColor(context, label_.enabled() ? form_peer().TextColour() : GetSysColor(COLOR_GRAYTEXT));
+  Text caption = label_.caption();
+  UINT flags = DrawFlags(label_.alignment());
+  if (form_peer().shows_access_keys() && label_.access_key() != 0) {
+    const std::size_t place = ToUpper(caption).find(label_.access_key());
+    if (place != Text::npos) {
+      caption.insert(place, 1, u'&');
+      flags &= ~static_cast<UINT>(DT_NOPREFIX);
+    }
+  }
   RECT place = area;
-  DrawTextW(context, Wide(caption), static_cast<int>(caption.size()), &place,
-            DrawFlags(label_.alignment()));
+  DrawTextW(context, Wide(caption), static_cast<int>(caption.size()), &place, flags);
   SelectObject(context, previous);
 }
 

@@ -47,6 +47,15 @@ WindowPeer::Style ListBoxPeer::GetStyle() const {
   return {L"LISTBOX", nullptr, style, WS_EX_CLIENTEDGE};
 }
 
+RECT ListBoxPeer::Place() const {
+  RECT place = WindowPeer::Place();
+  if (is_single_row()) return place;
+  const int row = toolkit().list_row_pixels();
+  const int spare = (place.bottom - place.top - 2 * GetSystemMetrics(SM_CYEDGE)) % row;
+  if (spare > 0) place.bottom -= spare;
+  return place;
+}
+
 void ListBoxPeer::Show(ui::Changes changes) {
   if (changes.Has(ui::Changes::kFont)) SetFont(Win32Toolkit::kFontPoints);
   if (changes.Has(ui::Changes::kBounds) && is_single_row()) {

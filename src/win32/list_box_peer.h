@@ -17,6 +17,8 @@ class ListBoxPeer final : public WindowPeer {
  protected:
   [[nodiscard]] Style GetStyle() const override;
   void Show(ui::Changes changes) override;
+  // A list of many rows ends below a whole row.
+  [[nodiscard]] RECT Place() const override;
   LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
 
  private:

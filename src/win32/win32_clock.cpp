@@ -10,4 +10,8 @@ std::uint64_t Win32Clock::Ticks() {
   return static_cast<std::uint64_t>(ticks.QuadPart);
 }
 
+std::uint64_t Win32Clock::Milliseconds() {
+  return GetTickCount64();
+}
+
 }  // namespace quill::win32

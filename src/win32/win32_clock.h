@@ -8,6 +8,7 @@ namespace quill::win32 {
 class Win32Clock final : public Clock {
  public:
   std::uint64_t Ticks() override;
+  std::uint64_t Milliseconds() override;
 };
 
 }  // namespace quill::win32

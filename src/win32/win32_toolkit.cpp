@@ -123,14 +123,16 @@ ui::PicturePtr Win32Toolkit::ReadPicture(TextView path) {
     return ReadGifPicture(path);  // which says why it cannot be read
   }
   const ULONGLONG size = static_cast<ULONGLONG>(file.nFileSizeHigh) << 32 | file.nFileSizeLow;
-  const auto known = pictures_.find(path);
-  if (known != pictures_.end() && known->second.size == size &&
-      CompareFileTime(&known->second.written, &file.ftLastWriteTime) == 0) {
-    return known->second.picture;
+  const auto known = std::ranges::find(pictures_, path, &CachedPicture::path);
+  if (known != pictures_.end()) {
+    if (known->size == size && CompareFileTime(&known->written, &file.ftLastWriteTime) == 0) {
+      return known->picture;
+    }
+    pictures_.erase(known);
   }
   auto picture = ReadGifPicture(path);
   if (pictures_.size() >= kMostCachedPictures) pictures_.clear();
-  pictures_[Text(path)] = {file.ftLastWriteTime, size, picture};
+  pictures_.push_back({Text(path), file.ftLastWriteTime, size, picture});
   return picture;
 }
 

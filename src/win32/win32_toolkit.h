@@ -3,7 +3,6 @@
 
 #include <windows.h>
 
-#include <map>
 #include <optional>
 #include <vector>
 
@@ -58,6 +57,8 @@ class Win32Toolkit final : public ui::Toolkit {
   };
 
   [[nodiscard]] const ScreenScale& scale() const noexcept { return scale_; }
+  // Height of a row of a list box, in pixels.
+  [[nodiscard]] int list_row_pixels() const noexcept { return list_row_pixels_; }
   // Readies what a form's windows are made of.
   void RegisterClasses() noexcept;
   [[nodiscard]] bool IsBusy(const ui::Form& form) const noexcept;
@@ -66,6 +67,7 @@ class Win32Toolkit final : public ui::Toolkit {
 
  private:
   struct CachedPicture {
+    Text path;
     FILETIME written = {};
     ULONGLONG size = 0;
     std::shared_ptr<const NativePicture> picture;
@@ -81,7 +83,7 @@ class Win32Toolkit final : public ui::Toolkit {
 
   ScreenScale scale_;
   int list_row_pixels_;
-  std::map<Text, CachedPicture, std::less<>> pictures_;
+  std::vector<CachedPicture> pictures_;
   std::vector<Display> displays_;  // from the outermost to the innermost
   int open_boxes_ = 0;
   ui::Pointer screen_pointer_ = ui::Pointer::kDefault;

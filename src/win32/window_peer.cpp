@@ -3,8 +3,10 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
+#include "win32/accessible_object.h"
 #include "win32/control_name.h"
 #include "win32/form_peer.h"
 #include "win32/native_text.h"
@@ -32,17 +34,24 @@ struct Counted {
   int& count_;
 };
 
+// Where the window stands in a list that is sorted by windows, or would stand.
+auto PlaceOf(HWND window, std::vector<std::pair<HWND, WindowPeer*>>& peers) {
+  return std::lower_bound(peers.begin(), peers.end(), window, [](const auto& entry, HWND wanted) {
+    return std::less<>()(entry.first, wanted);
+  });
+}
+
 }  // namespace
 
-std::unordered_map<HWND, WindowPeer*> WindowPeer::peers_;
+std::vector<std::pair<HWND, WindowPeer*>> WindowPeer::peers_;
 
 WindowPeer::~WindowPeer() {
   DestroyWindowNow();
 }
 
 WindowPeer* WindowPeer::Of(HWND window) noexcept {
-  const auto found = peers_.find(window);
-  return found == peers_.end() ? nullptr : found->second;
+  const auto place = PlaceOf(window, peers_);
+  return place != peers_.end() && place->first == window ? place->second : nullptr;
 }
 
 WindowPeer* WindowPeer::Of(const ui::Control& control) noexcept {
@@ -71,7 +80,7 @@ void WindowPeer::MakeWindow(HWND parent) {
 
   window_ = window;
   try {
-    peers_.emplace(window, this);
+    peers_.emplace(PlaceOf(window, peers_), window, this);
   } catch (...) {
     DestroyWindow(std::exchange(window_, nullptr));
     throw;
@@ -221,7 +230,7 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       if (child(reinterpret_cast<HWND>(lparam)) != nullptr) {
         const auto context = reinterpret_cast<HDC>(wparam);
         SetBkColor(context, form_peer().FaceColour());
-        SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
+        SetTextColor(context, form_peer().TextColour());
         return reinterpret_cast<LRESULT>(form_peer().FaceBrush());
       }
       break;
@@ -239,6 +248,16 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       break;
     case WM_CHAR:
       if (wparam == L'\t') return 0;  // its key has moved the focus
+      break;
+    case WM_SYSKEYDOWN:
+      if (wparam == VK_MENU) form_peer().ShowAccessKeys();
+      break;
+    case WM_SYSCHAR:
+      if (form_peer().PressAccessKey(wparam)) return 0;
+      break;
+    case WM_GETOBJECT:
+      if (static_cast<LONG>(lparam) != OBJID_CLIENT) break;
+      if (const LRESULT answer = AnswerAssistiveTool(window_, wparam)) return answer;
       break;
     case WM_MOUSEMOVE:
     case WM_LBUTTONDOWN:
@@ -283,7 +302,7 @@ void WindowPeer::DestroyWindowNow() noexcept {
 // The window is going, with its peer or before it.
 void WindowPeer::Forget() noexcept {
   DetachControlName(window_);
-  peers_.erase(window_);
+  peers_.erase(PlaceOf(window_, peers_));
   SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original_));
   window_ = nullptr;
 }

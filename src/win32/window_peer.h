@@ -8,7 +8,8 @@
 
 #include <windows.h>
 
-#include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include "ui/control.h"
 
@@ -82,7 +83,8 @@ class WindowPeer : public ui::Peer {
 
   // Of all windows made here. The system could keep the peer with the window as well, but asking it
   // costs as much as a tenth of the window's creation.
-  static std::unordered_map<HWND, WindowPeer*> peers_;
+  // Sorted by the window.
+  static std::vector<std::pair<HWND, WindowPeer*>> peers_;
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
  private:

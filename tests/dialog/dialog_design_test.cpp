@@ -121,6 +121,14 @@ TEST_F(DialogDesign, TabOrderNumbersEachControlOnce) {
   EXPECT_EQ(*seen.rbegin(), static_cast<int>(seen.size()) - 1);
   EXPECT_EQ(dialog_->cmdRandomize.tab_index(), 78);
   EXPECT_LT(dialog_->lstAvlMaps.tab_index(), dialog_->lstSelMaps.tab_index());
+
+  std::set<char16_t> keys;
+  for (const auto& control : dialog_->controls()) {
+    const bool is_caption = dialog_->Find(Concat({control->name(), u"Img"})) != nullptr;
+    if (control->access_key() == 0 || is_caption) continue;
+    EXPECT_TRUE(keys.insert(control->access_key()).second) << Named(*control);
+  }
+  EXPECT_EQ(keys.size(), 8u);
 }
 
 TEST_F(DialogDesign, OptionsComeInTheirWrittenOrderWithTheirPayloadFields) {

@@ -21,6 +21,7 @@ namespace quill {
 class StoppedClock final : public Clock {
  public:
   std::uint64_t Ticks() override { return 1; }
+  std::uint64_t Milliseconds() override { return 1; }
 };
 
 class FixedProcessPaths final : public ProcessPaths {

@@ -1,0 +1,48 @@
+title "While the answer to a start is awaited the dialog tells for how long"
+
+host opens profile 1 target t
+host replies
+tab "Map Settings"
+double-click lstAvlMaps 0
+
+# By its access key, from wherever the focus is.
+alt s
+expect lblWaiting shown = true
+expect lblWaiting caption contains "Awaiting reply:"
+expect lblWaiting caption contains "{lf}0 s"
+wait 2 seconds
+expect lblWaiting caption contains "Awaiting reply:"
+expect lblWaiting caption lacks "{lf}0 s"
+expect screen pointer = busy
+
+# A start that is refused changes nothing, a new one counts from the beginning.
+tab "Misc Options"
+paste txtPort x
+push cmdStart
+expect box "Error!" "Game Port Field is not numeric!"
+expect lblWaiting shown = true
+paste txtPort 17479
+kit CompressString fails 70 "Permission denied"
+push cmdStart
+expect trapped cmdStart_Error 70 "Permission denied"
+expect lblWaiting shown = false
+push cmdStart
+expect lblWaiting shown = true
+
+# An answer that makes no sense is one all the same.
+host replies with oops
+expect trapped RemoteData 13 "Type mismatch [, ]"
+expect lblWaiting shown = false
+push cmdStart
+expect lblWaiting shown = true
+host hides
+host opens profile 1 target t
+expect lblWaiting shown = false
+host replies
+tab "Map Settings"
+double-click lstAvlMaps 0
+alt S
+expect lblWaiting shown = true
+expect lblWaiting left = 7935
+alt c
+expect dialog hidden
