@@ -92,9 +92,12 @@ function(quill_test name)
   if(arg_SERIAL)
     list(APPEND properties RUN_SERIAL TRUE)
   endif()
-  if(WIN32)
+  if(WIN32 AND CMAKE_CROSSCOMPILING)
     add_test(NAME ${name}
       COMMAND "${PROJECT_SOURCE_DIR}/cmake/wine/gtest-suite" $<TARGET_FILE:${name}_test>)
+    set_tests_properties(${name} PROPERTIES ${properties})
+  elseif(WIN32)
+    add_test(NAME ${name} COMMAND ${name}_test)
     set_tests_properties(${name} PROPERTIES ${properties})
   else()
     gtest_discover_tests(${name}_test
@@ -132,6 +135,12 @@ function(quill_add_layer_checks)
   add_test(NAME layers.broken_trees_are_noticed
     COMMAND ${CMAKE_COMMAND} -DSCRATCH=${PROJECT_BINARY_DIR}/layer-check
             -P ${PROJECT_SOURCE_DIR}/cmake/check_layers_test.cmake)
+  add_test(NAME portable.only_one_header_knows_compilers
+    COMMAND ${CMAKE_COMMAND} -DROOT=${PROJECT_SOURCE_DIR}
+            -P ${PROJECT_SOURCE_DIR}/cmake/check_portable.cmake)
+  add_test(NAME portable.extensions_are_noticed
+    COMMAND ${CMAKE_COMMAND} -DSCRATCH=${PROJECT_BINARY_DIR}/portable-check
+            -P ${PROJECT_SOURCE_DIR}/cmake/check_portable_test.cmake)
 endfunction()
 
 # The finished library as its hosts find it.
@@ -141,7 +150,7 @@ function(quill_add_library_checks target)
   else()
     set(limit 500000)
   endif()
-  if(CMAKE_BUILD_TYPE STREQUAL "MinSizeRel")
+  if(MINGW AND CMAKE_BUILD_TYPE STREQUAL "MinSizeRel")
     add_test(NAME library.is_small_and_self_contained
       COMMAND ${CMAKE_COMMAND} -DLIBRARY=$<TARGET_FILE:${target}>
               -DMAP=$<TARGET_PROPERTY:${target},BINARY_DIR>/${target}.map

@@ -148,14 +148,20 @@ FunctionEnd
 
 ; Removes the registration of the libraries in $INSTDIR, and of no others.
 Function ${un}Unregister
-  SetRegView 32
-  !insertmacro UnregisterOne x86 "$SYSDIR"
-  ${If} ${IsNativeAMD64}
-    SetRegView 64
-    !insertmacro UnregisterOne x64 "$WINDIR\Sysnative"
+  StrCpy $5 ""
+  !insertmacro FindRegistration 32
+  !insertmacro FindRegistration 64
+  ${If} $5 != ""
+    !insertmacro RunRegistration x86 "/u" "$SYSDIR"
+    ${If} ${IsNativeAMD64}
+      !insertmacro RunRegistration x64 "/u" "$WINDIR\Sysnative"
+    ${EndIf}
+    ; Also where a library is damaged or gone.
+    !insertmacro RemoveRegistration 32
+    !insertmacro RemoveRegistration 64
   ${EndIf}
-  ${If} ${RunningX64}
-    SetRegView 64
+  ${IfNot} ${RunningX64}
+    SetRegView 32
   ${EndIf}
 FunctionEnd
 
@@ -231,19 +237,23 @@ FunctionEnd
   ${EndIf}
 !macroend
 
-!macro UnregisterOne architecture folder
+; Notes in $5 the view in which one of our libraries stands as the class's file.
+!macro FindRegistration view
+  SetRegView ${view}
   ReadRegStr $2 SHCTX "Software\Classes\CLSID\${CLASS_ID}\InprocServer32" ""
-  ${If} $2 == "$INSTDIR\${architecture}\${LIBRARY}"
-    !insertmacro RunRegistration ${architecture} "/u" "${folder}"
-    ; Also where the library is damaged or gone.
+  ${If} $2 == "$INSTDIR\x86\${LIBRARY}"
+  ${OrIf} $2 == "$INSTDIR\x64\${LIBRARY}"
+    StrCpy $5 "$5${view}"
+  ${EndIf}
+!macroend
+
+!macro RemoveRegistration view
+  ${If} $5 == "${view}"
+  ${OrIf} $5 == "3264"
+    SetRegView ${view}
     DeleteRegKey SHCTX "Software\Classes\CLSID\${CLASS_ID}"
     DeleteRegKey SHCTX "Software\Classes\kvrrcBHDGS.clsPlugin"
-    ReadRegStr $2 SHCTX "Software\Classes\TypeLib\${TYPE_LIBRARY_ID}\${TYPE_LIBRARY_VERSION}\0\win32" ""
-    ReadRegStr $3 SHCTX "Software\Classes\TypeLib\${TYPE_LIBRARY_ID}\${TYPE_LIBRARY_VERSION}\0\win64" ""
-    ${If} $2$3 == ""
-    ${OrIf} $2$3 == "$INSTDIR\${architecture}\${LIBRARY}"
-      DeleteRegKey SHCTX "Software\Classes\TypeLib\${TYPE_LIBRARY_ID}"
-    ${EndIf}
+    DeleteRegKey SHCTX "Software\Classes\TypeLib\${TYPE_LIBRARY_ID}"
   ${EndIf}
 !macroend
 
@@ -595,14 +605,23 @@ SectionEnd
 !insertmacro RemoveUsersFolder "un."
 
 ; The running program cannot delete itself, neither in its place nor as the copy that it makes when
-; it is started without "_?=": a command waits for its end and does it.
+; it is started without "_?=": a script waits for its end, does it, and deletes itself. Paths come as
+; arguments, which keep letters that a script's code page does not have.
 Function un.DeleteOneself
   SetOutPath "$WINDIR"
   StrCpy $0 ""
   ${If} $Scope == "CurrentUser"
-    StrCpy $0 '& rd "$LOCALAPPDATA\Programs"'
+    StrCpy $0 "$LOCALAPPDATA\Programs"
   ${EndIf}
-  ExecShell "open" "$SYSDIR\cmd.exe" '/d /c "(for /l %i in (1,1,60) do if exist "$EXEPATH" (del /f /q "$EXEPATH" & if exist "$EXEPATH" ping -n 2 127.0.0.1)) & rd "$EXEDIR" $0"' SW_HIDE
+  FileOpen $1 "$TEMP\quillstart-remove.cmd" w
+  FileWrite $1 "@echo off$\r$\nset n=0$\r$\n:again$\r$\n"
+  FileWrite $1 "del /f /q %1 >nul 2>&1$\r$\nif not exist %1 goto gone$\r$\n"
+  FileWrite $1 "ping -n 2 127.0.0.1 >nul 2>&1$\r$\nset /a n=n+1 >nul$\r$\n"
+  FileWrite $1 "if %n% lss 60 goto again$\r$\n:gone$\r$\n"
+  FileWrite $1 "rd %2 >nul 2>&1$\r$\nif not %3 == $\"$\" rd %3 >nul 2>&1$\r$\n"
+  FileWrite $1 "del /f /q $\"%~f0$\"$\r$\n"
+  FileClose $1
+  ExecShell "open" "$SYSDIR\cmd.exe" '/d /c ""$TEMP\quillstart-remove.cmd" "$EXEPATH" "$EXEDIR" "$0""' SW_HIDE
 FunctionEnd
 
 Function un.onUninstSuccess
