@@ -1,8 +1,6 @@
 // Map entry text, the row text of the map lists: display name, " <", map file name, ">".
 #pragma once
 
-#include <cstddef>
-
 #include "support/text.h"
 
 namespace quill {
@@ -17,16 +15,5 @@ struct MapEntry {
 // from that "<" on, taken out. Fails with kInvalidProcedureCall when nothing can follow the split
 // (the last "<" ends the entry, or there is none and the entry has fewer than two characters).
 [[nodiscard]] MapEntry SplitMapEntry(TextView entry);
-
-// Where an entry comes apart, without a copy of anything.
-struct MapEntrySplit {
-  TextView tail;  // from the "<" to the end, never empty
-  TextView file;  // without blanks around it
-};
-// Fails as SplitMapEntry does.
-[[nodiscard]] MapEntrySplit FindMapEntrySplit(TextView entry);
-
-// Appends what is left of `entry` without its tail, blanks included.
-void AppendWithoutTail(Text& target, TextView entry, TextView tail);
 
 }  // namespace quill

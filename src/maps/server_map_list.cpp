@@ -1,8 +1,10 @@
 #include "maps/server_map_list.h"
 
+#include <algorithm>
 #include <utility>
 
-#include "maps/map_entry.h"
+#include "maps/map_entry_split.h"
+#include "support/base64.h"
 #include "support/runtime_error.h"
 
 namespace quill {
@@ -34,28 +36,64 @@ void ServerMapList::Clear() noexcept {
   by_name_.Clear();
 }
 
-void ServerMapList::AppendEntry(TextView entry) {
-  if (entry.empty()) throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
-  const char16_t game_type = entry.back();
-  entry.remove_suffix(1);
-  const MapEntrySplit split = FindMapEntrySplit(entry);
+void ServerMapList::Reserve(std::size_t encoded_size) {
+  constexpr std::size_t kUsualEntry = 32;
+  buffer_.reserve(buffer_.size() + Dec64Room(encoded_size));
+  maps_.reserve(maps_.size() + encoded_size / kUsualEntry);
+}
 
+void ServerMapList::AppendEntry(TextView entry) {
   const std::size_t begin = buffer_.size();
+  buffer_.insert(buffer_.end(), entry.begin(), entry.end());
+  maps_.emplace_back(begin, entry.size());
+  TakeApartFrom(maps_.size() - 1);
+}
+
+void ServerMapList::AppendEncodedEntries(std::span<const TextView> entries, const CodePage& page) {
+  const std::size_t first = maps_.size();
+  std::size_t end = buffer_.size();
+  std::size_t room = 0;
+  for (const TextView entry : entries) room += Dec64Room(entry.size());
+  buffer_.resize(end + room);
   try {
-    AppendWithoutTail(buffer_, entry, split.tail);
-    const TextView untrimmed = TextView(buffer_).substr(begin);
-    const TextView name = TrimBlanks(untrimmed);
-    // Of blanks only, the name has no place of its own.
-    const std::size_t name_begin =
-        name.empty() ? begin : static_cast<std::size_t>(name.data() - buffer_.data());
-    const Map map{name_begin, name.size(), buffer_.size(), split.file.size()};
-    buffer_.append(split.file);
-    buffer_.push_back(game_type);
-    maps_.push_back(map);
+    for (const TextView entry : entries) {
+      const std::size_t length = Dec64To(entry, page, buffer_.data() + end);
+      maps_.emplace_back(end, length);
+      end += length;
+    }
   } catch (...) {
-    buffer_.resize(begin);
+    buffer_.resize(end);
+    TakeApartFrom(first);
     throw;
   }
+  buffer_.resize(end);
+  TakeApartFrom(first);
+}
+
+void ServerMapList::TakeApartFrom(std::size_t first) {
+  for (; first != maps_.size(); ++first) {
+    try {
+      TakeApart(maps_[first]);
+    } catch (...) {
+      maps_.erase(maps_.begin() + static_cast<std::ptrdiff_t>(first), maps_.end());
+      throw;
+    }
+  }
+}
+
+void ServerMapList::TakeApart(Map& map) {
+  if (map.name_length == 0) throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
+  char16_t* const entry = buffer_.data() + map.name_begin;
+  const std::size_t length = map.name_length - 1;
+  const char16_t game_type = entry[length];
+  const MapEntrySplit split = FindMapEntrySplit(TextView(entry, length));
+  const TextView name = TrimBlanks(TextView(entry, TakeOutTail(entry, split)));
+  map.name_begin = static_cast<std::size_t>(name.data() - buffer_.data());
+  map.name_length = name.size();
+  map.file_begin = static_cast<std::size_t>(split.file.data() - buffer_.data());
+  map.file_length = split.file.size();
+  // At least the last character of the tail lies behind the file name.
+  buffer_[map.file_begin + map.file_length] = game_type;
 }
 
 int ServerMapList::PositionOfFile(TextView file, TextView game_type) const {

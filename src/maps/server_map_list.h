@@ -3,10 +3,13 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <vector>
 
 #include "maps/first_row_index.h"
+#include "support/code_page.h"
 #include "support/text.h"
+#include "support/unset_buffer.h"
 
 namespace quill {
 
@@ -24,6 +27,12 @@ class ServerMapList {
   // Appends the map that `entry` describes: a map entry text followed by one game-type character.
   // Fails as SplitMapEntry does (also on an empty text), with nothing appended.
   void AppendEntry(TextView entry);
+  // The same for some entries in Base64, together, which is quicker: a text that is read just after
+  // it was written makes the processor wait. Fails at the first bad one, as Dec64To does, too;
+  // those before it are appended.
+  void AppendEncodedEntries(std::span<const TextView> entries, const CodePage& page);
+  // Makes room for entries that are so long together in Base64, so that none of them has to.
+  void Reserve(std::size_t encoded_size);
 
   // The position of the first map with exactly this file name and game type; 0 when there is none.
   // The first look-up after a change takes time proportional to the length of the list.
@@ -35,17 +44,26 @@ class ServerMapList {
 
  private:
   struct Map {
+    // One whose name is a whole entry yet.
+    Map(std::size_t begin, std::size_t length) noexcept : name_begin(begin), name_length(length) {}
+
     std::size_t name_begin;
     std::size_t name_length;
-    std::size_t file_begin;
-    std::size_t file_length;  // its game-type character follows
+    std::size_t file_begin = 0;
+    std::size_t file_length = 0;  // its game-type character follows
   };
   [[nodiscard]] const Map& At(int position) const;
   [[nodiscard]] TextView View(std::size_t begin, std::size_t length) const noexcept {
-    return TextView(buffer_).substr(begin, length);
+    return {buffer_.data() + begin, length};
   }
 
-  Text buffer_;
+  // From that 0-based row on, the name is the whole entry yet. Drops the rows from the first bad
+  // entry on.
+  void TakeApartFrom(std::size_t first);
+  void TakeApart(Map& map);
+
+  // Each map's entry, decoded and taken apart where it lies.
+  UnsetBuffer<char16_t> buffer_;
   std::vector<Map> maps_;
   mutable FirstRowIndex by_file_;  // by file name and game type as they lie in the buffer
   mutable FirstRowIndex by_name_;

@@ -9,6 +9,7 @@
 #include "remote/compressed_frame.h"
 #include "remote/dialog_in_use.h"
 #include "remote/request_file.h"
+#include "remote/server_maps_field.h"
 #include "support/base64.h"
 #include "support/number_text.h"
 #include "support/text_pieces.h"
@@ -19,23 +20,10 @@ namespace {
 // A reply of at most this many fields carries no fixed values.
 constexpr int kFieldsWithoutFixedValues = 26;
 
-constexpr TextView kListSeparator = u"|";
 constexpr TextView kTeamSabre = u"Team Sabre";
 constexpr TextView kNoMod = u"None";
 constexpr std::array<TextView, 4> kTeamSabreSynonyms = {u"teamsabre", u"team sabre", u"exp1.pff",
                                                         u"exp1"};
-
-// The maps before an entry that fails stay in the list.
-void ReadServerMaps(TextView entries, const CodePage& code_page, ServerMapList& maps) {
-  PieceCursor items(entries, kListSeparator);
-  Text entry;
-  for (TextView item; items.Next(item);) {
-    if (IsBlank(item)) continue;
-    entry.clear();
-    AppendDec64(item, code_page, entry);
-    maps.AppendEntry(entry);
-  }
-}
 
 void RepairFixedValues(ReplyFields& fields) {
   if (fields.Count() <= kFieldsWithoutFixedValues) return;

@@ -29,9 +29,9 @@ Lanes LoadLanes(const char16_t* units) noexcept {
   return lanes;
 }
 
-// Both directions work block by block. A block's place in the result is filled from here and then
-// written over: growing a text with zeros would be a second pass over the whole result, and so
-// would be a buffer that is appended.
+// Texts grow block by block. A block's place is filled from here and then written over: growing a
+// text with zeros would be a second pass over the whole result, and a block of its own, copied
+// over, would be read before its writes have come through.
 constexpr std::size_t kBlockGroups = 128;
 constexpr std::size_t kBlockBytes = 3 * kBlockGroups;
 constexpr std::size_t kBlockDigits = 4 * kBlockGroups;
@@ -43,18 +43,21 @@ char16_t* Extend(Text& target, std::size_t count) {
   return target.data() + (target.size() - count);
 }
 
+// The tables are made when the program or library is loaded, because they would be a large part of
+// the library's file.
+
 // Two digits side by side, by the 12 bits that they stand for.
 using DigitPair = std::array<char16_t, 2>;
 
-constexpr std::array<DigitPair, 4096> MakeDigitPairs() {
-  std::array<DigitPair, 4096> pairs{};
+std::array<DigitPair, 4096> MakeDigitPairs() noexcept {
+  std::array<DigitPair, 4096> pairs;
   for (std::size_t bits = 0; bits < pairs.size(); ++bits) {
     pairs[bits] = {kAlphabet[bits >> 6], kAlphabet[bits & 63]};
   }
   return pairs;
 }
 
-constexpr std::array<DigitPair, 4096> kDigitPairs = MakeDigitPairs();
+const std::array<DigitPair, 4096> kDigitPairs = MakeDigitPairs();
 
 void PutDigits(std::size_t first_12_bits, std::size_t last_12_bits, char16_t* out) noexcept {
   std::memcpy(out, &kDigitPairs[first_12_bits], sizeof(DigitPair));
@@ -92,24 +95,14 @@ bool EncodeAscii(const char16_t* in, std::size_t count, char16_t* out) noexcept 
     seen |= units;
     EncodeGroup(units, out);
   }
-  const Lanes last = ToLanes({in[0], count > 1 ? in[1] : u'\0', count > 2 ? in[2] : u'\0', 0});
+  Lanes last = in[0];
+  if (count > 1) last |= Lanes{in[1]} << 16;
+  if (count > 2) last |= Lanes{in[2]} << 32;
   seen |= last;
   EncodeGroup(last, out);
   if (count < 3) out[3] = kPad;
   if (count < 2) out[2] = kPad;
   return (seen & ToLanes({0xFF80, 0xFF80, 0xFF80, 0xFF80})) == 0;
-}
-
-// Appends the encoding of `count` units from `in`; `encode(in, count, out)` does one block.
-template <class Unit, class Encode>
-void AppendEncoded(const Unit* in, std::size_t count, Text& target, Encode encode) {
-  if (count > kBlockBytes) target.reserve(target.size() + (count + 2) / 3 * 4);
-  while (count != 0) {
-    const std::size_t taken = std::min(count, kBlockBytes);
-    encode(in, taken, Extend(target, (taken + 2) / 3 * 4));
-    in += taken;
-    count -= taken;
-  }
 }
 
 // A decoded group is its three bytes, one to a unit, and a fourth unit that is not 0 when a digit
@@ -120,8 +113,8 @@ constexpr Lanes kBeyondAscii = ToLanes({0x80, 0x80, 0x80, 0});
 // What each digit adds to its group, by the digit's place and its low byte.
 using DigitLanes = std::array<std::array<Lanes, 256>, 4>;
 
-constexpr DigitLanes MakeDigitLanes() {
-  DigitLanes lanes{};
+DigitLanes MakeDigitLanes() noexcept {
+  DigitLanes lanes;
   for (auto& place : lanes) place.fill(kBad);
   for (unsigned v = 0; v < 64; ++v) {
     const auto unit = [](unsigned byte) { return static_cast<char16_t>(byte & 0xFF); };
@@ -134,35 +127,44 @@ constexpr DigitLanes MakeDigitLanes() {
   return lanes;
 }
 
-constexpr DigitLanes kDigitLanes = MakeDigitLanes();
+const DigitLanes kDigitLanes = MakeDigitLanes();
 
-Lanes DecodeGroup(const char16_t* digits) noexcept {
-  return kDigitLanes[0][digits[0] & 0xFF] | kDigitLanes[1][digits[1] & 0xFF] |
-         kDigitLanes[2][digits[2] & 0xFF] | kDigitLanes[3][digits[3] & 0xFF];
+Lanes Digit(std::size_t place, const char16_t* group) noexcept {
+  return kDigitLanes[place][group[place] & 0xFF];
 }
 
-// Decodes `groups` (not 0) times four digits, the last `padding` of which are "=", into units of
-// one byte each. Returns all groups or-ed together.
-Lanes DecodeBlock(const char16_t* in, std::size_t groups, std::size_t padding,
-                  char16_t* out) noexcept {
+// How many characters of padding end the text; it is not empty.
+inline std::size_t PaddingOf(TextView encoded) noexcept {
+  const char16_t* const end = encoded.data() + encoded.size();
+  return end[-1] != kPad ? 0 : end[-2] != kPad ? 1 : 2;
+}
+
+// Decodes a whole number of groups (not 0), the last `padding` characters of which are "=", to
+// `out`, one byte to a unit. Returns all groups or-ed together.
+inline Lanes DecodeGroups(TextView encoded, std::size_t padding, char16_t* out) noexcept {
+  const char16_t* in = encoded.data();
+  const char16_t* const last = in + (encoded.size() - 4);
   Lanes all = 0;
   Lanes seen = 0;
-  for (; groups != 1; --groups, in += 4, out += 3) {
+  for (; in != last; in += 4, out += 3) {
     seen |= LoadLanes(in);
-    const Lanes group = DecodeGroup(in);
+    const Lanes group = Digit(0, in) | Digit(1, in) | Digit(2, in) | Digit(3, in);
     all |= group;
     std::memcpy(out, &group, sizeof group);  // the next group writes over the fourth unit
   }
-  // Zero digits stand in for the padding.
-  const char16_t last[4] = {in[0], in[1], padding == 2 ? kAlphabet[0] : in[2],
-                            padding != 0 ? kAlphabet[0] : in[3]};
-  seen |= ToLanes({last[0], last[1], last[2], last[3]});
-  const Lanes group = DecodeGroup(last);
+  seen |= LoadLanes(in);
+  Lanes group = Digit(0, in) | Digit(1, in);
+  if (padding < 2) group |= Digit(2, in);
+  if (padding < 1) group |= Digit(3, in);
   all |= group;
   out[0] = static_cast<char16_t>(group);
   if (padding < 2) out[1] = static_cast<char16_t>(group >> 16);
   if (padding < 1) out[2] = static_cast<char16_t>(group >> 32);
   return (seen & ToLanes({0xFF00, 0xFF00, 0xFF00, 0xFF00})) == 0 ? all : all | kBad;
+}
+
+void MapBytes(const CodePage& page, char16_t* units, std::size_t count) noexcept {
+  for (; count != 0; --count, ++units) *units = page.ToUnit(static_cast<std::uint8_t>(*units));
 }
 
 // Says what is wrong with a text that could not be decoded.
@@ -191,32 +193,32 @@ Lanes DecodeBlock(const char16_t* in, std::size_t groups, std::size_t padding,
 template <class Map>
 void AppendDecoded(TextView encoded, Text& target, Map map) {
   if (encoded.size() % 4 != 0) FailMalformed(encoded);
-  if (encoded.empty()) return;
   const std::size_t before = target.size();
   if (encoded.size() > kBlockDigits) target.reserve(before + encoded.size() / 4 * 3);
-
-  const char16_t* in = encoded.data();
-  const char16_t* const end = in + encoded.size();
-  const std::size_t padding = end[-1] != kPad ? 0 : end[-2] != kPad ? 1 : 2;
-  while (in != end) {
-    const std::size_t taken = std::min<std::size_t>(end - in, kBlockDigits);
-    const std::size_t dropped = in + taken == end ? padding : 0;
-    const std::size_t count = taken / 4 * 3 - dropped;
+  for (TextView rest = encoded; !rest.empty();) {
+    const TextView taken = rest.substr(0, kBlockDigits);
+    rest.remove_prefix(taken.size());
+    const std::size_t padding = rest.empty() ? PaddingOf(taken) : 0;
+    const std::size_t count = taken.size() / 4 * 3 - padding;
     char16_t* const out = Extend(target, count);
-    const Lanes all = DecodeBlock(in, taken / 4, dropped, out);
+    const Lanes all = DecodeGroups(taken, padding, out);
     if ((all & kBad) != 0) {
       target.resize(before);
       FailMalformed(encoded);
     }
     if ((all & kBeyondAscii) != 0) map(out, count);
-    in += taken;
   }
 }
 
 }  // namespace
 
 void EncodeBase64(std::span<const std::uint8_t> bytes, Text& target) {
-  AppendEncoded(bytes.data(), bytes.size(), target, EncodeBytes);
+  target.reserve(target.size() + (bytes.size() + 2) / 3 * 4);
+  while (!bytes.empty()) {
+    const std::size_t taken = std::min(bytes.size(), kBlockBytes);
+    EncodeBytes(bytes.data(), taken, Extend(target, (taken + 2) / 3 * 4));
+    bytes = bytes.subspan(taken);
+  }
 }
 
 void DecodeBase64(TextView encoded, std::vector<std::uint8_t>& target) {
@@ -234,19 +236,27 @@ Text Enc64(TextView text, const CodePage& page, MessageReporter& reporter) {
 void AppendEnc64(TextView text, const CodePage& page, MessageReporter& reporter, Text& target) {
   const std::size_t before = target.size();
   try {
-    // After the first block that is not ASCII the others are converted at once.
-    bool ascii = true;
-    const auto encode = [&](const char16_t* in, std::size_t count, char16_t* out) {
-      ascii = ascii && EncodeAscii(in, count, out);
-      if (ascii) return;
-      std::uint8_t bytes[kBlockBytes];
-      page.ToBytes(TextView(in, count), bytes);
-      EncodeBytes(bytes, count, out);
-    };
-    AppendEncoded(text.data(), text.size(), target, encode);
+    if (text.size() > kBlockBytes) target.reserve(before + Enc64Length(text.size()));
+    while (!text.empty()) {
+      const TextView taken = text.substr(0, kBlockBytes);
+      Enc64To(taken, page, Extend(target, Enc64Length(taken.size())));
+      text.remove_prefix(taken.size());
+    }
   } catch (...) {
     target.resize(before);
     ReportTrapped(reporter, u"Enc64", CurrentRuntimeError(), 0);
+  }
+}
+
+void Enc64To(TextView text, const CodePage& page, char16_t* room) noexcept {
+  if (text.empty() || EncodeAscii(text.data(), text.size(), room)) return;
+  while (!text.empty()) {
+    const TextView taken = text.substr(0, kBlockBytes);
+    std::uint8_t bytes[kBlockBytes];
+    page.ToBytes(taken, bytes);
+    EncodeBytes(bytes, taken.size(), room);
+    room += kBlockDigits;
+    text.remove_prefix(taken.size());
   }
 }
 
@@ -257,9 +267,19 @@ Text Dec64(TextView encoded, const CodePage& page) {
 }
 
 void AppendDec64(TextView encoded, const CodePage& page, Text& target) {
-  AppendDecoded(encoded, target, [&page](char16_t* units, std::size_t count) {
-    for (; count != 0; --count, ++units) *units = page.ToUnit(static_cast<std::uint8_t>(*units));
-  });
+  AppendDecoded(encoded, target,
+                [&page](char16_t* units, std::size_t count) { MapBytes(page, units, count); });
+}
+
+std::size_t Dec64To(TextView encoded, const CodePage& page, char16_t* room) {
+  if (encoded.size() % 4 != 0) FailMalformed(encoded);
+  if (encoded.empty()) return 0;
+  const std::size_t padding = PaddingOf(encoded);
+  const std::size_t count = encoded.size() / 4 * 3 - padding;
+  const Lanes all = DecodeGroups(encoded, padding, room);
+  if ((all & kBad) != 0) FailMalformed(encoded);
+  if ((all & kBeyondAscii) != 0) MapBytes(page, room, count);
+  return count;
 }
 
 }  // namespace quill

@@ -2,9 +2,11 @@
 // breaks), so that the field separators of the wire formats cannot occur inside them.
 //
 // The functions that append allocate nothing but what `target` needs to grow; their input must not
-// lie in `target`.
+// lie in `target`. Nothing here may be used by what runs before main or the library's own start,
+// the initialisers of static objects: the tables are made there.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -34,5 +36,18 @@ void AppendEnc64(TextView text, const CodePage& page, MessageReporter& reporter,
 [[nodiscard]] Text Dec64(TextView encoded, const CodePage& page);
 // The same, appended to `target`, which keeps what it held on failure.
 void AppendDec64(TextView encoded, const CodePage& page, Text& target);
+
+// The same for callers with room of their own: for Enc64Length(text.size()) units, all of which are
+// written, ...
+void Enc64To(TextView text, const CodePage& page, char16_t* room) noexcept;
+[[nodiscard]] constexpr std::size_t Enc64Length(std::size_t text_size) noexcept {
+  return (text_size + 2) / 3 * 4;
+}
+// ... and for Dec64Room(encoded.size()) units. Returns how many of them are the text; on failure
+// they are rubbish.
+[[nodiscard]] std::size_t Dec64To(TextView encoded, const CodePage& page, char16_t* room);
+[[nodiscard]] constexpr std::size_t Dec64Room(std::size_t encoded_size) noexcept {
+  return encoded_size / 4 * 3;
+}
 
 }  // namespace quill

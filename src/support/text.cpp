@@ -71,16 +71,6 @@ Text Converted(TextView text, Convert convert) {
 
 }  // namespace
 
-TextView TrimBlanks(TextView text) noexcept {
-  const std::size_t first = text.find_first_not_of(u' ');
-  if (first == TextView::npos) return text.substr(text.size());
-  return text.substr(first, text.find_last_not_of(u' ') - first + 1);
-}
-
-bool IsBlank(TextView text) noexcept {
-  return text.find_first_not_of(u' ') == TextView::npos;
-}
-
 Text Decimal(std::int64_t value) {
   Text result;
   AppendDecimal(result, value);

@@ -18,10 +18,16 @@ inline constexpr TextView kLineBreak = u"\r\n";
 
 // `text` without leading and trailing blanks. A blank is U+0020 only: tabs, line ends and no-break
 // spaces stay.
-[[nodiscard]] TextView TrimBlanks(TextView text) noexcept;
+[[nodiscard]] inline TextView TrimBlanks(TextView text) noexcept {
+  while (!text.empty() && text.back() == u' ') text.remove_suffix(1);
+  while (!text.empty() && text.front() == u' ') text.remove_prefix(1);
+  return text;
+}
 
 // True for an empty text and for one of blanks only.
-[[nodiscard]] bool IsBlank(TextView text) noexcept;
+[[nodiscard]] inline bool IsBlank(TextView text) noexcept {
+  return TrimBlanks(text).empty();
+}
 
 // `value` in decimal: "-" when negative, no leading zeros, no grouping.
 [[nodiscard]] Text Decimal(std::int64_t value);

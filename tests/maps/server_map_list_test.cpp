@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <utility>
+#include <vector>
 
 #include "maps/map_lists.h"
 #include "support/runtime_error.h"
@@ -30,6 +31,46 @@ TEST(ServerMapList, TakesEntriesApartAndKeepsNothingOfABadOne) {
   EXPECT_EQ(list.ServerMapNames(3), u"onetwo");
   EXPECT_THROW((void)list.ServerMapNames(0), RuntimeError);
   EXPECT_THROW((void)list.ServerMapFiles(4), RuntimeError);
+}
+
+TEST(ServerMapList, EncodedEntriesAreTakenUpToTheFirstBadOne) {
+  const CodePage& page = CodePage::Windows1252();
+  const TextView harbour = u"SGFyYm91ciA8SEFSQk9VUi5CTVM+OA==";  // Harbour <HARBOUR.BMS>8
+  const TextView twice = u"PEE+b25lPEE+dHdvPEE+MA==";            // <A>one<A>two<A>0
+  const TextView euro = u"gCA8Ri5CTVMgPjE=";                     // \u20AC <F.BMS >1
+  const TextView no_map = u"YTg=";                               // a8
+  struct Case {
+    std::vector<TextView> entries;
+    int taken;
+    bool fails;
+  };
+  for (const Case& it :
+       {Case{{harbour, twice, euro}, 3, false}, Case{{harbour, no_map, u"*"}, 1, true},
+        Case{{harbour, twice, u"A*=="}, 2, true}, Case{{u"", harbour}, 0, true},
+        Case{{}, 0, false}}) {
+    ServerMapList list;
+    list.AppendEntry(u"First <1.BMS>1");
+    bool failed = false;
+    try {
+      list.AppendEncodedEntries(it.entries, page);
+    } catch (const RuntimeError& error) {
+      failed = true;
+      // The first bad entry speaks, not one behind it.
+      EXPECT_EQ(error.description().find(u"Base64") != Text::npos, it.taken == 2);
+    }
+    EXPECT_EQ(failed, it.fails);
+    list.AppendEntry(u"Last <2.BMS>2");
+    const std::vector<Text> all = {u"Harbour/HARBOUR.BMS/8", u"onetwo/A/0", u"\u20AC/F.BMS/1"};
+    std::vector<Text> wanted = {u"First/1.BMS/1"};
+    wanted.insert(wanted.end(), all.begin(), all.begin() + it.taken);
+    wanted.push_back(u"Last/2.BMS/2");
+    std::vector<Text> got;
+    for (int i = 1; i <= list.Count(); ++i) {
+      got.push_back(Concat({list.ServerMapNames(i), u"/", list.ServerMapFiles(i), u"/",
+                            list.ServerMapGameTypes(i)}));
+    }
+    EXPECT_EQ(got, wanted);
+  }
 }
 
 TEST(ServerMapList, TheFirstOfEqualMapsIsFoundAfterEveryKindOfChange) {

@@ -74,6 +74,14 @@ TEST_F(Base64Test, EveryLengthAgreesWithTheDefinitionBothWays) {
 
       ASSERT_EQ(Encode(text), encoded);
       ASSERT_EQ(Decode(encoded), text);
+      Text room(encoded.size(), u'*');
+      Enc64To(text, page, room.data());
+      ASSERT_EQ(room, encoded);
+      // What lies right behind the room stays.
+      room.assign(Dec64Room(encoded.size()) + 1, u'*');
+      ASSERT_EQ(Dec64To(encoded, page, room.data()), length);
+      ASSERT_EQ(room.back(), u'*');
+      ASSERT_EQ(room.substr(0, length), text);
       Text from_bytes = u"[";
       EncodeBase64(bytes, from_bytes);
       ASSERT_EQ(from_bytes, u"[" + encoded);
@@ -131,6 +139,8 @@ TEST_F(Base64Test, MalformedTextsFailWithWhatIsWrongAndChangeNothing) {
     };
     expect_failure([&] { AppendDec64(encoded, page, target); });
     expect_failure([&] { DecodeBase64(encoded, bytes); });
+    Text room(Dec64Room(encoded.size()), u'*');
+    expect_failure([&] { (void)Dec64To(encoded, page, room.data()); });
     EXPECT_EQ(target, u"kept");
     EXPECT_EQ(bytes, (Bytes{1, 2}));
   }
