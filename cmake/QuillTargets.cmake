@@ -124,7 +124,7 @@ function(quill_benchmark name)
   add_executable(bench_${name} ${arg_SOURCES})
   target_include_directories(bench_${name} PRIVATE "${PROJECT_SOURCE_DIR}")
   target_link_libraries(bench_${name} PRIVATE
-    quill_compile_options ${links} benchmark::benchmark_main)
+    quill_compile_options ${links} benchmark::benchmark)
 endfunction()
 
 # The layer rules as tests: the tree keeps them, and a tree that breaks them is noticed.

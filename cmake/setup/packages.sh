@@ -15,7 +15,8 @@ QUILL_PACKAGES_cross32="g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-
 QUILL_PACKAGES_package="nsis zip git"
 # The fonts make dialog units and text widths come out as on Windows.
 QUILL_PACKAGES_wine="wine wine64 fonts-wine fonts-liberation"
-QUILL_PACKAGES_bench="libbenchmark-dev"
+# Google Benchmark, and the libraries that ours is compared with.
+QUILL_PACKAGES_bench="libbenchmark-dev libmodpbase64-dev libssl-dev libglib2.0-dev libabsl-dev libboost-dev pkg-config"
 
 # quill_as_root COMMAND...: directly, or with sudo where the caller is not root.
 quill_as_root() {
