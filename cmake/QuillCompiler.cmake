@@ -15,7 +15,8 @@ if(MSVC)
 else()
   set(CMAKE_CXX_FLAGS_RELEASE "-O2")
   set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g")
-  set(CMAKE_CXX_FLAGS_MINSIZEREL "-Os")
+  # Copies of functions with fewer parameters are private: the linker cannot keep one of many.
+  set(CMAKE_CXX_FLAGS_MINSIZEREL "-Os -fno-ipa-sra")
 endif()
 
 find_program(QUILL_CCACHE ccache)

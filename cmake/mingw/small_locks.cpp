@@ -18,8 +18,11 @@ constexpr pthread_once_t kBeingCalled = 1;
 constexpr pthread_once_t kCalled = 2;
 
 // Lets another thread go on: first any that is ready, after a while also one of lower priority.
-void WaitALittle(int& rounds) {
+// False after seconds: as nothing takes that long here, the one that is waited for was ended by
+// force, as all others are when a process ends, and its place is to be taken.
+bool WaitALittle(int& rounds) {
   Sleep(++rounds < 16 ? 0 : 1);
+  return rounds < 2000;
 }
 
 }  // namespace
@@ -43,7 +46,7 @@ int pthread_mutex_lock(pthread_mutex_t* mutex) {
                                     __ATOMIC_RELAXED)) {
       return 0;
     }
-    WaitALittle(rounds);
+    if (!WaitALittle(rounds)) return 0;
   }
 }
 
@@ -63,7 +66,7 @@ int pthread_once(pthread_once_t* once, void (*function)()) {
       return 0;
     }
     if (expected == kCalled) return 0;
-    WaitALittle(rounds);
+    if (!WaitALittle(rounds)) __atomic_store_n(once, kNotCalled, __ATOMIC_RELEASE);
   }
 }
 

@@ -59,6 +59,11 @@ RuntimeError::RuntimeError(std::int32_t number, TextView description,
       description_(std::make_shared<const Text>(description)),
       raised_at_(raised_at) {}
 
+// Here and not in every place that raises one.
+RuntimeError::RuntimeError(const RuntimeError& other) noexcept = default;
+RuntimeError& RuntimeError::operator=(const RuntimeError& other) noexcept = default;
+RuntimeError::~RuntimeError() = default;
+
 TextView RuntimeError::description() const noexcept {
   return description_ ? TextView(*description_) : DefaultDescription(number_);
 }

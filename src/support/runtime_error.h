@@ -57,6 +57,9 @@ class RuntimeError : public std::exception {
   // For numbers that come from outside (a host object's own error).
   RuntimeError(std::int32_t number, TextView description,
                const std::source_location& raised_at = std::source_location::current());
+  RuntimeError(const RuntimeError& other) noexcept;
+  RuntimeError& operator=(const RuntimeError& other) noexcept;
+  ~RuntimeError() override;
 
   [[nodiscard]] std::int32_t number() const noexcept { return number_; }
   [[nodiscard]] bool Is(ErrorNumber number) const noexcept {

@@ -12,6 +12,17 @@
 #include "win32/win32_toolkit.h"
 
 namespace quill::com {
+namespace {
+
+bool HasEnded(DWORD thread) noexcept {
+  const HANDLE handle = ::OpenThread(SYNCHRONIZE, FALSE, thread);
+  if (handle == nullptr) return true;
+  const bool ended = ::WaitForSingleObject(handle, 0) == WAIT_OBJECT_0;
+  ::CloseHandle(handle);
+  return ended;
+}
+
+}  // namespace
 
 // The platform and, on top of it, the main module; destroyed the other way round.
 struct Library::Runtime {
@@ -54,12 +65,32 @@ Text Library::FilePath() const {
 bool Library::ReadyToUnload() {
   if (uses_ != 0) return false;
   // With no object left no member is running, so nothing of the plug-in is on the stack.
-  const std::unique_ptr<Runtime> ending = std::move(runtime_);
+  if (!Claim()) return false;
+  std::unique_ptr<Runtime> ending = std::move(runtime_);
   types_.Reset();
+  ending.reset();
+  // The host's objects may have come back while they were let go.
+  if (uses_ != 0 || runtime_ != nullptr) return false;
+  owner_ = 0;
+  return true;
+}
+
+bool Library::Claim() noexcept {
+  const DWORD caller = ::GetCurrentThreadId();
+  DWORD owner = owner_;
+  while (owner != caller) {
+    if (owner != 0 && !HasEnded(owner)) return false;
+    if (!owner_.compare_exchange_strong(owner, caller)) continue;
+    // Windows end with their thread, and the host's objects with its apartment: there is nothing
+    // left that could be ended properly.
+    (void)runtime_.release();
+    return true;
+  }
   return true;
 }
 
 mdlBHDGS& Library::Module() {
+  if (!Claim()) throw ErrorOf(RPC_E_WRONG_THREAD);
   if (runtime_ == nullptr) runtime_ = std::make_unique<Runtime>();
   return runtime_->module;
 }

@@ -1,7 +1,8 @@
 // The loaded library: its module handle, its type information, how much of it is in use, and the
 // one main module with the platform beneath it.
 //
-// Everything but the counts belongs to the user-interface thread that first used the library.
+// Everything but the counts belongs to the user-interface thread that first used the library;
+// others are refused while it lives.
 #pragma once
 
 #include <atomic>
@@ -30,10 +31,10 @@ class Library {
 
   // True when nothing keeps the library loaded. The main module has then ended, with a dialog that
   // is not shown, the host's objects and everything native: what is left may be unloaded, or used
-  // again from a fresh start.
+  // again from a fresh start. False on another thread than theirs.
   [[nodiscard]] bool ReadyToUnload();
 
-  // The main module, made on first use.
+  // The main module, made on first use. RPC_E_WRONG_THREAD on a thread that may not use it.
   [[nodiscard]] mdlBHDGS& Module();
 
   // From the type library in this file's resources. Both fail as the platform does.
@@ -46,12 +47,15 @@ class Library {
 
   constexpr Library() noexcept;
   ~Library();
+  // Makes the calling thread the one that everything belongs to, unless another is that already.
+  [[nodiscard]] bool Claim() noexcept;
   [[nodiscard]] ComPtr<ITypeInfo> TypeInfo(REFGUID id);
 
   static Library only_;
 
   HINSTANCE instance_ = nullptr;
   std::atomic<long> uses_ = 0;
+  std::atomic<DWORD> owner_ = 0;
   ComPtr<ITypeLib> types_;
   std::unique_ptr<Runtime> runtime_;
 };

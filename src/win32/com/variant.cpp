@@ -79,8 +79,12 @@ VARIANT Variant::Detach() noexcept {
 }
 
 const VARIANT& Referred(const VARIANT& value) noexcept {
+  // Automation allows one reference to another; a few more are borne, but no circle.
+  constexpr int kMostReferences = 8;
   const VARIANT* referred = &value;
-  while (referred->vt == (VT_BYREF | VT_VARIANT) && referred->pvarVal != nullptr) {
+  for (int i = 0; i < kMostReferences && referred->vt == (VT_BYREF | VT_VARIANT) &&
+                  referred->pvarVal != nullptr;
+       ++i) {
     referred = referred->pvarVal;
   }
   return *referred;
