@@ -165,6 +165,19 @@ class KitObject final : public com::DispatchObject {
     ++living_objects;
   }
 
+  STDMETHODIMP_(ULONG) AddRef() override {
+    return MayBeCounted(u"AddRef") ? DispatchObject::AddRef() : 0;
+  }
+  STDMETHODIMP_(ULONG) Release() override {
+    return MayBeCounted(u"Release") ? DispatchObject::Release() : 0;
+  }
+  static void ForgetReleased() noexcept {
+    for (KitObject* object = last_let_go.exchange(nullptr); object != nullptr;) {
+      KitObject* const before = object->next_let_go_;
+      delete object;
+      object = before;
+    }
+  }
   STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
                              DISPID* ids) override {
     return com::FindNames(reserved, names, count, ids, [&](const OLECHAR* name) {
@@ -179,17 +192,21 @@ class KitObject final : public com::DispatchObject {
                       EXCEPINFO* raised, UINT*) override {
     if (id < 1 || static_cast<std::size_t>(id) > operations_.size()) return DISP_E_MEMBERNOTFOUND;
     const Operation& operation = operations_[static_cast<std::size_t>(id) - 1];
-    const com::ComPtr<IDispatch> kept_alive(this);
+    if (is_let_go_) {
+      Breach(operation.name, kUsedTooLate);
+      return E_UNEXPECTED;
+    }
+    const InCall in_call(*this);
     try {
       if (::GetCurrentThreadId() != services_.thread) {
-        Breach(operation, "called on another thread than the host's");
+        Breach(operation.name, kWrongThread);
       }
       if (services_.is_call_running && !services_.is_call_running()) {
-        Breach(operation, "called while the host calls nothing");
+        Breach(operation.name, "called while the host calls nothing");
       }
       if (given == nullptr || given->cNamedArgs != 0 ||
           given->cArgs != operation.arguments.size()) {
-        Breach(operation, "called with another number of arguments");
+        Breach(operation.name, "called with another number of arguments");
         return DISP_E_BADPARAMCOUNT;
       }
       std::array<const VARIANT*, 4> arguments{};
@@ -197,9 +214,9 @@ class KitObject final : public com::DispatchObject {
         arguments[i] = &given->rgvarg[given->cArgs - 1 - i];
         const VARTYPE wanted = TypeOf(operation.arguments[i]);
         if (wanted != VT_EMPTY && arguments[i]->vt != wanted) {
-          Breach(operation, "argument " + std::to_string(i) + " came as variant type " +
-                                std::to_string(arguments[i]->vt) + ", not " +
-                                std::to_string(wanted));
+          Breach(operation.name, "argument " + std::to_string(i) + " came as variant type " +
+                                     std::to_string(arguments[i]->vt) + ", not " +
+                                     std::to_string(wanted));
         }
       }
       Variant value =
@@ -212,12 +229,47 @@ class KitObject final : public com::DispatchObject {
   }
 
  private:
-  ~KitObject() override { --living_objects; }
+  // Keeps the object for the time of a call; not counted as a reference of the plug-in.
+  class InCall {
+   public:
+    explicit InCall(KitObject& object) : object_(object) { object_.DispatchObject::AddRef(); }
+    ~InCall() { object_.DispatchObject::Release(); }
+    InCall(const InCall&) = delete;
+    InCall& operator=(const InCall&) = delete;
 
-  void Breach(const Operation& operation, std::string_view what) {
-    services_.contract.Note(
-        Side::kPlugin, ToUtf8(Concat({name_, u".", operation.name})) + ": " + std::string(what));
+   private:
+    KitObject& object_;
+  };
+
+  ~KitObject() override = default;
+
+  void LetGo() override {
+    --living_objects;
+    is_let_go_ = true;
+    next_let_go_ = last_let_go;
+    while (!last_let_go.compare_exchange_weak(next_let_go_, this)) {
+    }
   }
+
+  bool MayBeCounted(TextView member) {
+    if (::GetCurrentThreadId() != services_.thread) Breach(member, kWrongThread);
+    if (is_let_go_) Breach(member, kUsedTooLate);
+    return !is_let_go_;
+  }
+
+  void Breach(TextView member, std::string_view what) {
+    services_.contract.Note(Side::kPlugin,
+                            ToUtf8(Concat({name_, u".", member})) + ": " + std::string(what));
+  }
+
+  static constexpr std::string_view kWrongThread = "called on another thread than the host's";
+  static constexpr std::string_view kUsedTooLate =
+      "called after the object's last reference was released";
+
+  // Those that were let go, each leading to the one before it.
+  static inline std::atomic<KitObject*> last_let_go = nullptr;
+  KitObject* next_let_go_ = nullptr;
+  std::atomic<bool> is_let_go_ = false;
 
   const KitServices services_;
   const TextView name_;
@@ -228,6 +280,10 @@ class KitObject final : public com::DispatchObject {
 
 long LivingKitObjects() noexcept {
   return living_objects;
+}
+
+void ForgetReleasedKitObjects() noexcept {
+  KitObject::ForgetReleased();
 }
 
 com::ComPtr<IDispatch> MakeFileKitObject(const KitServices& services) {

@@ -25,6 +25,10 @@ struct KitServices {
 // How many of the host's objects the plug-in holds.
 [[nodiscard]] long LivingKitObjects() noexcept;
 
+// An object that the plug-in has let go stays for a while, so that its being used or released once
+// more is noted as a breach and harms nothing. This ends all of those, when nobody can use them.
+void ForgetReleasedKitObjects() noexcept;
+
 [[nodiscard]] com::ComPtr<IDispatch> MakeFileKitObject(const KitServices& services);
 [[nodiscard]] com::ComPtr<IDispatch> MakeMemoryKitObject(const KitServices& services);
 

@@ -46,6 +46,7 @@ PluginSession::~PluginSession() {
   int windows = 0;
   ::EnumThreadWindows(thread_, &CountDialog, reinterpret_cast<LPARAM>(&windows));
   if (windows != 0) contract_.Note(Side::kPlugin, "leaves its dialog behind");
+  ForgetReleasedKitObjects();
 }
 
 PluginClient& PluginSession::Plugin() {

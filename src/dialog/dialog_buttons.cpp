@@ -102,6 +102,7 @@ void ConnectMouse(FaceOrCaption& control, frmrcBHDGS& dialog, const DialogButton
     if (event.button == ui::kLeftButton) ShowState(dialog, button, u"Up");
     button.action(dialog);
   };
+  control.on_mouse_lost = [&dialog, &button] { ShowState(dialog, button, u"Up"); };
 }
 
 }  // namespace

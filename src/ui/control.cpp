@@ -21,6 +21,7 @@ constexpr std::array<FactTrait, std::variant_size_v<Fact>> kFactTraits = {{
     {u"Click", Changes::kValue},         // Clicked
     {u"MouseDown", {}},                  // MousePressed
     {u"MouseUp", {}},                    // MouseReleased
+    {u"MouseLost", {}},                  // MouseLost
     {u"Click", Changes::kSelection},     // ItemChosen
     {u"Click", Changes::kSelection},     // RowsSelected
     {u"DblClick", Changes::kSelection},  // RowDoubleClicked

@@ -34,7 +34,8 @@ struct MousePressed {
 struct MouseReleased {
   MouseEvent event;
 };
-struct ItemChosen {  // in a drop-down list; 0-based
+struct MouseLost {};  // somebody else has taken the mouse: no release of what is pressed will come
+struct ItemChosen {   // in a drop-down list; 0-based
   int index = -1;
 };
 struct RowsSelected {  // in a list box, by mouse or keys; 0-based, ascending
@@ -56,8 +57,8 @@ struct TabChosen {  // 0-based
 struct CloseAsked {};  // the form's own close button, Alt+F4
 struct TimePassed {};  // the interval of the form's timer
 
-using Fact =
-    std::variant<TextEdited, Clicked, MousePressed, MouseReleased, ItemChosen, RowsSelected,
-                 RowDoubleClicked, ScrolledTo, KeyPressed, TabChosen, CloseAsked, TimePassed>;
+using Fact = std::variant<TextEdited, Clicked, MousePressed, MouseReleased, MouseLost, ItemChosen,
+                          RowsSelected, RowDoubleClicked, ScrolledTo, KeyPressed, TabChosen,
+                          CloseAsked, TimePassed>;
 
 }  // namespace quill::ui

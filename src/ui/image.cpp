@@ -22,6 +22,8 @@ void Image::React(const Fact& fact) {
     Raise(u"MouseDown", on_mouse_down, pressed->event);
   } else if (const auto* const released = std::get_if<MouseReleased>(&fact)) {
     Raise(u"MouseUp", on_mouse_up, released->event);
+  } else if (std::holds_alternative<MouseLost>(fact)) {
+    Raise(u"MouseLost", on_mouse_lost);
   } else if (std::holds_alternative<Clicked>(fact)) {
     const MouseEvent event{kLeftButton, 0, bounds().width / 2, bounds().height / 2};
     Raise(u"MouseDown", on_mouse_down, event);

@@ -18,6 +18,7 @@ class Image final : public Control {
 
   std::function<void(const MouseEvent&)> on_mouse_down;
   std::function<void(const MouseEvent&)> on_mouse_up;
+  std::function<void()> on_mouse_lost;  // in place of the mouse-up
 
  protected:
   void React(const Fact& fact) override;

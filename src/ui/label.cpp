@@ -35,6 +35,8 @@ void Label::React(const Fact& fact) {
     Raise(u"MouseDown", on_mouse_down, pressed->event);
   } else if (const auto* const released = std::get_if<MouseReleased>(&fact)) {
     Raise(u"MouseUp", on_mouse_up, released->event);
+  } else if (std::holds_alternative<MouseLost>(fact)) {
+    Raise(u"MouseLost", on_mouse_lost);
   }
 }
 

@@ -2,6 +2,8 @@
 
 #include <windowsx.h>
 
+#include <utility>
+
 namespace quill::win32 {
 namespace {
 
@@ -39,8 +41,8 @@ std::int16_t ShiftState(WPARAM keys) {
 std::optional<ui::Fact> MouseButtons::FactOf(HWND window, UINT message, WPARAM wparam,
                                              LPARAM lparam, const ScreenScale& scale) {
   if (message == WM_CAPTURECHANGED) {
-    pressed_ = 0;
-    return std::nullopt;
+    if (std::exchange(pressed_, std::int16_t{0}) == 0) return std::nullopt;
+    return ui::MouseLost{};
   }
   const std::int16_t button = ButtonOf(message);
   if (button == 0) return std::nullopt;

@@ -203,6 +203,12 @@ TEST_F(DialogWindows, ImageButtonsShowThePressAndActOnTheRelease) {
     robot.Release(u"cmdLeftImg", Button::kRight);
     EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Deathmatch");
 
+    robot.Press(u"cmdLeftImg", Button::kLeft);
+    EXPECT_EQ(Seen(u"cmdLeftImg", u"picture"), u"butdown.gif");
+    ReleaseCapture();
+    EXPECT_EQ(Seen(u"cmdLeftImg", u"picture"), u"butup.gif") << "the mouse was taken away";
+    EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Deathmatch");
+
     // Such a release is left over from the click that closed a window on top.
     robot.Release(u"cmdCancel", Button::kLeft);
     EXPECT_TRUE(robot.FormShown());

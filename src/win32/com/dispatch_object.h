@@ -28,7 +28,7 @@ class DispatchObject : public IDispatch {
   STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
   STDMETHODIMP_(ULONG) Release() override {
     const ULONG left = --references_;
-    if (left == 0) delete this;
+    if (left == 0) LetGo();
     return left;
   }
   STDMETHODIMP GetTypeInfoCount(UINT* count) override {
@@ -44,6 +44,8 @@ class DispatchObject : public IDispatch {
  protected:
   DispatchObject() = default;
   virtual ~DispatchObject() = default;
+  // Nobody holds the object any more.
+  virtual void LetGo() { delete this; }
 
  private:
   std::atomic<ULONG> references_ = 1;
