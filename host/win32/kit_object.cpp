@@ -9,6 +9,7 @@
 #include "win32/com/com_error.h"
 #include "win32/com/dispatch_object.h"
 #include "win32/com/late_bound.h"
+#include "win32/com/library_use.h"
 #include "win32/com/variant.h"
 
 namespace quill::host {
@@ -224,7 +225,7 @@ class KitObject final : public com::DispatchObject {
       if (result != nullptr) *result = value.Detach();
       return S_OK;
     } catch (...) {
-      return com::LeaveExcepInfo(CurrentRuntimeError(), raised);
+      return com::LeaveExcepInfo(CurrentRuntimeError(), raised, name_);
     }
   }
 
@@ -245,6 +246,10 @@ class KitObject final : public com::DispatchObject {
 
   void LetGo() override {
     --living_objects;
+    if (!services_.are_calls_checked) {
+      delete this;
+      return;
+    }
     is_let_go_ = true;
     next_let_go_ = last_let_go;
     while (!last_let_go.compare_exchange_weak(next_let_go_, this)) {
@@ -258,6 +263,7 @@ class KitObject final : public com::DispatchObject {
   }
 
   void Breach(TextView member, std::string_view what) {
+    if (!services_.are_calls_checked) return;
     services_.contract.Note(Side::kPlugin,
                             ToUtf8(Concat({name_, u".", member})) + ": " + std::string(what));
   }
@@ -274,6 +280,7 @@ class KitObject final : public com::DispatchObject {
   const KitServices services_;
   const TextView name_;
   const std::span<const Operation> operations_;
+  const com::LibraryUse in_use_;
 };
 
 }  // namespace

@@ -1,5 +1,5 @@
 // The reference host's service objects as the plug-in sees them: automation objects that are called
-// by name. They check how they are called and note every breach of the contract.
+// by name. They can check how they are called and note every breach of the contract.
 #pragma once
 
 #include <functional>
@@ -20,6 +20,8 @@ struct KitServices {
   std::function<void(TextView prog_id)> before_creation = {};
   // Whether the host is in a call of the plug-in, which is when calls may come; none: not checked.
   std::function<bool()> is_call_running = {};
+  // False: calls are taken as they come, from whomever, scripts too; nothing is noted.
+  bool are_calls_checked = true;
 };
 
 // How many of the host's objects the plug-in holds.

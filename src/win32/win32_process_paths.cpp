@@ -22,14 +22,20 @@ std::wstring ModulePath(HMODULE module, std::size_t buffer_size) {
   return path;
 }
 
+constexpr std::size_t kAnyLength = static_cast<std::size_t>(-1);
+
 }  // namespace
+
+Text ThisModulePath() {
+  return FromWide(ModulePath(ThisModule(), kAnyLength));
+}
 
 Text Win32ProcessPaths::ExecutablePath(std::size_t buffer_size) {
   return FromWide(ModulePath(nullptr, buffer_size));
 }
 
 Text Win32ProcessPaths::PluginFolder() {
-  Text path = FromWide(ModulePath(ThisModule(), 32768));
+  Text path = ThisModulePath();
   const std::size_t end = path.rfind(u'\\');
   path.resize(end == Text::npos ? 0 : end);
   return path;

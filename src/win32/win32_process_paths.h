@@ -5,6 +5,9 @@
 
 namespace quill::win32 {
 
+// Full path of the file of the module that this code is linked into.
+[[nodiscard]] Text ThisModulePath();
+
 class Win32ProcessPaths final : public ProcessPaths {
  public:
   Text ExecutablePath(std::size_t buffer_size) override;

@@ -4,7 +4,6 @@
 
 #include "win32/com/bstr.h"
 #include "win32/com/com_ptr.h"
-#include "win32/com/identifiers.h"
 
 namespace quill::com {
 namespace {
@@ -100,11 +99,11 @@ void LeaveErrorInfo(const RuntimeError& error, REFIID interface_id) noexcept {
   }
 }
 
-HRESULT LeaveExcepInfo(const RuntimeError& error, EXCEPINFO* raised) noexcept {
+HRESULT LeaveExcepInfo(const RuntimeError& error, EXCEPINFO* raised, TextView source) noexcept {
   if (raised != nullptr) {
     *raised = EXCEPINFO{};
     raised->scode = ResultOf(error);
-    raised->bstrSource = BstrOrNull(kProgId);
+    raised->bstrSource = BstrOrNull(source);
     raised->bstrDescription = BstrOrNull(error.description());
   }
   return DISP_E_EXCEPTION;

@@ -6,6 +6,7 @@
 
 #include "support/runtime_error.h"
 #include "win32/com/automation.h"
+#include "win32/com/identifiers.h"
 
 namespace quill::com {
 
@@ -24,7 +25,9 @@ namespace quill::com {
 void LeaveErrorInfo(const RuntimeError& error, REFIID interface_id) noexcept;
 
 // Fills `raised` (when given) for the caller of a late-bound member; returns DISP_E_EXCEPTION.
-[[nodiscard]] HRESULT LeaveExcepInfo(const RuntimeError& error, EXCEPINFO* raised) noexcept;
+// `source` is the programmatic name of what failed.
+[[nodiscard]] HRESULT LeaveExcepInfo(const RuntimeError& error, EXCEPINFO* raised,
+                                     TextView source = kProgId) noexcept;
 
 // Runs `body`, which returns a result code. Nothing ever leaves it but a result code.
 template <class Body>

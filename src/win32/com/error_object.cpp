@@ -4,7 +4,7 @@
 #include "win32/com/bstr.h"
 #include "win32/com/com_error.h"
 #include "win32/com/dispatch_object.h"
-#include "win32/com/library.h"
+#include "win32/com/library_use.h"
 #include "win32/com/variant.h"
 
 namespace quill::com {

@@ -1,5 +1,6 @@
 #include "win32/com/late_bound.h"
 
+#include "support/compiler.h"
 #include "support/runtime_error.h"
 #include "win32/com/automation.h"
 #include "win32/com/bstr.h"
@@ -43,7 +44,7 @@ std::optional<DISPID> LateBound::Find(TextView member) const {
     return found;
   }
   ComPtr<IDispatchEx> extended;
-  if (FAILED(object_->QueryInterface(__uuidof(IDispatchEx), extended.ReceiveVoid())))
+  if (FAILED(object_->QueryInterface(QUILL_ID_OF(IDispatchEx), extended.ReceiveVoid())))
     return std::nullopt;
   const Bstr text(member);
   if (SUCCEEDED(extended->GetDispID(text.get(), fdexNameCaseInsensitive, &found)) &&
@@ -59,7 +60,7 @@ HRESULT LateBound::Invoke(DISPID member, WORD flags, DISPPARAMS& arguments, Vari
   HRESULT answer = object_->Invoke(member, IID_NULL, LOCALE_INVARIANT, flags, &arguments,
                                    result.get(), &raised, nullptr);
   if (answer == E_NOTIMPL &&
-      SUCCEEDED(object_->QueryInterface(__uuidof(IDispatchEx), extended.ReceiveVoid()))) {
+      SUCCEEDED(object_->QueryInterface(QUILL_ID_OF(IDispatchEx), extended.ReceiveVoid()))) {
     answer = extended->InvokeEx(member, LOCALE_INVARIANT, flags, &arguments, result.get(), &raised,
                                 nullptr);
   }
@@ -78,14 +79,17 @@ Variant LateBound::Call(TextView member, std::initializer_list<const Variant*> a
 }
 
 Variant LateBound::Call(DISPID member, std::initializer_list<const Variant*> arguments) const {
+  std::vector<VARIANT> values;
+  values.reserve(arguments.size());
+  for (const Variant* argument : arguments) values.push_back(*argument->get());
+  return CallWith(member, values);
+}
+
+Variant LateBound::CallWith(DISPID member, std::span<const VARIANT> arguments) const {
   if (!object_) throw RuntimeError(ErrorNumber::kObjectNotSet);
   const ComPtr<IDispatch> kept_alive = object_;
-  // The last argument comes first. The variants stay their owner's.
-  std::vector<VARIANT> reversed;
-  reversed.reserve(arguments.size());
-  for (const Variant* const* next = arguments.end(); next != arguments.begin();) {
-    reversed.push_back(*(*--next)->get());
-  }
+  // The last argument comes first.
+  std::vector<VARIANT> reversed(arguments.rbegin(), arguments.rend());
   DISPPARAMS parameters{};
   parameters.rgvarg = reversed.data();
   parameters.cArgs = static_cast<UINT>(reversed.size());
@@ -97,7 +101,8 @@ Variant LateBound::Call(DISPID member, std::initializer_list<const Variant*> arg
     answer = Invoke(member, style, parameters, result, raised);
     if (SUCCEEDED(answer)) return result;
     if (answer == DISP_E_EXCEPTION) throw ErrorOf(raised);
-    if (answer != DISP_E_MEMBERNOTFOUND) break;
+    // Some scripts' objects fail when a value is called; a call with arguments is not repeated.
+    if (answer != DISP_E_MEMBERNOTFOUND && !(answer == E_FAIL && arguments.empty())) break;
   }
   throw ErrorOf(answer);
 }

@@ -3,6 +3,7 @@
 
 #include <initializer_list>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "support/text.h"
@@ -21,6 +22,8 @@ class LateBound {
   // and a description that names it.
   [[nodiscard]] static LateBound Create(TextView prog_id);
 
+  [[nodiscard]] IDispatch* object() const noexcept { return object_.get(); }
+
   // The member's identifier; nothing when the object has none of that name. Names are found through
   // IDispatchEx too, for objects that answer only there.
   [[nodiscard]] std::optional<DISPID> Find(TextView member) const;
@@ -30,6 +33,8 @@ class LateBound {
   // kMemberNotFound; the callee's own failure comes with its number and description.
   Variant Call(TextView member, std::initializer_list<const Variant*> arguments) const;
   Variant Call(DISPID member, std::initializer_list<const Variant*> arguments) const;
+  // A call of a number of arguments that is not known beforehand; the variants stay the caller's.
+  Variant CallWith(DISPID member, std::span<const VARIANT> arguments) const;
 
  private:
   [[nodiscard]] HRESULT Invoke(DISPID member, WORD flags, DISPPARAMS& arguments, Variant& result,

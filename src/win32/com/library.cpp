@@ -5,6 +5,7 @@
 #include "win32/com/com_error.h"
 #include "win32/com/com_host_services.h"
 #include "win32/com/identifiers.h"
+#include "win32/com/library_use.h"
 #include "win32/system_code_page.h"
 #include "win32/win32_clock.h"
 #include "win32/win32_file_system.h"
@@ -51,26 +52,15 @@ Library& Library::Get() noexcept {
   return only_;
 }
 
-Text Library::FilePath() const {
-  std::wstring path(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length =
-        ::GetModuleFileNameW(instance_, path.data(), static_cast<DWORD>(path.size()));
-    if (length == 0) throw ErrorOf(HRESULT_FROM_WIN32(::GetLastError()));
-    if (length < path.size()) return Text(path.begin(), path.begin() + length);
-    path.resize(path.size() * 2);
-  }
-}
-
 bool Library::ReadyToUnload() {
-  if (uses_ != 0) return false;
+  if (LibraryUse::Any()) return false;
   // With no object left no member is running, so nothing of the plug-in is on the stack.
   if (!Claim()) return false;
   std::unique_ptr<Runtime> ending = std::move(runtime_);
   types_.Reset();
   ending.reset();
   // The host's objects may have come back while they were let go.
-  if (uses_ != 0 || runtime_ != nullptr) return false;
+  if (LibraryUse::Any() || runtime_ != nullptr) return false;
   owner_ = 0;
   return true;
 }
@@ -97,7 +87,7 @@ mdlBHDGS& Library::Module() {
 
 ComPtr<ITypeInfo> Library::TypeInfo(REFGUID id) {
   if (!types_) {
-    const Text path = FilePath();
+    const Text path = win32::ThisModulePath();
     const HRESULT loaded = ::LoadTypeLibEx(WideOf(path), REGKIND_NONE, types_.Receive());
     if (FAILED(loaded)) throw ErrorOf(loaded);
   }

@@ -1,8 +1,7 @@
-// The loaded library: its module handle, its type information, how much of it is in use, and the
-// one main module with the platform beneath it.
+// The loaded library: its type information, and the one main module with the platform beneath it.
 //
-// Everything but the counts belongs to the user-interface thread that first used the library;
-// others are refused while it lives.
+// Everything belongs to the user-interface thread that first used the library; others are refused
+// while it lives.
 #pragma once
 
 #include <atomic>
@@ -17,17 +16,6 @@ namespace quill::com {
 class Library {
  public:
   [[nodiscard]] static Library& Get() noexcept;
-
-  // Called by the loader; nothing else is done under its lock.
-  void SetInstance(HINSTANCE instance) noexcept { instance_ = instance; }
-  [[nodiscard]] HINSTANCE instance() const noexcept { return instance_; }
-
-  // Full path of this library's file.
-  [[nodiscard]] Text FilePath() const;
-
-  // Objects and locks that keep the library loaded.
-  void Use() noexcept { ++uses_; }
-  void EndUse() noexcept { --uses_; }
 
   // True when nothing keeps the library loaded. The main module has then ended, with a dialog that
   // is not shown, the host's objects and everything native: what is left may be unloaded, or used
@@ -53,20 +41,9 @@ class Library {
 
   static Library only_;
 
-  HINSTANCE instance_ = nullptr;
-  std::atomic<long> uses_ = 0;
   std::atomic<DWORD> owner_ = 0;
   ComPtr<ITypeLib> types_;
   std::unique_ptr<Runtime> runtime_;
-};
-
-// Keeps the library loaded while it exists.
-class LibraryUse {
- public:
-  LibraryUse() noexcept { Library::Get().Use(); }
-  ~LibraryUse() { Library::Get().EndUse(); }
-  LibraryUse(const LibraryUse&) = delete;
-  LibraryUse& operator=(const LibraryUse&) = delete;
 };
 
 }  // namespace quill::com

@@ -12,6 +12,7 @@
 #include "win32/com/dispatch_object.h"
 #include "win32/com/identifiers.h"
 #include "win32/com/library.h"
+#include "win32/com/library_use.h"
 #include "win32/com/plugin_interface.h"
 #include "win32/com/record.h"
 

@@ -2,102 +2,30 @@
 
 #include <algorithm>
 #include <iterator>
-#include <string>
-#include <utility>
-#include <vector>
 
-#include "support/runtime_error.h"
-#include "win32/com/automation.h"
+#include "support/compiler.h"
 #include "win32/com/bstr.h"
 #include "win32/com/com_error.h"
 #include "win32/com/com_ptr.h"
 #include "win32/com/identifiers.h"
-#include "win32/com/library.h"
+#include "win32/win32_process_paths.h"
 
-// Part of the platform, missing from the compiler's headers.
+#ifdef QUILL_HEADERS_ARE_SHORT
 extern "C" {
 HRESULT WINAPI RegisterTypeLibForUser(ITypeLib* library, OLECHAR* path, OLECHAR* help_folder);
 HRESULT WINAPI UnRegisterTypeLibForUser(REFGUID library, WORD major, WORD minor, LCID locale,
                                         SYSKIND system);
 }
+#endif
 
 namespace quill::com {
 namespace {
 
-constexpr TextView kClassesKey = u"Software\\Classes\\";
-
-class Key {
- public:
-  explicit Key(HKEY key) noexcept : key_(key) {}
-  ~Key() { ::RegCloseKey(key_); }
-  Key(const Key&) = delete;
-  Key& operator=(const Key&) = delete;
-  [[nodiscard]] HKEY get() const noexcept { return key_; }
-
- private:
-  HKEY key_;
-};
-
-HKEY RootOf(RegistrationScope scope) noexcept {
-  return scope == RegistrationScope::kMachine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
-}
-
-Text GuidText(REFGUID guid) {
-  wchar_t text[40];
-  const int length = ::StringFromGUID2(guid, text, 40);
-  return Text(reinterpret_cast<const char16_t*>(text), static_cast<std::size_t>(length - 1));
-}
-
-void ThrowIfFailed(LSTATUS status) {
-  if (status != ERROR_SUCCESS) throw ErrorOf(HRESULT_FROM_WIN32(static_cast<DWORD>(status)));
-}
-
-struct Entry {
-  Text key;   // below the classes key
-  Text name;  // empty: the key's own value
-  Text value;
-};
-
-Text ClassKey() {
-  return Concat({u"CLSID\\", GuidText(kClassId)});
-}
-
-std::vector<Entry> Entries() {
-  const Text class_id = GuidText(kClassId);
-  const Text class_key = ClassKey();
-  const Text server_key = Concat({class_key, u"\\InprocServer32"});
-  return {
-      {Text(kProgId), {}, Text(kClassName)},
-      {Concat({kProgId, u"\\CLSID"}), {}, class_id},
-      {class_key, {}, Text(kClassName)},
-      {server_key, {}, Library::Get().FilePath()},
-      {server_key, u"ThreadingModel", u"Apartment"},
-      {Concat({class_key, u"\\ProgID"}), {}, Text(kProgId)},
-      {Concat({class_key, u"\\TypeLib"}), {}, GuidText(kLibraryId)},
-      {Concat({class_key, u"\\Version"}), {}, u"1.0"},
-      {Concat({class_key, u"\\Programmable"}), {}, {}},
-  };
-}
-
-void Write(HKEY root, const Entry& entry) {
-  const Text path = Concat({kClassesKey, entry.key});
-  HKEY made = nullptr;
-  ThrowIfFailed(::RegCreateKeyExW(root, WideOf(path), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                                  KEY_WRITE, nullptr, &made, nullptr));
-  const Key key(made);
-  ThrowIfFailed(::RegSetValueExW(key.get(), entry.name.empty() ? nullptr : WideOf(entry.name), 0,
-                                 REG_SZ, reinterpret_cast<const BYTE*>(entry.value.c_str()),
-                                 static_cast<DWORD>((entry.value.size() + 1) * sizeof(char16_t))));
-}
-
-void RemoveTree(HKEY root, const Text& below_classes) {
-  const Text path = Concat({kClassesKey, below_classes});
-  const LSTATUS status = ::RegDeleteTreeW(root, WideOf(path));
-  if (status != ERROR_FILE_NOT_FOUND) ThrowIfFailed(status);
-}
+constexpr RegisteredClass kPluginClass = {kProgId,     kClassName,    kClassId,
+                                          &kLibraryId, kLibraryMajor, kLibraryMinor};
 
 void RegisterTypes(RegistrationScope scope) {
-  const Text path = Library::Get().FilePath();
+  const Text path = win32::ThisModulePath();
   ComPtr<ITypeLib> types;
   HRESULT result = ::LoadTypeLibEx(WideOf(path), REGKIND_NONE, types.Receive());
   if (SUCCEEDED(result)) {
@@ -120,31 +48,8 @@ void UnregisterTypes(RegistrationScope scope) {
   if (FAILED(result) && std::ranges::find(kNotThere, result) == std::end(kNotThere)) {
     throw ErrorOf(result);
   }
-}
-
-// The user's entries may have been the first of their kind.
-void RemoveIfEmpty(HKEY root, TextView below_classes) {
-  const Text path = Concat({kClassesKey, below_classes});
-  HKEY opened = nullptr;
-  if (::RegOpenKeyExW(root, WideOf(path), 0, KEY_READ, &opened) != ERROR_SUCCESS) return;
-  DWORD keys = 0;
-  DWORD values = 0;
-  const LSTATUS status = ::RegQueryInfoKeyW(opened, nullptr, nullptr, nullptr, &keys, nullptr,
-                                            nullptr, &values, nullptr, nullptr, nullptr, nullptr);
-  ::RegCloseKey(opened);
-  if (status == ERROR_SUCCESS && keys == 0 && values == 0) {
-    (void)::RegDeleteKeyW(root, WideOf(path));
-  }
-}
-
-void Remove(RegistrationScope scope) {
-  UnregisterTypes(scope);
-  RemoveTree(RootOf(scope), ClassKey());
-  RemoveTree(RootOf(scope), Text(kProgId));
   if (scope == RegistrationScope::kUser) {
-    for (const TextView group : {u"CLSID", u"TypeLib", u"Interface"}) {
-      RemoveIfEmpty(HKEY_CURRENT_USER, group);
-    }
+    for (const TextView group : {u"TypeLib", u"Interface"}) RemoveUsersGroupIfEmpty(group);
   }
 }
 
@@ -152,7 +57,7 @@ void Remove(RegistrationScope scope) {
 
 HRESULT Register(RegistrationScope scope) noexcept {
   const HRESULT result = Guarded(IID_IUnknown, [&] {
-    for (const Entry& entry : Entries()) Write(RootOf(scope), entry);
+    WriteClass(scope, kPluginClass);
     RegisterTypes(scope);
     return S_OK;
   });
@@ -162,7 +67,8 @@ HRESULT Register(RegistrationScope scope) noexcept {
 
 HRESULT Unregister(RegistrationScope scope) noexcept {
   return Guarded(IID_IUnknown, [&] {
-    Remove(scope);
+    UnregisterTypes(scope);
+    RemoveClass(scope, kPluginClass);
     return S_OK;
   });
 }

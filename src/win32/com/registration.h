@@ -1,11 +1,9 @@
 // Writes and removes the registry entries of the class and its type library.
 #pragma once
 
-#include "win32/com/automation.h"
+#include "win32/com/class_registration.h"
 
 namespace quill::com {
-
-enum class RegistrationScope { kMachine, kUser };
 
 // Registers this library's file. On failure everything written is taken back.
 [[nodiscard]] HRESULT Register(RegistrationScope scope) noexcept;
