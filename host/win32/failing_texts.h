@@ -1,0 +1,13 @@
+// Memory that is short at the right moment: lets a module's next request for an automation string
+// fail, so that tests and robots can see what its callers learn of it.
+#pragma once
+
+#include <windows.h>
+
+namespace quill::host {
+
+// The next string that this loaded module asks the system for is refused; later ones are not.
+// False when the module asks for none.
+bool RefuseNextText(HMODULE module) noexcept;
+
+}  // namespace quill::host

@@ -1,0 +1,128 @@
+// The exports of the kits' library, and the one set of services behind its objects, which belongs
+// to the thread that first used it.
+
+#include <windows.h>
+
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "host/kit/disk_storage.h"
+#include "host/kit/error_journal.h"
+#include "host/kit/file_kit.h"
+#include "host/win32/kit_classes.h"
+#include "host/win32/kit_library/robot_object.h"
+#include "support/host_environment.h"
+#include "win32/com/class_factory.h"
+#include "win32/com/class_registration.h"
+#include "win32/com/com_error.h"
+#include "win32/com/library_use.h"
+#include "win32/win32_file_system.h"
+#include "win32/win32_process_paths.h"
+
+namespace quill::host {
+namespace {
+
+using com::RegistrationScope;
+
+constexpr com::RegisteredClass kRobotClass = {
+    kRobotProgId,
+    u"Robot operator of the Quillstart reference host",
+    {0x5A2E7D13, 0xC84F, 0x4B90, {0x92, 0x6D, 0x17, 0xF3, 0x4C, 0x88, 0xBE, 0x05}}};
+
+// Where the kits keep their own files: the folder that QUILL_HOST_ROOT names, otherwise that of the
+// host's program.
+Text HostRoot() {
+  std::array<wchar_t, 32768> named{};
+  const DWORD length = ::GetEnvironmentVariableW(L"QUILL_HOST_ROOT", named.data(), named.size());
+  if (length > 0 && length < named.size()) {
+    return Text(reinterpret_cast<const char16_t*>(named.data()), length);
+  }
+  win32::Win32ProcessPaths paths;
+  return HostFolder(paths);
+}
+
+struct Services {
+  win32::Win32FileSystem files;
+  DiskStorage storage{[](TextView path) { return std::filesystem::path(Text(path)); }};
+  ErrorJournal journal{HostRoot(), files, storage, SystemTime()};
+  HostFileKit file_kit{storage, journal};
+  ContractLog contract;
+};
+std::optional<Services> services;
+
+KitServices ServicesOfKits() {
+  if (!services) services.emplace();
+  KitServices served{services->file_kit, services->contract, ::GetCurrentThreadId()};
+  served.are_calls_checked = false;
+  return served;
+}
+
+class RobotFactory final : public com::ClassFactory {
+  HRESULT Make(REFIID wanted, void** object) override {
+    return MakeRobotObject()->QueryInterface(wanted, object);
+  }
+};
+
+com::ComPtr<IClassFactory> FactoryOf(REFCLSID class_id) {
+  for (const KitClass& kit : KitClassTable()) {
+    if (IsEqualCLSID(class_id, kit.registered.id)) return MakeKitFactory(ServicesOfKits(), kit);
+  }
+  if (!IsEqualCLSID(class_id, kRobotClass.id)) return {};
+  return com::ComPtr<IClassFactory>::Adopt(new RobotFactory);
+}
+
+template <class Body>
+HRESULT ForEachClass(Body&& body) {
+  return com::Guarded(IID_IUnknown, [&] {
+    for (const KitClass& kit : KitClassTable()) body(kit.registered);
+    body(kRobotClass);
+    return S_OK;
+  });
+}
+
+HRESULT Unregister(RegistrationScope scope) {
+  return ForEachClass(
+      [&](const com::RegisteredClass& registered) { com::RemoveClass(scope, registered); });
+}
+
+HRESULT Register(RegistrationScope scope) {
+  const HRESULT result = ForEachClass(
+      [&](const com::RegisteredClass& registered) { com::WriteClass(scope, registered); });
+  if (FAILED(result)) (void)Unregister(scope);
+  return result;
+}
+
+}  // namespace
+}  // namespace quill::host
+
+extern "C" {
+
+STDAPI DllGetClassObject(REFCLSID class_id, REFIID wanted, void** object) {
+  if (object == nullptr) return E_POINTER;
+  *object = nullptr;
+  return quill::com::Guarded(IID_IUnknown, [&] {
+    const auto factory = quill::host::FactoryOf(class_id);
+    return factory ? factory->QueryInterface(wanted, object) : CLASS_E_CLASSNOTAVAILABLE;
+  });
+}
+
+STDAPI DllCanUnloadNow() {
+  return quill::com::LibraryUse::Any() ? S_FALSE : S_OK;
+}
+
+STDAPI DllRegisterServer() {
+  return quill::host::Register(quill::com::RegistrationScope::kMachine);
+}
+
+STDAPI DllUnregisterServer() {
+  return quill::host::Unregister(quill::com::RegistrationScope::kMachine);
+}
+
+STDAPI DllInstall(BOOL install, LPCWSTR command_line) {
+  const auto scope = quill::com::ScopeOf(command_line);
+  return install != FALSE ? quill::host::Register(scope) : quill::host::Unregister(scope);
+}
+
+}  // extern "C"
