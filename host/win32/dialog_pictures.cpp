@@ -2,6 +2,7 @@
 
 #include <system_error>
 
+#include "host/win32/high_contrast.h"
 #include "host/win32/window_picture.h"
 #include "host/win32/window_robot.h"
 #include "support/number_text.h"
@@ -24,8 +25,17 @@ Text FileWord(TextView caption) {
 
 }  // namespace
 
-void DialogPictures::Take(const Text& moment,
+void DialogPictures::Take(const Text& moment, bool high_contrast,
                           const std::function<void(const Text& line)>& tell) const {
+  TakeTabs(moment, tell);
+  if (!high_contrast) return;
+  const HighContrast scheme(GetModuleHandleW(L"kvrrcBHDGS.dll"),
+                            WindowRobot(u"frmrcBHDGS").FormWindow());
+  TakeTabs(Concat({u"high-contrast-", moment}), tell);
+}
+
+void DialogPictures::TakeTabs(const Text& moment,
+                              const std::function<void(const Text& line)>& tell) const {
   std::error_code error;
   std::filesystem::create_directories(folder_, error);
   const WindowRobot robot(u"frmrcBHDGS");

@@ -22,11 +22,13 @@ namespace quill::host {
 namespace {
 
 constexpr TextView kPictures = u"--pictures";
+constexpr TextView kHighContrast = u"--high-contrast";
 
 constexpr TextView kOwnHelp =
     u"\nWith the real library also:\n"
     u"  window [SCENARIO]   a host with a window of its own; the same without any command\n"
-    u"  run --pictures FOLDER SCENARIO   leaves pictures of the dialog there\n"
+    u"  run --pictures FOLDER SCENARIO   leaves pictures of the dialog there;\n"
+    u"      with --high-contrast also those of a scheme of high contrast\n"
     u"  endure [--cycles N]   loads and opens the plug-in N times (1000) and sends it ten times "
     u"as\n"
     u"                        many replies; exit code 1: something leaked\n";
@@ -91,8 +93,10 @@ int PerformWithLibrary(std::vector<Text> words, ContractLog& contract, Console& 
   }
   CommandLineParts parts{[&] { return MakeNativeStage(library, contract); }, nullptr};
   if (const auto folder = TakePicturesFolder(words)) {
-    parts.look = [&, pictures = DialogPictures(*folder)](Stage&, const Text& moment) {
-      pictures.Take(moment, [&](const Text& line) { console.PrintLine(line); });
+    parts.look = [&, pictures = DialogPictures(*folder),
+                  high_contrast = std::erase(words, kHighContrast) != 0](Stage&,
+                                                                         const Text& moment) {
+      pictures.Take(moment, high_contrast, [&](const Text& line) { console.PrintLine(line); });
     };
   }
   const int code = RunCommandLine(words, parts, console);
