@@ -1,0 +1,225 @@
+// The dialog without a mouse, and as assistive tools hear of it.
+#include <gtest/gtest.h>
+
+#include "win32/com/automation.h"
+
+#include <oleacc.h>
+
+#include <algorithm>
+
+#include "host/win32/window_picture.h"
+#include "tests/win32/native_bench.h"
+#include "win32/com/com_ptr.h"
+#include "win32/window_peer.h"
+
+namespace quill {
+namespace {
+
+class OperatorAccess : public testing::Test, public NativeBench {
+ protected:
+  com::ComPtr<IAccessible> kept_;
+
+  // The stops of the page at hand, from the tab strip round to it again.
+  std::vector<Text> TabStops() const {
+    std::vector<Text> stops;
+    SetFocus(robot.Find(u"tsMain"));
+    do {
+      stops.push_back(robot.Focused());
+      robot.PressKey(VK_TAB);
+    } while (robot.Focused() != u"tsMain" && stops.size() < 100);
+    return stops;
+  }
+};
+
+TEST_F(OperatorAccess, TheTabKeyGoesRoundEachPageInReadingOrder) {
+  const std::vector<Text> buttons = {u"cmdStartImg", u"cmdSaveImg", u"cmdLoadImg", u"cmdCancelImg"};
+  const std::pair<Text, std::vector<Text>> pages[] = {
+      {u"Server Settings",
+       {u"txtMessage", u"txtName", u"txtCountry", u"txtPassword", u"lstSession", u"lstMax",
+        u"lstDelay", u"chkLoop", u"lstKills", u"lstScore", u"lstZone", u"lstRespawn", u"lstTime",
+        u"chkNova", u"chkSkins", u"chkWindow", u"chkDedi", u"cboMods"}},
+      {u"Map Settings",
+       {u"cmdLeftImg", u"txtGametype", u"cmdRightImg", u"lstAvlMaps", u"lstSelMaps",
+        u"cmdLoadMapsImg", u"cmdRandomize"}},
+      {u"Misc Options",
+       {u"txtBlue", u"txtRed", u"chkFFKills", u"chkFFTags", u"chkFFWarn", u"chkTeam", u"chkTracers",
+        u"chkClays", u"chkAutoRange", u"chkMinPing", u"txtMinPing", u"chkMaxPing", u"txtMaxPing",
+        u"txtPort"}}};
+  Show([&](frmrcBHDGS&) {
+    for (const auto& [page, controls] : pages) {
+      std::vector<Text> expected = {u"tsMain"};
+      expected.insert(expected.end(), controls.begin(), controls.end());
+      expected.insert(expected.end(), buttons.begin(), buttons.end());
+      EXPECT_EQ(Seen(u"tsMain", u"caption"), page);
+      EXPECT_EQ(TabStops(), expected);
+      robot.PressKey(VK_RIGHT);  // in the tab strip
+    }
+    const host::HeldKey control(VK_CONTROL);
+    SetFocus(robot.Find(u"txtPort"));
+    robot.PressKey(VK_TAB);
+    EXPECT_EQ(Seen(u"tsMain", u"caption"), u"Server Settings");
+    robot.PressKey(VK_NEXT);
+    EXPECT_EQ(Seen(u"tsMain", u"caption"), u"Map Settings");
+    robot.PressKey(VK_PRIOR);
+    EXPECT_EQ(Seen(u"tsMain", u"caption"), u"Server Settings");
+  });
+}
+
+TEST_F(OperatorAccess, KeysPressTheImageButtonsAndTheFocusIsSeen) {
+  Show([&](frmrcBHDGS& dialog) {
+    std::vector<ui::MouseEvent> events;
+    const auto former = dialog.Get<ui::Image>(u"cmdRightImg").on_mouse_up;
+    dialog.Get<ui::Image>(u"cmdRightImg").on_mouse_up = [&](const ui::MouseEvent& event) {
+      events.push_back(event);
+      former(event);
+    };
+    robot.ClickTab(u"Map Settings");
+    const HWND face = robot.Find(u"cmdRightImg");
+    DrainMessages();
+    const host::Pixels before = host::TakeWindow(face);
+    SetFocus(face);
+    DrainMessages();
+    EXPECT_NE(host::TakeWindow(face), before);
+    robot.PressKey(VK_SPACE);
+    EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Team Deathmatch");
+    robot.PressKey(VK_RETURN);
+    EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Cooperative");
+    robot.PressAccessKey(u'n');
+    EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Team King of the Hill");
+    EXPECT_EQ(robot.Focused(), u"cmdRightImg");
+    robot.PressAccessKey(u'P');
+    EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Cooperative");
+    robot.PressAccessKey(u'R');
+    EXPECT_EQ(robot.Focused(), u"cmdRandomize");
+    EXPECT_EQ(Seen(u"cmdRightImg", u"picture"), u"butup.gif");
+    ASSERT_EQ(events.size(), 3u);
+    for (const ui::MouseEvent& event : events) {
+      EXPECT_EQ(event.button, ui::kLeftButton);
+      EXPECT_EQ(event.shift, 0);
+    }
+    // The key was pressed somewhere else.
+    SetFocus(face);
+    SendMessageW(face, WM_KEYUP, VK_SPACE, 1);
+    EXPECT_EQ(events.size(), 3u);
+
+    robot.ClickTab(u"Misc Options");
+    robot.PressAccessKey(u'n');  // of a button that is out of sight
+    EXPECT_EQ(events.size(), 3u);
+    robot.PressAccessKey(u'c');
+    EXPECT_FALSE(robot.FormShown());
+  });
+}
+
+// What a tool hears, through the interface that it uses itself.
+struct Heard {
+  Text name;
+  Text value;
+  LONG role = 0;
+  LONG state = 0;
+  Text shortcut;
+};
+
+Text Taken(BSTR text) {
+  Text taken = text != nullptr ? win32::FromWide({text, SysStringLen(text)}) : Text();
+  SysFreeString(text);
+  return taken;
+}
+
+com::ComPtr<IAccessible> ObjectOf(HWND window) {
+  com::ComPtr<IAccessible> object;
+  EXPECT_EQ(AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT),
+                                       __uuidof(IAccessible), object.ReceiveVoid()),
+            S_OK);
+  return object;
+}
+
+Heard Hear(HWND window) {
+  Heard heard;
+  const auto object = ObjectOf(window);
+  if (!object) return heard;
+  VARIANT self = {};
+  self.vt = VT_I4;
+  self.lVal = CHILDID_SELF;
+  VARIANT number = {};
+  BSTR text = nullptr;
+  if (SUCCEEDED(object->get_accName(self, &text))) heard.name = Taken(std::exchange(text, nullptr));
+  if (SUCCEEDED(object->get_accValue(self, &text))) {
+    heard.value = Taken(std::exchange(text, nullptr));
+  }
+  if (SUCCEEDED(object->get_accKeyboardShortcut(self, &text))) {
+    heard.shortcut = Taken(std::exchange(text, nullptr));
+  }
+  if (SUCCEEDED(object->get_accRole(self, &number))) heard.role = number.lVal;
+  if (SUCCEEDED(object->get_accState(self, &number))) heard.state = number.lVal;
+  return heard;
+}
+
+TEST_F(OperatorAccess, AssistiveToolsHearNamesRolesAndValues) {
+  Show([&](frmrcBHDGS& dialog) {
+    PickMod(u"Team Sabre");
+    robot.Type(u"txtName", u"A server");
+    robot.ScrollBy(u"lstMax", 3);
+    const struct {
+      Text control;
+      LONG role;
+      Text name;
+      Text value;
+      Text shortcut;
+    } expected[] = {
+        {u"txtName", ROLE_SYSTEM_TEXT, u"Server Name:", u"A server", u""},
+        {u"lstMax", ROLE_SYSTEM_LIST, u"Max Players:", u"4", u""},
+        {u"lstDelay", ROLE_SYSTEM_LIST, u"Start Delay:", u"", u""},
+        {u"cboMods", ROLE_SYSTEM_COMBOBOX, u"Game Mod:", u"Team Sabre", u""},
+        {u"chkLoop", ROLE_SYSTEM_CHECKBUTTON, u"Loop Maps:", u"", u""},
+        {u"txtMinPing", ROLE_SYSTEM_TEXT, u" - Min. Ping", u"0", u""},
+        {u"txtGametype", ROLE_SYSTEM_TEXT, u"Game Type", u"Deathmatch", u""},
+        {u"lstSelMaps", ROLE_SYSTEM_LIST, u"Selected Maps", u"", u""},
+        {u"cmdRandomize", ROLE_SYSTEM_PUSHBUTTON, u"Randomize Current Maps List", u"", u"Alt+R"},
+        {u"cmdStartImg", ROLE_SYSTEM_PUSHBUTTON, u"Start Game", u"", u"Alt+S"},
+        {u"cmdLeftImg", ROLE_SYSTEM_PUSHBUTTON, u"Previous Game Type", u"", u"Alt+P"},
+        {u"lblMapCnt", ROLE_SYSTEM_STATICTEXT, u"Number of Maps: 0", u"", u""},
+        {u"Frame3", ROLE_SYSTEM_GROUPING, u"Options", u"", u""},
+        {u"tsMain", ROLE_SYSTEM_PAGETABLIST, u"", u"", u""},
+        {u"frmrcBHDGS", ROLE_SYSTEM_DIALOG, u"Select Hosting Options", u"", u""}};
+    for (const auto& control : expected) {
+      const Heard heard = Hear(robot.Find(control.control));
+      const std::string who = ToUtf8(control.control);
+      EXPECT_EQ(heard.role, control.role) << who;
+      EXPECT_EQ(ToUtf8(heard.name), ToUtf8(control.name)) << who;
+      EXPECT_EQ(ToUtf8(heard.value), ToUtf8(control.value)) << who;
+      EXPECT_EQ(ToUtf8(heard.shortcut), ToUtf8(control.shortcut)) << who;
+    }
+    // Nothing that the keyboard reaches is nameless, the strip of named tabs aside.
+    for (const auto& control : dialog.controls()) {
+      const auto* const peer = win32::WindowPeer::Of(*control);
+      if (peer == nullptr || !peer->TakesFocus() || control.get() == &dialog.tsMain) continue;
+      EXPECT_FALSE(Hear(peer->window()).name.empty()) << ToUtf8(control->name());
+    }
+
+    EXPECT_TRUE(Hear(robot.Find(u"chkWindow")).state & STATE_SYSTEM_CHECKED);
+    robot.Click(u"chkWindow");
+    EXPECT_FALSE(Hear(robot.Find(u"chkWindow")).state & STATE_SYSTEM_CHECKED);
+    EXPECT_TRUE(Hear(robot.Find(u"txtGametype")).state & STATE_SYSTEM_READONLY);
+    dialog.Get<ui::TextBox>(u"txtName").SetEnabled(false);
+    EXPECT_TRUE(Hear(robot.Find(u"txtName")).state & STATE_SYSTEM_UNAVAILABLE);
+
+    // A tool presses a button, and may know it for longer than it is there.
+    VARIANT self = {};
+    self.vt = VT_I4;
+    robot.ClickTab(u"Map Settings");
+    const auto next = ObjectOf(robot.Find(u"cmdRightImg"));
+    ASSERT_EQ(next->accDoDefaultAction(self), S_OK);
+    DrainMessages();
+    EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Team Deathmatch");
+    kept_ = next;
+  });
+  context.dialog.reset();
+  DrainMessages();
+  VARIANT self = {};
+  self.vt = VT_I4;
+  BSTR name = nullptr;
+  EXPECT_NE(kept_->get_accName(self, &name), S_OK) << ToUtf8(Taken(name));
+}
+
+}  // namespace
+}  // namespace quill
