@@ -106,14 +106,26 @@ function(quill_test name)
   endif()
 endfunction()
 
-# quill_fuzzer(<name> SOURCES <file>... LINKS <layer or library>...): program fuzz_<name>.
+# quill_fuzzer(<name> SOURCES <file>... LINKS <layer or library>...)
+# With QUILL_FUZZ the program fuzz_<name>; otherwise the test fuzz.<name>, which replays the corpus
+# fuzz/corpus/<name>.
 function(quill_fuzzer name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
   quill_resolve_links(links ${arg_LINKS})
-  add_executable(fuzz_${name} ${arg_SOURCES})
-  target_include_directories(fuzz_${name} PRIVATE "${PROJECT_SOURCE_DIR}")
-  target_link_libraries(fuzz_${name} PRIVATE quill_compile_options ${links})
-  target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
+  if(QUILL_FUZZ)
+    set(program fuzz_${name})
+    set(driver)
+  else()
+    set(program replay_${name})
+    set(driver quill_fuzz_replay)
+    add_test(NAME fuzz.${name} COMMAND ${program} "${PROJECT_SOURCE_DIR}/fuzz/corpus/${name}")
+  endif()
+  add_executable(${program} ${arg_SOURCES})
+  target_include_directories(${program} PRIVATE "${PROJECT_SOURCE_DIR}")
+  target_link_libraries(${program} PRIVATE quill_compile_options ${driver} ${links})
+  if(QUILL_FUZZ)
+    target_link_options(${program} PRIVATE -fsanitize=fuzzer)
+  endif()
 endfunction()
 
 # quill_benchmark(<name> SOURCES <file>... LINKS <layer or library>...): program bench_<name>.
@@ -127,7 +139,7 @@ function(quill_benchmark name)
     quill_compile_options ${links} benchmark::benchmark)
 endfunction()
 
-# The layer rules as tests: the tree keeps them, and a tree that breaks them is noticed.
+# The rules of the tree as tests: the tree keeps them, and one that breaks them is noticed.
 function(quill_add_layer_checks)
   add_test(NAME layers.tree_keeps_the_rules
     COMMAND ${CMAKE_COMMAND} -DROOT=${PROJECT_SOURCE_DIR}

@@ -338,23 +338,5 @@ TEST_F(GameSettingsReply, KeepsTheMapsBeforeOneThatFails) {
   EXPECT_EQ(ServerMaps(), std::vector<std::string>{"A/a.bms/0"});
 }
 
-TEST_F(GameSettingsReply, TakesManyMaps) {
-  constexpr int kMany = 100'000;
-  Text maps;
-  for (int i = 0; i < kMany; ++i) {
-    if (i != 0) maps += u'|';
-    const std::string number = std::to_string(i);
-    maps += Base64("Map " + number + " <m" + number + ".bms>" + std::to_string(i % 9));
-  }
-  reply.Set(25, std::move(maps));
-  Deliver();
-  const ServerMapList& list = host.module.dialog.maps.server;
-  ASSERT_EQ(list.Count(), kMany);
-  EXPECT_EQ(list.ServerMapNames(kMany), u"Map 99999");
-  EXPECT_EQ(list.ServerMapFiles(kMany), u"m99999.bms");
-  EXPECT_EQ(list.ServerMapGameTypes(kMany), u"0");
-  EXPECT_EQ(host.dialog().lstAvlMaps.Count(), 9 + 11112);
-}
-
 }  // namespace
 }  // namespace quill

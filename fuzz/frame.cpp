@@ -1,0 +1,83 @@
+// Frames, fields and map entries: the plug-in reads out of a frame what the remote side's own
+// reader reads, and the splitting of texts agrees with plain definitions.
+#include "fuzz/fuzz_target.h"
+#include "headless/memory_file_system.h"
+#include "host/kit/file_kit.h"
+#include "host/kit/memory_storage.h"
+#include "host/remote/wire.h"
+#include "maps/map_entry.h"
+#include "maps/server_map_list.h"
+#include "remote/compressed_frame.h"
+#include "remote/reply_fields.h"
+
+namespace quill::fuzz {
+namespace {
+
+struct Kit {
+  headless::MemoryFileSystem files;
+  host::MemoryStorage storage{files};
+  host::ErrorJournal journal{u"C:\\Host", files, storage, host::SystemTime()};
+  host::HostFileKit kit{storage, journal};
+};
+
+void CheckFrame(TextView text) {
+  static Kit kit;
+  const auto payload = Attempt([&] { return DecodeFrame(text, kit.kit); });
+  const auto theirs = Attempt([&] { return host::ReadFrame(text); });
+  // The plug-in takes more: looser numbers, and anything behind a second marker.
+  if (theirs) Claim(payload == theirs);
+  if (payload) Claim(DecodeFrame(EncodeFrame(*payload, kit.kit), kit.kit) == payload);
+}
+
+void CheckFields(TextView text) {
+  std::vector<Text> pieces(1);
+  for (const char16_t unit : text) {
+    if (unit == u'_') {
+      pieces.emplace_back();
+    } else {
+      pieces.back() += unit;
+    }
+  }
+  const int count =
+      static_cast<int>(std::min<std::size_t>(pieces.size(), ReplyFields::kMostFields));
+  ReplyFields fields;
+  fields.Assign(Text(text));
+  Claim(fields.Count() == count);
+  for (int i = 0; i < count; ++i) Claim(fields[i] == pieces[i]);
+  Claim(fields.ValueOrEmpty(count).empty() && fields.ValueOrEmpty(-1).empty());
+
+  Text joined;
+  const std::vector<TextView> parts = Split(text, u"[-]");
+  for (const TextView& part : parts) {
+    Claim(part.find(u"[-]") == TextView::npos);
+    if (&part != &parts.front()) joined += u"[-]";
+    joined += part;
+  }
+  Claim(joined == text);
+}
+
+// A server map is a map entry and a game type of one character.
+void CheckServerMap(TextView text) {
+  ServerMapList maps;
+  const auto taken = Attempt([&] { return maps.AppendEntry(text), true; });
+  Claim(maps.Count() == (taken ? 1 : 0));
+  if (text.empty()) return Claim(!taken);
+  const TextView game_type = text.substr(text.size() - 1);
+  const auto entry = Attempt([&] { return SplitMapEntry(text.substr(0, text.size() - 1)); });
+  Claim(taken.has_value() == entry.has_value());
+  if (!entry) return;
+  Claim(maps.ServerMapGameTypes(1) == game_type);
+  Claim(maps.ServerMapNames(1) == entry->name && maps.ServerMapFiles(1) == entry->file);
+  Claim(maps.PositionOfFile(entry->file, game_type) == 1 && maps.HasName(entry->name));
+}
+
+}  // namespace
+}  // namespace quill::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const quill::Text text = quill::fuzz::TextOf(data, size);
+  quill::fuzz::CheckFrame(text);
+  quill::fuzz::CheckFields(text);
+  quill::fuzz::CheckServerMap(text);
+  return 0;
+}

@@ -1,0 +1,46 @@
+// What the remote side makes of requests: any text is taken apart or refused, and what is taken can
+// be put together again and told to people.
+#include "fuzz/fuzz_target.h"
+#include "host/remote/known_maps.h"
+#include "host/remote/request_envelope.h"
+#include "host/remote/request_explanation.h"
+#include "host/remote/start_request.h"
+#include "host/remote/wire.h"
+
+namespace quill::fuzz {
+namespace {
+
+void CheckPayload(TextView payload) {
+  static const host::KnownMaps known;
+  const host::StartRequest request = host::DecodeStartPayload(
+      payload, [](const host::StartMap& map, TextView mod) { return known.Doubt(map, mod); });
+  Claim(!host::ExplainStartRequest(request).empty());
+  if (request.HasErrors()) return;
+  Claim(request.fields.size() == 26 && !request.flags.empty());
+  Claim(!request.maps.empty() && request.maps.size() <= host::kMaxRotation);
+  for (const host::StartMap& map : request.maps) {
+    Claim(map.game_type >= 0 && map.game_type <= 8 && !map.file.empty());
+  }
+}
+
+}  // namespace
+}  // namespace quill::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace quill;
+  using namespace quill::fuzz;
+  const Text text = TextOf(data, size);
+  CheckPayload(text);
+  const auto envelope = Attempt([&] { return host::ParseRequestEnvelope(text); });
+  if (!envelope) return 0;
+  Claim(!host::ExplainEnvelope(*envelope).empty());
+  const bool starts = envelope->command == host::kStartCommand;
+  Claim(starts != envelope->frame.empty());
+  Claim(text == Concat({u"Plugin_kvrBHDGS_", envelope->command, u"_", envelope->target, u"_VB6_",
+                        Decimal(envelope->index), starts ? u"_" : u"", envelope->frame}));
+  if (!starts) return 0;
+  if (const auto payload = Attempt([&] { return host::ReadFrame(envelope->frame); })) {
+    CheckPayload(*payload);
+  }
+  return 0;
+}
