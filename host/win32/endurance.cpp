@@ -125,6 +125,9 @@ class DialogRuns {
     int damaged = 0;
     Open([&] {
       Deliver(first_reply_);
+      // The first message box of a process brings in what the system keeps.
+      Deliver(damaged_reply_);
+      ++damaged;
       for (int reply = 1; reply <= replies; ++reply) {
         if (reply % kDamagedReply == 0) {
           Deliver(damaged_reply_);
