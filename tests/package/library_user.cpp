@@ -22,6 +22,28 @@ std::wstring Wide(const char* text) {
   return wide.data();
 }
 
+// The user's own classes, which Wine's CoCreateInstance does not look at, as Windows' does.
+HRESULT CreateFromUsersEntries(const std::wstring& name, const CLSID& id, void** object) {
+  const std::wstring key = L"Software\\Classes\\CLSID\\" + name + L"\\InprocServer32";
+  wchar_t file[MAX_PATH] = L"";
+  DWORD size = sizeof file;
+  if (::RegGetValueW(HKEY_CURRENT_USER, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, file,
+                     &size)) {
+    return REGDB_E_CLASSNOTREG;
+  }
+  const HMODULE library = ::LoadLibraryW(file);
+  if (library == nullptr) return CO_E_DLLNOTFOUND;
+  using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
+  const auto get_class_object = reinterpret_cast<GetClassObject>(
+      reinterpret_cast<void*>(::GetProcAddress(library, "DllGetClassObject")));
+  IClassFactory* factory = nullptr;
+  HRESULT result = get_class_object(id, IID_IClassFactory, reinterpret_cast<void**>(&factory));
+  if (FAILED(result)) return result;
+  result = factory->CreateInstance(nullptr, IID_IDispatch, object);
+  factory->Release();
+  return result;
+}
+
 int RunWhileLoaded(std::wstring command) {
   STARTUPINFOW start{};
   start.cb = sizeof start;
@@ -50,6 +72,9 @@ int main(int count, char** arguments) {
     if (FAILED(result)) return Fail("finding the class", result);
     result = ::CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
                                 reinterpret_cast<void**>(&object));
+    if (result == REGDB_E_CLASSNOTREG) {
+      result = CreateFromUsersEntries(name, id, reinterpret_cast<void**>(&object));
+    }
     if (FAILED(result)) return Fail("creating the class", result);
     char file[MAX_PATH] = "";
     ::GetModuleFileNameA(::GetModuleHandleA("kvrrcBHDGS.dll"), file, MAX_PATH);
