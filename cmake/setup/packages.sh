@@ -3,7 +3,7 @@
 
 # The list of each job; see quill_packages_need.
 QUILL_PACKAGES_build="g++ cmake ninja-build zlib1g-dev"
-QUILL_PACKAGES_test="libgtest-dev libgmock-dev"
+QUILL_PACKAGES_test="libgtest-dev libgmock-dev python3"
 # A compiler whose sanitizers know more, and which is a second opinion on the code.
 QUILL_PACKAGES_clang="clang-16 libclang-rt-16-dev llvm-16"
 QUILL_PACKAGES_format="clang-format-16"

@@ -155,9 +155,15 @@ class Bridge {
   std::string Field(const VARIANT& record, const Text& name) {
     if (record.vt != VT_RECORD) throw RuntimeError(ErrorNumber::kTypeMismatch);
     Variant field;
+    void* array = nullptr;
     const HRESULT result =
-        record.pRecInfo->GetField(record.pvRecord, com::WideOf(name), field.get());
+        record.pRecInfo->GetFieldNoCopy(record.pvRecord, com::WideOf(name), field.get(), &array);
     if (FAILED(result)) throw com::ErrorOf(result);
+    // What came refers into the record, which stays the owner.
+    const VARIANT inside = field.Detach();
+    if (FAILED(::VariantCopyInd(field.get(), const_cast<VARIANT*>(&inside)))) {
+      throw RuntimeError(ErrorNumber::kOutOfMemory);
+    }
     return WordsOf(std::move(field));
   }
 
