@@ -8,7 +8,6 @@ QUILL_PACKAGES_test="libgtest-dev libgmock-dev python3"
 QUILL_PACKAGES_clang="clang-16 libclang-rt-16-dev llvm-16"
 QUILL_PACKAGES_format="clang-format-16"
 QUILL_PACKAGES_tidy="clang-tidy-16"
-QUILL_PACKAGES_coverage="lcov"
 QUILL_PACKAGES_cross="g++-mingw-w64-x86-64-posix mingw-w64-tools libz-mingw-w64-dev"
 QUILL_PACKAGES_cross32="g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-dev"
 # Installer and archive.
