@@ -162,6 +162,7 @@ class PluginBench : public testing::Test {
   std::vector<Text> created_kits;
   std::vector<Box> boxes;
   std::function<void()> while_shown;  // once, when the dialog is shown
+  std::vector<Text> picked;           // in every file dialog; none cancels it
   // Throws to refuse a kit.
   std::function<void(TextView kit)> before_creation;
   const host::WindowRobot robot{u"frmrcBHDGS"};
@@ -225,7 +226,9 @@ class PluginBench : public testing::Test {
   }
   void Watch() {
     const host::OpenBox box = host::FindOpenBox();
-    if (box.window != nullptr) {
+    if (box.window != nullptr && box.asks_for_file) {
+      host::AnswerFileBox(box, picked);
+    } else if (box.window != nullptr) {
       boxes.push_back({box.caption, box.text});
       host::AcknowledgeBox(box);
     } else if (robot.FormShown()) {
