@@ -599,6 +599,10 @@ Section "Uninstall"
   Call un.RemoveFolders
   ${If} $InstalledFolder == $INSTDIR
     DeleteRegKey SHCTX "${UNINSTALL_KEY}"
+    ${If} $Scope == "CurrentUser"
+      ; It may have been the user's first.
+      DeleteRegKey /ifempty SHCTX "Software\Microsoft\Windows\CurrentVersion\Uninstall"
+    ${EndIf}
   ${EndIf}
   Call un.RemoveUsersFolder
 SectionEnd
