@@ -63,6 +63,15 @@ TEST(ModalDisplay, QuittingReachesTheOuterLoop) {
   EXPECT_EQ(message.wParam, 7u);
 }
 
+TEST(ModalDisplay, ADialogWhoseWindowTheHostDestroysIsUnloaded) {
+  NativeBench bench;
+  const HostWindow waiting;
+  bench.Show([&](frmrcBHDGS&) { DestroyWindow(bench.robot.FormWindow()); });
+  EXPECT_TRUE(IsWindowEnabled(waiting.get()));
+  EXPECT_EQ(bench.context.dialog, nullptr);
+  bench.Show([&](frmrcBHDGS&) { EXPECT_TRUE(bench.robot.FormShown()); });
+}
+
 TEST(ModalDisplay, AHiddenDialogKeepsItsStateAndIsShownAgain) {
   NativeBench bench;
   HWND first = nullptr;
