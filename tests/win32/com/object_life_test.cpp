@@ -1,4 +1,6 @@
 // Creating the class, what its objects answer to, and how long they keep the library and the host.
+#include <thread>
+
 #include "tests/win32/com/plugin_bench.h"
 
 namespace quill::com {
@@ -88,6 +90,27 @@ TEST_F(ObjectLife, EveryReferenceAndLockKeepsTheLibraryLoaded) {
   EXPECT_EQ(name.view(), u"_clsPlugin");
   record.value = Variant();
   library.emplace();
+}
+
+TEST_F(ObjectLife, AnotherThreadIsRefusedWhileTheFirstUsesTheLibrary) {
+  OfferKits();
+  (void)Create();
+  const auto on_another_thread = [&] {
+    HRESULT made = E_FAIL;
+    HRESULT ready = E_FAIL;
+    std::thread([&] {
+      const ComForThread apartment;
+      ComPtr<IUnknown> none;
+      made = library->Factory()->CreateInstance(nullptr, IID_IUnknown, none.ReceiveVoid());
+      ready = library->CanUnload();
+    }).join();
+    EXPECT_EQ(ready, S_FALSE) << "its windows and objects belong to the first thread";
+    return made;
+  };
+  EXPECT_EQ(on_another_thread(), RPC_E_WRONG_THREAD);
+  EXPECT_EQ(host::LivingKitObjects(), 2);
+  EXPECT_EQ(library->CanUnload(), S_OK);
+  EXPECT_EQ(host::LivingKitObjects(), 0);
 }
 
 TEST_F(ObjectLife, StartUpRunsOncePerUseOfTheLibrary) {
