@@ -1,0 +1,190 @@
+// Random actions of operator, host and file kit on the whole plug-in, with what always holds looked
+// at after each. Every action is one byte and the bytes that choose what it works on.
+#include <algorithm>
+
+#include "fuzz/plugin_bench.h"
+#include "host/remote/settings_reply.h"
+#include "host/remote/wire.h"
+
+namespace quill::fuzz {
+namespace {
+
+constexpr std::size_t kMostBytes = 256;
+constexpr int kMostOpenBoxes = 3;
+
+constexpr TextView kTextBoxes[] = {u"txtMessage", u"txtName",    u"txtCountry", u"txtBlue",
+                                   u"txtMinPing", u"txtMaxPing", u"txtPort",    u"txtGametype"};
+constexpr TextView kCheckBoxes[] = {u"chkLoop", u"chkNova", u"chkWindow", u"chkFFTags",
+                                    u"chkClays"};
+constexpr TextView kLists[] = {u"lstAvlMaps", u"lstSelMaps", u"lstMax",
+                               u"lstTime",    u"lstDelay",   u"lstSession"};
+constexpr TextView kButtons[] = {u"cmdStart",   u"cmdSave",    u"cmdLoad",       u"cmdCancel",
+                                 u"cmdLeft",    u"cmdRight",   u"cmdLoadMaps",   u"cmdStartImg",
+                                 u"cmdSaveImg", u"cmdLoadImg", u"cmdLoadMapsImg"};
+constexpr TextView kTabs[] = {u"Server Settings", u"Map Settings", u"Misc Settings"};
+constexpr TextView kTexts[] = {
+    u"a", u"", u"70000", u"-1", u"x_|[-]\u20AC\u0416", u"12345678901234567"};
+constexpr TextView kFiles[] = {u"C:\\Host\\a.hsf", u"C:\\Host\\b.mpl", u"C:\\Host\\none", u"",
+                               u"C:\\Host\\profiles\\3\\settings\\new.hsf"};
+constexpr TextView kOperations[] = {u"WriteFile",     u"CompressString", u"DecompressString",
+                                    u"GetIniSection", u"ParseIniKey",    u"ParseIniValue",
+                                    u"WriteIniKey",   u"LogError",       u"SendErrorReport"};
+
+std::vector<Text> Replies() {
+  host::Scenario machine = Machine();
+  std::vector<Text> replies = {host::SettingsReply(machine)};
+  machine.raw_fields[5] = u"60";
+  replies.push_back(host::SettingsReply(machine));
+  machine.raw_fields[25] = host::EncodeField(u"Odd <odd.bms>x");
+  machine.raw_fields.erase(5);
+  replies.push_back(host::SettingsReply(machine));
+  machine.mods.clear();
+  replies.push_back(host::SettingsReply(machine));
+  replies.insert(replies.end(), {u"1", u"0", u"", u"4[-]Scorvane[-]AAAA"});
+  return replies;
+}
+
+class Play {
+ public:
+  Play(const std::uint8_t* data, std::size_t size) : next_(data), end_(data + size) {
+    bench_.files.SetContents(kFiles[0],
+                             "[Settings]\ncboMods=Team Sabre\ntxtGametype=Nowhere\nlstMax=7\n"
+                             "Map0=0[-]0[-]DMK_01A.BMS\nMap1=5[-]1[-]sv.bms\nMap2=0[-]0[-]x\n");
+    bench_.files.SetContents(kFiles[1], "0[-]0[-]DMK_01A.BMS\r8[-]1[-]a.bms\r1[-]x[-]y\r");
+    bench_.toolkit.while_message_open = [this](const headless::ShownMessage&) {
+      if (host_calls_in_ == 0 || boxes_ == kMostOpenBoxes) return;
+      --host_calls_in_;
+      ++boxes_;
+      HostCall();
+      --boxes_;
+    };
+    bench_.toolkit.while_file_dialog_open = [this](const ui::FileDialogRequest&) {
+      bench_.toolkit.while_message_open({});
+    };
+  }
+
+  void Run() {
+    while (!AtEnd()) Step();
+  }
+
+ private:
+  [[nodiscard]] bool AtEnd() const { return next_ == end_; }
+  unsigned Byte() { return AtEnd() ? 0U : *next_++; }
+  template <class Table>
+  auto& Pick(Table&& table) {
+    return table[Byte() % std::size(table)];
+  }
+
+  void Step() {
+    // A gesture that nobody could make is refused and changes nothing.
+    Attempt([&] { return Byte() % 3 == 0 ? HostCall() : Gesture(), true; });
+    if (boxes_ == 0) Check();
+  }
+
+  void Gesture() {
+    auto& person = bench_.person;
+    switch (Byte() % 15) {
+      case 0:
+        return person.Type(Pick(kTextBoxes), Pick(kTexts));
+      case 1:
+        return person.Paste(Pick(kTextBoxes), Pick(kTexts));
+      case 2:
+        return person.EraseLast(Pick(kTextBoxes), static_cast<int>(Byte() % 9));
+      case 3:
+        return person.Choose(u"cboMods", Pick(Machine().mods));
+      case 4:
+        return person.Click(Pick(kCheckBoxes));
+      case 5:
+        return person.Click(u"cmdRandomize");
+      case 6:
+        return person.ClickTab(Pick(kTabs));
+      case 7:
+        return person.ScrollTo(Pick(kLists), static_cast<int>(Byte()));
+      case 8:
+        return person.ClickRow(Pick(kLists), static_cast<int>(Byte()));
+      case 9: {
+        std::vector<int> rows;
+        const TextView list = Pick(kLists);
+        for (unsigned row = Byte() % 64, last = row + Byte() % 64; row <= last; row += 1) {
+          rows.push_back(static_cast<int>(row));
+        }
+        return person.SelectRows(list, rows);
+      }
+      case 10:
+        return person.DoubleClickRow(Pick(kLists), static_cast<int>(Byte()) - 1);
+      case 11:
+        return person.Key(Pick(kLists), Pick(TextView(u"+=-a")));
+      case 12:
+        return person.Press(Pick(kButtons), ui::kLeftButton);
+      case 13:
+        return person.CloseForm();
+      default: {
+        bench_.toolkit.AnswerNextFileDialog({Text(Pick(kFiles))});
+        const TextView button = Pick(kButtons);
+        person.Press(button, ui::kLeftButton);
+        return person.Release(button, ui::kLeftButton);
+      }
+    }
+  }
+
+  void HostCall() {
+    static const std::vector<Text> replies = Replies();
+    switch (Byte() % 9) {
+      case 0:
+        is_older_ = true;  // the rotation is emptied, not its view
+        return bench_.Open([this] {
+          if (AtEnd()) return false;
+          Step();
+          return true;
+        });
+      case 1:
+      case 2:
+        return bench_.plug_in.RemoteData(Pick(replies));
+      case 3:
+        return bench_.plug_in.HideInterface();
+      case 4:
+        return bench_.SetRights(Byte());
+      case 5:
+        return bench_.clock.Set(Byte());
+      case 6:
+        return bench_.script.Break({Text(Pick(kOperations)), 75, u"broken", Byte() % 2 == 0});
+      case 7:
+        return bench_.script.Mend();
+      default:
+        host_calls_in_ = Byte() % 4;
+    }
+  }
+
+  // What may be older than it should stays so until it is seen to agree again.
+  void Check() {
+    const auto messages = bench_.toolkit.TakeMessages();
+    const auto& dialogs = bench_.toolkit.file_dialogs();
+    is_older_ = is_older_ || dialogs.size() != seen_dialogs_ || host_calls_in_ != 0 ||
+                std::ranges::any_of(
+                    messages, [](const auto& message) { return message.caption == u"DLL Error!"; });
+    seen_dialogs_ = dialogs.size();
+    bench_.CheckInvariants(
+        {.rotation_is_shown = !is_older_, .available_maps_are_shown = !is_older_});
+    if (!is_older_) return;
+    // A server map whose game type is no number cannot be looked for.
+    is_older_ = Attempt([&] {
+                  return !BrokenInvariants(bench_.module, bench_.toolkit).empty();
+                }).value_or(true);
+  }
+
+  const std::uint8_t* next_;
+  const std::uint8_t* end_;
+  PluginBench bench_;
+  unsigned host_calls_in_ = 0;  // for the boxes to come
+  int boxes_ = 0;               // open, with a host call in them
+  bool is_older_ = false;
+  std::size_t seen_dialogs_ = 0;
+};
+
+}  // namespace
+}  // namespace quill::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  quill::fuzz::Play(data, std::min(size, quill::fuzz::kMostBytes)).Run();
+  return 0;
+}

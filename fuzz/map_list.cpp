@@ -1,0 +1,22 @@
+// A map-list file of any bytes: loading it does what the host's checker foretells.
+#include "fuzz/plugin_bench.h"
+#include "host/check/file_account.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace quill;
+  using namespace quill::fuzz;
+  static const host::TrialConditions conditions = {Machine(), true, std::nullopt};
+  const host::FileAccount account = host::AccountOfMapList(BytesOf(data, size), conditions);
+
+  PluginBench bench;
+  bench.files.SetContents(u"C:\\Host\\given.mpl", BytesOf(data, size));
+  bench.WhileFilled([&] {
+    bench.person.ClickTab(u"Map Settings");
+    bench.Use(u"cmdLoadMaps", u"C:\\Host\\given.mpl");
+    const int failures = bench.TakeFailures();
+    Claim(failures <= 1);
+    bench.CheckInvariants({.rotation_is_shown = failures == 0});
+    Claim(account.maps == std::size_t(bench.module.dialog.maps.selected.Count()));
+  });
+  return 0;
+}

@@ -1,0 +1,93 @@
+// Opening, filling and watching the plug-in.
+#include "fuzz/plugin_bench.h"
+
+#include <algorithm>
+
+#include "host/remote/settings_reply.h"
+#include "plugin/operator_rights.h"
+
+namespace quill::fuzz {
+namespace {
+
+class Target final : public HostArray {
+ public:
+  [[nodiscard]] Text ElementText(std::int32_t) const override { return u"abc"; }
+};
+
+class Rights final : public HostCollection {
+ public:
+  explicit Rights(unsigned granted) : granted_(granted) {}
+  [[nodiscard]] std::int64_t Count() override { return 1; }
+  [[nodiscard]] std::optional<HostItem> Find(TextView key) override {
+    const auto rights = OperatorRights();
+    const auto found = std::ranges::find(rights, key, &OperatorRight::name);
+    const bool granted = (granted_ >> (found - rights.begin()) & 1) != 0;
+    return HostItem{.kind = HostItem::Kind::kText, .text = granted ? u"1" : u"0"};
+  }
+
+ private:
+  unsigned granted_;
+};
+
+}  // namespace
+
+const host::Scenario& Machine() {
+  static const host::Scenario machine = [] {
+    host::Scenario made;
+    made.has_fixed_values = true;
+    made.mods = {u"None", u"Team Sabre"};
+    made.maps = {{u"Dune", u"dune.bms", 0}, {u"Dune", u"a.bms", 8}, {u"Valley", u"sv.bms", 5}};
+    return made;
+  }();
+  return machine;
+}
+
+PluginBench::PluginBench() {
+  files.MakeFolders(u"C:\\Host\\imgs");
+  files.SetContents(Concat({u"C:\\Host", host::kReleasedPicturePath}), host::kReleasedPicture);
+  files.SetContents(Concat({u"C:\\Host", host::kPressedPicturePath}), host::kPressedPicture);
+}
+
+void PluginBench::Open(std::function<bool()> pump) {
+  auto outer = std::exchange(toolkit.pump, std::move(pump));
+  plug_in.LoadInterface(3, 0, Target());
+  toolkit.pump = std::move(outer);
+}
+
+void PluginBench::WhileFilled(const std::function<void()>& use) {
+  static const Text reply = host::SettingsReply(Machine());
+  bool used = false;
+  Open([&] {
+    if (std::exchange(used, true)) return false;
+    plug_in.RemoteData(reply);
+    Claim(toolkit.TakeMessages().empty());
+    CheckInvariants();
+    use();
+    return false;
+  });
+  Claim(used);
+}
+
+void PluginBench::SetRights(unsigned granted_bits) {
+  plug_in.SetPrivis(std::make_shared<Rights>(granted_bits), nullptr, false);
+}
+
+void PluginBench::Use(TextView button, TextView path) {
+  toolkit.AnswerNextFileDialog({Text(path)});
+  person.Press(button, ui::kLeftButton);
+  person.Release(button, ui::kLeftButton);
+}
+
+int PluginBench::TakeFailures() {
+  const auto messages = toolkit.TakeMessages();
+  return static_cast<int>(
+      std::ranges::count(messages, u"DLL Error!", &headless::ShownMessage::caption));
+}
+
+void PluginBench::CheckInvariants(const headless::Expectations& expected) const {
+  const std::vector<Text> broken = headless::BrokenInvariants(module, toolkit, expected);
+  for (const Text& what : broken) std::fprintf(stderr, "%s\n", ToUtf8(what).c_str());
+  Claim(broken.empty());
+}
+
+}  // namespace quill::fuzz

@@ -1,0 +1,35 @@
+// A whole reply into the dialog, for an operator whose rights depend on the first byte. Whatever it
+// is, the plug-in stays whole and takes the next good reply as if nothing had been.
+#include "fuzz/plugin_bench.h"
+#include "host/remote/settings_reply.h"
+#include "host/remote/wire.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace quill;
+  using namespace quill::fuzz;
+  static const Text good_reply = host::SettingsReply(Machine());
+  const Text payload = TextOf(data, size);
+  PluginBench bench;
+  bench.SetRights(size == 0 ? 0U : data[0]);
+  bench.module.remote.PendingCommand = kLoadFormCommand;
+  bench.plug_in.RemoteData(host::WriteFrame(payload));
+  const int failures = bench.TakeFailures();
+  Claim(failures <= 1);
+  const auto fields = Split(payload, u"_");
+  Claim(failures == 1 || fields.size() == 26 || fields.size() >= 33);
+  if (failures == 0) {
+    const auto items = Split(fields[25], u"|");
+    const auto maps =
+        std::count_if(items.begin(), items.end(), [](TextView item) { return !IsBlank(item); });
+    Claim(bench.module.dialog.maps.server.Count() == maps);
+  }
+  bench.CheckInvariants({.available_maps_are_shown = false});
+
+  if (frmrcBHDGS* dialog = bench.module.dialog.dialog.get()) {
+    dialog->Get<ui::ComboBox>(u"cboMods").Clear();
+  }
+  bench.plug_in.RemoteData(good_reply);
+  Claim(bench.TakeFailures() == 0);
+  bench.CheckInvariants();
+  return 0;
+}
