@@ -21,6 +21,9 @@ constexpr TextView kMapListFile = u"C:\\Host\\profiles\\3\\settings\\a.mpl";
 constexpr TextView kQueryFile = u"C:\\Host\\RCData\\reply_kvrBHDGS_GetGameSettingsRem.txt";
 constexpr TextView kStartFile = u"C:\\Host\\RCData\\reply_kvrBHDGS_StartGameRem.txt";
 
+// Made before any allocation fails.
+const ui::Fact kSecondRow = ui::RowsSelected{{1}, 1};
+
 enum class Where : std::uint8_t {
   kUnopened,  // nothing has been called yet
   kFilled,    // in a dialog that is shown and filled
@@ -217,10 +220,7 @@ const std::vector<Operation>& Operations() {
        {u"lstSelMaps_Click"},
        {},
        Nothing,
-       [](FaultBench& b) {
-         static const ui::Fact kSecondRow = ui::RowsSelected{{1}, 1};
-         b.Tell(u"lstSelMaps", kSecondRow);
-       },
+       [](FaultBench& b) { b.Tell(u"lstSelMaps", kSecondRow); },
        [](FaultBench& b) { return b.dialog()->lstSelMaps.tooltip() == u"Deathmatch"; }},
       {"Shuffle",
        Where::kFilled,
