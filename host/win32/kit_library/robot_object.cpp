@@ -1,11 +1,13 @@
 #include "host/win32/kit_library/robot_object.h"
 
 #include <deque>
+#include <filesystem>
 #include <optional>
 #include <span>
 #include <vector>
 
 #include "host/win32/failing_texts.h"
+#include "host/win32/window_picture.h"
 #include "host/win32/window_robot.h"
 #include "support/runtime_error.h"
 #include "win32/com/bstr.h"
@@ -186,6 +188,12 @@ const Robot::Member Robot::kMembers[] = {
     {u"DoubleClickRow", 2, false,
      [](Robot& robot, Given given) {
        return robot.robot_.DoubleClickRow(TextOf(given[0]), Int32Of(given[1])), Variant();
+     }},
+    {u"Picture", 1, false,
+     [](Robot& robot, Given given) {
+       const std::u16string path = TextOf(given[0]);
+       WritePng(TakeWindow(robot.robot_.FormWindow()), std::filesystem::path(path));
+       return Variant();
      }},
     {u"Close", 0, false, [](Robot& robot, Given) { return robot.robot_.CloseForm(), Variant(); }},
     {u"Read", 2, false,

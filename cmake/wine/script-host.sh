@@ -2,7 +2,7 @@
 # Sourced by the scripts that run script hosts: a folder in which Wine's cscript plays the host, with
 # both libraries in it, and the tools to register them. Usage of all of them: x64|x86 FOLDER
 # PLUGIN.dll KITS.dll ...
-root="$(cd "$(dirname "${BASH_SOURCE[0]}")/../../.." && pwd)"
+root="$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)"
 wine="$root/cmake/wine"
 failed=
 
@@ -46,20 +46,4 @@ register() {
 unregister() {
   regsvr32 /u kvrrcBHDGS.dll
   regsvr32 /u rcKits.dll
-}
-
-# run_script FILE: VBScript begins with common.vbs. It must end with its closing line.
-run_script() {
-  local name log
-  name="$(basename "$1")"
-  log="$host/$name.log"
-  rm -rf "${host:?}/RCData" "$host/logs"
-  case "$name" in
-    *.vbs) cat "$(dirname "${BASH_SOURCE[0]}")/common.vbs" "$1" >"$host/$name" ;;
-    *) cp "$1" "$host/$name" ;;
-  esac
-  timeout 120 "$wine/run" "$host/cscript.exe" //nologo "$name" </dev/null 2>&1 | tr -d '\r' |
-    tee "$log"
-  tail -n 1 "$log" | grep -Eq "^$name: all [1-9][0-9]* checks passed$" ||
-    fail "$name did not reach its closing line"
 }
