@@ -4,6 +4,7 @@
 #include <array>
 #include <bit>
 #include <cstring>
+#include <new>
 
 #include "support/runtime_error.h"
 #include "support/trap.h"
@@ -236,6 +237,8 @@ Text Enc64(TextView text, const CodePage& page, MessageReporter& reporter) {
 void AppendEnc64(TextView text, const CodePage& page, MessageReporter& reporter, Text& target) {
   const std::size_t before = target.size();
   try {
+    // More than a text can ever hold is a want of memory too.
+    if (text.size() > (target.max_size() - before) / 2) throw std::bad_alloc();
     if (text.size() > kBlockBytes) target.reserve(before + Enc64Length(text.size()));
     while (!text.empty()) {
       const TextView taken = text.substr(0, kBlockBytes);
