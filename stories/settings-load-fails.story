@@ -44,27 +44,7 @@ expect lstSelMaps rows
 | Road Rage <DMK_01A.BMS>
 | Desert Funeral <DMM_02A.BMS>
 
-# Every kind of line that fails.
-file "{root}\profiles\1\settings\bad.hsf" = "[Settings]{crlf}Map0=0[-]0{crlf}x=y{crlf}"
-answer "{root}\profiles\1\settings\bad.hsf"
-push cmdLoad
-expect trapped cmdLoad 9 "Subscript out of range"
-file "{root}\profiles\1\settings\bad.hsf" = "[Settings]{crlf}Map0=0[-]yes[-]DMK_01A.BMS{crlf}x=y{crlf}"
-answer "{root}\profiles\1\settings\bad.hsf"
-push cmdLoad
-expect trapped cmdLoad 13 "Type mismatch"
-file "{root}\profiles\1\settings\bad.hsf" = "[Settings]{crlf}chkTeam=3{crlf}x=y{crlf}"
-answer "{root}\profiles\1\settings\bad.hsf"
-push cmdLoad
-expect trapped cmdLoad 380 "Invalid property value"
-file "{root}\profiles\1\settings\bad.hsf" = "[Settings]{crlf}chkTeam=on{crlf}x=y{crlf}"
-answer "{root}\profiles\1\settings\bad.hsf"
-push cmdLoad
-expect trapped cmdLoad 13 "Type mismatch"
-file "{root}\profiles\1\settings\bad.hsf" = "[Settings]{crlf}lstMax=99999{crlf}x=y{crlf}"
-answer "{root}\profiles\1\settings\bad.hsf"
-push cmdLoad
-expect trapped cmdLoad 6 "Overflow"
+# A kit that fails.
 kit GetIniSection fails 57 "Device I/O error"
 answer "{root}\profiles\1\settings\half.hsf"
 push cmdLoad

@@ -19,7 +19,11 @@ click chkFFKills
 push cmdStart
 expect payload 23 = 14351
 click chkFFWarn
+push cmdStart
+expect payload 23 = 14343
 click chkTracers
+push cmdStart
+expect payload 23 = 14342
 click chkTeam
 push cmdStart
 expect payload 23 = 14338

@@ -40,21 +40,6 @@ TEST(ShuffleRotation, TakesItsOrderFromTheClock) {
   });
 }
 
-TEST(ShuffleRotation, LeavesOneMapOrNoneAndEverythingShownAlone) {
-  FileActionsBench bench;
-  bench.Show([&](frmrcBHDGS& dialog) {
-    bench.person.ClickTab(u"Map Settings");
-    for (const int count : {0, 1}) {
-      bench.context.maps.selected.Replace(Rotation(count));
-      dialog.lstSelMaps.SetTooltip(u"as it was");
-      bench.person.Click(u"cmdRandomize");
-      EXPECT_EQ(bench.rotation(), Rotation(count));
-      EXPECT_EQ(dialog.lstSelMaps.tooltip(), u"as it was");
-      EXPECT_EQ(dialog.lblMapCnt.caption(), u"Number of Maps: 0");
-    }
-  });
-}
-
 class BrokenClock final : public Clock {
  public:
   std::uint64_t Ticks() override { throw RuntimeError(ErrorNumber::kInternalError); }

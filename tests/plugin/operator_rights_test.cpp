@@ -37,15 +37,6 @@ struct Rights : testing::Test {
 const Strings kAll = {"lstSession", "lstMax",   "cboMods", "chkWindow",
                       "chkDedi",    "chkSkins", "chkNova", "txtPort"};
 
-TEST_F(Rights, NotNamedAreNotGranted) {
-  Set(Collection({{u"Change GS Max Players", TextItem(u"1")}}));
-  EXPECT_EQ(Enabled(), Strings{"lstMax"});
-  EXPECT_EQ(host.Boxes(), Strings());
-  // Options that no right governs stay as they are.
-  EXPECT_TRUE(host.Option(u"txtName").enabled());
-  EXPECT_TRUE(host.Option(u"lstDelay").enabled());
-}
-
 TEST_F(Rights, EachGovernsItsOption) {
   const std::pair<const char16_t*, const char*> governed[] = {
       {u"Change GS Session Type", "lstSession"},
@@ -93,16 +84,6 @@ TEST_F(Rights, OfNoItemsOrASuperAdministratorChangeNothing) {
   EXPECT_EQ(host.module.NameCol, nullptr);
 }
 
-TEST_F(Rights, EndAtTheOneThatFails) {
-  auto broken = Collection({{u"Change GS Session Type", TextItem(u"0")}});
-  broken->failing_key = u"Change GS Game Mod";
-  Set(broken);
-  EXPECT_EQ(Enabled(),
-            (Strings{"cboMods", "chkWindow", "chkDedi", "chkSkins", "chkNova", "txtPort"}));
-  ASSERT_EQ(host.Reports().size(), 1u);
-  EXPECT_TRUE(host.Reports()[0].starts_with("SetPrivis|438|")) << host.Reports()[0];
-}
-
 TEST_F(Rights, HandedOverAsNoCollectionAreReported) {
   Set(nullptr);
   auto broken = Collection({});
@@ -112,28 +93,6 @@ TEST_F(Rights, HandedOverAsNoCollectionAreReported) {
   EXPECT_TRUE(host.Reports()[0].starts_with("SetPrivis|91|")) << host.Reports()[0];
   EXPECT_TRUE(host.Reports()[1].starts_with("SetPrivis|438|")) << host.Reports()[1];
   EXPECT_EQ(Enabled(), kAll);
-}
-
-TEST_F(Rights, LastAsLongAsTheDialog) {
-  Set(Collection({{u"Change GS Game Port", TextItem(u"1")}}));
-  EXPECT_FALSE(host.dialog().shown());
-  host.Open([&] {
-    EXPECT_EQ(Enabled(), Strings{"txtPort"});
-    Set(Collection({{u"Change GS Max Players", TextItem(u"1")}}));
-    EXPECT_EQ(Enabled(), Strings{"lstMax"});
-    host.Press(u"cmdCancel");
-  });
-  EXPECT_EQ(Enabled(), kAll);
-}
-
-TEST_F(Rights, DecideWhatAReplyFillsInAndLeaveThePortToIt) {
-  Set(Collection({{u"Change GS Max Players", TextItem(u"1")}}));
-  host.Open([&] { host.plug_in.RemoteData(SettingsReply().Frame()); });
-  EXPECT_EQ(host.Value(u"lstMax"), "23");
-  EXPECT_EQ(host.Value(u"lstSession"), "0");
-  EXPECT_EQ(host.Value(u"cboMods"), "Team Sabre");
-  EXPECT_EQ(host.Value(u"txtPort"), "17500");
-  EXPECT_EQ(host.Boxes(), Strings());
 }
 
 }  // namespace

@@ -66,18 +66,6 @@ TEST(StartUp, ReportsWhatTheHostDoesNotOffer) {
   }
 }
 
-TEST(StartUp, WithoutAFileKitLeavesEveryUseOfItToBeReported) {
-  Unstarted host;
-  host.services.offers_file_kit = false;
-  clsPlugin plug_in(host.module);
-  host.toolkit.messages.boxes.clear();
-  plug_in.LoadInterface(1, 0, TextArray({u"", u"abc"}));
-  ASSERT_EQ(host.toolkit.messages.boxes.size(), 1u);
-  const std::string shown = ToUtf8(host.toolkit.messages.boxes[0].text);
-  EXPECT_NE(shown.find("Error 91: "), std::string::npos) << shown;
-  EXPECT_NE(shown.find("Function/Sub: LoadInterface"), std::string::npos) << shown;
-}
-
 TEST(StartUp, RunsAgainAfterTheHostWasLetGo) {
   LoadedPlugIn host;
   host.plug_in.SetPrivis(std::make_shared<KeyedItems>(KeyedItems({})), nullptr, true);
@@ -105,30 +93,6 @@ TEST(StartUp, LetsAShownDialogBe) {
     ASSERT_NE(host.module.dialog.dialog, nullptr);
     EXPECT_TRUE(host.dialog().shown());
   });
-}
-
-TEST(InformationRecord, IsComplete) {
-  LoadedPlugIn host;
-  const PLUGIN record = host.plug_in.GetData();
-  EXPECT_EQ(record.Name, u"Quillstart");
-  EXPECT_EQ(record.File, u"kvrrcBHDGS.dll");
-  EXPECT_EQ(record.Version, u"1.1.2");
-  EXPECT_EQ(record.Author, u"Tobin Marsh (Aka Kestrel)");
-  EXPECT_EQ(record.Description,
-            u"This Plugin adds the ability to Start and Stop DFBHD via the Trackmoor.");
-  EXPECT_EQ(record.Game, std::vector<Text>{u"Delta Force,  V1.5.0.5"});
-  EXPECT_EQ(record.ServerMenuItems, (std::vector<Text>{u"Start Game", u"Stop Game"}));
-  EXPECT_FALSE(record.ProfileMenuItems || record.MainMenuItems);
-  EXPECT_FALSE(record.HasInterface || record.ServerMenu || record.MainMenu);
-  EXPECT_TRUE(record.ProfileMenu);
-  const Text minimums =
-      Concat({record.MinRCVer, u" ", record.MinMemKitVer, u" ", record.MinFileKitVer, u" ",
-              record.MinKVRVer, u" ", record.MinRCCVer});
-  EXPECT_EQ(minimums, u"1403 1004 1107 31001 3505");
-
-  EXPECT_EQ(host.plug_in.dllVersion(u"anything"), u"1.1.2");
-  EXPECT_EQ(VersionText(2, 10, 3), u"2.10.3");
-  EXPECT_EQ(host.module.dialog.dialog, nullptr);
 }
 
 }  // namespace
