@@ -41,37 +41,13 @@ push cmdStart
 expect payload map 2 = "Own One <XDM.BMS> 0 True"
 expect payload map 3 = "Mines Eye <DMM_01H.BMS> 0 False"
 
-# Line ends: CR alone and CR LF count, LF alone does not; the last line needs none.
-file "{root}\profiles\1\settings\ends.mpl" = "0[-]0[-]DMK_01A.BMS{cr}0[-]0[-]DMM_01A.BMS{crlf}{cr}0[-]0[-]DMM_01E.BMS{lf}0[-]0[-]DMM_01G.BMS{cr}0[-]0[-]DMM_01H.BMS"
-answer "{root}\profiles\1\settings\ends.mpl"
-push cmdLoadMaps right
-expect lstSelMaps rows
-| Road Rage <DMK_01A.BMS>
-| City Madness <DMM_01A.BMS>
-| Mines Eye <DMM_01H.BMS>
-
 answer cancel
 push cmdLoadMaps
-expect lstSelMaps count = 3
+expect lstSelMaps count = 4
 file "{root}\profiles\1\settings\nothing.mpl" = ""
 answer "{root}\profiles\1\settings\nothing.mpl"
 push cmdLoadMaps
 expect lstSelMaps no rows
 expect lblMapCnt caption = "Number of Maps: 0"
 expect lstSelMaps tooltip = "Maps: 0 / 118"
-
-# Bytes are those of the code page, and a mark at the beginning is passed over.
-host replies with 1
-host opens profile 1 target t
-reply map Deathmatch "Caf{u+E9}" "{u+E9}{u+20AC}.bms"
-host replies
-tab "Map Settings"
-file "{root}\profiles\1\settings\bytes.mpl" bytes EF BB BF 30 5B 2D 5D 30 5B 2D 5D 44 4D 4B 5F 30 31 41 2E 42 4D 53 0D 0A 30 5B 2D 5D 31 5B 2D 5D E9 80 2E 62 6D 73
-answer "{root}\profiles\1\settings\bytes.mpl"
-push cmdLoadMaps
-expect lstSelMaps rows
-| Road Rage <DMK_01A.BMS>
-| Caf{u+E9} <{u+E9}{u+20AC}.bms>
-push cmdStart
-expect payload map 1 = "Caf{u+E9} <{u+E9}{u+20AC}.bms> 0 True"
 host replies with 1

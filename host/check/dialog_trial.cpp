@@ -5,21 +5,13 @@
 #include <exception>
 #include <utility>
 
-#include "host/kit/memory_kit.h"
 #include "host/remote/settings_reply.h"
-#include "host/story/button_pictures.h"
 
 namespace quill::host {
 namespace {
 
-constexpr TextView kRoot = u"C:\\Host";
 constexpr TextView kFile = u"C:\\Host\\checked";
 constexpr TextView kModOption = u"cboMods";
-
-class NoTarget final : public HostArray {
- public:
-  [[nodiscard]] Text ElementText(std::int32_t) const override { return u"check"; }
-};
 
 }  // namespace
 
@@ -29,80 +21,58 @@ TrialConditions OrdinaryConditions() {
   return conditions;
 }
 
-DialogTrial::DialogTrial(const TrialConditions& conditions)
-    : conditions_(conditions),
-      files_(kRoot),
-      journal_(kRoot, files_, storage_, SystemTime()),
-      paths_(Concat({kRoot, u"\\host.exe"})) {
-  files_.MakeFolders(Concat({kRoot, u"\\imgs"}));
-  files_.MakeFolders(Concat({kRoot, u"\\RCData"}));
-  files_.SetContents(Concat({kRoot, kReleasedPicturePath}), kReleasedPicture);
-  files_.SetContents(Concat({kRoot, kPressedPicturePath}), kPressedPicture);
-}
-
-std::unique_ptr<FileKit> DialogTrial::CreateFileKit() {
-  return std::make_unique<headless::WatchedFileKit>(kit_, watch_);
-}
-
-std::unique_ptr<MemoryKit> DialogTrial::CreateMemoryKit() {
-  return std::make_unique<HostMemoryKit>();
-}
-
 void DialogTrial::WhileOpen(const std::function<void()>& use) {
   bool is_used = false;
   std::exception_ptr failure;
-  toolkit_.pump = [&] {
-    if (std::exchange(is_used, true)) return false;
+  host_.Open(conditions_.machine.index, HostTexts({u"", u"check"}), [&] {
+    is_used = true;
     try {
       Fill();
       use();
     } catch (...) {
       failure = std::current_exception();
     }
-    return false;
-  };
-  plugin_.LoadInterface(conditions_.machine.index, 0, NoTarget());
-  toolkit_.pump = nullptr;
+  });
   if (failure) std::rethrow_exception(failure);
   if (!is_used) throw RuntimeError(ErrorNumber::kInternalError, u"the dialog has not opened");
 }
 
 void DialogTrial::Fill() {
-  plugin_.RemoteData(SettingsReply(conditions_.machine));
-  if (!watch_.failures.empty()) {
+  host_.plug_in().RemoteData(SettingsReply(conditions_.machine));
+  if (!host_.watch.failures.empty()) {
     throw RuntimeError(ErrorNumber::kInvalidProcedureCall,
                        Concat({u"the dialog cannot be filled by the machine's reply: ",
-                               watch_.failures.front().description}));
+                               host_.watch.failures.front().description}));
   }
   if (conditions_.mod) dialog().Get<ui::ComboBox>(kModOption).SetText(*conditions_.mod);
 }
 
 void DialogTrial::Push(TextView button) {
-  toolkit_.AnswerNextFileDialog({Text(kFile)});
-  operator_.Press(button, 1);
-  operator_.Release(button, 1);
+  host_.toolkit.AnswerNextFileDialog({Text(kFile)});
+  host_.person.Press(button, 1);
+  host_.person.Release(button, 1);
 }
 
 void DialogTrial::LoadSettings(std::string_view bytes,
                                const std::function<void(TextView entry)>& on_entry) {
-  files_.SetContents(kFile, bytes);
-  watch_.before = [&](TextView operation, TextView entry) {
+  host_.memory.SetContents(kFile, bytes);
+  host_.watch.before = [&](TextView operation, TextView entry) {
     if (operation == u"ParseIniKey") on_entry(entry);
     return true;
   };
   Push(u"cmdLoad");
-  watch_.before = nullptr;
+  host_.watch.before = nullptr;
 }
 
 void DialogTrial::LoadMapList(std::string_view bytes) {
-  files_.SetContents(kFile, bytes);
-  operator_.ClickTab(u"Map Settings");
+  host_.memory.SetContents(kFile, bytes);
+  host_.person.ClickTab(u"Map Settings");
   Push(u"cmdLoadMaps");
 }
 
 std::unique_ptr<ByteReader> DialogTrial::Reader(std::string_view bytes) {
-  files_.SetContents(kFile, bytes);
-  return files_.OpenForReading(kFile);
+  host_.memory.SetContents(kFile, bytes);
+  return host_.memory.OpenForReading(kFile);
 }
 
 bool DialogTrial::UsesTeamSabreMaps() const {

@@ -52,10 +52,10 @@ TEST(DialogMods, ReportServerMapsWhoseGameTypeIsNoNumber) {
     bench.context.maps.server.AppendEntry(u"Shadow Valley <sv.bms>x");
     bench.PickMod(u"None");
   });
-  ASSERT_EQ(bench.kit->log.size(), 1u);
-  EXPECT_EQ(bench.kit->log[0].label, u"SetMaps");
-  EXPECT_EQ(bench.kit->log[0].number, 13);
-  EXPECT_GT(bench.kit->log[0].line, 0);
+  ASSERT_EQ(bench.watch.failures.size(), 1u);
+  EXPECT_EQ(bench.watch.failures[0].label, u"SetMaps");
+  EXPECT_EQ(bench.watch.failures[0].number, 13);
+  EXPECT_GT(bench.watch.failures[0].line, 0);
 }
 
 TEST(DialogUnload, RestoresThePointerThenUnhooksAndLetsTheDialogGo) {

@@ -1,53 +1,31 @@
-// A dialog with all that it works with, without a screen, and an operator at it.
+// A dialog in a host without a screen, and an operator at it.
 #pragma once
 
 #include <algorithm>
 #include <functional>
 #include <memory>
-#include <utility>
 #include <vector>
 
-#include "dialog/frmrcBHDGS.h"
-#include "headless/headless_operator.h"
-#include "headless/headless_toolkit.h"
-#include "headless/memory_file_system.h"
-#include "headless/settable_clock.h"
-#include "tests/doubles/recording_file_kit.h"
+#include "host/headless/headless_host.h"
 
 namespace quill {
 
-struct DialogBench {
-  headless::MemoryFileSystem files;
-  headless::HeadlessToolkit toolkit{files};
-  headless::SettableClock clock{1};
-  DialogContext context{toolkit, files, clock, CodePage::Windows1252()};
-  RecordingFileKit* kit = nullptr;
-  headless::HeadlessOperator person{toolkit, [this] { return context.dialog.get(); }};
-
+struct DialogBench : host::HeadlessHost {
+  DialogContext& context = module.dialog;
   // The calls of the toolkit so far, for example "Sync txtName".
   std::vector<Text> calls;
   // Told before each of them; the call fails when it throws.
   std::function<void(TextView call)> before_call;
 
   DialogBench() {
-    auto recording = std::make_unique<RecordingFileKit>();
-    kit = recording.get();
-    context.file_kit = std::move(recording);
-    context.HostRoot = u"C:\\Host";
+    static_cast<void>(plug_in());
     context.Index = 3;
-    files.MakeFolders(u"C:\\Host\\imgs");
-    files.SetContents(u"C:\\Host\\imgs\\butup.gif", "GIF89a");
-    files.SetContents(u"C:\\Host\\imgs\\butdown.gif", "GIF89a");
     toolkit.before_call = [this](TextView call) {
       calls.emplace_back(call);
       if (before_call) before_call(call);
     };
   }
-  ~DialogBench() {
-    context.dialog.reset();
-    toolkit.RunDeferred();
-    toolkit.before_call = nullptr;
-  }
+  ~DialogBench() override { toolkit.before_call = nullptr; }
 
   // Shows the dialog, made when there is none, for as long as `script` runs.
   void Show(const std::function<void(frmrcBHDGS& dialog)>& script) {

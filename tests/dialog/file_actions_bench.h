@@ -1,26 +1,15 @@
-// A dialog with the reference host's file kit over files in memory, and an operator who picks files
-// and presses buttons.
+// A dialog in a host without a screen, and an operator who picks files and presses buttons.
 #pragma once
 
 #include <functional>
 #include <initializer_list>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-#include "dialog/frmrcBHDGS.h"
 #include "dialog/option_table.h"
-#include "headless/headless_operator.h"
-#include "headless/headless_toolkit.h"
-#include "headless/memory_file_system.h"
-#include "headless/settable_clock.h"
-#include "headless/watched_file_kit.h"
-#include "headless/watched_file_system.h"
-#include "host/kit/error_journal.h"
-#include "host/kit/file_kit.h"
-#include "host/kit/memory_storage.h"
+#include "host/headless/headless_host.h"
 
 namespace quill {
 
@@ -30,30 +19,12 @@ inline constexpr TextView kSettings = u"C:\\Host\\profiles\\3\\settings";
   return Concat({kSettings, u"\\", file});
 }
 
-struct FileActionsBench {
-  headless::MemoryFileSystem memory;
-  headless::WatchedFileSystem files{memory};
-  headless::HeadlessToolkit toolkit{memory};
-  headless::SettableClock clock{1};
-  host::MemoryStorage storage{memory};
-  host::ErrorJournal journal{u"C:\\Host", memory, storage, {}};
-  host::HostFileKit host_kit{storage, journal};
-  DialogContext context{toolkit, files, clock, CodePage::Windows1252()};
-  headless::KitWatch kit;
-  headless::HeadlessOperator person{toolkit, [this] { return context.dialog.get(); }};
+struct FileActionsBench : host::HeadlessHost {
+  DialogContext& context = module.dialog;
 
   FileActionsBench() {
-    context.file_kit = std::make_unique<headless::WatchedFileKit>(host_kit, kit);
-    context.HostRoot = u"C:\\Host";
+    static_cast<void>(plug_in());
     context.Index = 3;
-    memory.MakeFolders(u"C:\\Host\\imgs");
-    memory.SetContents(u"C:\\Host\\imgs\\butup.gif", "GIF89a");
-    memory.SetContents(u"C:\\Host\\imgs\\butdown.gif", "GIF89a");
-  }
-  // A handler may need what stands above; the forms go first.
-  ~FileActionsBench() {
-    context.dialog.reset();
-    toolkit.RunDeferred();
   }
 
   // Shows a fresh dialog, with the mods of a remote machine and the second of them picked, for as
@@ -138,7 +109,7 @@ struct FileActionsBench {
   // "label|number|description" of the failures since the last call, "(no line)" where it has none.
   [[nodiscard]] std::vector<std::string> Failures() {
     std::vector<std::string> told;
-    for (const headless::LoggedFailure& failure : std::exchange(kit.failures, {})) {
+    for (const headless::LoggedFailure& failure : std::exchange(watch.failures, {})) {
       told.push_back(ToUtf8(Concat({failure.label, u"|", Decimal(failure.number), u"|",
                                     failure.description, failure.line > 0 ? u"" : u" (no line)"})));
     }

@@ -97,7 +97,7 @@ TEST_F(Rotation, RemovesNothingThatItsRowDoesNotShow) {
     bench_.person.DoubleClickRow(u"lstSelMaps", 1);
     ExpectViewShowsRotation(dialog);
   });
-  EXPECT_TRUE(bench_.kit->log.empty());
+  EXPECT_TRUE(bench_.watch.failures.empty());
 }
 
 TEST_F(Rotation, AClickNamesTheGameTypeOfTheMap) {
@@ -120,7 +120,7 @@ TEST_F(Rotation, AClickNamesTheGameTypeOfTheMap) {
     bench_.person.Release(u"cmdRight", ui::kLeftButton);
     EXPECT_EQ(dialog.txtGametype.text(), u"Deathmatch");
   });
-  EXPECT_TRUE(bench_.kit->log.empty());
+  EXPECT_TRUE(bench_.watch.failures.empty());
 }
 
 TEST_F(Rotation, ARefreshTakesEachRowOnce) {

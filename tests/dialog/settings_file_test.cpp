@@ -110,7 +110,7 @@ TEST(SettingsFile, WhatWouldComeBackWithALaterLoadIsSetAside) {
 TEST(SettingsFile, SavingTellsWhetherAFileIsThere) {
   FileActionsBench bench;
   bench.Write(u"empty.hsf", "");
-  bench.kit.before = [](TextView operation, TextView) { return operation != u"WriteIniKey"; };
+  bench.watch.before = [](TextView operation, TextView) { return operation != u"WriteIniKey"; };
   bench.Show([&](frmrcBHDGS&) {
     bench.Save(u"none.hsf");
     bench.Save(u"empty.hsf");
@@ -132,7 +132,7 @@ TEST(SettingsFile, AFailedSaveReportsItsMapAndKeepsWhatIsWritten) {
 
     // The kit's own error 5 is not about a missing map.
     bench.context.dialog->BuildMapList();
-    bench.kit.before = [](TextView, TextView key) {
+    bench.watch.before = [](TextView, TextView key) {
       if (key == u"Map1") throw RuntimeError(ErrorNumber::kInvalidProcedureCall, u"Kit");
       return true;
     };

@@ -10,20 +10,6 @@
 
 namespace quill {
 
-class TextArray final : public HostArray {
- public:
-  explicit TextArray(std::vector<Text> texts) : texts_(std::move(texts)) {}
-  [[nodiscard]] Text ElementText(std::int32_t index) const override {
-    if (index < 0 || static_cast<std::size_t>(index) >= texts_.size()) {
-      throw RuntimeError(ErrorNumber::kSubscriptOutOfRange);
-    }
-    return texts_[static_cast<std::size_t>(index)];
-  }
-
- private:
-  std::vector<Text> texts_;
-};
-
 [[nodiscard]] inline HostItem TextItem(Text text) {
   return {.kind = HostItem::Kind::kText, .text = std::move(text)};
 }

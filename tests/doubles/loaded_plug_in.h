@@ -1,74 +1,28 @@
-// The plug-in as a host has loaded it, on doubles: what the host calls, what the operator does, and
-// what both see.
+// The plug-in as a host without a screen has loaded it, with a file kit that only keeps notes.
 #pragma once
 
-#include <algorithm>
 #include <functional>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "dialog/frmrcBHDGS.h"
-#include "headless/memory_file_system.h"
-#include "plugin/clsPlugin.h"
+#include "host/headless/headless_host.h"
 #include "tests/doubles/host_objects.h"
 #include "tests/doubles/recording_file_kit.h"
-#include "tests/doubles/recording_toolkit.h"
 
 namespace quill {
 
-class StoppedClock final : public Clock {
- public:
-  std::uint64_t Ticks() override { return 1; }
-  std::uint64_t Milliseconds() override { return 1; }
-};
-
-class FixedProcessPaths final : public ProcessPaths {
- public:
-  Text executable = u"C:\\Host\\host.exe";
-  Text plugin_folder = u"C:\\Host\\Plugins";
-  Text ExecutablePath(std::size_t) override { return executable; }
-  Text PluginFolder() override { return plugin_folder; }
-};
-
-class RecordingHostServices final : public HostServices {
- public:
-  // What was created, in order; an object that cannot be created is noted too.
-  std::vector<std::string> journal;
-  bool offers_file_kit = true;
-  bool offers_memory_kit = true;
-
-  std::unique_ptr<FileKit> CreateFileKit() override {
-    return Create<RecordingFileKit>("file kit", offers_file_kit);
+struct LoadedPlugIn : host::HeadlessHost {
+  LoadedPlugIn() {
+    make_file_kit = [] { return std::make_unique<RecordingFileKit>(); };
+    static_cast<void>(plug_in());
   }
-  std::unique_ptr<MemoryKit> CreateMemoryKit() override {
-    return Create<MemoryKit>("memory kit", offers_memory_kit);
-  }
-
- private:
-  template <class T>
-  std::unique_ptr<T> Create(const char* what, bool offered) {
-    journal.emplace_back(what);
-    if (!offered) throw RuntimeError(ErrorNumber::kCannotCreateObject);
-    return std::make_unique<T>();
-  }
-};
-
-struct LoadedPlugIn {
-  RecordingToolkit toolkit;
-  headless::MemoryFileSystem files;
-  FixedProcessPaths paths;
-  StoppedClock clock;
-  RecordingHostServices services;
-  mdlBHDGS module{{toolkit, files, paths, clock, CodePage::Windows1252(), services}};
-  clsPlugin plug_in{module};
 
   // Opens the dialog for profile 3 and target "abc"; `while_shown` is all that happens until it is
   // closed.
-  void Open(std::function<void()> while_shown = [] {}) {
-    toolkit.play = std::move(while_shown);
-    plug_in.LoadInterface(3, 0, TextArray({u"unused", u"abc"}));
+  void Open(const std::function<void()>& while_shown = [] {}) {
+    HeadlessHost::Open(3, host::HostTexts({u"unused", u"abc"}), while_shown);
   }
 
   [[nodiscard]] frmrcBHDGS& dialog() { return *module.dialog.dialog; }
@@ -112,7 +66,7 @@ struct LoadedPlugIn {
   // "caption|text" of every box so far.
   [[nodiscard]] std::vector<std::string> Boxes() const {
     std::vector<std::string> shown;
-    for (const auto& box : toolkit.messages.boxes) {
+    for (const headless::ShownMessage& box : toolkit.messages()) {
       shown.push_back(ToUtf8(Concat({box.caption, u"|", box.text})));
     }
     return shown;
@@ -126,14 +80,6 @@ struct LoadedPlugIn {
                                     entry.description, entry.line > 0 ? u"" : u" (no line)"})));
     }
     return told;
-  }
-  [[nodiscard]] ui::Pointer ScreenPointer() const {
-    const auto& journal = toolkit.journal;
-    const auto last = std::find_if(journal.rbegin(), journal.rend(), [](const std::string& entry) {
-      return entry.starts_with("ScreenPointer");
-    });
-    return last != journal.rend() && *last == "ScreenPointer busy" ? ui::Pointer::kBusy
-                                                                   : ui::Pointer::kDefault;
   }
 };
 

@@ -9,7 +9,6 @@
 namespace quill {
 namespace {
 
-constexpr TextView kPicture = u"C:\\Host\\imgs\\";
 constexpr TextView kQuery = u"C:\\Host\\RCData\\reply_kvrBHDGS_GetGameSettingsRem.txt";
 constexpr TextView kStart = u"C:\\Host\\RCData\\reply_kvrBHDGS_StartGameRem.txt";
 
@@ -48,9 +47,6 @@ class WatchedCollection final : public HostCollection {
 }  // namespace
 
 FaultBench::FaultBench() {
-  memory.MakeFolders(kPicture);
-  memory.SetContents(Concat({kPicture, u"butup.gif"}), "GIF89a");
-  memory.SetContents(Concat({kPicture, u"butdown.gif"}), "GIF89a");
   settings_reply = EncodeFrame(Joined(SettingsReply().fields, u"_"), host_kit);
   rights = std::make_shared<WatchedCollection>([this] { Called(Source::kHost, {u"rights"}); });
   files.before = [this](TextView operation, TextView path) {
@@ -64,22 +60,13 @@ FaultBench::FaultBench() {
     // The end of a display is the one request that a toolkit may not refuse.
     if (!call.starts_with(u"EndModal")) Called(Source::kToolkit, {call});
   };
-  plug_in = std::make_unique<clsPlugin>(module);
+  before_create = [this](TextView call) { Called(Source::kHost, {call}); };
+  static_cast<void>(plug_in());
 }
 
 FaultBench::~FaultBench() {
-  module.ReleaseHost();
-  toolkit.RunDeferred();
-}
-
-std::unique_ptr<FileKit> FaultBench::CreateFileKit() {
-  Called(Source::kHost, {u"CreateFileKit"});
-  return std::make_unique<headless::WatchedFileKit>(host_kit, watch);
-}
-
-std::unique_ptr<MemoryKit> FaultBench::CreateMemoryKit() {
-  Called(Source::kHost, {u"CreateMemoryKit"});
-  return std::make_unique<host::HostMemoryKit>();
+  toolkit.before_call = nullptr;
+  files.before = nullptr;
 }
 
 void FaultBench::Called(Source source, std::initializer_list<TextView> call) {
@@ -105,19 +92,12 @@ FaultBench::Strike FaultBench::RunFailing(Source source, int nth,
 }
 
 void FaultBench::Open(const std::function<void()>& use) {
-  bool used = false;
-  auto outer = std::exchange(toolkit.pump, [&] {
-    if (std::exchange(used, true)) return false;
-    use();
-    return true;
-  });
-  plug_in->LoadInterface(3, 0, WatchedArray([this] { Called(Source::kHost, {u"PDAT"}); }));
-  toolkit.pump = std::move(outer);
+  HeadlessHost::Open(3, WatchedArray([this] { Called(Source::kHost, {u"PDAT"}); }), use);
 }
 
 void FaultBench::OpenFilled(const std::function<void()>& use) {
   Open([&] {
-    plug_in->RemoteData(settings_reply);
+    plug_in().RemoteData(settings_reply);
     Tell(u"tsMain", ui::TabChosen{1});
     SelectRows(u"lstAvlMaps", {1, 2, 3});
     Tell(u"lstAvlMaps", ui::KeyPressed{u'+'});
@@ -203,7 +183,7 @@ std::string FaultBench::WholeJob() {
     Press(u"cmdStart");
     check(Contents(kStart).starts_with("Plugin_kvrBHDGS_StartGameRem_abc_VB6_3_"), "no start");
     check(toolkit.screen_pointer() == ui::Pointer::kBusy, "no busy pointer");
-    plug_in->RemoteData(u"1");
+    plug_in().RemoteData(u"1");
     check(dialog() == nullptr, "not closed");
   });
   check_invariants("closed");

@@ -7,21 +7,10 @@
 #include <utility>
 #include <vector>
 
-#include "dialog/frmrcBHDGS.h"
 #include "headless/failing_allocations.h"
 #include "headless/fault_plan.h"
-#include "headless/fixed_process_paths.h"
-#include "headless/headless_toolkit.h"
-#include "headless/memory_file_system.h"
 #include "headless/plugin_invariants.h"
-#include "headless/settable_clock.h"
-#include "headless/watched_file_kit.h"
-#include "headless/watched_file_system.h"
-#include "host/kit/error_journal.h"
-#include "host/kit/file_kit.h"
-#include "host/kit/memory_kit.h"
-#include "host/kit/memory_storage.h"
-#include "plugin/clsPlugin.h"
+#include "host/headless/headless_host.h"
 #include "tests/doubles/host_objects.h"
 
 namespace quill {
@@ -29,12 +18,10 @@ namespace quill {
 // Whose calls fail.
 enum class Source : std::uint8_t { kFileKit, kFileSystem, kToolkit, kAllocator, kHost };
 
-class FaultBench final : private HostServices {
+class FaultBench final : public host::HeadlessHost {
  public:
   FaultBench();
-  ~FaultBench();
-  FaultBench(const FaultBench&) = delete;
-  FaultBench& operator=(const FaultBench&) = delete;
+  ~FaultBench() override;
 
   // Runs `use` with the calls of `source` failing by plan; tells the first call that failed, for
   // example "WriteIniKey txtName".
@@ -66,17 +53,6 @@ class FaultBench final : private HostServices {
   [[nodiscard]] std::vector<Text> TakeReports();
   [[nodiscard]] std::string Contents(TextView path) const;
 
-  headless::MemoryFileSystem memory;
-  headless::WatchedFileSystem files{memory};
-  headless::HeadlessToolkit toolkit{memory};
-  headless::SettableClock clock{1};
-  headless::FixedProcessPaths paths;
-  host::MemoryStorage storage{memory};
-  host::ErrorJournal journal{u"C:\\Host", memory, storage, {}};
-  host::HostFileKit host_kit{storage, journal};
-  headless::KitWatch watch;
-  mdlBHDGS module{{toolkit, files, paths, clock, CodePage::Windows1252(), *this}};
-  std::unique_ptr<clsPlugin> plug_in;
   std::shared_ptr<HostCollection> rights;
   Text settings_reply;
   // What the boxes said since the last TakeReports that was no trapped failure.
@@ -84,8 +60,6 @@ class FaultBench final : private HostServices {
   bool all_told_as_sent = true;
 
  private:
-  std::unique_ptr<FileKit> CreateFileKit() override;
-  std::unique_ptr<MemoryKit> CreateMemoryKit() override;
   void Called(Source source, std::initializer_list<TextView> call);
 
   Source failing_source_ = Source::kFileKit;

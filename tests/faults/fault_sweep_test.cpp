@@ -31,21 +31,16 @@ enum class Where : std::uint8_t {
 
 struct Operation {
   const char* name;
-  Where where;
+  Where where = Where::kFilled;
   // Under which a failure may be reported.
-  std::vector<TextView> labels;
+  std::vector<TextView> labels = {};
   // Calls whose failure is nobody's concern, by how they begin.
-  std::vector<TextView> silent;
-  void (*prepare)(FaultBench& bench);
+  std::vector<TextView> silent = {};
+  void (*prepare)(FaultBench& bench) = [](FaultBench&) {};
   void (*run)(FaultBench& bench);
   // Whether it has done all that it has to.
-  bool (*is_done)(FaultBench& bench);
+  bool (*is_done)(FaultBench& bench) = [](FaultBench&) { return true; };
 };
-
-void Nothing(FaultBench&) {}
-bool Always(FaultBench&) {
-  return true;
-}
 
 void WriteSettings(FaultBench& bench, std::string_view maps) {
   bench.memory.MakeFolders(u"C:\\Host\\profiles\\3\\settings");
@@ -66,229 +61,177 @@ const std::vector<TextView> kButtonLooks = {u"ReadPicture", u"Sync cmd", u"MakeP
 
 const std::vector<Operation>& Operations() {
   static const std::vector<Operation> kOperations = {
-      {"StartUp",
-       Where::kUnopened,
-       {u"SubMain"},
-       {},
-       [](FaultBench& b) { b.module.ReleaseHost(); },
-       [](FaultBench& b) { b.module.SubMain(); },
-       Always},
-      {"SetPrivisFirst",
-       Where::kUnopened,
-       {u"SetPrivis", u"FormLoad_ERROR"},
-       {},
-       Nothing,
-       [](FaultBench& b) { b.plug_in->SetPrivis(b.rights, nullptr, false); },
-       [](FaultBench& b) { return b.dialog() != nullptr; }},
-      {"SetPrivis",
-       Where::kFilled,
-       {u"SetPrivis"},
-       {},
-       Nothing,
-       [](FaultBench& b) { b.plug_in->SetPrivis(b.rights, nullptr, false); },
-       [](FaultBench& b) { return Option<ui::Control>(b, u"txtPort").enabled(); }},
-      {"LoadInterface",
-       Where::kUnopened,
-       {u"LoadInterface", u"FormLoad_ERROR"},
-       {u"Sync frmrcBHDGS"},
-       Nothing,
-       [](FaultBench& b) { b.Open([] {}); },
-       [](FaultBench& b) { return b.Contents(kQueryFile).size() == 44; }},
-      {"LoadInterfaceAgain",
-       Where::kFilled,
-       {u"LoadInterface"},
-       {},
-       Nothing,
-       [](FaultBench& b) { b.Open([] {}); },
-       [](FaultBench& b) { return b.rotation().empty(); }},
-      {"HideInterface",
-       Where::kFilled,
-       {},
-       {u"Sync frmrcBHDGS"},
-       Nothing,
-       [](FaultBench& b) { b.plug_in->HideInterface(); },
-       [](FaultBench& b) { return !b.dialog()->shown(); }},
-      {"SettingsReply",
-       Where::kFilled,
-       {u"RemoteData", u"SetMaps", u"cboMods_Click"},
-       {},
-       Nothing,
-       [](FaultBench& b) { b.plug_in->RemoteData(b.settings_reply); },
-       [](FaultBench& b) { return Option<ui::TextBox>(b, u"txtPort").text() == u"17500"; }},
-      {"SettingsReplyFirst",
-       Where::kUnopened,
-       {u"RemoteData", u"SetMaps", u"FormLoad_ERROR"},
-       {},
-       [](FaultBench& b) { b.module.remote.PendingCommand = kLoadFormCommand; },
-       [](FaultBench& b) { b.plug_in->RemoteData(b.settings_reply); },
-       [](FaultBench& b) { return b.module.dialog.maps.server.Count() == 2; }},
-      {"StartReplyFailed",
-       Where::kFilled,
-       {u"RemoteData"},
-       {u"Sync frmrcBHDGS", u"Sync lblWaiting"},
-       [](FaultBench& b) { b.Press(u"cmdStart"); },
-       [](FaultBench& b) { b.plug_in->RemoteData(u"0"); },
-       [](FaultBench& b) { return b.dialog() == nullptr; }},
-      {"Tab",
-       Where::kFilled,
-       {u"tsMain_Click"},
-       {},
-       Nothing,
-       [](FaultBench& b) { b.Tell(u"tsMain", ui::TabChosen{2}); },
-       [](FaultBench& b) { return b.dialog()->fmeMisc.visible(); }},
-      {"Mod",
-       Where::kFilled,
-       {u"SetMaps", u"cboMods_Click"},
-       {},
-       [](FaultBench& b) { b.Tell(u"tsMain", ui::TabChosen{0}); },
-       [](FaultBench& b) { b.Tell(u"cboMods", ui::ItemChosen{1}); },
-       [](FaultBench& b) { return b.module.dialog.maps.catalogue.Count() == 185; }},
-      {"Scroll",
-       Where::kFilled,
-       {u"lstMax_Scroll"},
-       {},
-       [](FaultBench& b) { b.Tell(u"tsMain", ui::TabChosen{0}); },
-       [](FaultBench& b) { b.Tell(u"lstMax", ui::ScrolledTo{7}); },
-       [](FaultBench& b) { return Option<ui::ListBox>(b, u"lstMax").ListIndex() == 7; }},
-      {"CheckBox",
-       Where::kFilled,
-       {u"chkNova_Click"},
-       {},
-       [](FaultBench& b) { b.Tell(u"tsMain", ui::TabChosen{0}); },
-       [](FaultBench& b) { b.Tell(u"chkNova", ui::Clicked{}); },
-       Always},
-      {"Typing",
-       Where::kFilled,
-       {u"txtCountry_Change"},
-       {},
-       [](FaultBench& b) { b.Tell(u"tsMain", ui::TabChosen{0}); },
-       [](FaultBench& b) { b.Tell(u"txtCountry", ui::TextEdited{u"abc"}); },
-       [](FaultBench& b) { return Option<ui::TextBox>(b, u"txtCountry").text().size() == 2; }},
-      {"NextGameType",
-       Where::kFilled,
-       {u"SetMaps", u"cmdRight_MouseUp", u"cmdRight_MouseDown"},
-       kButtonLooks,
-       Nothing,
-       [](FaultBench& b) { b.Press(u"cmdRight"); },
-       Always},
-      {"AddOne",
-       Where::kFilled,
-       {u"lstAvlMapsDblClick", u"BuildMapList", u"lstAvlMaps_DblClick"},
-       {},
-       Nothing,
-       [](FaultBench& b) { b.Tell(u"lstAvlMaps", ui::RowDoubleClicked{2}); },
-       Always},
-      {"AddSelected",
-       Where::kFilled,
-       {u"lstAvlMaps_KeyPress", u"BuildMapList"},
-       {},
-       [](FaultBench& b) {
-         b.SelectRows(u"lstAvlMaps", {0, 2, 4});
-       },
-       [](FaultBench& b) { b.Tell(u"lstAvlMaps", ui::KeyPressed{u'='}); },
-       Always},
-      {"AddToTheLimit",
-       Where::kFilled,
-       {u"lstAvlMaps_KeyPress", u"BuildMapList"},
-       {},
-       [](FaultBench& b) {
-         auto& selected = b.module.dialog.maps.selected;
-         selected.Replace(std::vector<SelectedMap>(253, selected.At(1)));
-         b.dialog()->BuildMapList();
-         b.SelectRows(u"lstAvlMaps", {0, 2, 4});
-       },
-       [](FaultBench& b) { b.Tell(u"lstAvlMaps", ui::KeyPressed{u'+'}); },
-       [](FaultBench& b) { return b.rotation().size() == 255; }},
-      {"RemoveOne",
-       Where::kFilled,
-       {u"lstSelMapsDblClick", u"BuildMapList", u"lstSelMaps_DblClick"},
-       {},
-       Nothing,
-       [](FaultBench& b) { b.Tell(u"lstSelMaps", ui::RowDoubleClicked{1}); },
-       Always},
-      {"RemoveSelected",
-       Where::kFilled,
-       {u"lstSelMaps_KeyPress", u"BuildMapList"},
-       {},
-       [](FaultBench& b) {
-         b.SelectRows(u"lstSelMaps", {0, 2});
-       },
-       [](FaultBench& b) { b.Tell(u"lstSelMaps", ui::KeyPressed{u'-'}); },
-       Always},
-      {"ClickSelected",
-       Where::kFilled,
-       {u"lstSelMaps_Click"},
-       {},
-       Nothing,
-       [](FaultBench& b) { b.Tell(u"lstSelMaps", kSecondRow); },
-       [](FaultBench& b) { return b.dialog()->lstSelMaps.tooltip() == u"Deathmatch"; }},
-      {"Shuffle",
-       Where::kFilled,
-       {u"cmdRandomize", u"BuildMapList", u"cmdRandomize_Click"},
-       {},
-       Nothing,
-       [](FaultBench& b) { b.Tell(u"cmdRandomize", ui::Clicked{}); },
-       [](FaultBench& b) { return b.rotation().size() == 3; }},
-      {"Start",
-       Where::kFilled,
-       {u"cmdStart_Error", u"Enc64", u"cmdStart_MouseUp", u"cmdStart_MouseDown"},
-       kButtonLooks,
-       Nothing,
-       [](FaultBench& b) { b.Press(u"cmdStart"); },
-       [](FaultBench& b) { return b.Contents(kStartFile).size() > 100; }},
-      {"Save",
-       Where::kFilled,
-       {u"cmdSave", u"cmdSave_MouseUp", u"cmdSave_MouseDown"},
-       kButtonLooks,
-       [](FaultBench& b) { b.toolkit.AnswerNextFileDialog({Text(kSettingsFile)}); },
-       [](FaultBench& b) { b.Press(u"cmdSave"); },
-       [](FaultBench& b) { return b.Contents(kSettingsFile).find("Map2=") != std::string::npos; }},
-      {"SaveOverLongerFile",
-       Where::kFilled,
-       {u"cmdSave", u"cmdSave_MouseUp", u"cmdSave_MouseDown"},
-       {u"ReadPicture", u"Sync cmd", u"ParseIniKey"},
-       [](FaultBench& b) {
-         WriteSettings(b, "Map0=0[-]0[-]A\r\nMap1=0[-]0[-]B\r\nMap7=0[-]0[-]C\r\n");
-         b.toolkit.AnswerNextFileDialog({Text(kSettingsFile)});
-       },
-       [](FaultBench& b) { b.Press(u"cmdSave"); },
-       [](FaultBench& b) { return b.Contents(kSettingsFile).find("Map2=") != std::string::npos; }},
-      {"Load",
-       Where::kFilled,
-       {u"cmdLoad", u"BuildMapList", u"SetMaps", u"cmdLoad_MouseUp", u"cmdLoad_MouseDown"},
-       kButtonLooks,
-       [](FaultBench& b) {
-         WriteSettings(b, "Map0=0[-]0[-]DMK_01A.BMS\r\nMap1=7[-]0[-]missing\r\n");
-         b.toolkit.AnswerNextFileDialog({Text(kSettingsFile)});
-       },
-       [](FaultBench& b) { b.Press(u"cmdLoad"); },
-       [](FaultBench& b) { return b.rotation().size() == 1; }},
-      {"LoadMaps",
-       Where::kFilled,
-       {u"cmdLoadMaps", u"cmdLoadMaps_MouseUp", u"cmdLoadMaps_MouseDown"},
-       kButtonLooks,
-       [](FaultBench& b) {
-         b.memory.MakeFolders(u"C:\\Host\\profiles\\3\\settings");
-         b.memory.SetContents(kMapListFile,
-                              "0[-]0[-]DMK_01A.BMS\r\n\r\n5[-]1[-]sv.bms\r\n0[-]0[-]none\r\n");
-         b.toolkit.AnswerNextFileDialog({Text(kMapListFile)});
-       },
-       [](FaultBench& b) { b.Press(u"cmdLoadMaps"); },
-       [](FaultBench& b) { return b.rotation().size() == 2; }},
-      {"Cancel",
-       Where::kFilled,
-       {u"Form_Unload", u"cmdCancel_MouseUp", u"cmdCancel_MouseDown"},
-       kButtonLooks,
-       Nothing,
-       [](FaultBench& b) { b.Press(u"cmdCancel"); },
-       [](FaultBench& b) { return b.dialog() == nullptr; }},
-      {"Close",
-       Where::kFilled,
-       {u"Form_Unload"},
-       {},
-       Nothing,
-       [](FaultBench& b) { b.Tell(u"", ui::CloseAsked{}); },
-       [](FaultBench& b) { return b.dialog() == nullptr; }},
+      {.name = "StartUp",
+       .where = Where::kUnopened,
+       .labels = {u"SubMain"},
+       .prepare = [](FaultBench& b) { b.module.ReleaseHost(); },
+       .run = [](FaultBench& b) { b.module.SubMain(); }},
+      {.name = "SetPrivisFirst",
+       .where = Where::kUnopened,
+       .labels = {u"SetPrivis", u"FormLoad_ERROR"},
+       .run = [](FaultBench& b) { b.plug_in().SetPrivis(b.rights, nullptr, false); },
+       .is_done = [](FaultBench& b) { return b.dialog() != nullptr; }},
+      {.name = "SetPrivis",
+       .labels = {u"SetPrivis"},
+       .run = [](FaultBench& b) { b.plug_in().SetPrivis(b.rights, nullptr, false); },
+       .is_done = [](FaultBench& b) { return Option<ui::Control>(b, u"txtPort").enabled(); }},
+      {.name = "LoadInterface",
+       .where = Where::kUnopened,
+       .labels = {u"LoadInterface", u"FormLoad_ERROR"},
+       .silent = {u"Sync frmrcBHDGS"},
+       .run = [](FaultBench& b) { b.Open([] {}); },
+       .is_done = [](FaultBench& b) { return b.Contents(kQueryFile).size() == 44; }},
+      {.name = "LoadInterfaceAgain",
+       .labels = {u"LoadInterface"},
+       .run = [](FaultBench& b) { b.Open([] {}); },
+       .is_done = [](FaultBench& b) { return b.rotation().empty(); }},
+      {.name = "HideInterface",
+       .silent = {u"Sync frmrcBHDGS"},
+       .run = [](FaultBench& b) { b.plug_in().HideInterface(); },
+       .is_done = [](FaultBench& b) { return !b.dialog()->shown(); }},
+      {.name = "SettingsReply",
+       .labels = {u"RemoteData", u"SetMaps", u"cboMods_Click"},
+       .run = [](FaultBench& b) { b.plug_in().RemoteData(b.settings_reply); },
+       .is_done =
+           [](FaultBench& b) { return Option<ui::TextBox>(b, u"txtPort").text() == u"17500"; }},
+      {.name = "SettingsReplyFirst",
+       .where = Where::kUnopened,
+       .labels = {u"RemoteData", u"SetMaps", u"FormLoad_ERROR"},
+       .prepare = [](FaultBench& b) { b.module.remote.PendingCommand = kLoadFormCommand; },
+       .run = [](FaultBench& b) { b.plug_in().RemoteData(b.settings_reply); },
+       .is_done = [](FaultBench& b) { return b.module.dialog.maps.server.Count() == 2; }},
+      {.name = "StartReplyFailed",
+       .labels = {u"RemoteData"},
+       .silent = {u"Sync frmrcBHDGS", u"Sync lblWaiting"},
+       .prepare = [](FaultBench& b) { b.Press(u"cmdStart"); },
+       .run = [](FaultBench& b) { b.plug_in().RemoteData(u"0"); },
+       .is_done = [](FaultBench& b) { return b.dialog() == nullptr; }},
+      {.name = "Tab",
+       .labels = {u"tsMain_Click"},
+       .run = [](FaultBench& b) { b.Tell(u"tsMain", ui::TabChosen{2}); },
+       .is_done = [](FaultBench& b) { return b.dialog()->fmeMisc.visible(); }},
+      {.name = "Mod",
+       .labels = {u"SetMaps", u"cboMods_Click"},
+       .prepare = [](FaultBench& b) { b.Tell(u"tsMain", ui::TabChosen{0}); },
+       .run = [](FaultBench& b) { b.Tell(u"cboMods", ui::ItemChosen{1}); },
+       .is_done = [](FaultBench& b) { return b.module.dialog.maps.catalogue.Count() == 185; }},
+      {.name = "Scroll",
+       .labels = {u"lstMax_Scroll"},
+       .prepare = [](FaultBench& b) { b.Tell(u"tsMain", ui::TabChosen{0}); },
+       .run = [](FaultBench& b) { b.Tell(u"lstMax", ui::ScrolledTo{7}); },
+       .is_done = [](FaultBench& b) { return Option<ui::ListBox>(b, u"lstMax").ListIndex() == 7; }},
+      {.name = "CheckBox",
+       .labels = {u"chkNova_Click"},
+       .prepare = [](FaultBench& b) { b.Tell(u"tsMain", ui::TabChosen{0}); },
+       .run = [](FaultBench& b) { b.Tell(u"chkNova", ui::Clicked{}); }},
+      {.name = "Typing",
+       .labels = {u"txtCountry_Change"},
+       .prepare = [](FaultBench& b) { b.Tell(u"tsMain", ui::TabChosen{0}); },
+       .run = [](FaultBench& b) { b.Tell(u"txtCountry", ui::TextEdited{u"abc"}); },
+       .is_done =
+           [](FaultBench& b) { return Option<ui::TextBox>(b, u"txtCountry").text().size() == 2; }},
+      {.name = "NextGameType",
+       .labels = {u"SetMaps", u"cmdRight_MouseUp", u"cmdRight_MouseDown"},
+       .silent = kButtonLooks,
+       .run = [](FaultBench& b) { b.Press(u"cmdRight"); }},
+      {.name = "AddOne",
+       .labels = {u"lstAvlMapsDblClick", u"BuildMapList", u"lstAvlMaps_DblClick"},
+       .run = [](FaultBench& b) { b.Tell(u"lstAvlMaps", ui::RowDoubleClicked{2}); }},
+      {.name = "AddSelected",
+       .labels = {u"lstAvlMaps_KeyPress", u"BuildMapList"},
+       .prepare =
+           [](FaultBench& b) {
+             b.SelectRows(u"lstAvlMaps", {0, 2, 4});
+           },
+       .run = [](FaultBench& b) { b.Tell(u"lstAvlMaps", ui::KeyPressed{u'='}); }},
+      {.name = "AddToTheLimit",
+       .labels = {u"lstAvlMaps_KeyPress", u"BuildMapList"},
+       .prepare =
+           [](FaultBench& b) {
+             auto& selected = b.module.dialog.maps.selected;
+             selected.Replace(std::vector<SelectedMap>(253, selected.At(1)));
+             b.dialog()->BuildMapList();
+             b.SelectRows(u"lstAvlMaps", {0, 2, 4});
+           },
+       .run = [](FaultBench& b) { b.Tell(u"lstAvlMaps", ui::KeyPressed{u'+'}); },
+       .is_done = [](FaultBench& b) { return b.rotation().size() == 255; }},
+      {.name = "RemoveOne",
+       .labels = {u"lstSelMapsDblClick", u"BuildMapList", u"lstSelMaps_DblClick"},
+       .run = [](FaultBench& b) { b.Tell(u"lstSelMaps", ui::RowDoubleClicked{1}); }},
+      {.name = "RemoveSelected",
+       .labels = {u"lstSelMaps_KeyPress", u"BuildMapList"},
+       .prepare =
+           [](FaultBench& b) {
+             b.SelectRows(u"lstSelMaps", {0, 2});
+           },
+       .run = [](FaultBench& b) { b.Tell(u"lstSelMaps", ui::KeyPressed{u'-'}); }},
+      {.name = "ClickSelected",
+       .labels = {u"lstSelMaps_Click"},
+       .run = [](FaultBench& b) { b.Tell(u"lstSelMaps", kSecondRow); },
+       .is_done = [](FaultBench& b) { return b.dialog()->lstSelMaps.tooltip() == u"Deathmatch"; }},
+      {.name = "Shuffle",
+       .labels = {u"cmdRandomize", u"BuildMapList", u"cmdRandomize_Click"},
+       .run = [](FaultBench& b) { b.Tell(u"cmdRandomize", ui::Clicked{}); },
+       .is_done = [](FaultBench& b) { return b.rotation().size() == 3; }},
+      {.name = "Start",
+       .labels = {u"cmdStart_Error", u"Enc64", u"cmdStart_MouseUp", u"cmdStart_MouseDown"},
+       .silent = kButtonLooks,
+       .run = [](FaultBench& b) { b.Press(u"cmdStart"); },
+       .is_done = [](FaultBench& b) { return b.Contents(kStartFile).size() > 100; }},
+      {.name = "Save",
+       .labels = {u"cmdSave", u"cmdSave_MouseUp", u"cmdSave_MouseDown"},
+       .silent = kButtonLooks,
+       .prepare = [](FaultBench& b) { b.toolkit.AnswerNextFileDialog({Text(kSettingsFile)}); },
+       .run = [](FaultBench& b) { b.Press(u"cmdSave"); },
+       .is_done =
+           [](FaultBench& b) {
+             return b.Contents(kSettingsFile).find("Map2=") != std::string::npos;
+           }},
+      {.name = "SaveOverLongerFile",
+       .labels = {u"cmdSave", u"cmdSave_MouseUp", u"cmdSave_MouseDown"},
+       .silent = {u"ReadPicture", u"Sync cmd", u"ParseIniKey"},
+       .prepare =
+           [](FaultBench& b) {
+             WriteSettings(b, "Map0=0[-]0[-]A\r\nMap1=0[-]0[-]B\r\nMap7=0[-]0[-]C\r\n");
+             b.toolkit.AnswerNextFileDialog({Text(kSettingsFile)});
+           },
+       .run = [](FaultBench& b) { b.Press(u"cmdSave"); },
+       .is_done =
+           [](FaultBench& b) {
+             return b.Contents(kSettingsFile).find("Map2=") != std::string::npos;
+           }},
+      {.name = "Load",
+       .labels = {u"cmdLoad", u"BuildMapList", u"SetMaps", u"cmdLoad_MouseUp",
+                  u"cmdLoad_MouseDown"},
+       .silent = kButtonLooks,
+       .prepare =
+           [](FaultBench& b) {
+             WriteSettings(b, "Map0=0[-]0[-]DMK_01A.BMS\r\nMap1=7[-]0[-]missing\r\n");
+             b.toolkit.AnswerNextFileDialog({Text(kSettingsFile)});
+           },
+       .run = [](FaultBench& b) { b.Press(u"cmdLoad"); },
+       .is_done = [](FaultBench& b) { return b.rotation().size() == 1; }},
+      {.name = "LoadMaps",
+       .labels = {u"cmdLoadMaps", u"cmdLoadMaps_MouseUp", u"cmdLoadMaps_MouseDown"},
+       .silent = kButtonLooks,
+       .prepare =
+           [](FaultBench& b) {
+             b.memory.MakeFolders(u"C:\\Host\\profiles\\3\\settings");
+             b.memory.SetContents(kMapListFile,
+                                  "0[-]0[-]DMK_01A.BMS\r\n\r\n5[-]1[-]sv.bms\r\n0[-]0[-]none\r\n");
+             b.toolkit.AnswerNextFileDialog({Text(kMapListFile)});
+           },
+       .run = [](FaultBench& b) { b.Press(u"cmdLoadMaps"); },
+       .is_done = [](FaultBench& b) { return b.rotation().size() == 2; }},
+      {.name = "Cancel",
+       .labels = {u"Form_Unload", u"cmdCancel_MouseUp", u"cmdCancel_MouseDown"},
+       .silent = kButtonLooks,
+       .run = [](FaultBench& b) { b.Press(u"cmdCancel"); },
+       .is_done = [](FaultBench& b) { return b.dialog() == nullptr; }},
+      {.name = "Close",
+       .labels = {u"Form_Unload"},
+       .run = [](FaultBench& b) { b.Tell(u"", ui::CloseAsked{}); },
+       .is_done = [](FaultBench& b) { return b.dialog() == nullptr; }},
   };
   return kOperations;
 }

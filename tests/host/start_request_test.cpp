@@ -14,32 +14,15 @@ namespace {
 class Payload {
  public:
   Payload() {
-    fields_ = {EncodeField(u" hi "),
-               EncodeField(u"My Server"),
-               u"",
-               u"",
-               u"1",
-               u"32",
-               u"-1",
-               u"1",
-               u"50",
-               u"0",
-               u"5",
-               u"20",
-               u"30",
-               u"0",
-               u"1",
-               u"1",
-               u"1",
-               EncodeField(u"blue"),
-               u"",
-               u"0",
-               u"0",
-               u"1",
-               u"350",
-               u"14863",
-               u"17479",
-               EncodeField(u"Team Sabre")};
+    for (const TextView field :
+         Split(u"_____32_-1_1_50_0_5_20_30_0_1_1_1___0_0_1_350_14863_17479_", u"_")) {
+      fields_.emplace_back(field);
+    }
+    fields_.at(0) = EncodeField(u" hi ");
+    fields_.at(1) = EncodeField(u"My Server");
+    fields_.at(4) = u"1";
+    fields_.at(17) = EncodeField(u"blue");
+    fields_.at(25) = EncodeField(u"Team Sabre");
     maps_ = {Map(u"Road Rage", u"DMK_01A.BMS", u"0", u"False"),
              Map(u"Bridge <2", u"XAD.BMS", u"6", u"True")};
   }
@@ -96,32 +79,10 @@ TEST(StartRequest, AGoodOneIsDecodedCompletely) {
             "warning: field 6 (Start delay) has no value chosen\n"
             "warning: field 9 (Game score) has no value chosen\n");
   EXPECT_FALSE(request.HasErrors());
-  const std::vector<Text> meanings = {u"\" hi \"",
-                                      u"\"My Server\"",
-                                      u"\"\"",
-                                      u"\"\"",
-                                      u"Tiodioksi",
-                                      u"32",
-                                      u"nothing chosen",
-                                      u"yes",
-                                      u"50",
-                                      u"nothing chosen",
-                                      u"5",
-                                      u"20",
-                                      u"30",
-                                      u"no",
-                                      u"yes",
-                                      u"yes",
-                                      u"yes",
-                                      u"\"blue\"",
-                                      u"\"\"",
-                                      u"no",
-                                      u"0",
-                                      u"yes",
-                                      u"350",
-                                      u"see below",
-                                      u"17479",
-                                      u"\"Team Sabre\""};
+  const std::vector<TextView> meanings = Split(
+      u"\" hi \";\"My Server\";\"\";\"\";Tiodioksi;32;nothing chosen;yes;50;nothing chosen;5;20;30;"
+      u"no;yes;yes;yes;\"blue\";\"\";no;0;yes;350;see below;17479;\"Team Sabre\"",
+      u";");
   ASSERT_EQ(request.fields.size(), meanings.size());
   for (std::size_t field = 0; field < meanings.size(); ++field) {
     EXPECT_EQ(request.fields[field].meaning, meanings[field]) << field;

@@ -42,7 +42,7 @@ namespace {
 std::string Answer(const SettingsReply& reply) {
   LoadedPlugIn host;
   host.module.remote.PendingCommand = kLoadFormCommand;
-  host.plug_in.RemoteData(reply.Frame());
+  host.plug_in().RemoteData(reply.Frame());
   const std::vector<std::string> reports = host.Reports();
   if (reports.empty()) return "";
   return reports.front().substr(reports.front().find('|') + 1, 3);
@@ -126,7 +126,7 @@ TEST(Limits, ServerMapsAndTheMemoryForThem) {
     host.module.remote.PendingCommand = kLoadFormCommand;
     const std::size_t before = held_bytes;
     most_held_bytes = held_bytes;
-    host.plug_in.RemoteData(frame);
+    host.plug_in().RemoteData(frame);
     const std::size_t grown = most_held_bytes - before;
     const ServerMapList& list = host.module.dialog.maps.server;
     ASSERT_EQ(list.Count(), count);

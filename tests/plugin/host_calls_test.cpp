@@ -20,7 +20,7 @@ struct HostCalls : testing::Test {
 TEST_F(HostCalls, OpeningAsksForTheSettingsBeforeItShows) {
   host.SelectMap();
   bool was_shown = false;
-  host.plug_in.SetPrivis(nullptr, nullptr, true);
+  host.plug_in().SetPrivis(nullptr, nullptr, true);
   host.kit().before = [&](const std::string&) {
     EXPECT_FALSE(host.dialog().shown());
     EXPECT_EQ(host.dialog().pointer(), ui::Pointer::kBusy);
@@ -41,7 +41,7 @@ TEST_F(HostCalls, OpeningAsksForTheSettingsBeforeItShows) {
 
 TEST_F(HostCalls, OpeningWithoutATargetStopsThere) {
   host.SelectMap();
-  host.plug_in.LoadInterface(7, 0, TextArray({u"only one"}));
+  host.plug_in().LoadInterface(7, 0, host::HostTexts({u"only one"}));
   EXPECT_EQ(host.module.dialog.Index, 7);
   EXPECT_EQ(host.module.dialog.maps.selected.Count(), 1);
   EXPECT_EQ(host.module.remote.PendingCommand, u"");
@@ -62,7 +62,7 @@ TEST_F(HostCalls, ADialogClosedWhileTheQueryIsWrittenIsNotShown) {
 
 TEST_F(HostCalls, AFailedReplyCreatesNoDialogForItsPointer) {
   host.module.remote.PendingCommand = kLoadFormCommand;
-  host.plug_in.RemoteData(u"rubbish");
+  host.plug_in().RemoteData(u"rubbish");
   EXPECT_EQ(host.module.dialog.dialog, nullptr);
   EXPECT_EQ(host.Reports().size(), 1u);
 }
@@ -75,12 +75,12 @@ TEST_F(HostCalls, AReplyWithinAReplyMayCloseTheDialog) {
     SettingsReply reply;
     reply.Set(25, Base64("Odd <odd.bms>x"));
     bool answered = false;
-    host.toolkit.messages.while_open = [&] {
+    host.toolkit.while_message_open = [&](const auto&) {
       if (std::exchange(answered, true)) return;
       host.module.remote.PendingCommand = kStartGameCommand;
-      host.plug_in.RemoteData(u"1");
+      host.plug_in().RemoteData(u"1");
     };
-    host.plug_in.RemoteData(reply.Frame());
+    host.plug_in().RemoteData(reply.Frame());
     EXPECT_TRUE(answered);
     EXPECT_EQ(host.module.dialog.dialog, nullptr);
   });

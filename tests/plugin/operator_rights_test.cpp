@@ -22,7 +22,7 @@ struct Rights : testing::Test {
     return std::make_shared<KeyedItems>(std::move(items));
   }
   void Set(std::shared_ptr<HostCollection> granted, bool super_administrator = false) {
-    host.plug_in.SetPrivis(std::move(granted), nullptr, super_administrator);
+    host.plug_in().SetPrivis(std::move(granted), nullptr, super_administrator);
   }
   // The governed options that can be changed, in the order of the rights.
   Strings Enabled() {

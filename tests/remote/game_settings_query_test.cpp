@@ -17,7 +17,7 @@ struct GameSettingsReply : testing::Test {
 
   // Opens the dialog, delivers `reply` while it is shown, and hides it again.
   void Deliver() {
-    host.Open([&] { host.plug_in.RemoteData(reply.Frame()); });
+    host.Open([&] { host.plug_in().RemoteData(reply.Frame()); });
   }
   std::vector<std::string> ServerMaps() {
     std::vector<std::string> maps;
@@ -77,7 +77,7 @@ TEST_P(FaultyReply, EndsAtTheFaultAndKeepsWhatCameBefore) {
   SettingsReply reply;
   reply.Set(fault.field, fault.value);
   host.Open([&] {
-    host.plug_in.RemoteData(reply.Frame());
+    host.plug_in().RemoteData(reply.Frame());
     EXPECT_EQ(host.dialog().pointer(), ui::Pointer::kDefault);
   });
   EXPECT_EQ(host.Reports(), std::vector<std::string>{fault.report});
@@ -132,7 +132,7 @@ TEST_F(GameSettingsReply, OfTooFewFieldsEmptiesTheServerMapsAndFails) {
   ASSERT_EQ(ServerMaps().size(), 2u);
   SettingsReply cut;
   cut.Set(0, Base64("cut")).Keep(25);
-  host.Open([&] { host.plug_in.RemoteData(cut.Frame()); });
+  host.Open([&] { host.plug_in().RemoteData(cut.Frame()); });
   EXPECT_EQ(ServerMaps().size(), 0u);
   EXPECT_EQ(host.Value(u"txtMessage"), "welcome");
   ASSERT_EQ(host.Reports().size(), 1u);

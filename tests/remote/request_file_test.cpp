@@ -6,30 +6,23 @@
 #include <string>
 #include <vector>
 
-#include "headless/watched_file_system.h"
 #include "tests/doubles/loaded_plug_in.h"
 
 namespace quill {
 namespace {
 
 struct RequestFile : testing::Test {
-  headless::MemoryFileSystem memory;
-  headless::WatchedFileSystem files{memory};
+  LoadedPlugIn host;
+  DialogContext& context = host.module.dialog;
+  headless::MemoryFileSystem& memory = host.memory;
+  RecordingFileKit* kit = &host.kit();
   std::vector<std::string> journal;
-  RecordingToolkit toolkit;
-  StoppedClock clock;
-  DialogContext context{toolkit, files, clock, CodePage::Windows1252()};
-  RecordingFileKit* kit = nullptr;
 
   RequestFile() {
-    files.before = [this](TextView operation, TextView path) {
+    host.files.before = [this](TextView operation, TextView path) {
       journal.push_back(ToUtf8(operation) + " " + ToUtf8(path.substr(path.rfind(u'\\') + 1)));
     };
-    auto recording = std::make_unique<RecordingFileKit>();
-    kit = recording.get();
     kit->journal = &journal;
-    context.file_kit = std::move(recording);
-    context.HostRoot = u"C:\\Host";
   }
 };
 

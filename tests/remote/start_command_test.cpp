@@ -48,7 +48,7 @@ TEST_P(CheckedInput, IsRepairedOrRefused) {
   const bool sent = *input.outcome == '\0';
   EXPECT_EQ(host.kit().files.size(), sent ? 2u : 1u);
   EXPECT_EQ(host.module.remote.PendingCommand, sent ? u"StartGame" : u"LoadForm");
-  EXPECT_EQ(host.ScreenPointer(), sent ? ui::Pointer::kBusy : ui::Pointer::kDefault);
+  EXPECT_EQ(host.toolkit.screen_pointer(), sent ? ui::Pointer::kBusy : ui::Pointer::kDefault);
 }
 
 constexpr const char* kBadMaxPing = "Error!|Max Ping Field is not numeric!";
@@ -77,8 +77,8 @@ TEST(StartCommand, AnsweredWhileTheFailureBoxIsOpenSurvivesACancel) {
   host.Open([&] {
     host.SelectMap();
     host.Press(u"cmdStart");
-    host.toolkit.messages.while_open = [&] { host.Press(u"cmdCancel"); };
-    host.plug_in.RemoteData(u"0");
+    host.toolkit.while_message_open = [&](const auto&) { host.Press(u"cmdCancel"); };
+    host.plug_in().RemoteData(u"0");
   });
   EXPECT_EQ(host.Boxes(), Strings{"Failed!|Failed to initialize game process!"});
   EXPECT_EQ(host.module.dialog.dialog, nullptr);

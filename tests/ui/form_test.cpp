@@ -1,7 +1,6 @@
 // The form: its collection, its modal display, and its end in every order of events.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <new>
 
 #include "tests/ui/form_bench.h"
@@ -9,8 +8,6 @@
 #include "ui/command_button.h"
 #include "ui/file_dialog.h"
 #include "ui/frame.h"
-#include "ui/image_button.h"
-#include "ui/list_box.h"
 #include "ui/text_box.h"
 
 namespace quill::ui {
@@ -255,79 +252,6 @@ TEST_F(FormTest, AnswersOfTheFileDialogAreTheFirstPathOrNothing) {
   EXPECT_EQ(asked[0].file_name, u"proposed");
   EXPECT_FALSE(asked[0].save);
   EXPECT_TRUE(asked[1].save);
-}
-
-// Every call to the toolkit fails once, the first in the first round, and so on until a round has
-// no failure: whatever fails, the form can be shown, operated and closed, and nothing is lost
-// twice.
-TEST(FormFaultSweepTest, AnyFailingCallLeavesAWorkingForm) {
-  bool failed = true;
-  for (int failing_call = 1; failed; ++failing_call) {
-    SCOPED_TRACE(failing_call);
-    FormBench bench;
-    bench.files.MakeFolders(u"C:\\Host\\imgs");
-    bench.files.SetContents(u"C:\\Host\\imgs\\butup.gif", "GIF89a");
-    bench.files.SetContents(u"C:\\Host\\imgs\\butdown.gif", "GIF89a");
-    int calls = 0;
-    failed = false;
-    bench.toolkit.before_call = [&](TextView call) {
-      if (++calls != failing_call || call == u"Defer" || call.substr(0, 8) == u"EndModal") return;
-      failed = true;
-      throw RuntimeError(ErrorNumber::kOutOfMemory);
-    };
-    const auto try_to = [](auto step) {
-      try {
-        step();
-      } catch (const RuntimeError& error) {
-        EXPECT_TRUE(error.Is(ErrorNumber::kOutOfMemory) ||
-                    error.Is(ErrorNumber::kControlNotFound) ||
-                    error.Is(ErrorNumber::kInvalidProcedureCall))
-            << error.what();
-      }
-    };
-    Form& form = *bench.form;
-    try_to([&] { form.Add<Frame>(u"fme", nullptr, u""); });
-    try_to([&] {
-      auto& list =
-          form.Add<ListBox>(u"lst", form.Find(u"fme"), Selection::kExtended, ListHeight::kManyRows);
-      const ListBox::Refill refill(list);
-      for (const TextView item : {u"a", u"b", u"c"}) list.AddItem(item);
-    });
-    ImageButton button;
-    button.width = 300;
-    button.height = 300;
-    button.name = u"cmdImg";
-    try_to([&] { CreateButtonFace(form, button, u"C:\\Host"); });
-    button.name = u"cmd";
-    try_to([&] { CreateButtonCaption(form, button, u"C:\\Host"); });
-    try_to([&] {
-      bench.WhileShown([&] {
-        try_to([&] { bench.hand.SelectRows(u"lst", {0, 2}); });
-        try_to([&] { form.Get<ListBox>(u"lst").Clear(); });
-        try_to([&] { form.Get<ListBox>(u"lst").AddItem(u"last"); });
-        try_to([&] { SetButtonState(form, u"cmdImg", u"Down", u"C:\\Host"); });
-      });
-    });
-    bench.toolkit.before_call = nullptr;
-
-    EXPECT_FALSE(form.shown());
-    EXPECT_EQ(bench.toolkit.ModalForm(), nullptr);
-    for (const auto& control : form.controls()) {
-      ASSERT_NE(control->container(), nullptr);
-      const auto& siblings = control->container()->children();
-      EXPECT_EQ(std::count(siblings.begin(), siblings.end(), control.get()), 1);
-      EXPECT_NE(control->peer(), nullptr);
-    }
-    if (auto* list = dynamic_cast<ListBox*>(form.Find(u"lst"))) {
-      list->SetTooltip(u"more");
-      list->AddItem(u"the end");
-      EXPECT_EQ(FormBench::Seen(*list, u"count"), std::to_string(list->Count()));
-      EXPECT_EQ(FormBench::Seen(*list, u"selected"), "");
-    }
-    form.Unload();
-    EXPECT_TRUE(form.unloaded());
-    ASSERT_LT(failing_call, 1000);
-  }
 }
 
 }  // namespace
