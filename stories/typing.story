@@ -11,8 +11,6 @@ type txtCountry DEU
 expect txtCountry text = DE
 paste txtPassword "a password that is too long"
 expect txtPassword text = "a password that "
-paste txtMessage 123456789012345678901234567890123456789012345678901234567890123456789012345678901234567890
-expect txtMessage text = 1234567890123456789012345678901234567890123456789012345678901234567890123456789012345
 expect txtMessage tooltip = "Limit: 88 Characters"
 
 tab "Misc Options"
@@ -21,12 +19,6 @@ expect txtPort text = 17479
 erase txtPort 5
 type txtPort 123456
 expect txtPort text = 12345
-type txtMinPing 12345
-expect txtMinPing text = 0123
-paste txtMaxPing 99999
-expect txtMaxPing text = 9999
-paste txtBlue 12345678901234567
-expect txtBlue text = 1234567890123456
 type txtRed "no number at all"
 expect txtRed text = "no number at all"
 expect txtRed tooltip = "Limit: 31 Characters"

@@ -46,18 +46,6 @@ TEST(DialogLoad, IsTheDialogThatCallsDuringItsReportGet) {
   EXPECT_EQ(bench.toolkit.messages().size(), 1u);
 }
 
-TEST(DialogMods, ReportServerMapsWhoseGameTypeIsNoNumber) {
-  DialogBench bench;
-  bench.Show([&](frmrcBHDGS&) {
-    bench.context.maps.server.AppendEntry(u"Shadow Valley <sv.bms>x");
-    bench.PickMod(u"None");
-  });
-  ASSERT_EQ(bench.watch.failures.size(), 1u);
-  EXPECT_EQ(bench.watch.failures[0].label, u"SetMaps");
-  EXPECT_EQ(bench.watch.failures[0].number, 13);
-  EXPECT_GT(bench.watch.failures[0].line, 0);
-}
-
 TEST(DialogUnload, RestoresThePointerThenUnhooksAndLetsTheDialogGo) {
   enum class Way { kCancel, kCancelRight, kOwnButton, kOrdered };
   for (const Way way : {Way::kCancel, Way::kCancelRight, Way::kOwnButton, Way::kOrdered}) {
