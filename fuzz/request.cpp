@@ -30,9 +30,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace quill;
   using namespace quill::fuzz;
   const Text text = TextOf(data, size);
-  CheckPayload(text);
   const auto envelope = Attempt([&] { return host::ParseRequestEnvelope(text); });
-  if (!envelope) return 0;
+  if (!envelope) {
+    CheckPayload(text);
+    return 0;
+  }
   Claim(!host::ExplainEnvelope(*envelope).empty());
   const bool starts = envelope->command == host::kStartCommand;
   Claim(starts != envelope->frame.empty());

@@ -12,9 +12,11 @@ namespace {
 // `text` filled up with blanks; what comes from outside cannot break the table's lines.
 Text Cell(TextView text, std::size_t width) {
   Text cell;
+  cell.reserve(std::max(text.size(), width) + 2);
   for (const char16_t unit : text) cell += unit < 0x20 || unit == 0x7F ? u'?' : unit;
   if (cell.size() < width) cell.append(width - cell.size(), u' ');
-  return cell + u"  ";
+  cell.append(2, u' ');
+  return cell;
 }
 
 Text Right(TextView text, std::size_t width) {
@@ -25,7 +27,8 @@ Text Right(TextView text, std::size_t width) {
 // Without the blanks that end it.
 Text Line(Text line) {
   line.erase(line.find_last_not_of(u' ') + 1);
-  return line + u'\n';
+  line += u'\n';
+  return line;
 }
 
 Text Hex(std::uint32_t value) {
