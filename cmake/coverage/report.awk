@@ -3,24 +3,46 @@
 # either.
 #
 # A reason is a line "path: code: why" with the code as it stands in the source, without the blanks
-# around it. It covers each line of that file with that code, and the branches on it.
+# around it. It covers each line of that file with that code, and the branches on it. Where the code
+# ends in "{...}" it covers the whole block that such a line begins; where it ends in "*", each line
+# that begins so; the path "*" stands for every file.
 
-function source_line(path, number,    line, at) {
-  if (!(path in loaded)) {
-    loaded[path] = 1
-    while ((getline line < (root "/" path)) > 0) {
-      gsub(/^[ \t]+|[ \t]+$/, "", line)
-      code[path, ++at] = line
-    }
-    close(root "/" path)
+# Reads a source: each line, and the lines that begin the blocks around it.
+function load(path,    line, at, depth, i) {
+  loaded[path] = 1
+  while ((getline line < (root "/" path)) > 0) {
+    gsub(/^[ \t]+|[ \t]+$/, "", line)
+    code[path, ++at] = line
+    if (line ~ /^}/ && depth > 0) --depth
+    if (line ~ /{$/) opener[++depth] = line
+    for (i = 1; i <= depth; ++i) around[path, at, i] = opener[i]
+    depths[path, at] = depth
   }
-  return code[path, number]
+  close(root "/" path)
 }
 
-function missed(kind, number,    key) {
-  key = path ": " source_line(path, number)
+function begins(text, start) { return substr(text, 1, length(start)) == start }
+
+# Whether the reason, without its path, is for that line.
+function is_for(reason, number,    mark, start, i) {
+  if (begins(reason, code[path, number] ": ")) return 1
+  mark = index(reason, "{...}: ")
+  if (mark > 0) {
+    start = substr(reason, 1, mark)
+    for (i = 1; i <= depths[path, number]; ++i) if (around[path, number, i] == start) return 1
+    return 0
+  }
+  mark = index(reason, "*: ")
+  return mark > 0 && begins(code[path, number], substr(reason, 1, mark - 1))
+}
+
+function missed(kind, number,    reason, colon, file) {
+  if (!(path in loaded)) load(path)
   for (reason in why) {
-    if (index(reason, key ": ") == 1) {
+    colon = index(reason, ": ")
+    file = substr(reason, 1, colon - 1)
+    if (file != "*" && file != path) continue
+    if (is_for(substr(reason, colon + 2), number)) {
       used[reason] = 1
       reasoned[folder, kind]++
       return
@@ -28,7 +50,7 @@ function missed(kind, number,    key) {
   }
   if (!((path, number, kind) in told)) {
     told[path, number, kind] = 1
-    print path ":" number ": " kind " not covered: " source_line(path, number)
+    print path ":" number ": " kind " not covered: " code[path, number]
   }
   uncovered++
 }
@@ -40,6 +62,7 @@ FILENAME == reasons {
 /^SF:/ {
   path = substr($0, 4)
   sub("^" root "/", "", path)
+  sub("^build/coverage/", "", path)  # where the compiler ran, for sources that it was told from there
   is_core = path ~ /^src\/(support|ui|maps|dialog|remote|plugin)\//
   folder = path
   sub(/\/[^\/]*$/, "", folder)

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -420,6 +422,11 @@ class Attempt {
 };
 
 class FaultSweep : public testing::TestWithParam<std::size_t> {
+ public:
+  static void TearDownTestSuite() {
+    for (const auto& [source, faults] : faults_) std::printf("%s: %d faults\n", source, faults);
+  }
+
  protected:
   void Sweep(Source source, const RuntimeError& error) {
     const Operation& operation = Operations()[GetParam()];
@@ -428,10 +435,14 @@ class FaultSweep : public testing::TestWithParam<std::size_t> {
         SCOPED_TRACE(std::string(NameOf(source)) + " " + std::to_string(nth) +
                      (extent == Extent::kOnce ? " once" : " from there on"));
         if (!Attempt(operation, source, nth, extent, error).Run()) break;
+        ++faults_[NameOf(source)];
         if (HasFailure()) return;
       }
     }
   }
+
+ private:
+  static inline std::map<const char*, int> faults_;
 };
 
 TEST_P(FaultSweep, FileKit) {
