@@ -77,15 +77,17 @@ FILENAME == reasons {
 }
 /^BRDA:/ {
   split(substr($0, 6), field, ",")
-  branches[folder]++
-  if (field[4] != "-" && field[4] != 0) taken[folder]++
-  else waiting[++held] = path "," folder "," field[1]
+  # In a header all instances of a template count together.
+  number = path ~ /\.h$/ ? field[3] % 2 : field[3]
+  if (!((path, field[1], number) in times)) waiting[++held] = field[1] "," number
+  times[path, field[1], number] += field[4]  # "-" is 0
 }
 /^end_of_record/ {
-  # The branches on a line that is never reached are told with the line.
   for (i = 1; i <= held; ++i) {
     split(waiting[i], field, ",")
-    if (!dead[field[1], field[3]]) missed("branch", field[3]); else with_line[folder]++
+    branches[folder]++
+    if (times[path, field[1], field[2]] > 0) taken[folder]++
+    else if (!dead[path, field[1]]) missed("branch", field[1])  # else the line has been told
   }
   held = 0
 }

@@ -72,7 +72,7 @@ TextView ControlNameOf(TextView key) {
 bool WouldOutliveSaving(const frmrcBHDGS& dialog, TextView file, int map_count) {
   FileKit& kit = *dialog.context().file_kit;
   const std::optional<std::vector<Text>> entries = kit.GetIniSection(kSettingsSection, file);
-  if (!entries || entries->empty()) return false;
+  if (!entries) return false;
   ReplacedEntries replaced(dialog, map_count);
   for (std::size_t i = 0; i + 1 < entries->size(); ++i) {
     const Text& entry = (*entries)[i];

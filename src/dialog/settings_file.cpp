@@ -25,9 +25,7 @@ Text ValueToSave(frmrcBHDGS& dialog, const Option& option) {
   switch (option.kind) {
     case ui::ControlKind::kTextBox: {
       auto& box = dialog.Get<ui::TextBox>(option.key);
-      if (box.text().empty() && !option.blank_replacement.empty()) {
-        box.SetText(option.blank_replacement);
-      }
+      if (box.text().empty()) box.SetText(option.blank_replacement);
       return box.text();
     }
     case ui::ControlKind::kCheckBox:

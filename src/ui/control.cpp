@@ -110,7 +110,7 @@ bool Control::IsReachable() const noexcept {
   for (const Control* control = this; control != nullptr; control = control->container_) {
     if (!control->visible_ || !control->enabled_) return false;
   }
-  return form_.shown() && !form_.unloaded();
+  return form_.shown();  // which an unloaded one is not
 }
 
 void Control::Happened(const Fact& fact) noexcept {

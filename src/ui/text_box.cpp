@@ -43,9 +43,8 @@ Text TextBox::ApplyLimit(TextView before, TextView after, int max_length) {
   const TextView inserted = after.substr(prefix, after.size() - prefix - suffix);
   const std::size_t kept = prefix + suffix;
   std::size_t fitting = std::min(inserted.size(), limit > kept ? limit - kept : 0);
-  const bool splits_pair = fitting > 0 && fitting < inserted.size() &&
-                           IsHighSurrogate(inserted[fitting - 1]) &&
-                           IsLowSurrogate(inserted[fitting]);
+  const bool splits_pair =
+      fitting > 0 && IsHighSurrogate(inserted[fitting - 1]) && IsLowSurrogate(inserted[fitting]);
   if (splits_pair) --fitting;
   return Concat(
       {after.substr(0, prefix), inserted.substr(0, fitting), after.substr(after.size() - suffix)});

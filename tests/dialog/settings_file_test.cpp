@@ -241,16 +241,19 @@ TEST(SettingsFile, HostileFilesDoNoHarm) {
 }
 
 TEST(SettingsFile, ADialogThatIsClosedMeanwhileLeavesTheRotationAlone) {
-  FileActionsBench bench;
-  bench.Write(u"f.hsf", "[Settings]\r\nMap0=0[-]0[-]DMM_01A.BMS\r\nz=1\r\n");
-  bench.Show([&](frmrcBHDGS& dialog) {
-    bench.Select({kRoadRage});
-    bench.toolkit.while_file_dialog_open = [&](const auto&) { dialog.Unload(); };
-    bench.toolkit.AnswerNextFileDialog({InSettings(u"f.hsf")});
-    bench.person.Release(u"cmdLoad", ui::kRightButton);
-    EXPECT_EQ(bench.RotationFiles(), "DMK_01A.BMS ");
-  });
-  EXPECT_EQ(bench.Boxes(), Strings{});
+  for (const TextView button : {u"cmdLoad", u"cmdLoadMaps"}) {
+    FileActionsBench bench;
+    bench.Write(u"f", "[Settings]\r\nMap0=0[-]0[-]DMM_01A.BMS\r\n0[-]0[-]DMM_01A.BMS\r\n");
+    bench.Show([&](frmrcBHDGS& dialog) {
+      bench.Select({kRoadRage});
+      bench.toolkit.while_file_dialog_open = [&](const auto&) { dialog.Unload(); };
+      bench.toolkit.AnswerNextFileDialog({InSettings(u"f")});
+      if (button == u"cmdLoadMaps") bench.person.ClickTab(u"Map Settings");
+      bench.person.Release(button, ui::kRightButton);
+      EXPECT_EQ(bench.RotationFiles(), "DMK_01A.BMS ");
+    });
+    EXPECT_EQ(bench.Boxes(), Strings{});
+  }
 }
 
 }  // namespace

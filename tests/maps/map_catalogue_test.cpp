@@ -113,12 +113,15 @@ TEST(MapCatalogue, ServerMapsFollowTheCatalogueWithinAGameType) {
     lists.ForEachOfGameType(type, note);
   EXPECT_TRUE(rows.empty());
 
-  lists.server.AppendEntry(u"Odd <ODD.BMS>x");
-  try {
-    lists.ForEachOfGameType(0, note);
-    FAIL() << "a code that is no number must fail";
-  } catch (const RuntimeError& error) {
-    EXPECT_TRUE(error.Is(ErrorNumber::kTypeMismatch));
+  for (const TextView odd : {u"Odd <ODD.BMS>x", u"Odd <ODD.BMS>-"}) {
+    lists.server.Clear();
+    lists.server.AppendEntry(odd);
+    try {
+      lists.ForEachOfGameType(0, note);
+      FAIL() << "a code that is no number must fail";
+    } catch (const RuntimeError& error) {
+      EXPECT_TRUE(error.Is(ErrorNumber::kTypeMismatch));
+    }
   }
 }
 

@@ -107,6 +107,7 @@ TEST(RuntimeErrorTest, KnowsTheUsualWordingAndItsPlace) {
   EXPECT_EQ(own.description(), u"");
   const RuntimeError before = own;
   EXPECT_STREQ(own.what(), "6: ");
+  EXPECT_EQ(own.what(), own.what());
   own.AppendToDescription(u"caf\u00E9");
   EXPECT_STREQ(own.what(), "6: caf\xC3\xA9");
   EXPECT_EQ(before.description(), u"");

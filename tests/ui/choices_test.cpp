@@ -5,7 +5,12 @@
 #include "ui/check_box.h"
 #include "ui/combo_box.h"
 #include "ui/command_button.h"
+#include "ui/frame.h"
+#include "ui/image.h"
+#include "ui/label.h"
+#include "ui/list_box.h"
 #include "ui/tab_strip.h"
+#include "ui/text_box.h"
 
 namespace quill::ui {
 namespace {
@@ -61,7 +66,9 @@ TEST_F(ChoicesTest, ComboBoxRunsItsHandlerAtOnceOnEveryChoice) {
   }
   EXPECT_EQ(FailureOf([&] { combo.SetListIndex(4); }), 380);
   EXPECT_EQ(FailureOf([&] { combo.SetListIndex(-2); }), 380);
-  EXPECT_EQ(FailureOf([&] { static_cast<void>(combo.Item(4)); }), 5);
+  for (const int wrong : {-1, 4}) {
+    EXPECT_EQ(FailureOf([&] { static_cast<void>(combo.Item(wrong)); }), 5);
+  }
   EXPECT_EQ(combo.text(), u"Mod");
   EXPECT_EQ(FormBench::Seen(combo, u"text"), "Mod");
 
@@ -109,15 +116,25 @@ TEST_F(ChoicesTest, TabStripTakesTabsThatItHas) {
 TEST_F(ChoicesTest, ControlsIgnoreFactsOfOtherKinds) {
   auto& check = form.Add<CheckBox>(u"chk", nullptr);
   auto& button = form.Add<CommandButton>(u"cmd", nullptr);
+  form.Add<Frame>(u"fme", nullptr, u"");
+  form.Add<Label>(u"lbl", nullptr);
+  form.Add<Image>(u"img", nullptr);
+  form.Add<TextBox>(u"txt", nullptr, 5);
+  form.Add<ComboBox>(u"cbo", nullptr);
+  form.Add<TabStrip>(u"ts", nullptr, std::vector<Text>{u"One"});
+  form.Add<ListBox>(u"lst", nullptr, Selection::kExtended, ListHeight::kManyRows);
   check.on_click = [&] { ++clicks; };
   button.on_click = [&] { ++clicks; };
   bench.WhileShown([&] {
     const std::vector<Fact> facts = {TextEdited{u"x"}, ItemChosen{0}, RowsSelected{{0}, 0},
-                                     ScrolledTo{1},    TabChosen{1},  CloseAsked{}};
+                                     ScrolledTo{1},    TabChosen{1},  CloseAsked{},
+                                     MouseLost{},      TimePassed{}};
     for (const Fact& fact : facts) {
-      check.Happened(fact);
-      button.Happened(fact);
+      for (const auto& control : form.controls()) control->Happened(fact);
     }
+    form.Happened(MouseLost{});
+    EXPECT_TRUE(bench.unhandled.empty());
+    EXPECT_EQ(form.Get<TextBox>(u"txt").text(), u"x");
     EXPECT_EQ(clicks, 0);
     button.Happened(Clicked{});
     EXPECT_EQ(clicks, 1);

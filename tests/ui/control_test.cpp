@@ -30,6 +30,7 @@ TEST_F(ControlTest, StandsBeforeItsSiblingsWhenAddedMovedOrBroughtToTheFront) {
   auto& second = form.Add<Label>(u"lblSecond", nullptr);
   EXPECT_EQ(form.children(), (std::vector<Control*>{&frame, &first, &second}));
 
+  form.BringToFront();
   first.BringToFront();
   EXPECT_EQ(form.children(), (std::vector<Control*>{&frame, &second, &first}));
   EXPECT_EQ(Seen::Seen(first, u"order"), "2");
@@ -144,6 +145,9 @@ TEST_F(ControlTest, PutsANativeControlRightThatChangedWhileUnreachable) {
   box.Happened(TextEdited{u"kept, and more"});
   combo.Happened(ItemChosen{2});
   list.Happened(ScrolledTo{1});
+  list.Happened(KeyPressed{u'+'});
+  list.SetVisible(false);
+  list.Happened(ScrolledTo{2});
   EXPECT_EQ(box.text(), u"kept");
   EXPECT_EQ(Seen::Seen(box, u"text"), "kept");
   EXPECT_EQ(Seen::Seen(combo, u"index"), "-1");
@@ -231,6 +235,9 @@ TEST_F(ControlTest, SurvivesAHandlerThatReplacesItselfAndAReportThatFails) {
   form.on_unhandled = [](const RuntimeError&, TextView) { throw RuntimeError(2, u"again"); };
   bench.WhileShown([&] {
     check.Happened(Clicked{});
+    check.Happened(Clicked{});
+    check.on_click = [] { throw RuntimeError(1002, u"with nobody to tell"); };
+    form.on_unhandled = nullptr;
     check.Happened(Clicked{});
   });
   EXPECT_EQ(second, 1);

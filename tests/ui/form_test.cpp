@@ -28,6 +28,14 @@ TEST_F(FormTest, FindsControlsByNameInAnyCaseAndByKind) {
   EXPECT_EQ(&form.Get<TextBox>(u"TxtName"), &box);
   EXPECT_EQ(FailureOf([&] { static_cast<void>(form.Get<CheckBox>(u"txtName")); }), 13);
   EXPECT_EQ(FailureOf([&] { static_cast<void>(form.At(u"txtOther")); }), 730);
+
+  box.SetAccessKey(u'N');
+  EXPECT_EQ(form.FindAccessKey(u'n'), nullptr) << "it is not shown";
+  bench.WhileShown([&] {
+    EXPECT_EQ(form.FindAccessKey(u'n'), &box);
+    EXPECT_EQ(form.FindAccessKey(u'm'), nullptr);
+    EXPECT_EQ(form.FindAccessKey(0), nullptr);
+  });
 }
 
 TEST_F(FormTest, TakesNoNameTwiceAndNoForeignContainer) {
@@ -43,6 +51,7 @@ TEST_F(FormTest, TakesNoNameTwiceAndNoForeignContainer) {
 TEST_F(FormTest, MakesItsPeerWithTheFirstControlAndNoneForAFileDialog) {
   Strings calls;
   bench.toolkit.before_call = [&](TextView call) { calls.push_back(ToUtf8(call)); };
+  form.SetVisible(false);
   form.Add<FileDialog>(u"cdOne", nullptr);
   form.Add<Frame>(u"fme", nullptr, u"Frame");
   EXPECT_EQ(calls, (Strings{"MakePeer frmMain", "Sync frmMain", "MakePeer fme", "Sync fme"}));
@@ -83,7 +92,6 @@ TEST_F(FormTest, ShowsModallyUntilHiddenAndCanBeShownAgain) {
 }
 
 TEST_F(FormTest, EndsTheDisplayThatAFailingEventLeaves) {
-  form.Add<TextBox>(u"txt", nullptr);
   bench.toolkit.pump = []() -> bool { throw RuntimeError(1001, u"the host"); };
   EXPECT_EQ(FailureOf([&] { form.ShowModal(); }), 1001);
   EXPECT_FALSE(form.shown());
@@ -140,6 +148,10 @@ TEST_F(FormTest, UnloadsOnceInOrder) {
   EXPECT_EQ(order,
             (Strings{"unload, shown", "EndModal frmMain", "Sync frmMain", "unloaded, hidden"}));
   EXPECT_EQ(FailureOf([&] { form.ShowModal(); }), 91);
+
+  Form alone(bench.toolkit, u"frmAlone", u"", 100, 100);  // nobody else keeps it
+  alone.Unload();
+  EXPECT_TRUE(alone.unloaded());
 }
 
 TEST_F(FormTest, UnloadsAllTheWayWhenStepsFail) {

@@ -120,6 +120,11 @@ TEST_F(ImageButtonTest, OnlyTheExactStatePressesAndReleasingRestores) {
   }
   SetButtonState(form, u"CMDSTARTIMG", u"Down", kRoot);
   SetButtonState(form, u"mg", u"Down", kRoot);
+  // Parts of other kinds, and a face without a caption, are left alone.
+  form.Add<Label>(u"cmdOddImg", nullptr);
+  form.Add<Image>(u"cmdOdd", nullptr);
+  form.Add<Image>(u"Img", nullptr);
+  for (const TextView face : {u"cmdOddImg", u"Img"}) SetButtonState(form, face, u"Down", kRoot);
   EXPECT_EQ(Seen(u"cmdStart", u"left"), "1515") << "names are compared in their letter case";
   EXPECT_EQ(Seen(u"cmdStartImg", u"picture"), "C:\\Host\\imgs\\butup.gif");
 }

@@ -59,8 +59,17 @@ TEST_F(ListBoxTest, ChoosingRunsTheHandlerAndScrollsIntoView) {
   EXPECT_EQ(list.TopIndex(), 2);
   EXPECT_TRUE(list.IsSelected(2));
   EXPECT_EQ(Seen(u"selected"), "2");
-  list.SetSelected(2, false);
+  list.SetSelected(3, true);
+  list.SetSelected(1, false);
+  EXPECT_EQ(list.ListIndex(), 3);
+  list.SetSelected(3, false);
   EXPECT_EQ(list.ListIndex(), -1);
+  const int clicks_before = clicks;
+  bench.WhileShown([&] {
+    list.Happened(RowDoubleClicked{99});
+    list.Happened(RowsSelected{{}, -1});
+  });
+  EXPECT_EQ(clicks, clicks_before);
 }
 
 TEST_F(ListBoxTest, SingleRowListFollowsWhatIsScrolledIntoView) {
@@ -121,7 +130,8 @@ TEST_F(ListBoxTest, ExtendedSelectionTakesRowsThatExist) {
     EXPECT_EQ(list.ListIndex(), 1);
     EXPECT_TRUE(list.IsSelected(1));
   });
-  list.SetSelected(4, true);
+  for (const int row : {3, 4}) list.SetSelected(row, true);
+  list.SetSelected(3, false);
   list.SetListIndex(0);
   EXPECT_EQ(Seen(u"selected"), "1 4") << "the current row is not selected by code";
 

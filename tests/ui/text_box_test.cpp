@@ -33,6 +33,7 @@ TEST(TextBoxLimitTest, TakesOfAnEditWhatFits) {
       {u"abcdef", u"Xf", 3, u"Xf"},           //
       {u"ab", u"ab\xD83D\xDE00", 3, u"ab"},   // no half of a surrogate pair
       {u"ab", u"ab\xD83D\xDE00", 4, u"ab\xD83D\xDE00"},
+      {u"ab", u"ab\xD83Dx", 3, u"ab\xD83D"},  // what is no pair is not split
       {u"ab", u"abc", -5, u"abc"},
   };
   for (const Case& c : cases) {
