@@ -36,7 +36,11 @@ quill_wine_x86_way() {
 
 # quill_wine_prefix_ready ARCH
 quill_wine_prefix_ready() {
-  [ "$(cat "$QUILL_WINE_HOME/$1/.quillstart-version" 2>/dev/null)" = "$QUILL_WINE_PREFIX_VERSION" ]
+  [ "$(cat "$QUILL_WINE_HOME/$1/.quillstart-version" 2>/dev/null)" = "$QUILL_WINE_PREFIX_VERSION" ] || return
+  # Once 32-bit Wine is installed beside it, it starts all programs, and needs its half of a prefix
+  # that may have been made before.
+  [ ! -x /usr/lib/wine/wine ] || [ "$1" = x86 ] ||
+    [ -f "$QUILL_WINE_HOME/$1/drive_c/windows/syswow64/kernel32.dll" ]
 }
 
 # quill_wine_exec WAY PROGRAM ARGUMENT...: replaces the shell by a program of the Wine world, here
