@@ -35,7 +35,7 @@ std::vector<LeakWatch::Course> LeakWatch::Courses() const {
     const long after = (*std::min_element(middle, samples_.end(), is_less))[at];
     bool grew = after > before;
     if (resource == Resource::kHeapBlocks || resource == Resource::kHeapBytes) {
-      const long blocks = 10 + cycles_ / 25;
+      const long blocks = 10 + std::min(cycles_ / 25, 5);
       const long allowance = resource == Resource::kHeapBytes ? blocks * 800 : blocks;
       const bool rises = std::adjacent_find(middle, samples_.end(), is_not_less) == samples_.end();
       grew = grew && (rises || after - before > allowance);

@@ -18,7 +18,7 @@ class LeakWatch {
   // Per resource the least count of the first half after warming up, and of the second half: what
   // is taken in turns is seen at its lowest, what leaks goes up all the time. Of a heap, which the
   // system too makes use of now and then, only what rises from count to count to the end, or by
-  // more than ten blocks of 800 bytes and one in each 25th cycle, has grown.
+  // more than ten blocks of 800 bytes, and one in each 25th cycle up to five, has grown.
   struct Course {
     Resource resource;
     long before;
