@@ -31,7 +31,8 @@ click cmdRandomize
 push cmdStart
 expect payload maps = 1
 expect payload map 0 = "City Madness <DMM_01A.BMS> 0 False"
+# The row shows Road Rage still, but the map at its place goes.
+expect lstSelMaps row 0 = "Road Rage <DMK_01A.BMS>"
 double-click lstSelMaps 0
-expect lstSelMaps rows
-| City Madness <DMM_01A.BMS>
+expect lstSelMaps no rows
 host replies with 1

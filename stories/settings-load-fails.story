@@ -26,19 +26,19 @@ push cmdStart
 expect payload maps = 1
 expect payload map 0 = "Road Rage <DMK_01A.BMS> 0 False"
 
-# Removing a row that shows another map than the rotation holds drops nothing, and refreshes.
+# Removing takes the map at the row's place out of the rotation, whatever the row shows: here the
+# only one.
 select lstSelMaps 0
 key lstSelMaps -
-expect lstSelMaps rows
-| Road Rage <DMK_01A.BMS>
-expect lblMapCnt caption = "Number of Maps: 1"
+expect lstSelMaps no rows
+expect lblMapCnt caption = "Number of Maps: 0"
 
 # Adding after a failed load adds to what was read.
 answer "{root}\profiles\1\settings\half.hsf"
 double-click lstAvlMaps 5
 push cmdLoad
 expect trapped cmdLoad 380 "Invalid property value"
-expect lstSelMaps count = 2
+expect lstSelMaps count = 1
 double-click lstAvlMaps 6
 expect lstSelMaps rows
 | Road Rage <DMK_01A.BMS>

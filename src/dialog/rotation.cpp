@@ -34,16 +34,13 @@ void AddAvailableRow(frmrcBHDGS& dialog, int row) {
                         .server_map = server_map});
 }
 
-// Takes the maps shown by those rows of lstSelMaps out of the rotation. A row that shows another
-// map than the rotation holds at its place drops nothing: the operator never saw that map.
+// Takes the maps at the places of those rows of lstSelMaps out of the rotation, whatever the rows
+// show.
 template <class IsMarked>
 void DropSelectedRows(frmrcBHDGS& dialog, IsMarked&& is_marked) {
-  SelectedMapList& rotation = dialog.context().maps.selected;
-  std::vector<bool> dropped(rotation.Count());
-  for (int row = 0; row < rotation.Count() && row < dialog.lstSelMaps.Count(); ++row) {
-    dropped[row] = is_marked(row) && RowShowsRecord(dialog.lstSelMaps, rotation, row);
-  }
-  rotation.Remove(dropped);
+  std::vector<bool> dropped(dialog.lstSelMaps.Count());
+  for (int row = 0; row < dialog.lstSelMaps.Count(); ++row) dropped[row] = is_marked(row);
+  dialog.context().maps.selected.Remove(dropped);
 }
 
 void lstAvlMaps_DblClick(frmrcBHDGS& dialog) {

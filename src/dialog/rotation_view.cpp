@@ -19,12 +19,6 @@ void ShowCount(ui::ListBox& list, const MapLists& maps) {
 
 }  // namespace
 
-bool RowShowsRecord(const ui::ListBox& list, const SelectedMapList& rotation, int row) {
-  if (row < 0 || row >= list.Count() || row >= rotation.Count()) return false;
-  const SelectedMap& map = rotation.At(row + 1);
-  return list.Item(row) == Concat({map.name, u" <", map.file, u">"});
-}
-
 void frmrcBHDGS::SetMaps(std::int16_t Gametype) {
   Trapped(context_.reporter, u"SetMaps", [&](Line& at) {
     {
