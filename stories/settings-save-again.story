@@ -10,6 +10,7 @@ file "{root}\profiles\1\settings\old.hsf"
 | [Notes]
 | by=Anna
 file "{root}\profiles\1\settings\old.hsf.bak" = "an even older one"
+file "{root}\profiles\1\settings\old.hsf.bak2" = "an old one"
 host opens profile 1 target t
 host replies
 tab "Map Settings"
@@ -17,7 +18,9 @@ double-click lstAvlMaps 2
 answer "{root}\profiles\1\settings\old.hsf"
 push cmdSave
 expect box Success "Host Settings Saved Successfully."
-expect file "{root}\profiles\1\settings\old.hsf.bak"
+expect file "{root}\profiles\1\settings\old.hsf.bak" = "an even older one"
+expect file "{root}\profiles\1\settings\old.hsf.bak2" = "an old one"
+expect file "{root}\profiles\1\settings\old.hsf.bak3"
 | ; kept by hand
 | [Settings]
 | txtName=Old

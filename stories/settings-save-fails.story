@@ -36,4 +36,34 @@ push cmdSave
 expect box Success "Host Settings Saved Successfully."
 expect file "{root}\profiles\1\settings\b.hsf" contains "{crlf}txtBlue= {crlf}"
 expect file "{root}\profiles\1\settings\b.hsf" contains "{crlf}Map0=0[-]0[-]DMK_01A.BMS{crlf}"
+
+# A file that made way comes back when not even the first key is written: the kit refuses the line
+# break.
+file "{root}\profiles\1\settings\c.hsf" = "; mine{crlf}[Settings]{crlf}txtName=Old{crlf}Map9=0[-]0[-]DMM_01A.BMS{crlf}"
+reply "Host Message" = "two{crlf}lines"
+host replies
+answer "{root}\profiles\1\settings\c.hsf"
+push cmdSave
+expect trapped cmdSave 5 "The value {quote}two{crlf}lines{quote} cannot be stored: it has a line break in it"
+expect file "{root}\profiles\1\settings\c.hsf" = "; mine{crlf}[Settings]{crlf}txtName=Old{crlf}Map9=0[-]0[-]DMM_01A.BMS{crlf}"
+expect file "{root}\profiles\1\settings\c.hsf.bak" missing
+
+# After the first key it stays beside what is written, and no later save replaces it.
+reply "Host Message" = "one line"
+reply "Blue Password" = "two{crlf}lines"
+host replies
+answer "{root}\profiles\1\settings\c.hsf"
+push cmdSave
+expect trapped cmdSave 5 "The value {quote}two{crlf}lines{quote} cannot be stored: it has a line break in it"
+expect file "{root}\profiles\1\settings\c.hsf" contains "txtMessage=one line{crlf}"
+expect file "{root}\profiles\1\settings\c.hsf" lacks mine
+expect file "{root}\profiles\1\settings\c.hsf.bak" contains "; mine{crlf}"
+
+# A kit that fails while the old file is looked at fails the save, before anything is touched.
+kit ParseIniKey fails 57 "Device I/O error"
+answer "{root}\profiles\1\settings\c.hsf.bak"
+push cmdSave
+expect trapped cmdSave 57 "Device I/O error"
+expect file "{root}\profiles\1\settings\c.hsf.bak" contains "; mine{crlf}"
+expect file "{root}\profiles\1\settings\c.hsf.bak.bak" missing
 push cmdCancel

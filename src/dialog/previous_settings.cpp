@@ -1,14 +1,20 @@
 // Telling what of a settings file a save would leave in force.
 #include "dialog/previous_settings.h"
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
 #include "dialog/frmrcBHDGS.h"
 #include "dialog/option_table.h"
+#include "support/number_text.h"
 
 namespace quill {
 namespace {
+
+Text MapKey(std::int32_t number) {
+  return Concat({kMapKey, Decimal(number)});
+}
 
 // Follows the entries in file order: which of them the keys to be written replace.
 class ReplacedEntries {
@@ -16,40 +22,44 @@ class ReplacedEntries {
   ReplacedEntries(const frmrcBHDGS& dialog, int map_count)
       : dialog_(dialog), map_count_(map_count), options_(Options().size()) {}
 
-  // True when the next entry is replaced in its place, or means nothing to a load.
+  // True when the next entry is replaced in its place, or changes nothing that was saved.
   bool Take(TextView entry, TextView key) {
     if (entry.starts_with(kMapKey)) return TakeMap(key);
-    return !IsMapInOtherLetters(key) && TakeControl(key);
+    return !IsWrittenInOtherLetters(key) && TakeControl(key);
   }
 
  private:
   // Missing maps are added at the end, so those there must be the first ones in their order; and
   // the mod that they are looked up with must come before them.
-  bool TakeMap(TextView key) {
-    if (!mod_seen_ || maps_ == map_count_) return false;
-    return key == Concat({kMapKey, Decimal(maps_++)});
-  }
+  bool TakeMap(TextView key) { return mod_seen_ && maps_ < map_count_ && key == MapKey(maps_++); }
 
-  // It means nothing to a load, but a map may be written in its place, which is then not where maps
-  // belong, or in its letters.
-  static bool IsMapInOtherLetters(TextView key) {
-    constexpr TextView kDigits = u"0123456789";
-    return key.size() > kMapKey.size() &&
-           EqualIgnoringCase(key.substr(0, kMapKey.size()), kMapKey) &&
-           key.find_first_not_of(kDigits, kMapKey.size()) == TextView::npos;
+  // A kit may write a map in the place of such a key, which is then not where maps belong, or keep
+  // its letters, in which a load finds no map.
+  [[nodiscard]] bool IsWrittenInOtherLetters(TextView key) const {
+    constexpr std::size_t kMostDigits = 9;
+    const TextView digits = key.substr(std::min(kMapKey.size(), key.size()));
+    if (digits.empty() || digits.size() > kMostDigits ||
+        digits.find_first_not_of(u"0123456789") != TextView::npos) {
+      return false;
+    }
+    const std::int32_t number = ToInt32(digits);
+    return number < map_count_ && EqualIgnoringCase(key, MapKey(number));
   }
 
   bool TakeControl(TextView key) {
     const ui::Control* control = dialog_.Find(ControlNameOf(key));
     if (control == nullptr) return true;
-    for (std::size_t i = 0; i < options_.size(); ++i) {
-      if (!EqualIgnoringCase(Options()[i].key, key)) continue;
-      if (Options()[i].kind == ui::ControlKind::kComboBox) mod_seen_ = true;
-      const bool first = !options_[i];
-      options_[i] = true;
-      return first;
-    }
-    return false;
+    const auto options = Options();
+    const auto option = std::find_if(options.begin(), options.end(), [&](const Option& each) {
+      return each.key == control->name();
+    });
+    // A list that is no option may refuse its value, which ends a load.
+    if (option == options.end()) return control->kind() != ui::ControlKind::kListBox;
+    if (option->kind == ui::ControlKind::kComboBox) mod_seen_ = true;
+    auto seen = options_.begin() + (option - options.begin());
+    const bool is_first = !*seen;
+    *seen = true;
+    return is_first && EqualIgnoringCase(option->key, key);
   }
 
   const frmrcBHDGS& dialog_;
@@ -61,10 +71,6 @@ class ReplacedEntries {
 
 }  // namespace
 
-Text PreviousVersionName(TextView file) {
-  return Concat({file, u".bak"});
-}
-
 TextView ControlNameOf(TextView key) {
   return key.substr(0, key.find(u'.'));
 }
@@ -72,17 +78,11 @@ TextView ControlNameOf(TextView key) {
 bool WouldOutliveSaving(const frmrcBHDGS& dialog, TextView file, int map_count) {
   FileKit& kit = *dialog.context().file_kit;
   const std::optional<std::vector<Text>> entries = kit.GetIniSection(kSettingsSection, file);
-  if (!entries) return false;
+  if (!entries || entries->empty()) return false;
   ReplacedEntries replaced(dialog, map_count);
-  for (std::size_t i = 0; i + 1 < entries->size(); ++i) {
-    const Text& entry = (*entries)[i];
-    try {
-      if (!replaced.Take(entry, kit.ParseIniKey(entry).key)) return true;
-    } catch (const RuntimeError&) {
-      return true;
-    }
-  }
-  return false;
+  return !std::all_of(entries->begin(), entries->end() - 1, [&](const Text& entry) {
+    return replaced.Take(entry, kit.ParseIniKey(entry).key);
+  });
 }
 
 }  // namespace quill

@@ -42,14 +42,25 @@ void WriteOption(frmrcBHDGS& dialog, const Option& option, TextView file) {
                                          file);
 }
 
-void TellResult(DialogContext& context, TextView file) {
-  if (!context.files.FileExists(file)) {
-    context.reporter.Show(MessageKind::kFailed, u"Failed to Save Host Settings!.");
-  } else if (context.files.FileSize(file) == 0) {
-    context.reporter.Show(MessageKind::kFailed, u"Failed to Write Data to Host Settings File!.");
-  } else {
-    context.reporter.Show(MessageKind::kSuccess, u"Host Settings Saved Successfully.");
+// Where a file goes that is set aside. What was set aside before is never replaced: it may be the
+// last whole version, and `file` what a save left that broke off.
+Text FreeBackupName(FileSystem& files, TextView file) {
+  Text name = Concat({file, u".bak"});
+  for (int n = 2; files.FileExists(name); ++n) name = Concat({file, u".bak", Decimal(n)});
+  return name;
+}
+
+struct Notice {
+  MessageKind kind;
+  TextView text;
+};
+
+Notice ResultOf(FileSystem& files, TextView file) {
+  if (!files.FileExists(file)) return {MessageKind::kFailed, u"Failed to Save Host Settings!."};
+  if (files.FileSize(file) == 0) {
+    return {MessageKind::kFailed, u"Failed to Write Data to Host Settings File!."};
   }
+  return {MessageKind::kSuccess, u"Host Settings Saved Successfully."};
 }
 
 // Of the items with this text the first is chosen; a text that is no item changes nothing.
@@ -92,10 +103,15 @@ void TakeMap(MapLists& maps, TextView value, Text& missing) {
 void SaveSettings(frmrcBHDGS& dialog) {
   DialogContext& context = dialog.context();
   int map_being_read = kNoMap;
+  Text file;
+  Text set_aside;  // the name that the former file has now, if it made way
+  bool begun = false;
+  const auto bring_back = [&] {
+    if (!set_aside.empty()) context.files.RenameFile(set_aside, file);
+  };
   Trapped(
       context.reporter, u"cmdSave",
       [&](Line& at) {
-        Text file;
         at(), MakeSettingsFolders(context);
         at(), file = AskForFileToSave(dialog, u"Save Host Settings", kFilter);
         if (file.empty()) return;
@@ -104,9 +120,16 @@ void SaveSettings(frmrcBHDGS& dialog) {
         bool outlives = false;
         at(), outlives =
                   context.files.FileExists(file) && WouldOutliveSaving(dialog, file, map_count);
-        if (outlives) at(), context.files.RenameFile(file, PreviousVersionName(file));
-
-        for (const Option& option : Options()) at(), WriteOption(dialog, option, file);
+        if (outlives) {
+          Text name;
+          at(), name = FreeBackupName(context.files, file);
+          at(), context.files.RenameFile(file, name);
+          set_aside = std::move(name);
+        }
+        for (const Option& option : Options()) {
+          at(), WriteOption(dialog, option, file);
+          begun = true;
+        }
         for (int n = 0; n < map_count; ++n) {
           Text value;
           map_being_read = n;
@@ -115,9 +138,13 @@ void SaveSettings(frmrcBHDGS& dialog) {
           at(), context.file_kit->WriteIniKey(kSettingsSection, Concat({kMapKey, Decimal(n)}),
                                               value, file);
         }
-        at(), TellResult(context, file);
+        Notice result{};
+        at(), result = ResultOf(context.files, file);
+        if (result.kind == MessageKind::kFailed) at(), bring_back();
+        at(), context.reporter.Show(result.kind, result.text);
       },
       [&](RuntimeError& error) {
+        if (!begun || ResultOf(context.files, file).kind == MessageKind::kFailed) bring_back();
         if (map_being_read == kNoMap || !error.Is(ErrorNumber::kInvalidProcedureCall)) return;
         error.AppendToDescription(Concat({u" [", Decimal(map_being_read), u"]"}));
       });
