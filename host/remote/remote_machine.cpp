@@ -113,7 +113,9 @@ std::optional<Text> RemoteMachine::TakeReply() {
     if (pending->command != nullptr) {
       const std::optional<bool> outcome = pending->command->Outcome();
       if (!outcome) continue;
-      if (!*outcome) reply = kFailure;
+      // A text moved, not a constant assigned: GCC 12 takes the latter's one character for a copy
+      // that overlaps itself (GCC bug 105329) and warns.
+      if (!*outcome) reply = Text(kFailure);
       parts_.tell(Concat(
           {u"remote: the command ", *outcome ? u"ended well" : u"failed", u", answering ", reply}));
     }
