@@ -1,10 +1,12 @@
 #!/bin/bash
 # Installs what is missing, builds, and measures. See --help.
-set -uo pipefail
+set -euo pipefail
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)"
 cd "$root" || exit 1
 . cmake/setup/packages.sh
 . cmake/setup/steps.sh
+# A build for use: no warning ends it.
+export QUILL_WARNINGS=shown
 
 usage() {
   cat <<'HELP'
@@ -23,7 +25,7 @@ while [ $# -gt 0 ]; do
     --native) mode=native ;;
     --help|-h) usage; exit 0 ;;
     --) shift; break ;;
-    *) echo "bench.sh: there is no option $1; see ./bench.sh --help" >&2; exit 2 ;;
+    *) bad_usage "there is no option $1" ;;
   esac
   shift
 done
@@ -48,12 +50,11 @@ if [ "$mode" = all ]; then
   build x64 dialog_speed
   done_in
   begin "measuring it under Wine"
-  log="$(mktemp)"
-  trap 'rm -f "$log"' EXIT
-  cmake/wine/run build/x64/bench/win32/dialog_speed.exe | tr -d '\r' | tee "$log"
   # A program that Wine cannot start says nothing and returns 0.
-  grep -qx "measured" "$log" || give_up "the measuring under Wine" "read its words above"
-  grep -v -x "measured" "$log" >build/bench-wine.txt
+  cmake/wine/run build/x64/bench/win32/dialog_speed.exe | tr -d '\r' | tee build/bench-wine.log &&
+    grep -qx "measured" build/bench-wine.log ||
+    give_up "the measuring under Wine" "read the lines above"
+  grep -v -x "measured" build/bench-wine.log >build/bench-wine.txt
   also=(--also build/bench-wine.txt)
   done_in
 fi
@@ -62,4 +63,5 @@ begin "building the benchmarks"
 build bench bench_quill
 done_in
 begin "measuring"
-build/bench/bench/bench_quill "${also[@]}" "$@"
+build/bench/bench/bench_quill "${also[@]}" "$@" ||
+  give_up "a figure is not reached, or cannot be had" "read the lines above"

@@ -1,9 +1,22 @@
 # shellcheck shell=bash disable=SC2154
-# Sourced by ./run and ./test: numbered steps, building a preset, and failures that say what to do.
-# Expects $root, and $steps, the number of steps to come.
+# Sourced by ./run, ./test, ./package, ./bench.sh and .ci/run: numbered steps, building a preset, and
+# failures that say what to do. Expects $root, and $steps, the number of steps to come.
 
 step=0
 step_start=0
+failure=
+
+# The last line of every failed run. What fails writes to the same place as everything else, so that
+# this line is the last one in a pipe and a log too.
+exec 2>&1
+say_failure() {
+  local code=$?
+  [ "$code" = 0 ] || printf '\nFAILED: %s\n' "${failure:-${0##*/} ended early, with exit code $code}"
+}
+trap say_failure EXIT
+trap 'exit 129' HUP
+trap 'exit 130' INT
+trap 'exit 143' TERM
 
 # begin TEXT: "[2/6] building debug ...".
 begin() {
@@ -18,13 +31,17 @@ done_in() {
   [ "$took" -lt 5 ] || echo "      took $took s"
 }
 
-# give_up WHAT, THEN: the last two lines of a failed run.
+# give_up WHAT, THEN: ends the run.
 give_up() {
-  echo
-  echo "FAILED: $1"
-  echo "What to do: $2"
+  failure="$1. What to do: $2"
   exit 1
-} >&2
+}
+
+# bad_usage WHAT: ends a run that was started with wrong arguments.
+bad_usage() {
+  failure="$*; see $0 --help"
+  exit 2
+}
 
 # cannot REASON: something this machine cannot do. Elsewhere the rest still runs; a build server
 # that silently did less would be worth nothing.
@@ -40,7 +57,7 @@ configure() {
   local log="$root/build/$1-configure.log"
   mkdir -p "$root/build"
   if ! cmake --preset "$1" >"$log" 2>&1; then
-    tail -n 30 "$log" >&2
+    tail -n 30 "$log"
     give_up "the $1 build cannot be configured" \
       "read the lines above; if the folder was moved or copied, remove build/$1 and try again"
   fi
@@ -53,7 +70,7 @@ build() {
   [ $# -eq 0 ] || target=(--target "$@")
   configure "$preset"
   cmake --build --preset "$preset" "${target[@]}" ||
-    give_up "the $preset build" "mend what the compiler says above; again: cmake --build --preset $preset"
+    give_up "the $preset build" "fix what is named above; again: cmake --build --preset $preset"
 }
 
 # install_or_give_up JOB...
