@@ -63,5 +63,9 @@ begin "building the benchmarks"
 build bench bench_quill
 done_in
 begin "measuring"
-build/bench/bench/bench_quill "${also[@]}" "$@" ||
+<<<<<<< Updated upstream
+build/release/bench/bench_quill "${also[@]}" "$@" ||
+=======
+build/release/bench/bench_quill "${also[@]}" "$@" ||
+>>>>>>> Stashed changes
   give_up "a figure is not reached, or cannot be had" "read the lines above"
