@@ -63,9 +63,5 @@ begin "building the benchmarks"
 build bench bench_quill
 done_in
 begin "measuring"
-<<<<<<< Updated upstream
 build/release/bench/bench_quill "${also[@]}" "$@" ||
-=======
-build/release/bench/bench_quill "${also[@]}" "$@" ||
->>>>>>> Stashed changes
   give_up "a figure is not reached, or cannot be had" "read the lines above"
