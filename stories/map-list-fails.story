@@ -5,7 +5,7 @@ host replies
 tab "Map Settings"
 select lstAvlMaps 3 4
 key lstAvlMaps +
-answer "{root}\profiles\1\settings\gone.mpl"
+answer "{root}\profiles\1\settings\gone"
 push cmdLoadMaps
 expect trapped cmdLoadMaps 53 "File not found [{root}\profiles\1\settings\gone.mpl]"
 expect frmrcBHDGS enabled = true

@@ -45,7 +45,7 @@ answer cancel
 push cmdLoadMaps
 expect lstSelMaps count = 4
 file "{root}\profiles\1\settings\nothing.mpl" = ""
-answer "{root}\profiles\1\settings\nothing.mpl"
+answer "{root}\profiles\1\settings\nothing"
 push cmdLoadMaps
 expect lstSelMaps no rows
 expect lblMapCnt caption = "Number of Maps: 0"

@@ -91,4 +91,20 @@ push cmdLoad
 expect cboMods text = "Team Sabre"
 expect txtName text = Third
 expect no box
+
+# A name typed without an extension means the file of that very name, then that of "NAME.hsf".
+answer "{root}\profiles\1\settings\night"
+push cmdLoad
+expect box kvrrcBHDGS
+| The following map files do not appear to exist:{u+20}
+|
+| NOSUCH.BMS
+| DMK_01A.BMS
+| XDM.BMS
+|
+expect txtName text = Night
+file "{root}\profiles\1\settings\night" = "[Settings]{crlf}txtName=Bare{crlf}txtPort=1{crlf}"
+answer "{root}\profiles\1\settings\night"
+push cmdLoad
+expect txtName text = Bare
 push cmdCancel

@@ -73,12 +73,14 @@ push cmdCancel
 host opens profile 4 target abc
 tab "Misc Options"
 paste txtPort ""
-answer "{root}\profiles\4\settings\plain.hsf"
+# A name typed without an extension gets ".hsf".
+answer "{root}\profiles\4\settings\plain"
 push cmdSave
 expect box Success "Host Settings Saved Successfully."
 expect file "{root}\profiles\4\settings\plain.hsf" contains "lstMax=-1{crlf}"
 expect file "{root}\profiles\4\settings\plain.hsf" contains "txtPort={crlf}"
 expect file "{root}\profiles\4\settings\plain.hsf" contains "cboMods={crlf}"
 expect file "{root}\profiles\4\settings\plain.hsf" lacks Map
+expect file "{root}\profiles\4\settings\plain" missing
 expect txtPort text = ""
 push cmdCancel

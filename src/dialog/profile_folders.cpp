@@ -1,6 +1,8 @@
 // Building the folders, and what the file dialog is told.
 #include "dialog/profile_folders.h"
 
+#include <utility>
+
 #include "dialog/frmrcBHDGS.h"
 
 namespace quill {
@@ -33,6 +35,13 @@ ui::FileDialog& Prepare(frmrcBHDGS& dialog, TextView title, TextView filter) {
   return question;
 }
 
+// A name without an extension means one with that of the filter's pattern.
+Text WithExtension(Text path, TextView filter) {
+  const std::size_t name = path.find_last_of(u"\\/:") + 1;
+  if (path.find(u'.', name) == Text::npos) path += filter.substr(filter.rfind(u'*') + 1);
+  return path;
+}
+
 }  // namespace
 
 Text SettingsFolder(const DialogContext& context) {
@@ -47,11 +56,14 @@ void MakeSettingsFolders(DialogContext& context) {
 }
 
 Text AskForFileToOpen(frmrcBHDGS& dialog, TextView title, TextView filter) {
-  return Prepare(dialog, title, filter).ShowOpen();
+  Text file = Prepare(dialog, title, filter).ShowOpen();
+  if (file.empty() || dialog.context().files.FileExists(file)) return file;
+  return WithExtension(std::move(file), filter);
 }
 
 Text AskForFileToSave(frmrcBHDGS& dialog, TextView title, TextView filter) {
-  return Prepare(dialog, title, filter).ShowSave();
+  Text file = Prepare(dialog, title, filter).ShowSave();
+  return file.empty() ? file : WithExtension(std::move(file), filter);
 }
 
 }  // namespace quill

@@ -17,7 +17,9 @@ struct DialogContext;
 void MakeSettingsFolders(DialogContext& context);
 
 // Asks the operator for a file, beginning in the settings folder. `filter` is description|pattern.
-// The full path, of the first should several be picked; empty on cancel.
+// The full path, of the first should several be picked; empty on cancel. A name without an
+// extension gets the pattern's: always to save, and to open unless there is a file of the bare
+// name. The system does not do that by itself.
 [[nodiscard]] Text AskForFileToOpen(frmrcBHDGS& dialog, TextView title, TextView filter);
 [[nodiscard]] Text AskForFileToSave(frmrcBHDGS& dialog, TextView title, TextView filter);
 

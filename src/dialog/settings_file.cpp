@@ -114,7 +114,7 @@ void SaveSettings(frmrcBHDGS& dialog) {
       [&](Line& at) {
         at(), MakeSettingsFolders(context);
         at(), file = AskForFileToSave(dialog, u"Save Host Settings", kFilter);
-        if (file.empty()) return;
+        if (file.empty() || dialog.unloaded()) return;
 
         const int map_count = dialog.lstSelMaps.Count();
         bool outlives = false;

@@ -249,8 +249,8 @@ TEST(SettingsFile, HostileFilesDoNoHarm) {
   EXPECT_EQ(bench.Boxes().back(), kSaved);
 }
 
-TEST(SettingsFile, ADialogThatIsClosedMeanwhileLeavesTheRotationAlone) {
-  for (const TextView button : {u"cmdLoad", u"cmdLoadMaps"}) {
+TEST(SettingsFile, ADialogThatIsClosedMeanwhileDoesNothing) {
+  for (const TextView button : {u"cmdSave", u"cmdLoad", u"cmdLoadMaps"}) {
     FileActionsBench bench;
     bench.Write(u"f", "[Settings]\r\nMap0=0[-]0[-]DMM_01A.BMS\r\n0[-]0[-]DMM_01A.BMS\r\n");
     bench.Show([&](frmrcBHDGS& dialog) {
@@ -261,6 +261,7 @@ TEST(SettingsFile, ADialogThatIsClosedMeanwhileLeavesTheRotationAlone) {
       bench.person.Release(button, ui::kRightButton);
       EXPECT_EQ(bench.RotationFiles(), "DMK_01A.BMS ");
     });
+    EXPECT_FALSE(bench.memory.FileExists(InSettings(u"f.hsf")));
     EXPECT_EQ(bench.Boxes(), Strings{});
   }
 }
