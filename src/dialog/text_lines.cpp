@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <span>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -26,6 +27,7 @@ void TextLines::ReadMark() {
   }
   const std::string_view begin(buffer_.data(), end_);
   if (begin.starts_with("\xEF\xBB\xBF")) {
+    form_ = Form::kUtf8;
     at_ = 3;
   } else if (begin.starts_with("\xFF\xFE")) {
     form_ = Form::kLowByteFirst;
@@ -55,6 +57,8 @@ char16_t TextLines::Unit() const noexcept {
       return static_cast<char16_t>(byte(0) | byte(1) << 8);
     case Form::kHighByteFirst:
       return static_cast<char16_t>(byte(0) << 8 | byte(1));
+    case Form::kUtf8:
+      return byte(0);
     default:
       return code_page_.ToUnit(byte(0));
   }
@@ -73,6 +77,12 @@ bool TextLines::TakeUntilReturn(Text& line) {
 }
 
 bool TextLines::Next(Text& line) {
+  const bool is_line = TakeLine(line);
+  if (form_ == Form::kUtf8) line = FromUtf8(std::string(line.begin(), line.end()));
+  return is_line;
+}
+
+bool TextLines::TakeLine(Text& line) {
   line.clear();
   while (!HoldsUnit() && Fill()) {
   }

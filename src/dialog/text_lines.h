@@ -1,8 +1,9 @@
 // A text file of bytes as a sequence of lines, read piece by piece.
 //
 // A carriage return ends a line, and a line feed right behind it belongs to it; a lone line feed is
-// part of its line. A last line needs no end. Bytes are characters of the code page; a byte-order
-// mark is no part of the text, and behind one for 16-bit characters the file is read as such.
+// part of its line. A last line needs no end. Bytes are characters of the code page, unless the
+// file begins with a byte-order mark: behind it, it is read as UTF-8 or UTF-16. Bytes that are no
+// UTF-8 become the replacement character.
 #pragma once
 
 #include <cstddef>
@@ -25,14 +26,18 @@ class TextLines {
   bool Next(Text& line);
 
  private:
-  enum class Form : std::uint8_t { kBytes, kLowByteFirst, kHighByteFirst };
+  enum class Form : std::uint8_t { kBytes, kUtf8, kLowByteFirst, kHighByteFirst };
 
   void ReadMark();
+  // The next line; of UTF-8 the bytes, each as a unit.
+  bool TakeLine(Text& line);
   // Fills the buffer again; false at the end of the file.
   bool Fill();
   // Moves units from the buffer to the line, up to a carriage return; true when one was there.
   bool TakeUntilReturn(Text& line);
-  [[nodiscard]] std::size_t UnitSize() const noexcept { return form_ == Form::kBytes ? 1 : 2; }
+  [[nodiscard]] std::size_t UnitSize() const noexcept {
+    return form_ < Form::kLowByteFirst ? 1 : 2;
+  }
   // At `at_`, where a whole unit is.
   [[nodiscard]] char16_t Unit() const noexcept;
   [[nodiscard]] bool HoldsUnit() const noexcept { return end_ - at_ >= UnitSize(); }

@@ -50,7 +50,12 @@ TEST(MapListFile, ACarriageReturnEndsALineAndALoneLineFeedDoesNot) {
   EXPECT_EQ(bench.Boxes(), Strings{});
   // Each byte is a character of the code page.
   bench.context.maps.server.AppendEntry(u"Stra\u00DFe <\u20AC\u00FF.BMS>0");
-  EXPECT_EQ(Loaded(bench, "0[-]1[-]\x80\xFF.BMS"), ToUtf8(u"\u20AC\u00FF.BMS "));
+  const std::string name = ToUtf8(u"\u20AC\u00FF.BMS ");
+  EXPECT_EQ(Loaded(bench, "0[-]1[-]\x80\xFF.BMS"), name);
+  // Behind its mark the file is UTF-8, valid or not.
+  EXPECT_EQ(Loaded(bench, "\xEF\xBB\xBF" + ("0[-]1[-]" + name)), name);
+  EXPECT_EQ(Loaded(bench, "\xEF\xBB\xBF\xC3\r\n0[-]1[-]\x80\xFF.BMS\r\n" + a + "\r\xF0\x9F"),
+            "DMK_01A.BMS ");
 }
 
 TEST(MapListFile, ALineEndMayLieAnywhereInALongFile) {
