@@ -18,13 +18,24 @@ namespace {
 using Kind = AccountLine::Kind;
 
 constexpr TextView kTrapLabel = u"cmdLoad";
-constexpr std::array<TextView, 3> kStates = {u"off", u"on", u"greyed, counts as on"};
+constexpr std::int32_t kGreyed = 2;
+constexpr std::array<TextView, 2> kStates = {u"off", u"on"};
 
 const Option* FindOption(const ui::Control& control) {
   for (const Option& option : Options()) {
     if (option.key == control.name()) return &option;
   }
   return nullptr;
+}
+
+// What a start makes of a check box. A flag is added at one state only; of the others each is sent
+// as it stands, but for that of looping, which is switched on first.
+TextView StateName(const Option& option, std::int32_t state) {
+  if (state != kGreyed) return kStates.at(static_cast<std::size_t>(state));
+  if (option.flag.bit != 0 ? option.flag.added_at == 0 : option.key == u"chkLoop") {
+    return u"greyed, counts as on";
+  }
+  return option.flag.bit != 0 ? u"greyed, counts as off" : u"greyed, sent as 2";
 }
 
 // What an entry did is seen when the next one is taken or loading has ended.
@@ -113,7 +124,7 @@ class SettingsWatch {
       }
     } else if (auto* check_box = dynamic_cast<ui::CheckBox*>(&control)) {
       shown = Decimal(check_box->value());
-      remark = kStates.at(static_cast<std::size_t>(check_box->value()));
+      remark = StateName(*FindOption(control), check_box->value());
     } else if (auto* list_box = dynamic_cast<ui::ListBox*>(&control)) {
       shown = Decimal(list_box->ListIndex());
       remark = list_box->ListIndex() < 0 ? TextView(u"none chosen")

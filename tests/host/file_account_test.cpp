@@ -277,6 +277,12 @@ TEST(FileAccount, TellsWhatEachEntryOfASettingsFileDoes) {
 
   EXPECT_TRUE(Has(Told(FileKind::kSettings, "[Settings]\ntxtName=Alone\n"),
                   "2 LEFT OUT \"txtName=Alone\": a single entry is not read\n"));
+  EXPECT_TRUE(
+      Has(Told(FileKind::kSettings, "[Settings]\nchkLoop=2\nchkTeam=2\nchkClays=2\nchkNova=2\n"),
+          "2 sets chkLoop to 2, that is \"greyed, counts as on\"\n"
+          "3 sets chkTeam to 2, that is \"greyed, counts as on\"\n"
+          "4 sets chkClays to 2, that is \"greyed, counts as off\"\n"
+          "5 sets chkNova to 2, that is \"greyed, sent as 2\"\n"));
   EXPECT_TRUE(Has(Told(FileKind::kSettings, ""),
                   "0 LEFT OUT \"everything\": there is no section [Settings]\n"));
 }
@@ -310,6 +316,10 @@ TEST(FileAccount, TellsWhyAMapIsNotFound) {
   const std::string told = Told(FileKind::kMapList, kLines, machine);
   EXPECT_TRUE(Has(told, "9 selects Hill <XK.BMS> (Deathmatch, the machine's own)\n"));
   EXPECT_TRUE(Has(told, "7 selects Crude City Conflict <DMR_01A.BMS> (Deathmatch)\n"));
+  EXPECT_EQ(Told(FileKind::kMapList, "00[-]0[-]DMK_01A.BMS\r00[-]1[-]XK.BMS", machine),
+            "1 MISSING map \"DMK_01A.BMS\": its game type is written 0\n"
+            "2 MISSING map \"XK.BMS\": its game type is written 0\n"
+            "0 maps selected from the Team Sabre catalogue (mod \"Team Sabre\"), 2 left out\n");
   machine.machine.maps.clear();
   EXPECT_TRUE(Has(Told(FileKind::kMapList, kLines, machine),
                   "9 MISSING map \"XK.BMS\": the machine has no such map of that game type\n"));
