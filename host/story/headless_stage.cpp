@@ -87,6 +87,7 @@ class HeadlessStage final : public Stage {
   void SetClock(std::uint64_t ticks) override { host_.clock.Set(ticks); }
   void Wait(int seconds) override {
     host_.clock.Advance(static_cast<std::uint64_t>(seconds) * 1000);
+    host_.person.now += static_cast<std::uint32_t>(seconds) * 1000;
     Checked([&] { host_.person.LetTimerRun(); });
   }
 
@@ -156,6 +157,13 @@ class HeadlessStage final : public Stage {
   void Release(const Text& control, Button button) override {
     Checked([&] { host_.person.Release(control, static_cast<std::int16_t>(button)); });
   }
+  void Strike(const Text& control, ui::KeyStroke stroke) override {
+    Checked([&] { host_.person.Strike(control, stroke); });
+  }
+  void ChooseFromMenu(const Text& control, int row, const Text& item) override {
+    Checked([&] { host_.person.ChooseFromMenu(control, row, item); });
+  }
+  [[nodiscard]] std::vector<Text> LastMenu() override { return host_.toolkit.menu(); }
   void PressAccessKey(char16_t key) override {
     Checked([&] { host_.person.PressAccessKey(key); });
   }

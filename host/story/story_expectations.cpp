@@ -171,6 +171,8 @@ void StoryExpectations::Check(const Step& step) {
       return CheckEqual(words[0], stage_.DllVersion());
     case StepKind::kExpectRecord:
       return CheckEqual(words[1], stage_.PluginField(words[0]));
+    case StepKind::kExpectMenu:
+      return CheckEqual(Joined(step.block), Joined(stage_.LastMenu()));
     case StepKind::kExpectNoRows:
     case StepKind::kExpectRows:
     case StepKind::kExpectRowsInAnyOrder:

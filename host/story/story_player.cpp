@@ -54,6 +54,47 @@ Button ButtonOf(TextView name) {
   return name == u"middle" ? Button::kMiddle : Button::kLeft;
 }
 
+// "Alt+Home", "Ctrl+Z", "Del".
+ui::KeyStroke StrokeOf(TextView name) {
+  struct Named {
+    TextView name;
+    ui::KeyStroke stroke;
+  };
+  constexpr Named kKeys[] = {{u"Up", {ui::kUpKey}},
+                             {u"Down", {ui::kDownKey}},
+                             {u"Home", {ui::kHomeKey}},
+                             {u"End", {ui::kEndKey}},
+                             {u"Del", {ui::kDeleteKey}}};
+  if (name.starts_with(u"Alt+")) {
+    ui::KeyStroke inner = StrokeOf(name.substr(4));
+    inner.shift = static_cast<std::int16_t>(inner.shift | ui::kAltHeld);
+    return inner;
+  }
+  if (name.size() == 6 && name.starts_with(u"Ctrl+")) return {ToUpper(name[5]), ui::kCtrlHeld};
+  for (const Named& key : kKeys) {
+    if (key.name == name) return key.stroke;
+  }
+  throw StoryFailure({u"there is no key ", QuotedForStory(name)});
+}
+
+// What a person would have to do for it.
+std::int64_t GesturesOf(const Step& step) {
+  const std::vector<Text>& words = step.arguments;
+  switch (step.kind) {
+    case StepKind::kType:
+      return std::ssize(words[1]);
+    case StepKind::kErase:
+    case StepKind::kScrollBy:
+      return std::abs(ToInt32(words[1]));
+    case StepKind::kSelect:  // a range is a click and another one with Shift
+      return std::ssize(words) - 1 +
+             std::count_if(words.begin() + 1, words.end(),
+                           [](const Text& rows) { return rows.find(u'-') != Text::npos; });
+    default:
+      return 1;
+  }
+}
+
 char16_t CharacterOf(const Text& text) {
   if (text.size() != 1) throw StoryFailure({u"a key is one character"});
   return text[0];
@@ -154,6 +195,12 @@ Step StoryPlayer::Resolved(const Step& step) const {
 }
 
 void StoryPlayer::Perform(const Step& step, Sequence& sequence) {
+  if (step.kind == StepKind::kExpectGestures) {
+    const std::int32_t most = ToInt32(step.arguments[0]);
+    if (gestures_ <= most) return;
+    throw StoryFailure(
+        {u"expected at most ", Decimal(most), u" gestures, actual ", Decimal(gestures_)});
+  }
   if (StoryExpectations::IsExpectation(step.kind)) return expectations_.Check(step);
   if (SetUp(step) || ChangeReply(step) || CallHost(step, sequence)) return;
   if (step.must_be_refused) return MakeRefused(step);
@@ -309,6 +356,7 @@ void StoryPlayer::Repeat(const Step& step) {
 }
 
 void StoryPlayer::Gesture(const Step& step) {
+  gestures_ += GesturesOf(step);
   const std::vector<Text>& words = step.arguments;
   switch (step.kind) {
     case StepKind::kType:
@@ -335,6 +383,14 @@ void StoryPlayer::Gesture(const Step& step) {
       return stage_.DoubleClickRow(words[0], -1);
     case StepKind::kKey:
       return stage_.Key(words[0], CharacterOf(words[1]));
+    case StepKind::kStrike:
+      return stage_.Strike(words[0], StrokeOf(words[1]));
+    case StepKind::kMenu:
+      return stage_.ChooseFromMenu(words[0], -1, words[1]);
+    case StepKind::kMenuAtRow:
+      return stage_.ChooseFromMenu(words[0], ToInt32(words[1]), words[2]);
+    case StepKind::kMenuLeft:
+      return stage_.ChooseFromMenu(words[0], -1, {});
     case StepKind::kAccessKey:
       return stage_.PressAccessKey(CharacterOf(words[0]));
     case StepKind::kPress:

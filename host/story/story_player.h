@@ -57,6 +57,7 @@ class StoryPlayer {
   std::vector<StoryDifference> differences_;
   OnFailure on_failure_;
   StoryExpectations expectations_;
+  std::int64_t gestures_ = 0;
   ReplyDraft reply_;
   std::vector<Right> rights_;
   std::vector<const Step*> awaiting_box_;  // blocks that no box has come for

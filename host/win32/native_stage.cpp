@@ -151,6 +151,13 @@ class NativeStage final : public Stage {
   void Key(const Text& control, char16_t character) override { robot_.Key(control, character); }
   void Press(const Text& control, Button button) override { robot_.Press(control, button); }
   void Release(const Text& control, Button button) override { robot_.Release(control, button); }
+  void Strike(const Text& control, ui::KeyStroke stroke) override {
+    robot_.Strike(control, stroke);
+  }
+  void ChooseFromMenu(const Text& control, int row, const Text& item) override {
+    menu_ = robot_.ChooseFromMenu(control, row, item);
+  }
+  [[nodiscard]] std::vector<Text> LastMenu() override { return menu_; }
   void PressAccessKey(char16_t key) override { robot_.PressAccessKey(key); }
   void CloseWindow() override { robot_.CloseForm(); }
   void AnswerFileDialog(const std::vector<Text>& paths) override { answers_.push_back(paths); }
@@ -251,6 +258,7 @@ class NativeStage final : public Stage {
   WindowRobot robot_{Text(kForm)};
   std::deque<std::vector<Text>> answers_;
   std::function<void()> during_next_box_;
+  std::vector<Text> menu_;
   std::vector<SeenBox> boxes_;
   std::vector<Text> file_dialogs_;
   std::vector<Display> displays_;  // the innermost last

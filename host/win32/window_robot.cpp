@@ -234,8 +234,10 @@ void WindowRobot::Focus(const Text& control) const {
 void WindowRobot::Type(const Text& control, const Text& text) const {
   Focus(control);
   const HWND window = Find(control);
-  Send(window, WM_KEYDOWN, VK_END);
-  Send(window, WM_KEYUP, VK_END);
+  if (!IsClass(window, u"ListBox")) {
+    Send(window, WM_KEYDOWN, VK_END);
+    Send(window, WM_KEYUP, VK_END);
+  }
   for (const char16_t unit : text) Send(window, WM_CHAR, unit, 1);
 }
 
@@ -399,6 +401,90 @@ void WindowRobot::PressKey(WORD key) const {
   Send(focus, WM_KEYUP, key, 1);
 }
 
+void WindowRobot::Strike(const Text& control, ui::KeyStroke stroke) const {
+  Focus(control);
+  const bool with_alt = (stroke.shift & ui::kAltHeld) != 0;
+  const HeldKey alt(with_alt ? VK_MENU : stroke.key);
+  const HeldKey control_key((stroke.shift & ui::kCtrlHeld) != 0 ? VK_CONTROL : stroke.key);
+  Send(Find(control), with_alt ? WM_SYSKEYDOWN : WM_KEYDOWN, stroke.key,
+       with_alt ? 1 | 1 << 29 : 1);
+}
+
+namespace {
+
+// Goes through the menu that is open in this thread, a step at each call, until it is closed.
+struct MenuWalk {
+  Text wanted;  // empty: Escape
+  HWND owner = nullptr;
+  bool is_read = false;
+  std::vector<Text> items;
+  int wanted_at = -1;  // among the native items
+};
+MenuWalk* menu_walk = nullptr;
+
+BOOL CALLBACK FindMenu(HWND window, LPARAM found) {
+  if (!IsClass(window, u"#32768") || !IsWindowVisible(window)) return TRUE;
+  *reinterpret_cast<HWND*>(found) = window;
+  return FALSE;
+}
+
+void CALLBACK StepThroughMenu(HWND, UINT, UINT_PTR, DWORD) {
+  HWND window = nullptr;
+  EnumThreadWindows(GetCurrentThreadId(), &FindMenu, reinterpret_cast<LPARAM>(&window));
+  if (window == nullptr || menu_walk == nullptr) return;
+  constexpr UINT kGetMenu = 0x01E1;  // MN_GETHMENU
+  const auto menu = reinterpret_cast<HMENU>(Send(window, kGetMenu));
+  for (int at = 0; !menu_walk->is_read && at < GetMenuItemCount(menu); ++at) {
+    std::array<wchar_t, 128> text{};
+    GetMenuStringW(menu, static_cast<UINT>(at), text.data(), static_cast<int>(text.size()),
+                   MF_BYPOSITION);
+    const UINT state = GetMenuState(menu, static_cast<UINT>(at), MF_BYPOSITION);
+    const Text shown = FromWide(text.data());
+    if (shown.empty()) continue;
+    const bool is_grey = (state & MF_GRAYED) != 0;
+    if (!is_grey && shown.starts_with(menu_walk->wanted + u'\t')) menu_walk->wanted_at = at;
+    const std::size_t tab = shown.find(u'\t');
+    const Text item = Concat({shown.substr(0, tab), u" | ", shown.substr(tab + 1)});
+    menu_walk->items.push_back(is_grey ? Concat({u"(", item, u")"}) : item);
+  }
+  menu_walk->is_read = true;
+  const bool chooses = menu_walk->wanted_at >= 0;
+  const bool is_there =
+      chooses &&
+      (GetMenuState(menu, static_cast<UINT>(menu_walk->wanted_at), MF_BYPOSITION) & MF_HILITE) != 0;
+  PostMessageW(menu_walk->owner, WM_KEYDOWN,
+               !chooses   ? VK_ESCAPE
+               : is_there ? VK_RETURN
+                          : VK_DOWN,
+               1);
+}
+
+}  // namespace
+
+std::vector<Text> WindowRobot::ChooseFromMenu(const Text& control, int row,
+                                              const Text& item) const {
+  Focus(control);
+  const HWND list = Find(control);
+  MenuWalk walk;
+  walk.wanted = item;
+  walk.owner = list;
+  menu_walk = &walk;
+  const UINT_PTR timer = SetTimer(nullptr, 0, 10, &StepThroughMenu);
+  if (row < 0) {
+    Send(list, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(list), -1);
+  } else {
+    RECT place = {};
+    Send(list, LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+    Send(list, WM_RBUTTONDOWN, MK_RBUTTON, At(Middle(place)));
+    Send(list, WM_RBUTTONUP, 0, At(Middle(place)));
+  }
+  KillTimer(nullptr, timer);
+  menu_walk = nullptr;
+  if (!walk.is_read) Fail(control, "opened no menu");
+  if (!item.empty() && walk.wanted_at < 0) Fail(control, "offers no such item in its menu");
+  return walk.items;
+}
+
 void WindowRobot::PressAccessKey(char16_t key) const {
   constexpr LPARAM kWithAlt = 1 << 29;
   const HWND focus = GetFocus();
@@ -471,6 +557,7 @@ Text WindowRobot::Read(const Text& control, const Text& property,
     const bool none = CountOf(window) == 0 || Send(window, LB_GETSELCOUNT) == 0;
     return Decimal(none ? -1 : Send(window, LB_GETCARETINDEX));
   }
+  if (is_list && property == u"caret") return Decimal(Send(window, LB_GETCARETINDEX));
   if (is_list && property == u"top") return Decimal(Send(window, LB_GETTOPINDEX));
   if (property.starts_with(u"item ")) {
     const int row = RowIn(property, u"item ");

@@ -1,9 +1,11 @@
 // The operator's actions on the map page.
 #include "dialog/rotation.h"
 
+#include <algorithm>
 #include <source_location>
 #include <vector>
 
+#include "dialog/rotation_menu.h"
 #include "dialog/rotation_view.h"
 #include "maps/map_entry.h"
 #include "support/trap.h"
@@ -34,13 +36,41 @@ void AddAvailableRow(frmrcBHDGS& dialog, int row) {
                         .server_map = server_map});
 }
 
-// Takes the maps at the places of those rows of lstSelMaps out of the rotation, whatever the rows
-// show.
+// The maps of the rotation at the places of those rows of lstSelMaps, whatever the rows show.
 template <class IsMarked>
-void DropSelectedRows(frmrcBHDGS& dialog, IsMarked&& is_marked) {
-  std::vector<bool> dropped(dialog.lstSelMaps.Count());
-  for (int row = 0; row < dialog.lstSelMaps.Count(); ++row) dropped[row] = is_marked(row);
-  dialog.context().maps.selected.Remove(dropped);
+std::vector<bool> MapsOf(const frmrcBHDGS& dialog, IsMarked&& is_marked) {
+  std::vector<bool> meant(dialog.context().maps.selected.Count());
+  for (int row = 0; row < std::ssize(meant) && row < dialog.lstSelMaps.Count(); ++row) {
+    meant[row] = is_marked(row);
+  }
+  return meant;
+}
+
+std::vector<bool> SelectedMaps(const frmrcBHDGS& dialog) {
+  return MapsOf(dialog, [&](int row) { return dialog.lstSelMaps.IsSelected(row); });
+}
+
+bool HasSelection(const ui::ListBox& list) {
+  for (int row = 0; row < list.Count(); ++row) {
+    if (list.IsSelected(row)) return true;
+  }
+  return false;
+}
+
+// What was added is to be seen.
+void ShowAddedMaps(frmrcBHDGS& dialog) {
+  dialog.BuildMapList();
+  dialog.lstSelMaps.SetCurrentRow(dialog.lstSelMaps.Count() - 1);
+}
+
+void StepRotation(frmrcBHDGS& dialog, bool (RotationHistory::*step)(SelectedMapList&)) {
+  Trapped(dialog.context().reporter, u"lstSelMaps_KeyDown", [&](Line& at) {
+    MapLists& maps = dialog.context().maps;
+    maps.history.Note(maps.selected);  // a load that failed half-way counts as a change
+    bool stepped = false;
+    at(), stepped = (maps.history.*step)(maps.selected);
+    if (stepped) at(), dialog.BuildMapList();
+  });
 }
 
 void lstAvlMaps_DblClick(frmrcBHDGS& dialog) {
@@ -52,7 +82,7 @@ void lstAvlMaps_DblClick(frmrcBHDGS& dialog) {
     const int row = dialog.lstAvlMaps.ListIndex();
     if (row < 0) return;
     at(), AddAvailableRow(dialog, row);
-    at(), dialog.BuildMapList();
+    at(), ShowAddedMaps(dialog);
   });
 }
 
@@ -76,7 +106,7 @@ void lstAvlMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
         break;
       }
     }
-    at(), dialog.BuildMapList();
+    at(), ShowAddedMaps(dialog);
   };
   Trapped(dialog.context().reporter, u"lstAvlMaps_KeyPress", add, show_added);
 }
@@ -84,7 +114,8 @@ void lstAvlMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
 void lstSelMaps_DblClick(frmrcBHDGS& dialog) {
   Trapped(dialog.context().reporter, u"lstSelMapsDblClick", [&](Line& at) {
     const int current = dialog.lstSelMaps.ListIndex();
-    at(), DropSelectedRows(dialog, [&](int row) { return row == current; });
+    at(), dialog.context().maps.selected.Remove(
+              MapsOf(dialog, [&](int row) { return row == current; }));
     at(), dialog.BuildMapList();
   });
 }
@@ -92,7 +123,7 @@ void lstSelMaps_DblClick(frmrcBHDGS& dialog) {
 void lstSelMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
   Trapped(dialog.context().reporter, u"lstSelMaps_KeyPress", [&](Line& at) {
     if (key != u'-') return;
-    at(), DropSelectedRows(dialog, [&](int row) { return dialog.lstSelMaps.IsSelected(row); });
+    at(), dialog.context().maps.selected.Remove(SelectedMaps(dialog));
     at(), dialog.BuildMapList();
   });
 }
@@ -115,6 +146,56 @@ void ConnectRotation(frmrcBHDGS& dialog) {
   dialog.lstSelMaps.on_double_click = [&dialog] { lstSelMaps_DblClick(dialog); };
   dialog.lstSelMaps.on_key_press = [&dialog](char16_t key) { lstSelMaps_KeyPress(dialog, key); };
   dialog.lstSelMaps.on_click = [&dialog] { lstSelMaps_Click(dialog); };
+  ConnectRotationMenus(dialog);
+}
+
+void AddSelectedMaps(frmrcBHDGS& dialog) {
+  lstAvlMaps_KeyPress(dialog, u'+');
+}
+
+void RemoveSelectedMaps(frmrcBHDGS& dialog) {
+  lstSelMaps_KeyPress(dialog, u'-');
+}
+
+void MoveSelectedMaps(frmrcBHDGS& dialog, RowMove move) {
+  Trapped(dialog.context().reporter, u"lstSelMaps_KeyDown", [&](Line& at) {
+    ui::ListBox& list = dialog.lstSelMaps;
+    std::vector<bool> moved;
+    at(), moved = SelectedMaps(dialog);
+    std::vector<int> order;
+    at(), order = OrderAfter(move, moved);
+    if (std::ranges::is_sorted(order)) return;
+    const int current = list.ListIndex();
+    at(), dialog.context().maps.selected.Reorder(order);
+    at(), dialog.BuildMapList();
+    if (list.Count() != std::ssize(order)) return;  // which has been reported
+    ui::ListBox::Refill refill(list);
+    for (int row = 0; row < list.Count(); ++row) {
+      if (moved[order[row]]) at(), list.SetSelected(row, true);
+      if (order[row] == current) at(), list.SetCurrentRow(row);
+    }
+    at(), refill.Finish();
+  });
+}
+
+bool CanAddMaps(const frmrcBHDGS& dialog) {
+  return HasSelection(dialog.lstAvlMaps) && !IsFull(dialog);
+}
+
+bool CanRemoveMaps(const frmrcBHDGS& dialog) {
+  return HasSelection(dialog.lstSelMaps);
+}
+
+bool CanMoveMaps(const frmrcBHDGS& dialog, RowMove move) {
+  return !std::ranges::is_sorted(OrderAfter(move, SelectedMaps(dialog)));
+}
+
+void UndoRotation(frmrcBHDGS& dialog) {
+  StepRotation(dialog, &RotationHistory::Undo);
+}
+
+void RedoRotation(frmrcBHDGS& dialog) {
+  StepRotation(dialog, &RotationHistory::Redo);
 }
 
 // A text that is no game type has the index behind the last one, so both ways work out.

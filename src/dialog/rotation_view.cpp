@@ -1,6 +1,8 @@
 // Fills the map lists from the catalogue, the server maps and the rotation.
 #include "dialog/rotation_view.h"
 
+#include <algorithm>
+
 #include "dialog/frmrcBHDGS.h"
 #include "support/trap.h"
 
@@ -34,8 +36,11 @@ void frmrcBHDGS::SetMaps(std::int16_t Gametype) {
 }
 
 void ShowRotation(frmrcBHDGS& dialog, Line& at) {
-  const MapLists& maps = dialog.context().maps;
+  MapLists& maps = dialog.context().maps;
   ui::ListBox& list = dialog.lstSelMaps;
+  maps.history.Note(maps.selected);
+  const int top = list.TopIndex();
+  const int current = list.ListIndex();
   {
     const ui::ListBox::Refill refill(list);
     at(), list.Clear();
@@ -43,6 +48,9 @@ void ShowRotation(frmrcBHDGS& dialog, Line& at) {
     for (const SelectedMap& map : maps.selected.maps()) {
       at(), AddMapRow(list, map.name, map.file, map.game_type);
     }
+    const int count = list.Count();
+    at(), list.SetCurrentRow(std::min(current, count - 1));
+    if (count > 0) at(), list.SetTopIndex(std::clamp(count - list.VisibleRows(), 0, top));
   }
   at(), list.SetVisible(true);
   at(), ShowCount(list, maps);

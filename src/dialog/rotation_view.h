@@ -7,8 +7,8 @@ namespace quill {
 
 class frmrcBHDGS;
 
-// Fills lstSelMaps from the rotation and shows the count; `at` notes the step. A failure can leave
-// the list hidden.
+// Fills lstSelMaps from the rotation and shows the count; `at` notes the step. The list keeps its
+// place, and the history learns of the change. A failure can leave the list hidden.
 void ShowRotation(frmrcBHDGS& dialog, Line& at);
 
 }  // namespace quill

@@ -80,7 +80,12 @@ void HeadlessOperator::Edit(const Gesture& gesture, Text text) {
 }
 
 void HeadlessOperator::Type(TextView name, TextView text) {
-  const Gesture gesture(*this, Find(name), {ControlKind::kTextBox});
+  ui::Control& control = Find(name);
+  if (control.kind() == ControlKind::kListBox) {
+    for (const char16_t character : text) Key(name, character);
+    return;
+  }
+  const Gesture gesture(*this, control, {ControlKind::kTextBox});
   for (const char16_t character : text) {
     gesture.CheckPossible();
     if (gesture.mirror().locked()) return;
@@ -217,7 +222,7 @@ void HeadlessOperator::Key(TextView name, char16_t character) {
           Gesture(*this, control, {control.kind()}));  // a key that does nothing there
       return;
     default:
-      Gesture(*this, control, {ControlKind::kListBox}).Report(ui::KeyPressed{character});
+      Gesture(*this, control, {ControlKind::kListBox}).Report(ui::KeyPressed{character, now});
   }
 }
 
@@ -239,6 +244,24 @@ void HeadlessOperator::MouseAt(TextView name, bool pressed, std::int16_t button,
   } else {
     gesture.Report(ui::MouseReleased{event});
   }
+}
+
+void HeadlessOperator::Strike(TextView name, ui::KeyStroke stroke) {
+  const Gesture gesture(*this, Find(name),
+                        {ControlKind::kListBox, ControlKind::kTextBox, ControlKind::kImage,
+                         ControlKind::kCommandButton, ControlKind::kCheckBox});
+  if (gesture.control().FindStroke(stroke) != nullptr) gesture.Report(ui::KeyStruck{stroke});
+}
+
+void HeadlessOperator::ChooseFromMenu(TextView name, int row, TextView caption) {
+  const Gesture gesture(*this, Find(name), {ControlKind::kListBox});
+  if (row != -1) gesture.CheckRow(row);
+  toolkit_.menu_choice = caption;
+  gesture.Report(ui::MenuAsked{0, 0, row});
+  const Text usable = Concat({caption, u" | "});
+  const bool is_there = std::ranges::any_of(
+      toolkit_.menu(), [&](const Text& item) { return item.starts_with(usable); });
+  if (!caption.empty() && !is_there) Refuse({u"The menu offers no '", caption, u"'"});
 }
 
 void HeadlessOperator::PressAccessKey(char16_t key) {

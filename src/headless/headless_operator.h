@@ -22,8 +22,11 @@ class HeadlessOperator {
   HeadlessOperator(HeadlessToolkit& toolkit, std::function<ui::Form*()> dialog)
       : toolkit_(toolkit), dialog_(std::move(dialog)) {}
 
+  // When the next gestures happen, in milliseconds since some moment.
+  std::uint32_t now = 0;
+
   // Text boxes. A locked one takes no keys.
-  void Type(TextView name, TextView text);              // character by character, at the end
+  void Type(TextView name, TextView text);  // character by character, at the end; or into a list
   void SelectAllAndType(TextView name, TextView text);  // the first character replaces the rest
   void Paste(TextView name, TextView text);  // at once, in place of what is there; first line only
   void PasteAtEnd(TextView name, TextView text);  // at once, behind what is there; first line only
@@ -45,6 +48,13 @@ class HeadlessOperator {
   // Images and labels, at their centre.
   void Press(TextView name, std::int16_t button, std::int16_t shift = 0);
   void Release(TextView name, std::int16_t button, std::int16_t shift = 0);
+
+  // A key that is no character, or one that is held with Ctrl or Alt. Does nothing where no menu
+  // has it.
+  void Strike(TextView name, ui::KeyStroke stroke);
+  // Opens a list's menu, by a key or (row from 0) by the right mouse button, and chooses the item;
+  // none for an empty caption. Fails when it is grey or not there.
+  void ChooseFromMenu(TextView name, int row, TextView caption);
 
   void PressAccessKey(char16_t key);  // together with Alt; fails when no control there has it
   void CloseForm();                   // the form's own close button

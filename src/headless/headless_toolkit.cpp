@@ -133,6 +133,21 @@ std::vector<Text> HeadlessToolkit::ShowFileDialog(ui::Form&, const ui::FileDialo
   return answer;
 }
 
+int HeadlessToolkit::ShowMenu(ui::Control& control, ui::Twips, ui::Twips) {
+  const SparedAllocations spared;
+  Called({u"ShowMenu ", control.name()});
+  menu_.clear();
+  const Text choice = std::exchange(menu_choice, {});
+  int chosen = -1;
+  for (const ui::MenuItem& item : control.menu()) {
+    const bool usable = item.is_usable();
+    if (usable && item.caption == choice) chosen = static_cast<int>(menu_.size());
+    menu_.push_back(
+        Concat({usable ? u"" : u"(", item.caption, u" | ", item.key_name, usable ? u"" : u")"}));
+  }
+  return chosen;
+}
+
 void HeadlessToolkit::SetScreenPointer(ui::Pointer pointer) {
   Called({u"SetScreenPointer ", pointer == ui::Pointer::kBusy ? u"busy" : u"default"});
   screen_pointer_ = pointer;

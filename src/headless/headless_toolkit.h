@@ -36,6 +36,9 @@ class HeadlessToolkit final : public ui::Toolkit {
   // Runs while a message box or a file dialog is open; host calls may come in.
   std::function<void(const ShownMessage& message)> while_message_open;
   std::function<void(const ui::FileDialogRequest& request)> while_file_dialog_open;
+  // The caption of the item that the operator chooses in the next menu; one that is grey or not
+  // there leaves it with nothing chosen, as an empty one does.
+  Text menu_choice;
   // The full paths that the operator picks in the next file dialog that has no answer yet, none to
   // cancel. A file dialog without an answer is cancelled.
   void AnswerNextFileDialog(std::vector<Text> paths) { answers_.push_back(std::move(paths)); }
@@ -52,6 +55,8 @@ class HeadlessToolkit final : public ui::Toolkit {
   [[nodiscard]] const std::vector<ui::FileDialogRequest>& file_dialogs() const noexcept {
     return file_dialogs_;
   }
+  // The items of the last menu: "CAPTION | KEY", in parentheses when grey.
+  [[nodiscard]] const std::vector<Text>& menu() const noexcept { return menu_; }
   [[nodiscard]] std::size_t unused_answers() const noexcept { return answers_.size(); }
   [[nodiscard]] ui::Pointer screen_pointer() const noexcept { return screen_pointer_; }
   // The form that takes the operator's input, were no box open; null when none is shown.
@@ -69,6 +74,7 @@ class HeadlessToolkit final : public ui::Toolkit {
   ui::PicturePtr ReadPicture(TextView path) override;
   ui::PicturePtr MakePicture(int width, int height, std::span<const std::uint32_t> pixels) override;
   std::vector<Text> ShowFileDialog(ui::Form& owner, const ui::FileDialogRequest& request) override;
+  int ShowMenu(ui::Control& control, ui::Twips x, ui::Twips y) override;
   void SetScreenPointer(ui::Pointer pointer) override;
   void RunModal(ui::Form& form) override;
   void EndModal(ui::Form& form) override;
@@ -90,6 +96,7 @@ class HeadlessToolkit final : public ui::Toolkit {
   std::deque<std::vector<Text>> answers_;
   std::vector<ShownMessage> messages_;
   std::vector<ui::FileDialogRequest> file_dialogs_;
+  std::vector<Text> menu_;
   ui::Pointer screen_pointer_ = ui::Pointer::kDefault;
   std::vector<Display*> displays_;  // the innermost last
   int open_boxes_ = 0;

@@ -343,6 +343,7 @@ const MirrorPeer::Reader MirrorPeer::Reader::kAll[] = {
        return Text(m.pointer_ == ui::Pointer::kBusy ? u"busy" : u"default");
      }},
     {u"index", kWithRows, [](const MirrorPeer& m) { return Decimal(m.current_); }},
+    {u"caret", kListBoxOnly, [](const MirrorPeer& m) { return Decimal(m.current_); }},
     {u"count",
      kWithRows,
      [](const MirrorPeer& m) { return Decimal(static_cast<std::int64_t>(m.rows_.size())); }},

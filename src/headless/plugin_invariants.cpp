@@ -173,6 +173,7 @@ class Inspection {
       Holds(ShowsMap(list.Item(row), map.name, map.file) && list.ItemData(row) == map.game_type,
             {u"lstSelMaps: row ", Decimal(row), u" is not what the rotation holds"});
     }
+    Holds(maps_.history.IsNoted(maps_.selected), {u"A change of the rotation cannot be undone"});
     const Text count = Concat({u"Number of Maps: ", Decimal(list.Count())});
     Holds(dialog.lblMapCnt.caption() == count,
           {u"lblMapCnt: '", dialog.lblMapCnt.caption(), u"' instead of '", count, u"'"});

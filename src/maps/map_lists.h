@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "maps/map_catalogue.h"
+#include "maps/rotation_history.h"
 #include "maps/selected_map_list.h"
 #include "maps/server_map_list.h"
 
@@ -14,6 +15,7 @@ struct MapLists {
   MapCatalogue catalogue;
   ServerMapList server;
   SelectedMapList selected;
+  RotationHistory history;  // of `selected`
 
   // Rows of the catalogue plus rows of the server map list, over all game types.
   [[nodiscard]] int TotalMapCount() const noexcept { return catalogue.Count() + server.Count(); }

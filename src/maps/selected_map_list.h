@@ -22,6 +22,11 @@ struct SelectedMap {
 // The adding operations of the dialog refuse to go beyond; the loaders do not.
 inline constexpr int kRotationLimit = 255;
 
+enum class RowMove : std::uint8_t { kUp, kDown, kToTop, kToEnd };
+// The rows, in their new order, of a list whose marked ones move by one, or to its top or end, and
+// keep their order.
+[[nodiscard]] std::vector<int> OrderAfter(RowMove move, const std::vector<bool>& marked_rows);
+
 class SelectedMapList {
  public:
   [[nodiscard]] int Count() const noexcept { return static_cast<int>(maps_.size()); }
@@ -38,6 +43,9 @@ class SelectedMapList {
   // The list without the elements at those 0-based rows that are marked; shorter mark lists count
   // as unmarked behind their end. On failure the list is unchanged.
   void Remove(const std::vector<bool>& marked_rows);
+  // Puts the element of each 0-based row in `order` at its place there. On failure the list is
+  // unchanged.
+  void Reorder(const std::vector<int>& order);
   // Takes over the new order or contents.
   void Replace(std::vector<SelectedMap> maps) noexcept { maps_ = std::move(maps); }
   [[nodiscard]] const std::vector<SelectedMap>& maps() const noexcept { return maps_; }

@@ -54,6 +54,7 @@ void clsPlugin::LoadInterface(std::int32_t Index, std::int32_t, const HostArray&
         at(), context.Index = Index;
         at(), remote.TargetId = PDAT.ElementText(1);
         at(), context.maps.selected.Clear();
+        context.maps.history.Forget();
         const DialogInUse dialog((at(), context));
         dialog->start_wait().End();  // its answer would be taken for that to the query
         at(), dialog->SetPointer(ui::Pointer::kBusy);

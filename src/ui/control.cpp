@@ -27,6 +27,8 @@ constexpr std::array<FactTrait, std::variant_size_v<Fact>> kFactTraits = {{
     {u"DblClick", Changes::kSelection},  // RowDoubleClicked
     {u"Scroll", Changes::kTopRow},       // ScrolledTo
     {u"KeyPress", {}},                   // KeyPressed
+    {u"KeyDown", {}},                    // KeyStruck
+    {u"Menu", {}},                       // MenuAsked
     {u"Click", Changes::kSelection},     // TabChosen
     {u"Unload", {}},                     // CloseAsked
     {u"Timer", {}},                      // TimePassed
@@ -119,7 +121,12 @@ void Control::Happened(const Fact& fact) noexcept {
   const KeepAlive alive(std::move(form));
   try {
     if (IsReachable()) {
-      React(fact);
+      if (const auto* const struck = std::get_if<KeyStruck>(&fact)) {
+        const MenuItem* const item = FindStroke(struck->stroke);
+        if (item != nullptr) Raise(u"KeyDown", item->choose);
+      } else {
+        React(fact);
+      }
     } else if (const Changes side = kFactTraits[fact.index()].side; side.Any() && visible_) {
       Changed(side);
     }
@@ -129,6 +136,22 @@ void Control::Happened(const Fact& fact) noexcept {
 }
 
 void Control::React(const Fact&) {}
+
+const MenuItem* Control::FindStroke(KeyStroke stroke) const noexcept {
+  for (const Control* control = this; control != nullptr; control = control->container_) {
+    for (const MenuItem& item : control->menu_) {
+      if (item.stroke.key != 0 && item.stroke == stroke) return &item;
+    }
+  }
+  return nullptr;
+}
+
+void Control::OpenMenu(Twips x, Twips y) {
+  const int chosen = form_.toolkit().ShowMenu(*this, x, y);
+  // The host may have closed the dialog while the menu was open.
+  if (chosen < 0 || chosen >= std::ssize(menu_) || !IsReachable()) return;
+  Raise(u"Menu", menu_[static_cast<std::size_t>(chosen)].choose);
+}
 
 void Control::Changed(Changes changes) {
   if (peer_ != nullptr) peer_->Sync(changes);

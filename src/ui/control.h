@@ -13,6 +13,7 @@
 #include <functional>
 #include <memory>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "support/text.h"
@@ -83,6 +84,12 @@ class Control {
   [[nodiscard]] TextView accessible_name() const noexcept { return accessible_name_; }
   void SetAccessibleName(TextView name) noexcept { accessible_name_ = name; }
 
+  // The items of its context menu. Their keys also hold for the controls that lie in this one.
+  [[nodiscard]] const std::vector<MenuItem>& menu() const noexcept { return menu_; }
+  void SetMenu(std::vector<MenuItem> menu) noexcept { menu_ = std::move(menu); }
+  // The item that the keys choose here; null: none.
+  [[nodiscard]] const MenuItem* FindStroke(KeyStroke stroke) const noexcept;
+
   // True when the operator can reach it: it, its containers and its form are visible and enabled,
   // and the form is shown.
   [[nodiscard]] bool IsReachable() const noexcept;
@@ -101,6 +108,8 @@ class Control {
 
   // What follows from a fact. Facts that are not for this kind of control are ignored.
   virtual void React(const Fact& fact);
+  // Shows the menu at that place of the control and does what is chosen.
+  void OpenMenu(Twips x, Twips y);
   // Tells the peer, at once; does nothing before the peer exists.
   void Changed(Changes changes);
   // Changes that were kept from the peer while the control was hidden; told when it is shown.
@@ -146,6 +155,7 @@ class Control {
   int tab_index_ = -1;
   char16_t access_key_ = 0;
   TextView accessible_name_;
+  std::vector<MenuItem> menu_;
   std::unique_ptr<Peer> peer_;
 };
 

@@ -7,6 +7,7 @@
 
 #include "support/text.h"
 #include "ui/geometry.h"
+#include "ui/menu.h"
 
 namespace quill::ui {
 
@@ -15,7 +16,7 @@ inline constexpr std::int16_t kLeftButton = 1;
 inline constexpr std::int16_t kRightButton = 2;
 inline constexpr std::int16_t kMiddleButton = 4;
 
-// Shift state: 1 = Shift, 2 = Ctrl, 4 = Alt, added up.
+// Shift state: kShiftHeld, kCtrlHeld, kAltHeld, added up.
 struct MouseEvent {
   std::int16_t button = kLeftButton;
   std::int16_t shift = 0;
@@ -50,6 +51,15 @@ struct ScrolledTo {  // 0-based row that is now the first visible one
 };
 struct KeyPressed {  // a character, in a list box
   char16_t character = 0;
+  std::uint32_t time = 0;  // milliseconds since some moment; begins again after the highest
+};
+struct KeyStruck {  // one that a menu of the control, or of what it lies in, has
+  KeyStroke stroke;
+};
+struct MenuAsked {  // the context menu of a list box, at a place relative to it
+  Twips x = 0;
+  Twips y = 0;
+  int row = -1;  // under the mouse; -1: none, or asked for by a key
 };
 struct TabChosen {  // 0-based
   int index = 0;
@@ -58,7 +68,7 @@ struct CloseAsked {};  // the form's own close button, Alt+F4
 struct TimePassed {};  // the interval of the form's timer
 
 using Fact = std::variant<TextEdited, Clicked, MousePressed, MouseReleased, MouseLost, ItemChosen,
-                          RowsSelected, RowDoubleClicked, ScrolledTo, KeyPressed, TabChosen,
-                          CloseAsked, TimePassed>;
+                          RowsSelected, RowDoubleClicked, ScrolledTo, KeyPressed, KeyStruck,
+                          MenuAsked, TabChosen, CloseAsked, TimePassed>;
 
 }  // namespace quill::ui

@@ -8,6 +8,17 @@
 #include "ui/form.h"
 
 namespace quill::ui {
+namespace {
+
+constexpr std::uint32_t kTypedTogether = 1000;  // milliseconds
+constexpr char16_t kBackspace = u'\b';
+
+// The signs for adding and removing rows are commands.
+bool IsForTyping(char16_t unit) {
+  return unit > u' ' && unit != u'+' && unit != u'=' && unit != u'-';
+}
+
+}  // namespace
 
 ListBox::ListBox(Form& form, Text name, Selection selection, ListHeight height)
     : Control(form, ControlKind::kListBox, std::move(name)),
@@ -89,6 +100,11 @@ Changes ListBox::MakeCurrent(int row) {
                                   : Changes::kSelection | Changes::kTopRow;
 }
 
+void ListBox::SetCurrentRow(int row) {
+  if (row != -1) CheckRow(row);
+  RowsChanged(MakeCurrent(row));
+}
+
 void ListBox::SetTopIndex(int row) {
   if (!Holds(row)) throw RuntimeError(ErrorNumber::kInvalidPropertyValue);
   top_index_ = row;
@@ -139,7 +155,11 @@ void ListBox::React(const Fact& fact) {
     }
     Raise(u"DblClick", on_double_click);
   } else if (const auto* const key = std::get_if<KeyPressed>(&fact)) {
+    TakeTyping(*key);
     Raise(u"KeyPress", on_key_press, key->character);
+  } else if (const auto* const asked = std::get_if<MenuAsked>(&fact)) {
+    if (Holds(asked->row) && !IsSelected(asked->row)) SelectOnly(asked->row);
+    OpenMenu(asked->x, asked->y);
   }
 }
 
@@ -170,6 +190,51 @@ void ListBox::TakeTopRow(int top) {
   const bool moved = std::exchange(top_index_, held) != held;
   if (held != top) RowsChanged(Changes::kTopRow);
   if (moved) Raise(u"Scroll", on_scroll);
+}
+
+void ListBox::TakeTyping(const KeyPressed& key) {
+  if (key.time - typed_at_ > kTypedTogether) typed_.clear();
+  Text typed = typed_;
+  if (key.character == kBackspace) {
+    if (!typed.empty()) typed.pop_back();
+  } else if (IsForTyping(key.character)) {
+    typed += key.character;
+  }
+  if (typed.size() == typed_.size()) return;
+  const int row = typed.empty() ? -1 : RowOfTyping(typed);
+  if (row < 0 && !typed.empty()) return;
+  typed_ = std::move(typed);
+  typed_at_ = key.time;
+  if (row >= 0) SelectOnly(row);
+}
+
+int ListBox::RowOfTyping(TextView typed) const noexcept {
+  const bool whole_counts = list_height_ == ListHeight::kSingleRow;
+  // What goes on being typed may mean the current row still.
+  const int first = whole_counts ? 0 : std::max(list_index_ + (typed.size() == 1 ? 1 : 0), 0);
+  int found = -1;
+  for (int step = 0; step < Count(); ++step) {
+    const int row = (first + step) % Count();
+    const TextView item = rows_.TextOf(row);
+    if (!EqualIgnoringCase(item.substr(0, typed.size()), typed)) continue;
+    if (!whole_counts || item.size() == typed.size()) return row;
+    if (found < 0) found = row;
+  }
+  return found;
+}
+
+void ListBox::SelectOnly(int row) {
+  if (selection_ == Selection::kExtended) {
+    std::fill(selected_.begin(), selected_.end(), 0);
+    selected_[static_cast<std::size_t>(row)] = 1;
+    RowsChanged(MakeCurrent(row));
+    Raise(u"Click", on_click);
+  } else if (list_height_ == ListHeight::kSingleRow && top_index_ != row) {
+    SetTopIndex(row);
+    Raise(u"Scroll", on_scroll);
+  } else {
+    SetListIndex(row);
+  }
 }
 
 }  // namespace quill::ui

@@ -58,6 +58,9 @@ class ListBox final : public Control {
   [[nodiscard]] int TopIndex() const noexcept { return top_index_; }
   // 0 to Count() - 1, else kInvalidPropertyValue; runs no handler.
   void SetTopIndex(int row);
+  // Makes the row of an extended list current and scrolls it into view; -1: none. Selects nothing
+  // and runs no handler.
+  void SetCurrentRow(int row);
   // How many rows fit, at least 1.
   [[nodiscard]] int VisibleRows() const;
 
@@ -72,7 +75,8 @@ class ListBox final : public Control {
   std::function<void()> on_scroll;
 
  protected:
-  // A double click below the last row of an extended list leaves no row current.
+  // A double click below the last row of an extended list leaves no row current. A menu is that of
+  // the selected rows, or of a row that is not selected and becomes so.
   void React(const Fact& fact) override;
   [[nodiscard]] Changes HeldBack() const noexcept override {
     return refills_ > 0 ? Changes() : pending_;
@@ -90,6 +94,12 @@ class ListBox final : public Control {
   // The operator's selection. A row -1 is none; rows that do not exist are left out.
   void TakeSelection(const RowsSelected& fact);
   void TakeTopRow(int top);
+  // What is typed within a second belongs together. It leads to the row that equals it, else to the
+  // first that begins with it; in a list of many rows to the next one that begins with it. A
+  // character that leads nowhere is dropped.
+  void TakeTyping(const KeyPressed& key);
+  [[nodiscard]] int RowOfTyping(TextView typed) const noexcept;
+  void SelectOnly(int row);
 
   Selection selection_;
   ListHeight list_height_;
@@ -97,6 +107,8 @@ class ListBox final : public Control {
   std::vector<char> selected_;  // extended selection only
   int list_index_ = -1;
   int top_index_ = 0;
+  Text typed_;
+  std::uint32_t typed_at_ = 0;  // as told by the last key
   int refills_ = 0;
   Changes pending_;
 };

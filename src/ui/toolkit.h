@@ -74,6 +74,10 @@ class Toolkit : public MessageBoxes {
   // Shows a modal file dialog owned by `owner`; the full paths that were picked, none on cancel.
   virtual std::vector<Text> ShowFileDialog(Form& owner, const FileDialogRequest& request) = 0;
 
+  // Shows the menu of `control` at that place of it, until an item is chosen that is usable: its
+  // place among the items. -1: none was.
+  virtual int ShowMenu(Control& control, Twips x, Twips y) = 0;
+
   // The pointer over all windows of the plug-in, above that of each form.
   virtual void SetScreenPointer(Pointer pointer) = 0;
 

@@ -3,10 +3,10 @@
 #include <windowsx.h>
 
 #include <algorithm>
-#include <array>
 
 #include "win32/form_peer.h"
 #include "win32/native_text.h"
+#include "win32/text_widths.h"
 #include "win32/win32_toolkit.h"
 
 namespace quill::win32 {
@@ -14,35 +14,11 @@ namespace {
 
 constexpr int kRowsPerPage = 10;  // of a single-row list
 
-// Widths of texts, from a table of the first characters' widths: asking the system for each of many
-// thousand rows would take longer than filling the list.
-class TextWidths {
- public:
-  TextWidths(HWND window, HFONT font) {
-    const HDC context = GetDC(window);
-    const HGDIOBJ previous = SelectObject(context, font);
-    GetCharWidth32W(context, 0, static_cast<UINT>(widths_.size() - 1), widths_.data());
-    TEXTMETRICW metrics = {};
-    if (GetTextMetricsW(context, &metrics)) widest_ = metrics.tmMaxCharWidth;
-    SelectObject(context, previous);
-    ReleaseDC(window, context);
-  }
-  [[nodiscard]] int Of(TextView text) const {
-    int width = 0;
-    for (const char16_t unit : text) width += unit < widths_.size() ? widths_[unit] : widest_;
-    return width;
-  }
-
- private:
-  std::array<INT, 256> widths_{};
-  int widest_ = 0;
-};
-
 }  // namespace
 
 WindowPeer::Style ListBoxPeer::GetStyle() const {
   DWORD style = LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP;
-  style |= is_single_row() ? LBS_DISABLENOSCROLL : WS_HSCROLL;
+  style |= is_single_row() ? LBS_DISABLENOSCROLL | LBS_OWNERDRAWFIXED : WS_HSCROLL;
   if (list_.selection() == ui::Selection::kExtended) style |= LBS_EXTENDEDSEL;
   return {L"LISTBOX", nullptr, style, WS_EX_CLIENTEDGE};
 }
@@ -51,7 +27,11 @@ RECT ListBoxPeer::Place() const {
   RECT place = WindowPeer::Place();
   if (is_single_row()) return place;
   const int row = toolkit().list_row_pixels();
-  const int spare = (place.bottom - place.top - 2 * GetSystemMetrics(SM_CYEDGE)) % row;
+  const int edges = 2 * GetSystemMetrics(SM_CXEDGE) + GetSystemMetrics(SM_CXVSCROLL);
+  const bool has_bar = extent_ > place.right - place.left - edges;
+  const int spare = (place.bottom - place.top - 2 * GetSystemMetrics(SM_CYEDGE) -
+                     (has_bar ? GetSystemMetrics(SM_CYHSCROLL) : 0)) %
+                    row;
   if (spare > 0) place.bottom -= spare;
   return place;
 }
@@ -76,7 +56,40 @@ void ListBoxPeer::Show(ui::Changes changes) {
   if ((changes.Has(ui::Changes::kTopRow) || changes.Has(ui::Changes::kSelection)) &&
       Send(LB_GETTOPINDEX) != list_.TopIndex()) {
     Send(LB_SETTOPINDEX, static_cast<WPARAM>(list_.TopIndex()));
+    // A bar at the bottom covers rows that the model takes for visible.
+    RECT inside = {};
+    GetClientRect(window(), &inside);
+    const auto height = std::max<int>(static_cast<int>(Send(LB_GETITEMHEIGHT)), 1);
+    const int covered_top = list_.ListIndex() - std::max<int>(inside.bottom / height, 1) + 1;
+    if (covered_top > list_.TopIndex() &&
+        list_.ListIndex() < list_.TopIndex() + list_.VisibleRows()) {
+      Send(LB_SETTOPINDEX, static_cast<WPARAM>(covered_top));
+    }
   }
+  if (is_single_row() && (changes.Has(ui::Changes::kEnabled) || !list_.enabled())) {
+    // The class shows the arrows as usable whenever there is something to scroll.
+    EnableScrollBar(window(), SB_VERT, list_.enabled() ? ESB_ENABLE_BOTH : ESB_DISABLE_BOTH);
+  }
+}
+
+void ListBoxPeer::OnDrawItem(const DRAWITEMSTRUCT& item) {
+  const bool has_focus = GetFocus() == window();
+  const bool is_chosen = has_focus && (item.itemState & ODS_SELECTED) != 0;
+  const int ground = !list_.enabled() ? COLOR_BTNFACE : is_chosen ? COLOR_HIGHLIGHT : COLOR_WINDOW;
+  const int ink = !list_.enabled() ? COLOR_GRAYTEXT
+                  : is_chosen      ? COLOR_HIGHLIGHTTEXT
+                                   : COLOR_WINDOWTEXT;
+  const auto row = static_cast<int>(item.itemID);
+  const Text text = row >= 0 && row < list_.Count() ? Text(list_.Item(row)) : Text();
+  SetBkColor(item.hDC, GetSysColor(ground));
+  SetTextColor(item.hDC, GetSysColor(ink));
+  constexpr int kMargin = 1;
+  TEXTMETRICW metrics = {};
+  GetTextMetricsW(item.hDC, &metrics);
+  const RECT& area = item.rcItem;
+  ExtTextOutW(item.hDC, area.left + kMargin, (area.top + area.bottom - metrics.tmHeight) / 2,
+              ETO_OPAQUE | ETO_CLIPPED, &area, Wide(text), static_cast<UINT>(text.size()), nullptr);
+  if (has_focus && (item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &area);
 }
 
 void ListBoxPeer::ShowRows(bool all_new) {
@@ -118,6 +131,7 @@ void ListBoxPeer::FitWidth(int first_row) {
   if (widest_row_ != extent_) {
     extent_ = widest_row_;
     Send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extent_));
+    TakePlace();
   }
 }
 
@@ -181,6 +195,26 @@ void ListBoxPeer::TellWhenScrolled() {
   if (window() == nullptr) return;
   const auto top = static_cast<int>(Send(LB_GETTOPINDEX));
   if (top != list_.TopIndex()) Tell(ui::ScrolledTo{top});
+}
+
+void ListBoxPeer::TellMenuAsked(std::optional<POINT> screen) {
+  SetFocus(window());
+  POINT place = screen.value_or(POINT{});
+  int row = -1;
+  if (screen.has_value()) {
+    ScreenToClient(window(), &place);
+    row = RowAt(place.y);
+  } else {
+    // Below the current row, as far as that can be seen.
+    RECT item = {};
+    RECT inside = {};
+    GetClientRect(window(), &inside);
+    Send(LB_GETITEMRECT, static_cast<WPARAM>(Send(LB_GETCARETINDEX)),
+         reinterpret_cast<LPARAM>(&item));
+    place.y = std::clamp(item.bottom, inside.top, inside.bottom);
+  }
+  const ScreenScale& scale = toolkit().scale();
+  Tell(ui::MenuAsked{scale.TwipsX(place.x), scale.TwipsY(place.y), row});
 }
 
 int ListBoxPeer::RowAt(int y) const {
@@ -251,11 +285,22 @@ LRESULT ListBoxPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       TurnWheel(GET_WHEEL_DELTA_WPARAM(wparam));
       TellWhenScrolled();
       return 0;
-    case WM_CHAR:
-      if (wparam == L'\t') return 0;
-      Tell(ui::KeyPressed{static_cast<char16_t>(wparam)});
-      if (window() == nullptr) return 0;
+    case WM_CHAR:  // where it leads is the model's
+      if (wparam != L'\t') {
+        Tell(ui::KeyPressed{static_cast<char16_t>(wparam),
+                            static_cast<std::uint32_t>(GetMessageTime())});
+      }
+      return 0;
+    case WM_NCLBUTTONDOWN:  // the bar takes no focus by itself
+      SetFocus(window());
       break;
+    case WM_CONTEXTMENU: {
+      if (list_.menu().empty()) break;
+      const bool by_key = lparam == -1;
+      const POINT place = {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
+      TellMenuAsked(by_key ? std::nullopt : std::optional(place));
+      return 0;
+    }
     case WM_LBUTTONDBLCLK:
       result = WindowPeer::Handle(message, wparam, lparam);
       Tell(ui::RowDoubleClicked{RowAt(GET_Y_LPARAM(lparam))});
@@ -268,12 +313,15 @@ LRESULT ListBoxPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_VSCROLL:
     case WM_MOUSEWHEEL:
     case WM_KEYDOWN:
-    case WM_CHAR:
     case WM_LBUTTONDOWN:
     case WM_LBUTTONUP:
     case WM_MOUSEMOVE:
     case WM_TIMER:
       TellWhenScrolled();
+      break;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+      if (is_single_row()) Repaint();
       break;
     default:
       break;

@@ -1,6 +1,8 @@
 // The native list box, and the single-row one that works like a spin box.
 #pragma once
 
+#include <optional>
+
 #include "ui/list_box.h"
 #include "win32/window_peer.h"
 
@@ -13,11 +15,13 @@ class ListBoxPeer final : public WindowPeer {
 
   [[nodiscard]] bool TakesFocus() const noexcept override { return true; }
   void OnCommand(WORD notification) override;
+  // A single-row list's row is highlighted only while the list has the focus.
+  void OnDrawItem(const DRAWITEMSTRUCT& item) override;
 
  protected:
   [[nodiscard]] Style GetStyle() const override;
   void Show(ui::Changes changes) override;
-  // A list of many rows ends below a whole row.
+  // A list of many rows ends below a whole row, or below its bar under one.
   [[nodiscard]] RECT Place() const override;
   LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
 
@@ -38,6 +42,8 @@ class ListBoxPeer final : public WindowPeer {
   void ScrollTo(int row);
   void TurnWheel(int delta);
   void TellWhenScrolled();
+  // At that place of the screen; none: asked for by a key.
+  void TellMenuAsked(std::optional<POINT> screen);
   [[nodiscard]] int RowAt(int y) const;
 
   ui::ListBox& list_;

@@ -26,6 +26,7 @@
 #include "win32/list_box_peer.h"
 #include "win32/modal_display.h"
 #include "win32/native_file_dialog.h"
+#include "win32/native_menu.h"
 #include "win32/native_text.h"
 #include "win32/picture_box_peer.h"
 #include "win32/tab_strip_peer.h"
@@ -179,6 +180,14 @@ std::vector<Text> Win32Toolkit::ShowFileDialog(ui::Form& owner,
   return WithBox([&] { return AskForFiles(window, request); });
 }
 
+int Win32Toolkit::ShowMenu(ui::Control& control, ui::Twips x, ui::Twips y) {
+  const WindowPeer* const peer = WindowPeer::Of(control);
+  if (peer == nullptr || peer->window() == nullptr) return -1;
+  POINT place = {scale_.PixelsX(x), scale_.PixelsY(y)};
+  ClientToScreen(peer->window(), &place);
+  return WithBox([&] { return ChooseFromMenu(peer->window(), place, control.menu()); });
+}
+
 void Win32Toolkit::SetScreenPointer(ui::Pointer pointer) {
   screen_pointer_ = pointer;
   PointerChanged();
@@ -218,6 +227,7 @@ void Win32Toolkit::EndModal(ui::Form& form) {
   for (auto display = displays_.rbegin(); display != displays_.rend(); ++display) {
     if (display->form != &form || display->modal->ended()) continue;
     display->modal->End();
+    if (open_boxes_ > 0) EndMenu();  // a context menu does not outlive the dialog
     if (open_boxes_ == 0) display->modal->ReleaseOthers();
     return;
   }

@@ -35,6 +35,7 @@ class Win32Toolkit final : public ui::Toolkit {
   ui::PicturePtr MakePicture(int width, int height, std::span<const std::uint32_t> pixels) override;
   void ShowMessage(TextView caption, TextView text) override;
   std::vector<Text> ShowFileDialog(ui::Form& owner, const ui::FileDialogRequest& request) override;
+  int ShowMenu(ui::Control& control, ui::Twips x, ui::Twips y) override;
   void SetScreenPointer(ui::Pointer pointer) override;
   void RunModal(ui::Form& form) override;
   void EndModal(ui::Form& form) override;

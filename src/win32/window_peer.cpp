@@ -103,19 +103,20 @@ void WindowPeer::Sync(ui::Changes changes) {
   const Counted counted(showing_);
   const bool visible = control_.visible();
   if (changes.Has(ui::Changes::kVisible) && !visible) ShowVisible();
-  if (changes.Has(ui::Changes::kBounds) && window_ != nullptr) {
-    const RECT place = Place();
-    if (!EqualRect(&place, &place_)) {
-      place_ = place;
-      SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left,
-                   place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
-    }
-  }
+  if (changes.Has(ui::Changes::kBounds) && window_ != nullptr) TakePlace();
   if (changes.Has(ui::Changes::kOrder)) ShowOrder();
   if (changes.Has(ui::Changes::kEnabled)) ShowEnabled();
   if (window_ != nullptr) Show(changes);
   if (changes.Has(ui::Changes::kTooltip)) ShowTooltip();
   if (changes.Has(ui::Changes::kVisible) && visible) ShowVisible();
+}
+
+void WindowPeer::TakePlace() {
+  const RECT place = Place();
+  if (EqualRect(&place, &place_)) return;
+  place_ = place;
+  SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left,
+               place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }
 
 RECT WindowPeer::Place() const {
@@ -217,6 +218,14 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         return 0;
       }
       break;
+    case WM_DRAWITEM: {
+      const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lparam);
+      if (WindowPeer* const sender = child(item.hwndItem)) {
+        sender->OnDrawItem(item);
+        return TRUE;
+      }
+      break;
+    }
     case WM_NOTIFY: {
       const auto& header = *reinterpret_cast<const NMHDR*>(lparam);
       if (WindowPeer* const sender = child(header.hwndFrom)) {
@@ -244,13 +253,15 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       form_peer().FocusArrived(*this);
       break;
     case WM_KEYDOWN:
-      if (form_peer().Navigate(*this, wparam)) return 0;
+      if (TakesStroke(wparam) || form_peer().Navigate(*this, wparam)) return 0;
       break;
     case WM_CHAR:
       if (wparam == L'\t') return 0;  // its key has moved the focus
       break;
     case WM_SYSKEYDOWN:
       if (wparam == VK_MENU) form_peer().ShowAccessKeys();
+      // Goes on even so: without it the system would take the Alt key alone to have been pressed.
+      if (TakesStroke(wparam) && window_ == nullptr) return 0;
       break;
     case WM_SYSCHAR:
       if (form_peer().PressAccessKey(wparam)) return 0;
@@ -275,6 +286,19 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       break;
   }
   return CallOriginal(message, wparam, lparam);
+}
+
+bool WindowPeer::TakesStroke(WPARAM key) {
+  const auto held = [](int modifier, std::int16_t flag) {
+    return GetKeyState(modifier) < 0 ? flag : std::int16_t{0};
+  };
+  const ui::KeyStroke stroke = {
+      static_cast<char16_t>(key),
+      static_cast<std::int16_t>(held(VK_SHIFT, ui::kShiftHeld) + held(VK_CONTROL, ui::kCtrlHeld) +
+                                held(VK_MENU, ui::kAltHeld))};
+  if (control_.FindStroke(stroke) == nullptr) return false;
+  Tell(ui::KeyStruck{stroke});
+  return true;
 }
 
 LRESULT CALLBACK WindowPeer::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {

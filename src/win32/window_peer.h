@@ -45,6 +45,7 @@ class WindowPeer : public ui::Peer {
   // Messages that the window's parent gets on its behalf.
   virtual void OnCommand(WORD notification);
   virtual void OnNotify(const NMHDR& header);
+  virtual void OnDrawItem(const DRAWITEMSTRUCT&) {}
 
  protected:
   struct Style {
@@ -72,6 +73,8 @@ class WindowPeer : public ui::Peer {
   [[nodiscard]] bool HoldsFocus() const noexcept;
   // Where the window goes, in pixels relative to its parent.
   [[nodiscard]] virtual RECT Place() const;
+  // Goes there, if it is elsewhere.
+  void TakePlace();
   virtual void ShowVisible();
   void SetFont(int points);
   // Has the window drawn anew; a window in the making will be anyway.
@@ -92,6 +95,8 @@ class WindowPeer : public ui::Peer {
   void ShowOrder();
   void ShowEnabled();
   void ShowTooltip();
+  // Whether a menu has the key together with what is held; the model has been told then.
+  bool TakesStroke(WPARAM key);
   void DestroyWindowNow() noexcept;
   void Forget() noexcept;
 

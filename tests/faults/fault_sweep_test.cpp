@@ -167,6 +167,20 @@ const std::vector<Operation>& Operations() {
              b.SelectRows(u"lstSelMaps", {0, 2});
            },
        .run = [](FaultBench& b) { b.Tell(u"lstSelMaps", ui::KeyPressed{u'-'}); }},
+      {.name = "MoveSelected",
+       .labels = {u"lstSelMaps_KeyDown", u"BuildMapList"},
+       .prepare = [](FaultBench& b) { b.SelectRows(u"lstSelMaps", {1}); },
+       .run =
+           [](FaultBench& b) {
+             b.Tell(u"lstSelMaps", ui::KeyStruck{{ui::kUpKey, ui::kAltHeld}});
+           }},
+      {.name = "Undo",
+       .labels = {u"lstSelMaps_KeyDown", u"BuildMapList"},
+       .prepare = [](FaultBench& b) { b.Tell(u"lstAvlMaps", ui::RowDoubleClicked{2}); },
+       .run =
+           [](FaultBench& b) {
+             b.Tell(u"lstAvlMaps", ui::KeyStruck{{u'Z', ui::kCtrlHeld}});
+           }},
       {.name = "ClickSelected",
        .labels = {u"lstSelMaps_Click"},
        .run = [](FaultBench& b) { b.Tell(u"lstSelMaps", kSecondRow); },

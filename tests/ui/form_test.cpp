@@ -227,6 +227,7 @@ class TalkingToolkit final : public Toolkit {
   PicturePtr ReadPicture(TextView) override { return nullptr; }
   PicturePtr MakePicture(int, int, std::span<const std::uint32_t>) override { return nullptr; }
   std::vector<Text> ShowFileDialog(Form&, const FileDialogRequest&) override { return {}; }
+  int ShowMenu(Control&, Twips, Twips) override { return -1; }
   void SetScreenPointer(Pointer) override {}
   // Destroyed while it is shown: the hardest case.
   void RunModal(Form& form) override { throw RuntimeError(1001, form.name()); }

@@ -1,0 +1,44 @@
+title "The rotation's list keeps its place, and shows what was added"
+
+host opens profile 1 target t
+host replies
+tab "Map Settings"
+keys lstAvlMaps Ctrl+A
+repeat 3 times
+  key lstAvlMaps +
+end
+expect lstSelMaps count = 27
+expect lstSelMaps top = 17
+scroll lstSelMaps to 8
+double-click lstSelMaps 12
+expect lstSelMaps top = 8
+expect lstSelMaps caret = 12
+expect lstSelMaps row 12 = "Mines Eye <DMM_01H.BMS>"
+# The next map is under the pointer now.
+double-click lstSelMaps 12
+expect lstSelMaps row 12 = "Stadium Riot <DMM_01K.BMS>"
+expect lstSelMaps count = 25
+expect lstSelMaps selected = ""
+scroll lstSelMaps to 15
+select lstSelMaps 20-24
+keys lstSelMaps Del
+expect lstSelMaps count = 20
+expect lstSelMaps top = 10
+double-click lstAvlMaps 0
+expect lstSelMaps top = 11
+
+# Typing goes to the next row that begins so.
+type lstAvlMaps c
+expect lstAvlMaps selected = 1
+type lstAvlMaps r
+expect lstAvlMaps selected = 2
+wait 2 seconds
+type lstAvlMaps c
+expect lstAvlMaps selected = 1
+type lstAvlMaps racx
+expect lstAvlMaps selected = 2
+wait 2 seconds
+type lstSelMaps s
+expect lstSelMaps row 0 = "Road Rage <DMK_01A.BMS>"
+expect lstSelMaps selected = 5
+push cmdCancel
