@@ -74,8 +74,16 @@ ui::ListBox& AddMapList(ui::Form& form, ui::Control& container, Text name, Text 
 
 void AddOption(ui::Form& form, const Option& option) {
   ui::Control& frame = form.At(option.place.column.frame);
-  form.Add<ui::Label>(LabelName(option.key), &frame, option.label).SetBounds(LabelBounds(option));
+  auto& label = form.Add<ui::Label>(LabelName(option.key), &frame, option.label);
+  label.SetBounds(LabelBounds(option));
   ui::Control& control = AddOptionControl(form, frame, option);
+  if (option.kind == ui::ControlKind::kCheckBox) {
+    label.on_mouse_up = [&label, &control](const ui::MouseEvent& event) {
+      const bool inside = event.x >= 0 && event.x < label.bounds().width && event.y >= 0 &&
+                          event.y < label.bounds().height;
+      if (event.button == ui::kLeftButton && inside) control.Happened(ui::Clicked{});
+    };
+  }
   control.SetBounds(ControlBounds(option));
   control.SetTooltip(option.tooltip);
   control.SetAccessibleName(option.label);

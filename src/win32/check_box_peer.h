@@ -17,6 +17,8 @@ class CheckBoxPeer final : public WindowPeer {
  protected:
   [[nodiscard]] Style GetStyle() const override;
   void Show(ui::Changes changes) override;
+  // The class marks the focus around the caption, and there is none.
+  LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
 
  private:
   ui::CheckBox& box_;

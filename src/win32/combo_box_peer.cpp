@@ -1,6 +1,10 @@
 #include "win32/combo_box_peer.h"
 
+#include <algorithm>
+
+#include "win32/form_peer.h"
 #include "win32/native_text.h"
+#include "win32/text_widths.h"
 #include "win32/win32_toolkit.h"
 
 namespace quill::win32 {
@@ -61,8 +65,20 @@ void ComboBoxPeer::ShowItems(bool all_new) {
     item = box_.Item(index);
     Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(item)));
   }
+  FitDroppedWidth();
   Send(WM_SETREDRAW, TRUE);
   Repaint();
+}
+
+// The open list is never narrower than the closed one, whatever it is told.
+void ComboBoxPeer::FitDroppedWidth() {
+  const TextWidths widths(window(), form_peer().Font(Win32Toolkit::kFontPoints));
+  int widest = 0;
+  for (int index = 0; index < box_.Count(); ++index) {
+    widest = std::max(widest, widths.Of(box_.Item(index)));
+  }
+  const int around = GetSystemMetrics(SM_CXVSCROLL) + 4 * GetSystemMetrics(SM_CXEDGE);
+  Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest + around));
 }
 
 void ComboBoxPeer::OnCommand(WORD notification) {

@@ -23,6 +23,7 @@ class ComboBoxPeer final : public WindowPeer {
  private:
   void FitClosedHeight();
   void ShowItems(bool all_new);
+  void FitDroppedWidth();
 
   ui::ComboBox& box_;
 };

@@ -59,6 +59,14 @@ void ImagePeer::DrawFocus(HDC context, RECT area) const {
   DrawFocusRect(context, &area);
 }
 
+ui::MouseEvent ImagePeer::Middle() const {
+  return {ui::kLeftButton, 0, image_.bounds().width / 2, image_.bounds().height / 2};
+}
+
+void ImagePeer::LoseSpace() {
+  if (std::exchange(space_pressed_, false)) Tell(ui::MouseLost{});
+}
+
 LRESULT ImagePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
   if (const auto fact = buttons_.FactOf(window(), message, wparam, lparam, toolkit().scale())) {
     const LRESULT result = WindowPeer::Handle(message, wparam, lparam);
@@ -71,16 +79,21 @@ LRESULT ImagePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         Tell(ui::Clicked{});
         return 0;
       }
-      space_pressed_ = wparam == VK_SPACE;
+      if (wparam != VK_SPACE) {
+        LoseSpace();
+      } else if (!std::exchange(space_pressed_, true)) {
+        Tell(ui::MousePressed{Middle()});
+        return 0;
+      }
       break;
     case WM_KEYUP:
       if (wparam == VK_SPACE && std::exchange(space_pressed_, false)) {
-        Tell(ui::Clicked{});
+        Tell(ui::MouseReleased{Middle()});
         return 0;
       }
       break;
     case WM_KILLFOCUS:
-      space_pressed_ = false;
+      LoseSpace();
       [[fallthrough]];
     case WM_SETFOCUS:
       Repaint();

@@ -26,6 +26,9 @@ class ImagePeer final : public WindowPeer {
   void Draw(HDC context, const RECT& area) const;
   void DrawAll(HDC context, const RECT& area) const;  // with the ground
   void DrawFocus(HDC context, RECT area) const;
+  // Space is the left mouse button on the middle: pressed as long as it is held.
+  [[nodiscard]] ui::MouseEvent Middle() const;
+  void LoseSpace();
 
   ui::Image& image_;
   MouseButtons buttons_;

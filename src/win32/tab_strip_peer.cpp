@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "win32/form_peer.h"
 #include "win32/native_text.h"
 #include "win32/win32_toolkit.h"
 
@@ -28,7 +29,17 @@ void TabStripPeer::Show(ui::Changes changes) {
 }
 
 void TabStripPeer::OnNotify(const NMHDR& header) {
-  if (header.code == TCN_SELCHANGE) Tell(ui::TabChosen{static_cast<int>(Send(TCM_GETCURSEL))});
+  if (header.code == TCN_SELCHANGE) TellInOnePaint(static_cast<int>(Send(TCM_GETCURSEL)));
+}
+
+void TabStripPeer::TellInOnePaint(int tab) {
+  const HWND form = form_peer().window();
+  SendMessageW(form, WM_SETREDRAW, FALSE, 0);
+  Tell(ui::TabChosen{tab});
+  if (!IsWindow(form) || !strip_.form().shown()) return;  // painting would show it again
+  SendMessageW(form, WM_SETREDRAW, TRUE, 0);
+  RedrawWindow(form, nullptr, nullptr,
+               RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
 }
 
 void TabStripPeer::Turn(bool forward) {
@@ -36,7 +47,7 @@ void TabStripPeer::Turn(bool forward) {
   if (count == 0) return;
   const int next = (strip_.selected() + (forward ? 1 : count - 1)) % count;
   Send(TCM_SETCURSEL, static_cast<WPARAM>(next));
-  Tell(ui::TabChosen{next});
+  TellInOnePaint(next);
 }
 
 }  // namespace quill::win32

@@ -21,6 +21,9 @@ class TabStripPeer final : public WindowPeer {
   void Show(ui::Changes changes) override;
 
  private:
+  // The page that is hidden and the one that is shown must not be seen one after the other.
+  void TellInOnePaint(int tab);
+
   ui::TabStrip& strip_;
 };
 

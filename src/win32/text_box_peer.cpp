@@ -61,8 +61,11 @@ void TextBoxPeer::OnCommand(WORD notification) {
 }
 
 LRESULT TextBoxPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
-  // Enter and Escape mean nothing here; the class would only beep at them.
-  if (message == WM_CHAR && (wparam == L'\r' || wparam == L'\x1B')) return 0;
+  // Enter and Escape mean nothing here; the class would only beep at them, and not every version of
+  // it knows Ctrl+A.
+  constexpr WPARAM kCtrlA = 1;
+  if (message == WM_CHAR && wparam == kCtrlA) Send(EM_SETSEL, 0, -1);
+  if (message == WM_CHAR && (wparam == L'\r' || wparam == L'\x1B' || wparam == kCtrlA)) return 0;
   return WindowPeer::Handle(message, wparam, lparam);
 }
 
