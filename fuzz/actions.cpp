@@ -30,6 +30,17 @@ constexpr TextView kOperations[] = {u"WriteFile",     u"CompressString", u"Decom
                                     u"GetIniSection", u"ParseIniKey",    u"ParseIniValue",
                                     u"WriteIniKey",   u"LogError",       u"SendErrorReport"};
 
+constexpr ui::KeyStroke kStrokes[] = {{ui::kUpKey, ui::kAltHeld},
+                                      {ui::kDownKey, ui::kAltHeld},
+                                      {ui::kHomeKey, ui::kAltHeld},
+                                      {ui::kEndKey, ui::kAltHeld},
+                                      {ui::kDeleteKey},
+                                      {u'Z', ui::kCtrlHeld},
+                                      {u'Y', ui::kCtrlHeld},
+                                      {u'A', ui::kCtrlHeld}};
+constexpr TextView kMenuItems[] = {u"",     u"Add",  u"Remove",    u"Move Up", u"Move to End",
+                                   u"Undo", u"Redo", u"Select All"};
+
 std::vector<Text> Replies() {
   host::Scenario machine = Machine();
   std::vector<Text> replies = {host::SettingsReply(machine)};
@@ -83,7 +94,9 @@ class Play {
 
   void Gesture() {
     auto& person = bench_.person;
-    switch (Byte() % 15) {
+    // The last ones came later; the seeds keep their meaning.
+    const unsigned kind = Byte();
+    switch (kind < 225 ? kind % 15 : 15 + kind % 4) {
       case 0:
         return person.Type(Pick(kTextBoxes), Pick(kTexts));
       case 1:
@@ -118,6 +131,16 @@ class Play {
         return person.Press(Pick(kButtons), ui::kLeftButton);
       case 13:
         return person.CloseForm();
+      case 15:
+        person.now += Byte() * 8;
+        return person.Key(Pick(kLists), Pick(TextView(u"r2d\b")));
+      case 16:
+        return person.Strike(Pick(kLists), Pick(kStrokes));
+      case 17:
+        return person.ChooseFromMenu(Pick(kLists), static_cast<int>(Byte()) - 1, Pick(kMenuItems));
+      case 18:
+        person.Press(u"lblChkNova", ui::kLeftButton);
+        return person.Release(u"lblChkNova", ui::kLeftButton);
       default: {
         bench_.toolkit.AnswerNextFileDialog({Text(Pick(kFiles))});
         const TextView button = Pick(kButtons);
