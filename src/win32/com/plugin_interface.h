@@ -8,6 +8,10 @@
 
 namespace quill::com {
 
+// Records in 32-bit type libraries are packed to 4, as classic 32-bit compilers lay them out.
+#if !defined(_WIN64)
+#pragma pack(push, 4)
+#endif
 // What GetData hands out. Texts and variants belong to whoever holds the record.
 struct PluginRecord {
   BSTR Name;
@@ -30,23 +34,12 @@ struct PluginRecord {
   BSTR MinRCCVer;
 };
 
-// The layout that the type library tells: pointers of the architecture's size, variants of two
-// pointers and eight bytes.
-inline constexpr std::size_t kPointer = sizeof(void*);
-inline constexpr std::size_t kVariant = 8 + 2 * kPointer;
-static_assert(sizeof(VARIANT) == kVariant);
 #if !defined(_WIN64)
-// Five 4-byte texts leave the variant, which aligns to 8, at 24.
-static_assert(offsetof(PluginRecord, Game) == 24);
-static_assert(offsetof(PluginRecord, HasInterface) == 40);
-static_assert(offsetof(PluginRecord, ProfileMenuItems) == 48);
-static_assert(offsetof(PluginRecord, MinRCVer) == 96);
-static_assert(sizeof(PluginRecord) == 120);
+#pragma pack(pop)
+static_assert(offsetof(PluginRecord, Game) == 20);
+static_assert(sizeof(PluginRecord) == 112);
 #else
 static_assert(offsetof(PluginRecord, Game) == 40);
-static_assert(offsetof(PluginRecord, HasInterface) == 64);
-static_assert(offsetof(PluginRecord, ProfileMenuItems) == 72);
-static_assert(offsetof(PluginRecord, MinRCVer) == 144);
 static_assert(sizeof(PluginRecord) == 184);
 #endif
 

@@ -1,8 +1,8 @@
 // Build tool, run on the machine that builds: settles a freshly compiled type library in place.
 //
 // The interface compiler lays records out with variants of 16 bytes also where pointers have 8, and
-// notes the time of the build. This gives every record the layout that compilers for the
-// architecture use, and blanks the time, so that the same source gives the same bytes.
+// notes the time of the build. This lays every record out by the alignment that it declares, as
+// importers do, and blanks the time, so that the same source gives the same bytes.
 //
 //   settle_typelib FILE.tlb
 //
@@ -27,7 +27,7 @@ constexpr std::uint32_t kHasHelpLibrary = 0x100;  // one more number ends the he
 
 // Places in a type description.
 constexpr std::size_t kDescriptionSize = 100;
-constexpr std::size_t kKindAt = 0;     // low 4 bits: 1 = record
+constexpr std::size_t kKindAt = 0;     // low 4 bits: 1 = record; from bit 11: declared alignment
 constexpr std::size_t kMembersAt = 4;  // where the member records lie
 constexpr std::size_t kCountsAt = 24;  // high 16 bits: fields
 constexpr std::size_t kInstanceSizeAt = 80;
@@ -88,12 +88,14 @@ class TypeLibrary {
     std::size_t field = Read(description + kMembersAt) + 4;  // behind the total length
     std::uint32_t offset = 0;
     std::uint32_t alignment = 1;
+    const std::uint32_t declared = Read(description + kKindAt) >> 11 & 0x1F;
     for (std::uint32_t i = 0; i < fields; ++i) {
       const Field layout = FieldOf(Read(field + kFieldTypeAt) & 0xFFFF, pointer);
-      offset = (offset + layout.alignment - 1) / layout.alignment * layout.alignment;
+      const std::uint32_t step = std::min(layout.alignment, declared);
+      offset = (offset + step - 1) / step * step;
       Write(field + kFieldOffsetAt, offset);
       offset += layout.size;
-      alignment = std::max(alignment, layout.alignment);
+      alignment = std::max(alignment, step);
       field += Read(field) & 0xFFFF;
     }
     Write(description + kInstanceSizeAt, (offset + alignment - 1) / alignment * alignment);
