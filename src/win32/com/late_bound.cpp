@@ -39,7 +39,7 @@ std::optional<DISPID> LateBound::Find(TextView member) const {
   const Text name(member);
   LPOLESTR wide = const_cast<LPOLESTR>(WideOf(name));
   DISPID found = DISPID_UNKNOWN;
-  if (SUCCEEDED(object_->GetIDsOfNames(IID_NULL, &wide, 1, LOCALE_INVARIANT, &found)) &&
+  if (SUCCEEDED(object_->GetIDsOfNames(IID_NULL, &wide, 1, LOCALE_USER_DEFAULT, &found)) &&
       found != DISPID_UNKNOWN) {
     return found;
   }
@@ -57,12 +57,12 @@ std::optional<DISPID> LateBound::Find(TextView member) const {
 HRESULT LateBound::Invoke(DISPID member, WORD flags, DISPPARAMS& arguments, Variant& result,
                           EXCEPINFO& raised) const {
   ComPtr<IDispatchEx> extended;
-  HRESULT answer = object_->Invoke(member, IID_NULL, LOCALE_INVARIANT, flags, &arguments,
+  HRESULT answer = object_->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &arguments,
                                    result.get(), &raised, nullptr);
   if (answer == E_NOTIMPL &&
       SUCCEEDED(object_->QueryInterface(QUILL_ID_OF(IDispatchEx), extended.ReceiveVoid()))) {
-    answer = extended->InvokeEx(member, LOCALE_INVARIANT, flags, &arguments, result.get(), &raised,
-                                nullptr);
+    answer = extended->InvokeEx(member, LOCALE_USER_DEFAULT, flags, &arguments, result.get(),
+                                &raised, nullptr);
   }
   return answer;
 }

@@ -1,5 +1,5 @@
 // An automation object whose members a test writes as functions, as strict or as odd as the objects
-// that scripts and hosts hand over.
+// that scripts and hosts hand over. It knows the user's default locale only.
 #pragma once
 
 #include <atomic>
@@ -22,6 +22,7 @@ class ScriptedObject final : public IDispatchEx {
 
   std::map<Text, Member> members;  // in their own spelling; callers may use any letter case
   Member default_member;
+  Member enumeration;
   bool answers_extended_only = false;  // both look-up and call
   WORD takes = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
   bool is_strict = false;  // refuses calls that ask for more than it takes
@@ -47,20 +48,23 @@ class ScriptedObject final : public IDispatchEx {
   }
   STDMETHODIMP GetTypeInfoCount(UINT* count) override { return *count = 0, S_OK; }
   STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return DISP_E_BADINDEX; }
-  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID locale, DISPID* ids) override {
+    if (locale != LOCALE_USER_DEFAULT) return DISP_E_UNKNOWNLCID;
     ids[0] = answers_extended_only ? DISPID_UNKNOWN : Find(names[0]);
     return ids[0] == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;
   }
-  STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* given, VARIANT* result,
-                      EXCEPINFO* raised, UINT*) override {
+  STDMETHODIMP Invoke(DISPID id, REFIID, LCID locale, WORD flags, DISPPARAMS* given,
+                      VARIANT* result, EXCEPINFO* raised, UINT*) override {
+    if (locale != LOCALE_USER_DEFAULT) return DISP_E_UNKNOWNLCID;
     return answers_extended_only ? E_NOTIMPL : Run(id, flags, *given, result, raised);
   }
   STDMETHODIMP GetDispID(BSTR name, DWORD, DISPID* id) override {
     *id = Find(name);
     return *id == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;
   }
-  STDMETHODIMP InvokeEx(DISPID id, LCID, WORD flags, DISPPARAMS* given, VARIANT* result,
+  STDMETHODIMP InvokeEx(DISPID id, LCID locale, WORD flags, DISPPARAMS* given, VARIANT* result,
                         EXCEPINFO* raised, IServiceProvider*) override {
+    if (locale != LOCALE_USER_DEFAULT) return DISP_E_UNKNOWNLCID;
     return Run(id, flags, *given, result, raised);
   }
   STDMETHODIMP DeleteMemberByName(BSTR, DWORD) override { return E_NOTIMPL; }
@@ -83,7 +87,9 @@ class ScriptedObject final : public IDispatchEx {
   }
   HRESULT Run(DISPID id, WORD flags, const DISPPARAMS& given, VARIANT* result, EXCEPINFO* raised) {
     if ((flags & takes) == 0 || (is_strict && (flags & ~takes) != 0)) return DISP_E_MEMBERNOTFOUND;
-    Member member = id == DISPID_VALUE ? default_member : nullptr;
+    Member member = id == DISPID_VALUE     ? default_member
+                    : id == DISPID_NEWENUM ? enumeration
+                                           : nullptr;
     DISPID next = 0;
     for (const auto& [spelling, candidate] : members) {
       if (++next == id) member = candidate;
