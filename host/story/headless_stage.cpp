@@ -44,7 +44,7 @@ class RightsCollection final : public HostCollection {
                           .text = {},
                           .number = std::stod(ToUtf8(right.value))};
         case Right::Form::kFails:
-          throw RuntimeError(ErrorNumber::kMemberNotFound);
+          throw RuntimeError(ErrorNumber::kTypeMismatch);
       }
     }
     return std::nullopt;

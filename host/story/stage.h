@@ -36,8 +36,7 @@ struct SeenBox {
 
 // One right of the operator, as the host's collection holds it.
 struct Right {
-  // kFails: the collection answers the look-up of this key with error 438 (no such member), as an
-  // object does that is no collection.
+  // kFails: the item is none that could be compared with a text, such as an array.
   enum class Form : std::uint8_t { kText, kNumber, kFails };
   Text name;
   Form form = Form::kText;

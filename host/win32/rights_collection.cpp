@@ -43,7 +43,11 @@ class RightsCollection final : public com::DispatchObject {
   [[nodiscard]] Variant Item(TextView key) const {
     for (const Right& right : rights_) {
       if (!EqualIgnoringCase(right.name, key)) continue;
-      if (right.form == Right::Form::kFails) throw RuntimeError(ErrorNumber::kMemberNotFound);
+      if (right.form == Right::Form::kFails) {
+        Variant array;
+        array.get()->vt = VT_ARRAY | VT_VARIANT;
+        return array;
+      }
       return right.form == Right::Form::kNumber ? Variant::OfInt32(ToInt32(right.value))
                                                 : Variant::OfText(right.value);
     }

@@ -19,7 +19,7 @@ class HostArray {
 };
 
 // One item of a collection: a text, a number (truth values count as numbers: false is 0), or
-// something that is neither.
+// another value that equals no text, such as an empty one.
 struct HostItem {
   enum class Kind : std::uint8_t { kText, kNumber, kOther };
   Kind kind = Kind::kOther;
@@ -27,12 +27,13 @@ struct HostItem {
   double number = 0;
 };
 
-// A collection keyed by text. Any failure but a missing key is a RuntimeError.
+// A collection keyed by text.
 class HostCollection {
  public:
   virtual ~HostCollection() = default;
   [[nodiscard]] virtual std::int64_t Count() = 0;
-  // The item of that key, without regard to letter case; nothing when there is none.
+  // The item of that key, without regard to letter case; nothing when there is none. kTypeMismatch
+  // for an item that cannot be compared with a text.
   [[nodiscard]] virtual std::optional<HostItem> Find(TextView key) = 0;
 };
 

@@ -19,7 +19,7 @@ struct OperatorRight {
 [[nodiscard]] std::span<const OperatorRight> OperatorRights() noexcept;
 
 // Enables the options that are granted and disables the others, unless `granted` is empty. A
-// look-up that fails ends this at that right; the rights before it stay applied.
+// failure ends this at that right; the rights before it stay applied.
 void ApplyOperatorRights(HostCollection& granted, frmrcBHDGS& dialog);
 
 }  // namespace quill

@@ -1,7 +1,7 @@
 #include "win32/com/com_host_values.h"
 
 #include <algorithm>
-#include <iterator>
+#include <vector>
 
 #include "support/runtime_error.h"
 #include "win32/com/bstr.h"
@@ -9,22 +9,6 @@
 
 namespace quill::com {
 namespace {
-
-// What collections of different makes raise when they hold no item of a key: the keyed collections
-// of scripts and of compiled hosts, "element not found", and the argument and key errors of managed
-// collections.
-bool IsMissingKey(const RuntimeError& error) {
-  constexpr std::int32_t kMissing[] = {
-      static_cast<std::int32_t>(ErrorNumber::kInvalidProcedureCall),
-      static_cast<std::int32_t>(ErrorNumber::kSubscriptOutOfRange),
-      32811,
-      static_cast<std::int32_t>(0x80070490u),
-      static_cast<std::int32_t>(0x8002802Bu),
-      static_cast<std::int32_t>(0x80131577u),
-      static_cast<std::int32_t>(0x80131502u),
-  };
-  return std::ranges::find(kMissing, error.number()) != std::end(kMissing);
-}
 
 bool IsNumeric(VARTYPE type) {
   switch (type) {
@@ -49,27 +33,103 @@ bool IsNumeric(VARTYPE type) {
   }
 }
 
+// Fails with kTypeMismatch when there is none.
+Variant DefaultValue(IDispatch* object) {
+  try {
+    return LateBound(object).Call(DISPID_VALUE, {});
+  } catch (const RuntimeError&) {
+    throw RuntimeError(ErrorNumber::kTypeMismatch);
+  }
+}
+
+// Fails with kTypeMismatch for what cannot be compared with a text.
 HostItem ItemOf(const VARIANT& value) {
   const VARIANT& referred = Referred(value);
-  const VARTYPE type = static_cast<VARTYPE>(referred.vt & ~VT_BYREF);
   HostItem item;
   IDispatch* object = nullptr;
+  Variant number;
   if (ReadObject(referred, object)) {
-    if (object == nullptr) return item;
     // An object counts as its default value, as long as that is no object again.
-    const Variant held = LateBound(object).Call(DISPID_VALUE, {});
-    if (!ReadObject(*held.get(), object)) return ItemOf(*held.get());
-  } else if (type == VT_BSTR) {
-    item.kind = HostItem::Kind::kText;
-    item.text = TextOf(referred);
-  } else if (IsNumeric(type)) {
-    Variant number;
-    if (SUCCEEDED(ConvertTo(VT_R8, referred, number))) {
+    const Variant held = DefaultValue(object);
+    if (ReadObject(*held.get(), object)) throw RuntimeError(ErrorNumber::kTypeMismatch);
+    return ItemOf(*held.get());
+  }
+  switch (const VARTYPE type = static_cast<VARTYPE>(referred.vt & ~VT_BYREF)) {
+    case VT_EMPTY:
+    case VT_NULL:
+    case VT_DATE:
+      return item;
+    case VT_BSTR:
+      item.kind = HostItem::Kind::kText;
+      item.text = TextOf(referred);
+      return item;
+    default:
+      if (!IsNumeric(type) || FAILED(ConvertTo(VT_R8, referred, number))) {
+        throw RuntimeError(ErrorNumber::kTypeMismatch);
+      }
       item.kind = HostItem::Kind::kNumber;
       item.number = number.get()->dblVal;
-    }
+      return item;
   }
-  return item;
+}
+
+bool IsNothing(const VARIANT& value) {
+  const VARIANT& referred = Referred(value);
+  IDispatch* object = nullptr;
+  return referred.vt == VT_EMPTY || referred.vt == VT_NULL ||
+         (ReadObject(referred, object) && object == nullptr);
+}
+
+// A key without a text, as an object used as a key, is left out.
+template <class Read>
+void AddKey(std::vector<Text>& keys, const Read& read) {
+  try {
+    keys.push_back(read());
+  } catch (const RuntimeError&) {
+  }
+}
+
+std::vector<Text> KeysIn(SAFEARRAY* array) {
+  LONG lower = 0;
+  LONG upper = -1;
+  (void)::SafeArrayGetLBound(array, 1, &lower);
+  (void)::SafeArrayGetUBound(array, 1, &upper);
+  std::vector<Text> keys;
+  for (LONG i = lower; i <= upper; ++i) AddKey(keys, [&] { return com::ElementText(array, i); });
+  return keys;
+}
+
+// The texts among what the object's enumeration gives; nothing when it has none.
+std::optional<std::vector<Text>> Enumerated(IDispatch* object) {
+  Variant held;
+  try {
+    held = LateBound(object).Call(DISPID_NEWENUM, {});
+  } catch (const RuntimeError&) {
+    return std::nullopt;
+  }
+  const VARIANT& value = *held.get();
+  ComPtr<IEnumVARIANT> enumeration;
+  if ((value.vt != VT_UNKNOWN && value.vt != VT_DISPATCH) || value.punkVal == nullptr ||
+      FAILED(value.punkVal->QueryInterface(IID_IEnumVARIANT, enumeration.ReceiveVoid()))) {
+    return std::nullopt;
+  }
+  std::vector<Text> keys;
+  for (Variant next; enumeration->Next(1, next.get(), nullptr) == S_OK; next = Variant()) {
+    AddKey(keys, [&] { return TextOf(*next.get()); });
+  }
+  return keys;
+}
+
+// The listed key that equals `key` without regard to letter case; one that equals it exactly goes
+// first.
+std::optional<Text> Spelling(const std::vector<Text>& keys, TextView key) {
+  auto found = std::ranges::find(keys, key);
+  if (found == keys.end()) {
+    found = std::ranges::find_if(
+        keys, [&](const Text& listed) { return EqualIgnoringCase(listed, key); });
+  }
+  if (found == keys.end()) return std::nullopt;
+  return *found;
 }
 
 }  // namespace
@@ -92,40 +152,67 @@ std::int64_t ComHostCollection::Count() {
 }
 
 std::optional<HostItem> ComHostCollection::Find(TextView key) {
-  if (const std::optional<DISPID> keys = collection_.Find(u"Keys")) {
-    const Variant listed = collection_.Call(*keys, {});
-    if (SAFEARRAY* array = ArrayOf(*listed.get())) return FindListed(array, key);
+  std::optional<Variant> item;
+  if (const std::optional<std::vector<Text>> keys = Keys()) {
+    const std::optional<Text> spelling = Spelling(*keys, key);
+    if (!spelling) return std::nullopt;
+    item = Item(*spelling);
+  } else {
+    const std::optional<bool> holds = Holds(key);
+    if (holds == false) return std::nullopt;
+    item = Item(key);
+    if (item && IsNothing(*item->get()) && !holds && !NothingIsAnItem(key)) return std::nullopt;
   }
+  if (!item) return std::nullopt;
+  return ItemOf(*item->get());
+}
+
+std::optional<std::vector<Text>> ComHostCollection::Keys() {
+  const std::optional<DISPID> member = collection_.Find(u"Keys");
+  if (!member) return std::nullopt;
+  Variant listed;
   try {
-    return ItemOf(*Item(key).get());
-  } catch (const RuntimeError& error) {
-    if (!IsMissingKey(error)) throw;
+    listed = collection_.Call(*member, {});
+  } catch (const RuntimeError&) {
     return std::nullopt;
   }
+  IDispatch* object = nullptr;
+  if (ReadObject(*listed.get(), object) && object != nullptr) return Enumerated(object);
+  SAFEARRAY* const array = ArrayOf(*listed.get());
+  if (array == nullptr) return std::nullopt;
+  return KeysIn(array);
 }
 
-std::optional<HostItem> ComHostCollection::FindListed(SAFEARRAY* keys, TextView key) {
-  LONG lower = 0;
-  LONG upper = -1;
-  (void)::SafeArrayGetLBound(keys, 1, &lower);
-  (void)::SafeArrayGetUBound(keys, 1, &upper);
-  std::optional<Text> found;
-  for (LONG i = lower; i <= upper; ++i) {
-    Text listed = com::ElementText(keys, i);
-    if (listed == key) {
-      found = std::move(listed);
-      break;
+std::optional<bool> ComHostCollection::Holds(TextView key) {
+  const Variant argument = Variant::OfText(key);
+  for (const TextView name : {u"ContainsKey", u"Exists", u"Contains"}) {
+    const std::optional<DISPID> member = collection_.Find(name);
+    if (!member) continue;
+    try {
+      const Variant answer = collection_.Call(*member, {&argument});
+      if (!IsNothing(*answer.get())) return TruthOf(*answer.get());
+    } catch (const RuntimeError&) {
+      // A member of that name that is asked in another way.
     }
-    if (!found && EqualIgnoringCase(listed, key)) found = std::move(listed);
   }
-  if (!found) return std::nullopt;
-  return ItemOf(*Item(*found).get());
+  return std::nullopt;
 }
 
-Variant ComHostCollection::Item(TextView key) {
-  const Variant key_argument = Variant::OfText(key);
-  const std::optional<DISPID> item = collection_.Find(u"Item");
-  return collection_.Call(item.value_or(DISPID_VALUE), {&key_argument});
+bool ComHostCollection::NothingIsAnItem(TextView key) {
+  if (const auto keys = Enumerated(collection_.object()); keys && Spelling(*keys, key)) return true;
+  return !Item(Concat({key, u"?"}));
+}
+
+std::optional<Variant> ComHostCollection::Item(TextView key) {
+  const Variant argument = Variant::OfText(key);
+  const std::optional<DISPID> member = collection_.Find(u"Item");
+  try {
+    return collection_.Call(member.value_or(DISPID_VALUE), {&argument});
+  } catch (const RuntimeError& error) {
+    // Without any way to look an item up the object is no collection.
+    if (!member && error.number() == static_cast<std::int32_t>(ErrorNumber::kMemberNotFound)) throw;
+    return std::nullopt;
+  }
 }
 
 std::shared_ptr<HostCollection> CollectionOf(IDispatch* object) {

@@ -19,9 +19,10 @@ class ComHostArray final : public HostArray {
   const VARIANT& value_;
 };
 
-// A collection of any make: one that lists its keys (a dictionary: members Keys and Item), or one
-// with a keyed Item or default member that fails when the key is missing. Looking a key up never
-// adds it.
+// A collection of any make, with Count and a keyed Item or default member. Whether it holds a key
+// is asked before its item is, because some add the key that they are asked for: of the list in
+// Keys, or of ContainsKey, Exists or Contains. Without these a key is missing when the look-up
+// fails, or when it answers with nothing as it does for keys that nobody has.
 class ComHostCollection final : public HostCollection {
  public:
   explicit ComHostCollection(IDispatch* collection) noexcept : collection_(collection) {}
@@ -29,8 +30,14 @@ class ComHostCollection final : public HostCollection {
   [[nodiscard]] std::optional<HostItem> Find(TextView key) override;
 
  private:
-  [[nodiscard]] std::optional<HostItem> FindListed(SAFEARRAY* keys, TextView key);
-  [[nodiscard]] Variant Item(TextView key);
+  // The collection's keys as it spells them; nothing when it does not list them.
+  [[nodiscard]] std::optional<std::vector<Text>> Keys();
+  // Nothing when the collection cannot tell.
+  [[nodiscard]] std::optional<bool> Holds(TextView key);
+  // True when an answer of nothing for that key means an item.
+  [[nodiscard]] bool NothingIsAnItem(TextView key);
+  // Nothing when the look-up fails.
+  [[nodiscard]] std::optional<Variant> Item(TextView key);
 
   LateBound collection_;
 };

@@ -136,10 +136,8 @@ class ScriptDictionary {
         ::CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object_.ReceiveVoid()),
         S_OK);
   }
-  void Add(TextView key, Variant value) {
-    const Variant name = Variant::OfText(key);
-    LateBound(object_.get()).Call(u"Add", {&name, &value});
-  }
+  void Add(TextView key, Variant value) { Add(Variant::OfText(key), std::move(value)); }
+  void Add(Variant key, Variant value) { LateBound(object_.get()).Call(u"Add", {&key, &value}); }
   [[nodiscard]] std::int32_t Count() const {
     return Int32Of(*LateBound(object_.get()).Call(u"Count", {}).get());
   }
@@ -158,9 +156,13 @@ TEST_F(OperatorRights, ComeFromAScriptsDictionaryWhichStaysAsItWas) {
   rights.Add(u"Change GS Dedicated Mode", Variant::OfInt32(0));
   rights.Add(u"Change GS Windowed Mode", Variant::OfText(u"0"));
   rights.Add(u"Change GS Custom Skins Option", Variant::OfBoolean(true));
+  rights.Add(OfObject(ScriptedObject::Make().get()), Variant::OfText(u"a key without a text"));
   EXPECT_EQ(Apply(rights.object().get(), true), "eeeeeeee");
   EXPECT_EQ(Apply(rights.object().get()), "-ee--e-e");
-  EXPECT_EQ(rights.Count(), 6) << "looking a right up must not add it";
+  EXPECT_EQ(rights.Count(), 7) << "looking a right up must not add it";
+  rights.Add(u"Change GS Session Type", Variant::OfBoolean(false));
+  rights.Add(u"Change GS Req Nova Login Option", Variant());
+  EXPECT_EQ(Apply(rights.object().get()), "-ee--eee") << "false is 0, and empty another value";
   EXPECT_TRUE(boxes.empty());
 }
 
@@ -172,32 +174,65 @@ TEST_F(OperatorRights, ComeFromAKeyedCollection) {
   EXPECT_TRUE(boxes.empty());
 }
 
-// The last right alone is granted; every other key is missing in this collection's own way.
-Variant Granted(std::span<const VARIANT> given, const RuntimeError& missing) {
-  if (EqualIgnoringCase(TextOf(given[0]), u"Change GS Game Port")) return Variant::OfInt32(1);
-  throw missing;
+// A collection that holds a 1 and an empty item.
+ComPtr<ScriptedObject> CollectionWith(std::function<Variant()> missing) {
+  const auto rights = ScriptedObject::Make();
+  rights->members[u"Count"] = [](auto) { return Variant::OfInt32(2); };
+  rights->default_member = [missing](std::span<const VARIANT> given) {
+    const Text key = ToLower(TextOf(given[0]));
+    if (key == u"change gs max players") return Variant::OfInt32(1);
+    return key == u"change gs game port" ? Variant() : missing();
+  };
+  return rights;
 }
 
-TEST_F(OperatorRights, ComeFromCollectionsOfAnyMake) {
-  const std::int32_t missing[] = {5, 9, 32811, static_cast<std::int32_t>(0x80070490)};
-  for (const std::int32_t number : missing) {
-    const auto item = [number](std::span<const VARIANT> given) {
-      return Granted(given, RuntimeError(number, u"no such key"));
+TEST_F(OperatorRights, ComeFromCollectionsThatFailForUnknownKeys) {
+  for (const std::int32_t number : {5, 9, 1004, static_cast<std::int32_t>(0x80070490)}) {
+    const auto rights =
+        CollectionWith([number]() -> Variant { throw RuntimeError(number, u"no such key"); });
+    EXPECT_EQ(Apply(rights.get()), "-e-----e") << number;
+    rights->answers_extended_only = true;
+    EXPECT_EQ(Apply(rights.get()), "-e-----e") << number;
+    rights->members[u"Item"] = rights->default_member;
+    rights->default_member = nullptr;
+    EXPECT_EQ(Apply(rights.get()), "-e-----e") << number;
+    // A list of keys that is none, or cannot be had, is of no help, the items are.
+    rights->members[u"Keys"] = [](auto) { return OfObject(nullptr); };
+    EXPECT_EQ(Apply(rights.get()), "-e-----e") << number;
+    rights->members[u"Keys"] = [](auto) -> Variant { throw RuntimeError(450, u"which keys?"); };
+    EXPECT_EQ(Apply(rights.get()), "-e-----e") << number;
+  }
+  EXPECT_TRUE(boxes.empty());
+}
+
+TEST_F(OperatorRights, ComeFromCollectionsThatAnswerNothingForUnknownKeys) {
+  ScriptDictionary keys;
+  keys.Add(u"CHANGE GS max players", Variant());
+  keys.Add(u"Change GS Game Port", Variant());
+  for (const auto& nothing : {std::function<Variant()>([] { return Variant(); }),
+                              std::function<Variant()>([] { return OfType(VT_NULL); }),
+                              std::function<Variant()>([] { return OfObject(nullptr); })}) {
+    const auto rights = CollectionWith(nothing);
+    EXPECT_EQ(Apply(rights.get()), "-e------") << "it cannot tell its empty item from none";
+    rights->enumeration = [&](auto) {
+      return LateBound(keys.object().get()).Call(DISPID_NEWENUM, {});
     };
-    const auto by_name = ScriptedObject::Make();
-    by_name->members[u"Count"] = [](auto) { return Variant::OfInt32(1); };
-    by_name->members[u"Item"] = item;
-    EXPECT_EQ(Apply(by_name.get()), "-------e") << number;
+    EXPECT_EQ(Apply(rights.get()), "-e-----e") << "its enumeration gives the keys";
+    rights->enumeration = nullptr;
 
-    const auto by_default = ScriptedObject::Make();
-    by_default->members[u"count"] = [](auto) { return Variant::OfInt32(1); };
-    by_default->default_member = item;
-    by_default->answers_extended_only = true;
-    EXPECT_EQ(Apply(by_default.get()), "-------e") << number;
-
-    // A list of keys that is no array is of no help, the items are.
-    by_name->members[u"Keys"] = [](auto) { return OfObject(nullptr); };
-    EXPECT_EQ(Apply(by_name.get()), "-------e") << number;
+    for (const char16_t* name : {u"Exists", u"Contains", u"ContainsKey"}) {
+      auto& member = rights->members[name];
+      member = [](std::span<const VARIANT> given) {
+        const Text key = TextOf(given[0]);
+        return Variant::OfBoolean(key.ends_with(u"Players") || key.ends_with(u"Port"));
+      };
+      EXPECT_EQ(Apply(rights.get()), "-e-----e") << ToUtf8(name);
+      member = [](auto) -> Variant { throw RuntimeError(450, u"which list?"); };
+      EXPECT_EQ(Apply(rights.get()), "-e------") << ToUtf8(name);
+      rights->members.erase(name);
+    }
+    rights->members[u"Keys"] = [&](auto) { return OfObject(keys.object().get()); };
+    EXPECT_EQ(Apply(rights.get()), "-e-----e") << "the list of keys is an object itself";
   }
   EXPECT_TRUE(boxes.empty());
 }
@@ -205,36 +240,53 @@ TEST_F(OperatorRights, ComeFromCollectionsOfAnyMake) {
 TEST_F(OperatorRights, AnItemMayBeAnObjectWithADefaultValue) {
   const auto zero = ScriptedObject::Make();
   zero->default_member = [](auto) { return Variant::OfText(u"0"); };
-  const auto bottomless = ScriptedObject::Make();
-  bottomless->default_member = [&](auto) { return OfObject(bottomless.get()); };
   ScriptDictionary rights;
   rights.Add(u"Change GS Session Type", OfObject(zero.get()));
   rights.Add(u"Change GS Max Players", OfType(VT_NULL));
-  rights.Add(u"Change GS Game Mod", OfObject(bottomless.get()));
-  EXPECT_EQ(Apply(rights.object().get()), "-ee-----");
+  EXPECT_EQ(Apply(rights.object().get()), "-e------");
   EXPECT_TRUE(boxes.empty());
 }
 
-TEST_F(OperatorRights, StopAtTheFirstFailureAndKeepWhatWasApplied) {
+TEST_F(OperatorRights, AnItemThatCannotBeComparedEndsTheCall) {
+  const auto bottomless = ScriptedObject::Make();
+  bottomless->default_member = [&](auto) { return OfObject(bottomless.get()); };
+  const auto plain = ScriptedObject::Make();
+  for (const auto& item :
+       {std::function<Variant()>([] { return ArrayOfVariants({u"1"}); }),
+        std::function<Variant()>([&] { return std::move(Invoke(*plugin_.get(), 2, {}).value); }),
+        std::function<Variant()>([&] { return OfObject(plain.get()); }),
+        std::function<Variant()>([&] { return OfObject(bottomless.get()); }),
+        std::function<Variant()>([] { return OfObject(nullptr); }),
+        std::function<Variant()>([] { return OfType(VT_ERROR); })}) {
+    const auto rights = ScriptedObject::Make();
+    rights->members[u"Count"] = [](auto) { return Variant::OfInt32(8); };
+    rights->members[u"Exists"] = [](auto) { return Variant::OfBoolean(true); };
+    rights->members[u"Item"] = [&](std::span<const VARIANT> given) {
+      return TextOf(given[0]) == u"Change GS Game Mod" ? item() : Variant::OfText(u"0");
+    };
+    EXPECT_EQ(Apply(rights.get()), "--eeeeee");
+    EXPECT_EQ(TakeFailure(), 13);
+  }
+}
+
+TEST_F(OperatorRights, ComeFromNothingButCollections) {
   const auto rights = ScriptedObject::Make();
-  rights->members[u"Count"] = [](auto) { return Variant::OfInt32(8); };
-  rights->members[u"Item"] = [](std::span<const VARIANT> given) {
-    if (TextOf(given[0]) == u"Change GS Game Mod") throw RuntimeError(1004, u"no connection");
-    return Variant::OfText(u"0");
-  };
-  EXPECT_EQ(Apply(rights.get()), "--eeeeee");
-  EXPECT_EQ(TakeFailure(), 1004);
-  rights->members.erase(u"Count");
-  EXPECT_EQ(Apply(rights.get()), "--eeeeee");
+  EXPECT_EQ(Apply(rights.get()), "eeeeeeee") << "nothing counts";
   EXPECT_EQ(TakeFailure(), 438);
-  EXPECT_EQ(Apply(nullptr), "--eeeeee");
+  rights->members[u"Count"] = [](auto) { return Variant::OfInt32(8); };
+  EXPECT_EQ(Apply(rights.get()), "eeeeeeee") << "nothing looks up";
+  EXPECT_EQ(TakeFailure(), 438);
+  rights->members[u"Count"] = [](auto) -> Variant { throw RuntimeError(1004, u"no connection"); };
+  EXPECT_EQ(Apply(rights.get()), "eeeeeeee");
+  EXPECT_EQ(TakeFailure(), 1004);
+  EXPECT_EQ(Apply(nullptr), "eeeeeeee");
   EXPECT_EQ(TakeFailure(), 91);
-  EXPECT_EQ(Apply(nullptr, true), "--eeeeee");
+  EXPECT_EQ(Apply(nullptr, true), "eeeeeeee");
   EXPECT_TRUE(boxes.empty());
 
   // The plug-in keeps the last collection, and lets go of it with everything else.
   EXPECT_EQ(rights->references(), 1u);
-  EXPECT_EQ(Apply(rights.get(), true), "--eeeeee");
+  EXPECT_EQ(Apply(rights.get(), true), "eeeeeeee");
   EXPECT_EQ(rights->references(), 2u);
   plugin_.Reset();
   EXPECT_EQ(library->CanUnload(), S_OK);
