@@ -36,13 +36,12 @@ FileKit& MessageReporter::Kit() const {
   return *file_kit_;
 }
 
-bool MessageReporter::Log(TextView label, const RuntimeError& error,
+void MessageReporter::Log(TextView label, const RuntimeError& error,
                           std::int32_t line) const noexcept {
   try {
     Kit().LogError(kLibraryFileName, label, error, line);
-    return true;
   } catch (...) {
-    return false;
+    // The report and the box still tell of the error.
   }
 }
 
@@ -66,7 +65,7 @@ bool MessageReporter::Send(TextView label, const RuntimeError* error,
 
 void MessageReporter::ReportMessage(MessageKind kind, TextView text, const RuntimeError* error,
                                     std::int32_t line) {
-  const bool log_failed = error != nullptr && !Log(text, *error, line);
+  if (error != nullptr) Log(text, *error, line);
 
   if (kind > MessageKind::kTrappedError) return;
   const TextView caption = kCaptions[static_cast<std::size_t>(kind)];
@@ -75,7 +74,7 @@ void MessageReporter::ReportMessage(MessageKind kind, TextView text, const Runti
     return;
   }
 
-  const bool sent = !log_failed && Send(text, error, line);
+  const bool sent = Send(text, error, line);
   Text report;
   TextView shown = sent ? kShortOfMemorySent : kShortOfMemoryNotSent;
   try {

@@ -30,9 +30,8 @@ class MessageReporter {
 
   // With an error: logs it through the file kit first, whatever the kind. Kinds 0 to 3 then show
   // `text`; kTrappedError takes `text` as the trap label, sends an error report and shows the
-  // report with the word whether it was sent. A file kit that fails or is missing only changes that
-  // word
-  // ("Failed!"); the box is shown all the same. Throws nothing but what the box itself throws.
+  // report with the word whether it was sent. The report is sent even when logging fails, and the
+  // box shown even when neither works. Throws nothing but what the box itself throws.
   void ReportMessage(MessageKind kind, TextView text, const RuntimeError* error, std::int32_t line);
 
   // A notice or validation message.
@@ -41,7 +40,7 @@ class MessageReporter {
  private:
   // The file kit; kObjectNotSet while there is none.
   FileKit& Kit() const;
-  bool Log(TextView label, const RuntimeError& error, std::int32_t line) const noexcept;
+  void Log(TextView label, const RuntimeError& error, std::int32_t line) const noexcept;
   bool Send(TextView label, const RuntimeError* error, std::int32_t line) const noexcept;
 
   const std::unique_ptr<FileKit>& file_kit_;

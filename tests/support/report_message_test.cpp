@@ -89,14 +89,14 @@ TEST_F(ReportMessageTest, EachKindHasItsCaptionAndTheUnknownOnesNoBox) {
   EXPECT_EQ(journal, Journal(251, "LogError"));
 }
 
-TEST_F(ReportMessageTest, FailingLogSendsNothingAndTheBoxSaysSo) {
+TEST_F(ReportMessageTest, FailingLogKeepsNeitherReportNorBoxAway) {
   kit->before = [](const std::string& operation) {
     if (operation == "LogError") throw std::runtime_error("disk full");
   };
   reporter.ReportMessage(MessageKind::kTrappedError, u"SubMain", &error, 1);
-  EXPECT_EQ(journal, (Journal{"LogError", "box"}));
+  EXPECT_EQ(journal, (Journal{"LogError", "SendErrorReport", "box"}));
   EXPECT_TRUE(boxes.boxes.at(0).text.starts_with(u"Error Line: 1\r\nError 5: No good"));
-  EXPECT_TRUE(boxes.boxes.at(0).text.ends_with(u"SubMain\r\n\r\nError Report Sent: Failed!"));
+  EXPECT_TRUE(boxes.boxes.at(0).text.ends_with(u"SubMain\r\n\r\nError Report Sent: Yes"));
 
   reporter.ReportMessage(MessageKind::kFailed, u"Plain text", &error, 1);
   EXPECT_EQ(boxes.boxes.at(1), (Box{u"Failed!", u"Plain text"}));

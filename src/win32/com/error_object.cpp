@@ -10,45 +10,90 @@
 namespace quill::com {
 namespace {
 
-constexpr TextView kMembers[] = {u"Number", u"Description", u"Source"};
+// The values in the order of Raise's arguments, and then what has none.
+enum Member : DISPID {
+  kNumber = DISPID_VALUE,
+  kSource,
+  kDescription,
+  kHelpFile,
+  kHelpContext,
+  kLastDllError,
+  kClear,
+  kRaise
+};
+constexpr TextView kMembers[] = {u"Number",      u"Source",       u"Description", u"HelpFile",
+                                 u"HelpContext", u"LastDllError", u"Clear",       u"Raise"};
+constexpr VARTYPE kTypes[] = {VT_I4, VT_BSTR, VT_BSTR, VT_BSTR, VT_I4, VT_I4};
 
 class ErrorObject final : public DispatchObject {
  public:
-  explicit ErrorObject(const RuntimeError& error) : error_(error) {}
+  explicit ErrorObject(const RuntimeError& error) { Describe(error.number(), error.description()); }
 
   STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
                              DISPID* ids) override {
     return FindNames(reserved, names, count, ids,
-                     [](const OLECHAR* name) { return FindName(kMembers, name, DISPID_VALUE); });
+                     [](const OLECHAR* name) { return FindName(kMembers, name, kNumber); });
   }
   STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID, WORD flags, DISPPARAMS* arguments,
-                      VARIANT* result, EXCEPINFO*, UINT*) override {
+                      VARIANT* result, EXCEPINFO* raised, UINT*) override {
     if (!IsEqualIID(reserved, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
-    if ((flags & (DISPATCH_PROPERTYGET | DISPATCH_METHOD)) == 0) return DISP_E_MEMBERNOTFOUND;
-    if (arguments != nullptr && arguments->cArgs != 0) return DISP_E_BADPARAMCOUNT;
+    if (member < kNumber || member > kRaise) return DISP_E_MEMBERNOTFOUND;
+    const UINT count = arguments != nullptr ? arguments->cArgs : 0;
     return Guarded(IID_IDispatch, [&]() -> HRESULT {
-      Variant value;
-      switch (member) {
-        case 0:
-          value = Variant::OfInt32(error_.number());
-          break;
-        case 1:
-          value = Variant::OfText(error_.description());
-          break;
-        case 2:
-          value = Variant::OfText(kLibraryFileName);
-          break;
-        default:
-          return DISP_E_MEMBERNOTFOUND;
+      if ((flags & (DISPATCH_PROPERTYGET | DISPATCH_METHOD)) == 0) {
+        if (member >= kLastDllError) return DISP_E_MEMBERNOTFOUND;
+        return count == 1 ? Put(member, arguments->rgvarg[0]) : DISP_E_BADPARAMCOUNT;
       }
-      if (result != nullptr) *result = value.Detach();
-      return S_OK;
+      if (member == kRaise) {
+        if (count < 1 || count > kLastDllError) return DISP_E_BADPARAMCOUNT;
+        return Raise(*arguments, raised);
+      }
+      if (count != 0) return DISP_E_BADPARAMCOUNT;
+      if (member == kClear) Describe(0, u"");
+      return member == kClear || result == nullptr ? S_OK
+                                                   : ::VariantCopy(result, values_[member].get());
     });
   }
 
  private:
+  // A new error, of which nothing else is known.
+  void Describe(std::int32_t number, TextView description) {
+    for (DISPID i = kNumber; i <= kLastDllError; ++i) {
+      values_[i] = kTypes[i] == VT_I4 ? Variant::OfInt32(0) : Variant::OfText(u"");
+    }
+    values_[kNumber] = Variant::OfInt32(number);
+    values_[kDescription] = Variant::OfText(description);
+    if (number != 0) values_[kSource] = Variant::OfText(kLibraryFileName);
+  }
+  HRESULT Put(DISPID member, const VARIANT& value) {
+    Variant converted;
+    const HRESULT result = ConvertTo(kTypes[member], Referred(value), converted);
+    if (SUCCEEDED(result)) values_[member] = std::move(converted);
+    return result;
+  }
+  // Fails towards the caller, as the error that its arguments describe.
+  HRESULT Raise(const DISPPARAMS& given, EXCEPINFO* raised) {
+    const VARIANT* const first = &given.rgvarg[given.cArgs - 1];
+    const std::int32_t number = Int32Of(*first);
+    if (number == 0) return E_INVALIDARG;
+    Describe(number, DefaultDescription(number));
+    for (DISPID i = kSource; i < static_cast<DISPID>(given.cArgs); ++i) {
+      const VARIANT& value = Referred(first[-i]);
+      const HRESULT result = value.vt == VT_ERROR ? S_OK : Put(i, value);  // an error: left out
+      if (FAILED(result)) return result;
+    }
+    const HRESULT result =
+        LeaveExcepInfo(RuntimeError(number, TextOf(*values_[kDescription].get())), raised,
+                       TextOf(*values_[kSource].get()));
+    if (raised != nullptr) {
+      raised->bstrHelpFile = ::SysAllocString(values_[kHelpFile].get()->bstrVal);
+      raised->dwHelpContext = static_cast<DWORD>(values_[kHelpContext].get()->lVal);
+    }
+    return result;
+  }
+
   const LibraryUse in_use_;
-  const RuntimeError error_;
+  Variant values_[std::size(kTypes)];
 };
 
 }  // namespace

@@ -1,5 +1,7 @@
-// The error object that the file kit's LogError is handed: Number (the default member), Description
-// and Source, read only.
+// The error object that the file kit's LogError is handed, with the members of hosts' own error
+// objects: Number (the default member), Description, Source, HelpFile and HelpContext may be read
+// and written, LastDllError is 0, Clear empties them, and Raise(Number, Source, Description,
+// HelpFile, HelpContext) fails towards its caller with that error.
 #pragma once
 
 #include "support/runtime_error.h"

@@ -140,7 +140,6 @@ class ForeignKit : public HostKit {
       // The default member of the error is its number, as scripts read it.
       EXPECT_EQ(TextOf(*Invoke(*error, u"number", {}).value.get()), TextOf(given[2]));
       EXPECT_EQ(TextOf(*Invoke(*error, u"SOURCE", {}).value.get()), u"kvrrcBHDGS.dll");
-      EXPECT_EQ(Invoke(*error, u"Raise", {}).result, DISP_E_MEMBERNOTFOUND);
       error->Release();
       *given[2].ppdispVal = nullptr;
       return Variant();
@@ -198,6 +197,55 @@ TEST_F(ForeignKit, IsCalledTheWayItAnswers) {
   EXPECT_NE(missing[0].find("WriteFile"), std::string::npos);
 }
 
+TEST_F(ForeignKit, IsHandedAnErrorObjectLikeAHostsOwn) {
+  Start();
+  ComPtr<IDispatch> error;
+  file_kit_->members[u"LogError"] = [&](std::span<const VARIANT> given) {
+    error = ComPtr<IDispatch>(*given[2].ppdispVal);
+    return Variant();
+  };
+  file_kit_->members[u"WriteFile"] = [](auto) -> Variant { throw RuntimeError(70, u"Locked"); };
+  Open();
+  EXPECT_EQ(Reports().size(), 1u);
+  ASSERT_TRUE(error);
+  const auto read = [&] {
+    Text values;
+    for (const char16_t* name :
+         {u"Number", u"Description", u"Source", u"HelpFile", u"HelpContext", u"LastDllError"}) {
+      values += Concat({TextOf(*Invoke(*error.get(), name, {}).value.get()), u"|"});
+    }
+    return values;
+  };
+  EXPECT_EQ(read(), u"70|Locked|kvrrcBHDGS.dll||0|0|");
+
+  const auto put = [&](const Text& name, const Variant& value) {
+    return Invoke(*error.get(), IdOf(*error.get(), name), {*value.get()}, {DISPID_PROPERTYPUT},
+                  DISPATCH_PROPERTYPUT)
+        .result;
+  };
+  EXPECT_EQ(put(u"Description", Variant::OfText(u"Locked by another")), S_OK);
+  EXPECT_EQ(put(u"Number", Variant::OfText(u"no number")), DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(put(u"LastDllError", Variant::OfInt32(1)), DISP_E_MEMBERNOTFOUND);
+  EXPECT_EQ(read(), u"70|Locked by another|kvrrcBHDGS.dll||0|0|");
+  EXPECT_EQ(Invoke(*error.get(), u"Clear", {}).result, S_OK);
+  EXPECT_EQ(read(), u"0||||0|0|");
+
+  // A kit may raise it to its own caller, with what it knows better.
+  const Variant number = Variant::OfInt32(53);
+  const Variant help = Variant::OfText(u"kit.hlp");
+  const Outcome raised = Invoke(*error.get(), u"Raise",
+                                {*number.get(), *Variant::OfText(u"Kit").get(), *LeftOut().get(),
+                                 *help.get(), *Variant::OfInt32(7).get()});
+  EXPECT_EQ(raised.result, DISP_E_EXCEPTION);
+  EXPECT_EQ(raised.raised, static_cast<HRESULT>(0x800A0035u));
+  EXPECT_EQ(raised.source, u"Kit");
+  EXPECT_EQ(raised.description, u"File not found");
+  EXPECT_EQ(read(), u"53|File not found|Kit|kit.hlp|7|0|");
+  EXPECT_EQ(Invoke(*error.get(), u"Raise", {}).result, DISP_E_BADPARAMCOUNT);
+  // It outlives the call that it was made for.
+  EXPECT_EQ(library->CanUnload(), S_FALSE);
+}
+
 TEST_F(ForeignKit, AnswersOfOtherTypesAreTakenOrReported) {
   Start();
   const auto answering = [&](std::function<Variant()> answer) {
@@ -245,6 +293,12 @@ TEST_F(ForeignKit, OnlyATrueAnswerCountsAsSent) {
       {[] { return Variant(); }, false},
       {[] { return Variant::OfText(u"maybe"); }, false},
       {[]() -> Variant { throw RuntimeError(ErrorNumber::kPermissionDenied); }, false},
+      {[this]() -> Variant {
+         file_kit_->members.erase(u"LogError");
+         return Variant::OfBoolean(true);
+       },
+       true},
+      {[] { return Variant::OfBoolean(true); }, true},  // although it can no longer be logged
   };
   for (const auto& [answer, is_sent] : answers) {
     sent_ = answer;
