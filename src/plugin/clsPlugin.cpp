@@ -66,10 +66,14 @@ void clsPlugin::LoadInterface(std::int32_t Index, std::int32_t, const HostArray&
 }
 
 void clsPlugin::RemoteData(TextView Data) {
+  Text reply;  // the host may change its own while this runs
   ReplyFields fields;
   Trapped(
       module_.dialog.reporter, u"RemoteData",
-      [&](Line& at) { RouteReply(module_.remote, Data, fields, at); },
+      [&](Line& at) {
+        at(), reply = Data;
+        RouteReply(module_.remote, reply, fields, at);
+      },
       [&](RuntimeError& error) {
         RunEach([&] { RestorePointer(module_.dialog); },
                 [&] { ExplainTypeMismatch(error, fields); });

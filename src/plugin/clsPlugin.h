@@ -24,7 +24,7 @@ class clsPlugin {
   // Opens the dialog and asks the remote side for its settings; returns when the dialog has been
   // hidden or unloaded. `pHwnd` is not used. Trapped.
   void LoadInterface(std::int32_t Index, std::int32_t pHwnd, const HostArray& PDAT);
-  // Hands in a reply that the host relays. Trapped.
+  // Hands in a reply that the host relays, which is copied first. Trapped.
   void RemoteData(TextView Data);
   // Hides the dialog. Not trapped: failures reach the host.
   void HideInterface();

@@ -58,11 +58,15 @@ const Arguments::Bound& Arguments::At(std::size_t parameter) const {
   return bound;
 }
 
-Text Arguments::AsText(std::size_t parameter) const {
+TextView Arguments::AsText(std::size_t parameter, Variant& converted) const {
   const Bound& bound = At(parameter);
   const VARIANT& referred = Referred(*bound.value);
-  if (referred.vt == VT_BSTR) return Text(ViewOf(referred.bstrVal));
-  return Text(ViewOf(Converted(referred, VT_BSTR, bound.argument).get()->bstrVal));
+  if (referred.vt == VT_BSTR) return ViewOf(referred.bstrVal);
+  if (referred.vt == (VT_BSTR | VT_BYREF) && referred.pbstrVal != nullptr) {
+    return ViewOf(*referred.pbstrVal);
+  }
+  converted = Converted(referred, VT_BSTR, bound.argument);
+  return ViewOf(converted.get()->bstrVal);
 }
 
 std::int32_t Arguments::AsInt32(std::size_t parameter) const {

@@ -35,7 +35,8 @@ class Arguments {
 
   // Each converts the argument of a 0-based parameter as automation does, and throws ArgumentError
   // with DISP_E_TYPEMISMATCH or DISP_E_OVERFLOW when that cannot be done.
-  [[nodiscard]] Text AsText(std::size_t parameter) const;
+  // A text is referred to where it lies; anything else is left in `converted`.
+  [[nodiscard]] TextView AsText(std::size_t parameter, Variant& converted) const;
   [[nodiscard]] std::int32_t AsInt32(std::size_t parameter) const;
   [[nodiscard]] bool AsBoolean(std::size_t parameter) const;
   // Null for Nothing. Borrowed: the caller's argument keeps it alive.

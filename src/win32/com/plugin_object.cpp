@@ -27,7 +27,8 @@ constexpr Parameter kHideParameters[] = {{u"fName", true}};
 
 // Each is a late-bound call of one member.
 Variant CallVersion(clsPlugin& plugin, const Arguments& arguments) {
-  return Variant::OfText(plugin.dllVersion(arguments.AsText(0)));
+  Variant converted;
+  return Variant::OfText(plugin.dllVersion(arguments.AsText(0, converted)));
 }
 
 Variant CallGetData(clsPlugin& plugin, const Arguments&) {
@@ -58,7 +59,8 @@ Variant CallLoadInterface(clsPlugin& plugin, const Arguments& arguments) {
 }
 
 Variant CallRemoteData(clsPlugin& plugin, const Arguments& arguments) {
-  plugin.RemoteData(arguments.AsText(0));
+  Variant converted;
+  plugin.RemoteData(arguments.AsText(0, converted));
   return Variant();
 }
 
@@ -201,7 +203,7 @@ class PluginObject final : public IPlugin, public IProvideClassInfo, public ISup
   }
   STDMETHODIMP RemoteData(BSTR* Data) override {
     if (Data == nullptr) return E_POINTER;
-    return Call([&] { plugin_.RemoteData(Text(ViewOf(*Data))); });
+    return Call([&] { plugin_.RemoteData(ViewOf(*Data)); });
   }
   STDMETHODIMP HideInterface(BSTR*) override {
     return Call([&] { plugin_.HideInterface(); });

@@ -51,5 +51,26 @@ TEST_F(MemberFailure, ReachesEarlyAndLateCallersWithNumberAndDescription) {
   EXPECT_EQ(version.view(), u"1.1.2");
 }
 
+TEST_F(MemberFailure, AReplyThatNothingCanHoldIsReportedLikeAnyOther) {
+  OfferKits();
+  const auto plugin = Create();
+  // A text that tells a length of nearly 4 GB. No 32-bit process can hold a copy; a 64-bit one
+  // might.
+  struct {
+    DWORD length = 0xFFFFFFFE;
+    OLECHAR units[2] = {};
+  } endless;
+  if (sizeof(void*) > sizeof endless.length) GTEST_SKIP() << "for 32-bit processes";
+  BSTR reply = endless.units;
+  const Variant place = Variant::ByReference(&reply);
+  EXPECT_EQ(plugin->RemoteData(&reply), S_OK);
+  EXPECT_EQ(Invoke(*plugin.get(), u"RemoteData", {*place.get()}).result, S_OK);
+  ASSERT_EQ(kit.log.size(), 2u);
+  for (const auto& entry : kit.log) {
+    EXPECT_EQ(entry.label, u"RemoteData");
+    EXPECT_EQ(entry.number, 7);
+  }
+}
+
 }  // namespace
 }  // namespace quill::com
