@@ -179,7 +179,7 @@ const std::vector<Operation>& Operations() {
        .prepare = [](FaultBench& b) { b.Tell(u"lstAvlMaps", ui::RowDoubleClicked{2}); },
        .run =
            [](FaultBench& b) {
-             b.Tell(u"lstAvlMaps", ui::KeyStruck{{u'Z', ui::kCtrlHeld}});
+             b.Tell(u"lstSelMaps", ui::KeyStruck{{u'Z', ui::kCtrlHeld}});
            }},
       {.name = "ClickSelected",
        .labels = {u"lstSelMaps_Click"},
