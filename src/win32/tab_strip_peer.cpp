@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <vector>
+
 #include "win32/form_peer.h"
 #include "win32/native_text.h"
 #include "win32/win32_toolkit.h"
@@ -33,13 +35,21 @@ void TabStripPeer::OnNotify(const NMHDR& header) {
 }
 
 void TabStripPeer::TellInOnePaint(int tab) {
+  std::vector<const ui::Control*> hidden;
+  for (const ui::Control* const page : strip_.form().children()) {
+    if (!page->visible()) hidden.push_back(page);
+  }
   const HWND form = form_peer().window();
   SendMessageW(form, WM_SETREDRAW, FALSE, 0);
   Tell(ui::TabChosen{tab});
   if (!IsWindow(form) || !strip_.form().shown()) return;  // painting would show it again
   SendMessageW(form, WM_SETREDRAW, TRUE, 0);
-  RedrawWindow(form, nullptr, nullptr,
-               RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+  for (const ui::Control* const page : hidden) {
+    if (!page->visible()) continue;
+    RedrawWindow(Of(*page)->window(), nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+  }
+  RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE);  // the tabs
 }
 
 void TabStripPeer::Turn(bool forward) {
