@@ -14,6 +14,8 @@ QUILL_PACKAGES_cross32="g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-
 QUILL_PACKAGES_package="nsis zip git"
 # The fonts make dialog units and text widths come out as on Windows.
 QUILL_PACKAGES_wine="wine wine64 fonts-wine fonts-liberation"
+# A display without a screen, a window manager and a hand at mouse and keys.
+QUILL_PACKAGES_display="xvfb openbox xdotool"
 # Google Benchmark, and the libraries that ours is compared with.
 QUILL_PACKAGES_bench="libbenchmark-dev libmodpbase64-dev libssl-dev libglib2.0-dev libabsl-dev libboost-dev pkg-config"
 
