@@ -3,15 +3,16 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #include "maps/map_catalogue.h"
 
 namespace quill::bench {
 
-std::optional<std::vector<Text>> PlainFileKit::GetIniSection(TextView, TextView) {
+std::optional<IniElements> PlainFileKit::GetIniSection(TextView, TextView) {
   std::vector<Text> lines = lines_;
   lines.emplace_back();
-  return lines;
+  return IniElementsOf(std::move(lines));
 }
 
 IniEntry PlainFileKit::ParseIniKey(TextView line) {

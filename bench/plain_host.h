@@ -23,7 +23,7 @@ class PlainFileKit final : public FileKit {
   // What each compressed text stands for; decompressing takes as long as copying it.
   Text decompressed;
   Text DecompressString(TextView, std::int32_t) override { return decompressed; }
-  std::optional<std::vector<Text>> GetIniSection(TextView, TextView) override;
+  std::optional<IniElements> GetIniSection(TextView, TextView) override;
   IniEntry ParseIniKey(TextView line) override;
   Text ParseIniValue(TextView line) override;
   void WriteIniKey(TextView, TextView key, TextView value, TextView) override;

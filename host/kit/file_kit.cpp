@@ -2,6 +2,7 @@
 #include "host/kit/file_kit.h"
 
 #include <string>
+#include <utility>
 
 #include "host/kit/compression.h"
 #include "host/kit/ini_text.h"
@@ -21,12 +22,13 @@ Text HostFileKit::DecompressString(TextView compressed, std::int32_t length) {
   return DecompressText(compressed, length);
 }
 
-std::optional<std::vector<Text>> HostFileKit::GetIniSection(TextView section, TextView path) {
+std::optional<IniElements> HostFileKit::GetIniSection(TextView section, TextView path) {
   const std::optional<std::string> bytes = storage_.ReadWhole(path);
   if (!bytes) return std::nullopt;
   std::optional<std::vector<Text>> entries = IniSection(DecodeTextFile(*bytes).text, section);
-  if (entries) entries->emplace_back();
-  return entries;
+  if (!entries) return std::nullopt;
+  entries->emplace_back();
+  return IniElementsOf(std::move(*entries));
 }
 
 IniEntry HostFileKit::ParseIniKey(TextView line) {

@@ -19,7 +19,7 @@ class HostFileKit final : public FileKit {
   Text CompressString(TextView text) override;
   Text DecompressString(TextView compressed, std::int32_t length) override;
   // A missing file has no sections.
-  std::optional<std::vector<Text>> GetIniSection(TextView section, TextView path) override;
+  std::optional<IniElements> GetIniSection(TextView section, TextView path) override;
   IniEntry ParseIniKey(TextView line) override;
   Text ParseIniValue(TextView line) override;
   // The file is replaced as a whole: it holds the old or the new text, never a part.

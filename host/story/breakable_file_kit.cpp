@@ -41,7 +41,7 @@ Text BreakableFileKit::DecompressString(TextView compressed, std::int32_t length
   return Refused(u"DecompressString") ? Text() : kit_.DecompressString(compressed, length);
 }
 
-std::optional<std::vector<Text>> BreakableFileKit::GetIniSection(TextView section, TextView path) {
+std::optional<IniElements> BreakableFileKit::GetIniSection(TextView section, TextView path) {
   if (Refused(u"GetIniSection")) return std::nullopt;
   return kit_.GetIniSection(section, path);
 }

@@ -87,9 +87,11 @@ Variant CallDecompress(FileKit& kit, Given given) {
 }
 
 Variant CallGetIniSection(FileKit& kit, Given given) {
-  const auto lines = kit.GetIniSection(com::TextOf(*given[0]), com::TextOf(*given[1]));
-  if (!lines) return {};
-  return ArrayOfTexts(*lines);
+  const auto section = kit.GetIniSection(com::TextOf(*given[0]), com::TextOf(*given[1]));
+  if (!section) return {};
+  std::vector<Text> elements(section->count);
+  for (std::size_t i = 0; i < elements.size(); ++i) elements[i] = section->element(i);
+  return ArrayOfTexts(elements);
 }
 
 Variant CallParseIniKey(FileKit& kit, Given given) {

@@ -77,12 +77,14 @@ TextView ControlNameOf(TextView key) {
 
 bool WouldOutliveSaving(const frmrcBHDGS& dialog, TextView file, int map_count) {
   FileKit& kit = *dialog.context().file_kit;
-  const std::optional<std::vector<Text>> entries = kit.GetIniSection(kSettingsSection, file);
-  if (!entries || entries->empty()) return false;
+  const std::optional<IniElements> section = kit.GetIniSection(kSettingsSection, file);
+  if (!section) return false;
   ReplacedEntries replaced(dialog, map_count);
-  return !std::all_of(entries->begin(), entries->end() - 1, [&](const Text& entry) {
-    return replaced.Take(entry, kit.ParseIniKey(entry).key);
-  });
+  for (std::size_t i = 0; i + 1 < section->count; ++i) {
+    const Text entry = section->element(i);
+    if (!replaced.Take(entry, kit.ParseIniKey(entry).key)) return true;
+  }
+  return false;
 }
 
 }  // namespace quill

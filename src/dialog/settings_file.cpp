@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <utility>
-#include <vector>
 
 #include "dialog/frmrcBHDGS.h"
 #include "dialog/option_table.h"
@@ -164,12 +163,13 @@ void LoadSettings(frmrcBHDGS& dialog) {
         at(), dialog.SetPointer(ui::Pointer::kBusy);
         at(), context.maps.selected.Clear();
         Text missing;
-        std::optional<std::vector<Text>> entries;
-        at(), entries = context.file_kit->GetIniSection(kSettingsSection, file);
+        std::optional<IniElements> section;
+        at(), section = context.file_kit->GetIniSection(kSettingsSection, file);
         // The last element is no entry, and fewer than two entries are no settings.
-        const std::size_t count = entries && entries->size() >= 3 ? entries->size() - 1 : 0;
+        const std::size_t count = section && section->count >= 3 ? section->count - 1 : 0;
         for (std::size_t i = 0; i < count; ++i) {
-          const Text& entry = (*entries)[i];
+          Text entry;
+          at(), entry = section->element(i);
           IniEntry parsed;
           at(), parsed = context.file_kit->ParseIniKey(entry);
           at(), SetControl(dialog, parsed);

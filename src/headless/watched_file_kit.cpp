@@ -26,7 +26,7 @@ Text WatchedFileKit::DecompressString(TextView compressed, std::int32_t length) 
                  [&] { return kit_.DecompressString(compressed, length); });
 }
 
-std::optional<std::vector<Text>> WatchedFileKit::GetIniSection(TextView section, TextView path) {
+std::optional<IniElements> WatchedFileKit::GetIniSection(TextView section, TextView path) {
   return Watched(u"GetIniSection", path, [&] { return kit_.GetIniSection(section, path); });
 }
 

@@ -33,7 +33,7 @@ class WatchedFileKit final : public FileKit {
   void WriteFile(TextView path, TextView text) override;
   Text CompressString(TextView text) override;
   Text DecompressString(TextView compressed, std::int32_t length) override;
-  std::optional<std::vector<Text>> GetIniSection(TextView section, TextView path) override;
+  std::optional<IniElements> GetIniSection(TextView section, TextView path) override;
   IniEntry ParseIniKey(TextView line) override;
   Text ParseIniValue(TextView line) override;
   void WriteIniKey(TextView section, TextView key, TextView value, TextView path) override;

@@ -1,5 +1,7 @@
 #include "support/file_kit.h"
 
+#include <utility>
+
 namespace quill {
 namespace {
 
@@ -8,6 +10,11 @@ namespace {
 }
 
 }  // namespace
+
+IniElements IniElementsOf(std::vector<Text> elements) {
+  const std::size_t count = elements.size();
+  return {count, [kept = std::move(elements)](std::size_t index) { return kept.at(index); }};
+}
 
 void AbsentFileKit::WriteFile(TextView, TextView) {
   FailWithoutKit();
@@ -18,7 +25,7 @@ Text AbsentFileKit::CompressString(TextView) {
 Text AbsentFileKit::DecompressString(TextView, std::int32_t) {
   FailWithoutKit();
 }
-std::optional<std::vector<Text>> AbsentFileKit::GetIniSection(TextView, TextView) {
+std::optional<IniElements> AbsentFileKit::GetIniSection(TextView, TextView) {
   FailWithoutKit();
 }
 IniEntry AbsentFileKit::ParseIniKey(TextView) {

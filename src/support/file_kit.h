@@ -3,7 +3,9 @@
 // a RuntimeError that carries the kit's own number and description.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -30,6 +32,15 @@ struct IniEntry {
   Text value;
 };
 
+// The elements of a section's array: lines key=value in file order, and a last one that is no
+// entry.
+struct IniElements {
+  std::size_t count = 0;
+  // The element as text. It is made text when it is asked for, which fails for one that has none.
+  std::function<Text(std::size_t index)> element;
+};
+[[nodiscard]] IniElements IniElementsOf(std::vector<Text> elements);
+
 class FileKit {
  public:
   virtual ~FileKit() = default;
@@ -43,9 +54,8 @@ class FileKit {
   // The text that was compressed; `length` is its length in 16-bit units.
   virtual Text DecompressString(TextView compressed, std::int32_t length) = 0;
 
-  // The lines key=value of the section, in file order, and after them one element that is not an
-  // entry. Nothing when the section is missing (the kit's result was no array).
-  virtual std::optional<std::vector<Text>> GetIniSection(TextView section, TextView path) = 0;
+  // Nothing when the section is missing (the kit's result was no array).
+  virtual std::optional<IniElements> GetIniSection(TextView section, TextView path) = 0;
 
   // Key and value of one line (the kit's second argument is true).
   virtual IniEntry ParseIniKey(TextView line) = 0;
@@ -68,7 +78,7 @@ class AbsentFileKit final : public FileKit {
   void WriteFile(TextView path, TextView text) override;
   Text CompressString(TextView text) override;
   Text DecompressString(TextView compressed, std::int32_t length) override;
-  std::optional<std::vector<Text>> GetIniSection(TextView section, TextView path) override;
+  std::optional<IniElements> GetIniSection(TextView section, TextView path) override;
   IniEntry ParseIniKey(TextView line) override;
   Text ParseIniValue(TextView line) override;
   void WriteIniKey(TextView section, TextView key, TextView value, TextView path) override;

@@ -70,13 +70,13 @@ class RecordingFileKit final : public FileKit {
     }
     return Text(compressed);
   }
-  std::optional<std::vector<Text>> GetIniSection(TextView section, TextView path) override {
+  std::optional<IniElements> GetIniSection(TextView section, TextView path) override {
     Begin("GetIniSection");
     const auto found = ini.find({Text(path), Text(section)});
     if (found == ini.end()) return std::nullopt;
     std::vector<Text> lines = found->second;
     lines.emplace_back();
-    return lines;
+    return IniElementsOf(std::move(lines));
   }
   IniEntry ParseIniKey(TextView line) override {
     Begin("ParseIniKey");

@@ -28,6 +28,14 @@ class MemoryKit : public testing::Test {
                                  std::chrono::hours(9) + std::chrono::seconds(61);
                         }};
   HostFileKit kit_{storage_, journal_};
+
+  std::optional<std::vector<Text>> Lines(TextView section) {
+    const std::optional<IniElements> found = kit_.GetIniSection(section, kIniPath);
+    if (!found) return std::nullopt;
+    std::vector<Text> lines(found->count);
+    for (std::size_t i = 0; i < lines.size(); ++i) lines[i] = found->element(i);
+    return lines;
+  }
 };
 
 TEST_F(MemoryKit, WritesRequestFilesAsTheyAre) {
@@ -39,19 +47,19 @@ TEST_F(MemoryKit, WritesRequestFilesAsTheyAre) {
 }
 
 TEST_F(MemoryKit, AnIniSectionEndsWithAnElementThatIsNoEntry) {
-  EXPECT_EQ(kit_.GetIniSection(u"Settings", kIniPath), std::nullopt);
+  EXPECT_EQ(Lines(u"Settings"), std::nullopt);
   kit_.WriteIniKey(u"Settings", u"txtMessage", u" ", kIniPath);
   kit_.WriteIniKey(u"Settings", u"txtName", u"G\u00E4ste \u20AC \xD83D\xDE00", kIniPath);
-  const std::optional<std::vector<Text>> lines = kit_.GetIniSection(u"SETTINGS", kIniPath);
+  const std::optional<std::vector<Text>> lines = Lines(u"SETTINGS");
   ASSERT_TRUE(lines);
   EXPECT_EQ(*lines,
             (std::vector<Text>{u"txtMessage= ", u"txtName=G\u00E4ste \u20AC \xD83D\xDE00", u""}));
   EXPECT_EQ(kit_.ParseIniKey((*lines)[0]).key, u"txtMessage");
   EXPECT_EQ(kit_.ParseIniKey((*lines)[0]).value, u" ");
   EXPECT_EQ(kit_.ParseIniValue((*lines)[0]), u" ");
-  EXPECT_EQ(kit_.GetIniSection(u"Other", kIniPath), std::nullopt);
+  EXPECT_EQ(Lines(u"Other"), std::nullopt);
   EXPECT_THROW(kit_.WriteIniKey(u"Settings", u"k", u"a\r\nb", kIniPath), RuntimeError);
-  EXPECT_EQ(kit_.GetIniSection(u"Settings", kIniPath), lines);
+  EXPECT_EQ(Lines(u"Settings"), lines);
 }
 
 TEST_F(MemoryKit, AFileKeepsItsEncoding) {
@@ -62,7 +70,7 @@ TEST_F(MemoryKit, AFileKeepsItsEncoding) {
   files_.SetContents(kIniPath, std::string("\xFF\xFE[\0s\0]\0\n\0", 10));
   kit_.WriteIniKey(u"s", u"k", u"\xD800", kIniPath);
   EXPECT_EQ(files_.Contents(kIniPath), std::string("\xFF\xFE[\0s\0]\0\n\0k\0=\0\0\xD8\n\0", 18));
-  EXPECT_EQ(kit_.GetIniSection(u"s", kIniPath), (std::vector<Text>{u"k=\xD800", u""}));
+  EXPECT_EQ(Lines(u"s"), (std::vector<Text>{u"k=\xD800", u""}));
 
   // Windows-1252 stays as long as it holds the new text and would not be taken for UTF-8.
   files_.SetContents(kIniPath, "[s]\nold=\xE4\x81\n");
@@ -72,7 +80,7 @@ TEST_F(MemoryKit, AFileKeepsItsEncoding) {
   EXPECT_EQ(files_.Contents(kIniPath), "[s]\nold=\xC3\xA4\xC2\x81\nk=\xCE\xA9\n");
   files_.SetContents(kIniPath, "[s]\nold=\xE4\n");
   kit_.WriteIniKey(u"s", u"old", u"\u00C3\u00A4", kIniPath);
-  EXPECT_EQ(kit_.GetIniSection(u"s", kIniPath), (std::vector<Text>{u"old=\u00C3\u00A4", u""}));
+  EXPECT_EQ(Lines(u"s"), (std::vector<Text>{u"old=\u00C3\u00A4", u""}));
 }
 
 TEST_F(MemoryKit, AnyBytesCanBeReadAndWritten) {
@@ -82,7 +90,7 @@ TEST_F(MemoryKit, AnyBytesCanBeReadAndWritten) {
                                    std::string("\xEF\xBB"), std::string("\0\0[Settings]", 12)}) {
     files_.SetContents(kIniPath, start);
     kit_.WriteIniKey(u"Settings", u"k", u"v", kIniPath);
-    const std::optional<std::vector<Text>> lines = kit_.GetIniSection(u"Settings", kIniPath);
+    const std::optional<std::vector<Text>> lines = Lines(u"Settings");
     ASSERT_TRUE(lines);
     EXPECT_EQ((*lines)[lines->size() - 2], u"k=v");
   }

@@ -30,7 +30,7 @@ class FrugalKit final : public FileKit {
   void WriteFile(TextView, TextView) override {}
   Text CompressString(TextView) override { return {}; }
   Text DecompressString(TextView, std::int32_t) override { return {}; }
-  std::optional<std::vector<Text>> GetIniSection(TextView, TextView) override { return {}; }
+  std::optional<IniElements> GetIniSection(TextView, TextView) override { return {}; }
   IniEntry ParseIniKey(TextView) override { return {}; }
   Text ParseIniValue(TextView) override { return {}; }
   void WriteIniKey(TextView, TextView, TextView, TextView) override {}

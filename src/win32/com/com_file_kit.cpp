@@ -1,5 +1,9 @@
 #include "win32/com/com_file_kit.h"
 
+#include <algorithm>
+#include <memory>
+#include <utility>
+
 #include "win32/com/bstr.h"
 #include "win32/com/com_error.h"
 #include "win32/com/error_object.h"
@@ -79,20 +83,24 @@ Text ComFileKit::DecompressString(TextView compressed, std::int32_t length) {
   return TextOf(*kit_.Call(u"DecompressString", {&text_argument, &length_argument}).get());
 }
 
-std::optional<std::vector<Text>> ComFileKit::GetIniSection(TextView section, TextView path) {
+std::optional<IniElements> ComFileKit::GetIniSection(TextView section, TextView path) {
   const Variant section_argument = Variant::OfText(section);
   const TextByReference path_argument(path);
-  const Variant result = kit_.Call(u"GetIniSection", {&section_argument, path_argument});
-  SAFEARRAY* array = ArrayOf(*result.get());
-  if (array == nullptr) return std::nullopt;
-  std::vector<Text> lines;
-  LONG upper = -1;
-  if (SUCCEEDED(::SafeArrayGetUBound(array, 1, &upper)) && upper >= 0) {
-    lines.reserve(static_cast<std::size_t>(upper) + 1);
-    for (LONG i = 0; i < upper; ++i) lines.push_back(ElementText(array, i));
-    lines.emplace_back();  // what lies behind the last entry is none, whatever the kit left there
+  Variant result = kit_.Call(u"GetIniSection", {&section_argument, path_argument});
+  if (ArrayOf(*result.get()) == nullptr) return std::nullopt;
+  // An array that stays the kit's could change while the elements are taken.
+  const auto kept = std::make_shared<Variant>();
+  if ((result.type() & VT_BYREF) == 0) {
+    *kept = std::move(result);
+  } else if (const HRESULT copied = ::VariantCopyInd(kept->get(), result.get()); FAILED(copied)) {
+    throw ErrorOf(copied);
   }
-  return lines;
+  SAFEARRAY* const array = ArrayOf(*kept->get());
+  LONG upper = -1;
+  if (FAILED(::SafeArrayGetUBound(array, 1, &upper))) upper = -1;
+  return IniElements{
+      static_cast<std::size_t>(std::max(upper, LONG{-1}) + 1),
+      [kept, array](std::size_t index) { return ElementText(array, static_cast<LONG>(index)); }};
 }
 
 IniEntry ComFileKit::ParseIniKey(TextView line) {

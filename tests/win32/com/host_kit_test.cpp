@@ -279,6 +279,27 @@ TEST_F(ForeignKit, AnswersOfOtherTypesAreTakenOrReported) {
   EXPECT_EQ(logged_.size(), 7u);
 }
 
+TEST_F(ForeignKit, AnElementThatIsNoTextEndsALoadOnlyWhenItIsReached) {
+  Start();
+  file_kit_->members[u"GetIniSection"] = [](std::span<const VARIANT>) {
+    Variant section = ArrayOfVariants({u"txtName", u"x", u"txtPort", u""});
+    LONG place = 1;
+    EXPECT_EQ(::SafeArrayPutElement(section.get()->parray, &place, OfType(VT_NULL).get()), S_OK);
+    return section;
+  };
+  file_kit_->members[u"ParseIniKey"] = [](std::span<const VARIANT> given) {
+    return ArrayOfVariants({TextOf(given[0]), u"Taken"});
+  };
+  picked = {u"C:\\any.hsf"};
+  Open([&] {
+    robot.Press(u"cmdLoad", host::Button::kLeft);
+    robot.Release(u"cmdLoad", host::Button::kLeft);
+    EXPECT_EQ(robot.Read(u"txtName", u"text"), u"Taken");
+    EXPECT_EQ(robot.Read(u"txtPort", u"text"), u"17479");
+  });
+  EXPECT_EQ(Reports(), Reported({"cmdLoad: Error 13: Type mismatch, not sent"}));
+}
+
 TEST_F(ForeignKit, OnlyATrueAnswerCountsAsSent) {
   Start();
   file_kit_->members[u"WriteFile"] = [](std::span<const VARIANT>) -> Variant {
