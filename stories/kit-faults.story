@@ -25,8 +25,13 @@ push cmdStart
 expect request StartGameRem envelope Plugin_kvrBHDGS_StartGameRem_t_VB6_1
 host replies with 1
 
-# A reply that the kit cannot unpack.
+# A text that is taller than the screen is shown whole.
 host opens profile 1 target t
+kit DecompressString fails 7 "{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}end"
+host replies
+expect trapped RemoteData 7 "{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}end"
+
+# A reply that the kit cannot unpack.
 kit DecompressString fails -2147467259 "Unspecified error"
 host replies
 expect trapped RemoteData -2147467259 "Unspecified error"

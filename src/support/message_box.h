@@ -8,7 +8,8 @@ namespace quill {
 class MessageBoxes {
  public:
   virtual ~MessageBoxes() = default;
-  // Returns when the operator has closed the box. Host calls may arrive while it is open.
+  // Returns when the operator has closed the box. Host calls may arrive while it is open. Fails
+  // when the box cannot be shown.
   virtual void ShowMessage(TextView caption, TextView text) = 0;
 };
 

@@ -29,6 +29,7 @@
 #include "win32/native_menu.h"
 #include "win32/native_text.h"
 #include "win32/picture_box_peer.h"
+#include "win32/scrolling_box.h"
 #include "win32/tab_strip_peer.h"
 #include "win32/text_box_peer.h"
 #include "win32/this_module.h"
@@ -168,10 +169,17 @@ void Win32Toolkit::ShowMessage(TextView caption, TextView text) {
   const Text native_caption(caption);
   const Text native_text(text);
   const HWND owner = BoxOwner();
-  WithBox([&] {
+  const INT_PTR answer = WithBox([&]() -> INT_PTR {
+    if (NeedsScrolling(owner, native_text)) {
+      return ShowScrollingBox(owner, native_caption, native_text);
+    }
     return MessageBoxW(owner, Wide(native_text), Wide(native_caption),
                        MB_OK | (owner == nullptr ? MB_TASKMODAL : 0u));
   });
+  // A thread that is to quit closes its boxes without an answer.
+  MSG quit;
+  if (answer > 0 || PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE)) return;
+  throw RuntimeError(ErrorNumber::kInvalidProcedureCall, u"The message box could not be shown");
 }
 
 std::vector<Text> Win32Toolkit::ShowFileDialog(ui::Form& owner,

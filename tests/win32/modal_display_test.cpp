@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "host/win32/leak_watch.h"
+#include "host/win32/no_more_windows.h"
 #include "tests/win32/native_bench.h"
 #include "ui/text_box.h"
 
@@ -47,6 +48,56 @@ TEST(ModalDisplay, OtherWindowsOfTheThreadWait) {
 
   bench.Show([](frmrcBHDGS& dialog) { dialog.Hide(); });
   EXPECT_EQ(GetActiveWindow(), host.get());
+}
+
+TEST(ModalDisplay, ATextTallerThanTheScreenScrollsInABoxLikeTheSystems) {
+  NativeBench bench;
+  const HostWindow host;
+  const Text caption = u"Tall";
+  Text text = u"First & only";
+  for (int i = 0; i < 500; ++i) text += Concat({kLineBreak, Decimal(i), u".BMS"});
+  const auto show = [&](const std::function<void(HWND box, HWND field)>& step) {
+    int turns = 0;
+    const host::Heartbeat heartbeat([&] {
+      const host::OpenBox box = host::FindOpenBox();
+      if (box.window == nullptr) return;
+      if (++turns == 1) {
+        EXPECT_EQ(box.caption, caption);
+        EXPECT_EQ(box.text, text);
+        EXPECT_FALSE(IsWindowEnabled(host.get()));
+        step(box.window, GetFocus());
+      } else if (turns > 300) {
+        ADD_FAILURE() << "the box does not close";
+        host::AcknowledgeBox(box);
+      }
+    });
+    bench.toolkit->ShowMessage(caption, text);
+    EXPECT_TRUE(IsWindowEnabled(host.get()));
+  };
+  show([&](HWND box, HWND field) {
+    RECT work = {};
+    RECT place = {};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    GetWindowRect(box, &place);
+    EXPECT_TRUE(place.left >= work.left && place.top >= work.top && place.right <= work.right &&
+                place.bottom <= work.bottom);
+    for (int page = 0; page < 3; ++page) SendMessageW(field, WM_KEYDOWN, VK_NEXT, 1);
+    EXPECT_GT(SendMessageW(field, EM_GETFIRSTVISIBLELINE, 0, 0), 5);
+    SendMessageW(field, WM_COPY, 0, 0);
+    ASSERT_TRUE(OpenClipboard(field));
+    EXPECT_EQ(reinterpret_cast<const char16_t*>(GlobalLock(GetClipboardData(CF_UNICODETEXT))),
+              text);
+    CloseClipboard();
+    PostMessageW(field, WM_KEYDOWN, VK_RETURN, 1);
+  });
+  show([](HWND, HWND field) { PostMessageW(field, WM_KEYDOWN, VK_ESCAPE, 1); });
+  show([](HWND box, HWND) { PostMessageW(box, WM_SYSCOMMAND, SC_CLOSE, 0); });
+  show([](HWND box, HWND) { PostMessageW(GetDlgItem(box, IDOK), BM_CLICK, 0, 0); });
+
+  for (const Text& refused : {Text(u"short"), text}) {
+    const host::NoMoreWindows none;
+    EXPECT_THROW(bench.toolkit->ShowMessage(caption, refused), RuntimeError);
+  }
 }
 
 TEST(ModalDisplay, QuittingReachesTheOuterLoop) {

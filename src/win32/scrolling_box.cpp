@@ -1,0 +1,197 @@
+// Measuring as the system does, and a dialog around a read-only text field.
+#include "win32/scrolling_box.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <optional>
+
+#include "win32/modal_display.h"
+#include "win32/native_text.h"
+#include "win32/screen_scale.h"
+#include "win32/this_module.h"
+
+namespace quill::win32 {
+namespace {
+
+// Pixels at 96 dots per inch.
+constexpr SIZE kMargin = {12, 12};
+constexpr SIZE kButton = {75, 23};
+constexpr SIZE kAroundSystemText = {0, 140};  // what the system's box is taller than its text
+
+constexpr int kTextId = 0xFFFF;  // as in the system's box
+constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
+
+class MessageFont {
+ public:
+  MessageFont() noexcept {
+    NONCLIENTMETRICSW metrics = {};
+    metrics.cbSize = sizeof metrics;
+    if (SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0)) {
+      font_ = CreateFontIndirectW(&metrics.lfMessageFont);
+    }
+  }
+  ~MessageFont() {
+    if (font_ != nullptr) DeleteObject(font_);
+  }
+  MessageFont(const MessageFont&) = delete;
+  MessageFont& operator=(const MessageFont&) = delete;
+
+  [[nodiscard]] WPARAM parameter() const noexcept { return reinterpret_cast<WPARAM>(font_); }
+
+  // Of the text, broken into lines where the system's box breaks it.
+  [[nodiscard]] SIZE Measure(const Text& text, const RECT& work) const noexcept {
+    RECT area = {0, 0, (work.right - work.left) / 8 * 5, 0};
+    const HDC screen = GetDC(nullptr);
+    if (screen == nullptr || font_ == nullptr) return {};
+    const HGDIOBJ before = SelectObject(screen, font_);
+    DrawTextW(screen, Wide(text), -1, &area,
+              DT_CALCRECT | DT_WORDBREAK | DT_EXPANDTABS | DT_NOPREFIX | DT_EXTERNALLEADING);
+    SelectObject(screen, before);
+    ReleaseDC(nullptr, screen);
+    return {area.right, area.bottom};
+  }
+
+ private:
+  HFONT font_ = nullptr;
+};
+
+RECT WorkArea(HWND owner) noexcept {
+  MONITORINFO info = {};
+  info.cbSize = sizeof info;
+  GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY), &info);
+  return info.rcWork;
+}
+
+// A text field breaks lines at carriage return and line feed together only.
+Text WithWholeLineBreaks(const Text& text) {
+  Text whole;
+  whole.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool is_return = text[i] == u'\r';
+    if (!is_return && text[i] != u'\n') {
+      whole += text[i];
+      continue;
+    }
+    whole += kLineBreak;
+    if (is_return && i + 1 < text.size() && text[i + 1] == u'\n') ++i;
+  }
+  return whole;
+}
+
+LRESULT CALLBACK CopyWithoutSelection(HWND field, UINT message, WPARAM wparam, LPARAM lparam,
+                                      UINT_PTR, DWORD_PTR) {
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(field, &CopyWithoutSelection, 0);
+  DWORD from = 0;
+  DWORD to = 0;
+  if (message == WM_COPY) {
+    SendMessageW(field, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+  }
+  if (message != WM_COPY || from != to) return DefSubclassProc(field, message, wparam, lparam);
+  SendMessageW(field, EM_SETSEL, 0, -1);
+  const LRESULT result = DefSubclassProc(field, message, wparam, lparam);
+  SendMessageW(field, EM_SETSEL, from, static_cast<LPARAM>(to));
+  return result;
+}
+
+class ScrollingBox {
+ public:
+  ScrollingBox(HWND owner, const Text& caption, const Text& text)
+      : owner_(owner), caption_(caption), text_(WithWholeLineBreaks(text)) {}
+  ScrollingBox(const ScrollingBox&) = delete;
+  ScrollingBox& operator=(const ScrollingBox&) = delete;
+
+  INT_PTR Show() {
+    struct alignas(DWORD) {
+      DLGTEMPLATE dialog;
+      WORD no_menu_class_title[3];
+    } const design = {{kStyle, 0, 0, 0, 0, 0, 0}, {}};
+    return DialogBoxIndirectParamW(ThisModule(), &design.dialog, owner_, &Handle,
+                                   reinterpret_cast<LPARAM>(this));
+  }
+
+ private:
+  static INT_PTR CALLBACK Handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_INITDIALOG) {
+      SetWindowLongPtrW(window, DWLP_USER, lparam);
+      auto& box = *reinterpret_cast<ScrollingBox*>(lparam);
+      if (!box.Fill(window)) box.Close(window, 0);
+      return FALSE;  // the focus is where it belongs
+    }
+    if (message != WM_COMMAND) return FALSE;
+    if (LOWORD(wparam) != IDOK && LOWORD(wparam) != IDCANCEL) return FALSE;
+    reinterpret_cast<ScrollingBox*>(GetWindowLongPtrW(window, DWLP_USER))->Close(window, IDOK);
+    return TRUE;
+  }
+
+  void Close(HWND window, INT_PTR result) noexcept {
+    others_.reset();
+    EndDialog(window, result);
+  }
+
+  bool Fill(HWND window) noexcept {
+    if (owner_ == nullptr) others_.emplace(window, GetActiveWindow());
+    const ScreenScale scale;
+    const SIZE margin = scale.Scaled(kMargin);
+    const SIZE button = scale.Scaled(kButton);
+    const RECT work = WorkArea(owner_);
+    const SIZE room = {work.right - work.left, work.bottom - work.top};
+
+    // As wide as the text and its bar need, and seven eighths of the work area tall.
+    RECT outer = {0, 0, 0, 0};
+    AdjustWindowRectEx(&outer, static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE)), FALSE,
+                       static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE)));
+    const SIZE frame = {outer.right - outer.left, outer.bottom - outer.top};
+    const LONG bar = GetSystemMetrics(SM_CXVSCROLL) + margin.cx;
+    const SIZE inner = {
+        std::min(font_.Measure(text_, work).cx + bar + 2 * margin.cx, room.cx - frame.cx),
+        room.cy / 8 * 7 - frame.cy};
+    const SIZE field = {inner.cx - 2 * margin.cx, inner.cy - button.cy - 3 * margin.cy};
+
+    SetWindowTextW(window, Wide(caption_));
+    MoveWindow(window, work.left + (room.cx - inner.cx - frame.cx) / 2, work.top + room.cy / 16,
+               inner.cx + frame.cx, inner.cy + frame.cy, FALSE);
+    const HWND text = Add(window, L"EDIT", ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | WS_VSCROLL,
+                          kTextId, {margin.cx, margin.cy, field.cx, field.cy});
+    const HWND ok =
+        Add(window, L"BUTTON", BS_DEFPUSHBUTTON, IDOK,
+            {(inner.cx - button.cx) / 2, inner.cy - margin.cy - button.cy, button.cx, button.cy});
+    if (text == nullptr || ok == nullptr) return false;
+    SetWindowTextW(ok, L"OK");
+    SetWindowTextW(text, Wide(text_));
+    SetWindowSubclass(text, &CopyWithoutSelection, 0, 0);
+    MessageBeep(MB_OK);
+    SetFocus(text);
+    return true;
+  }
+
+  // `place` is left, top, width, height.
+  HWND Add(HWND window, const wchar_t* kind, DWORD style, int id, const RECT& place) noexcept {
+    const HWND added =
+        CreateWindowExW(0, kind, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | style, place.left,
+                        place.top, place.right, place.bottom, window,
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), ThisModule(), nullptr);
+    if (added != nullptr) SendMessageW(added, WM_SETFONT, font_.parameter(), FALSE);
+    return added;
+  }
+
+  HWND owner_;
+  const Text& caption_;
+  Text text_;
+  MessageFont font_;
+  std::optional<ModalDisplay> others_;
+};
+
+}  // namespace
+
+bool NeedsScrolling(HWND owner, const Text& text) noexcept {
+  const RECT work = WorkArea(owner);
+  const LONG height = MessageFont().Measure(text, work).cy;
+  return height + ScreenScale().Scaled(kAroundSystemText).cy > work.bottom - work.top;
+}
+
+INT_PTR ShowScrollingBox(HWND owner, const Text& caption, const Text& text) {
+  return ScrollingBox(owner, caption, text).Show();
+}
+
+}  // namespace quill::win32
