@@ -3,14 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-
 #include "headless/memory_file_system.h"
 #include "headless/rooted_file_system.h"
 #include "host/kit/disk_storage.h"
 #include "host/kit/memory_storage.h"
 #include "host/kit/text_file.h"
+#include "tests/doubles/scratch_folder.h"
 
 namespace quill::host {
 namespace {
@@ -124,9 +122,8 @@ TEST_F(MemoryKit, AReportThatCannotBeKeptIsNotSent) {
 }
 
 TEST(DiskStorage, ReplacesWholeFilesAndLeavesNothingBeside) {
-  const fs::path folder = fs::path(QUILL_BINARY_DIR) / "scratch" / "disk-storage";
-  fs::remove_all(folder);
-  fs::create_directories(folder);
+  const ScratchFolder scratch;
+  const fs::path& folder = scratch.path();
   headless::RootedFileSystem files(u"C:\\Host", folder);
   DiskStorage storage([&](TextView path) { return files.RealPath(path); });
 
@@ -149,7 +146,6 @@ TEST(DiskStorage, ReplacesWholeFilesAndLeavesNothingBeside) {
   fs::create_directories(folder / "my.hsf.new~" / "occupied");
   EXPECT_THROW(storage.Replace(kIniPath, "y"), RuntimeError);
   EXPECT_EQ(storage.ReadWhole(kIniPath), large);
-  fs::remove_all(folder);
 }
 
 }  // namespace
