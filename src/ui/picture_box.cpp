@@ -18,14 +18,4 @@ void PictureBox::SetPersistentImage(bool on) {
   Changed(Changes::kColour);
 }
 
-void PictureBox::SetAutoSize(bool on) {
-  auto_size_ = on;
-  Changed(Changes::kColour);
-}
-
-void PictureBox::SetScaleInPixels(bool on) {
-  scale_in_pixels_ = on;
-  Changed(Changes::kColour);
-}
-
 }  // namespace quill::ui

@@ -17,17 +17,10 @@ class PictureBox final : public Control {
   // Its drawing is held in a memory image whose device context stays valid.
   [[nodiscard]] bool persistent_image() const noexcept { return persistent_image_; }
   void SetPersistentImage(bool on);
-  [[nodiscard]] bool auto_size() const noexcept { return auto_size_; }
-  void SetAutoSize(bool on);
-  // Inner width and height count in pixels; otherwise in twips.
-  [[nodiscard]] bool scale_in_pixels() const noexcept { return scale_in_pixels_; }
-  void SetScaleInPixels(bool on);
 
  private:
   Colour back_colour_;
   bool persistent_image_ = false;
-  bool auto_size_ = false;
-  bool scale_in_pixels_ = false;
 };
 
 }  // namespace quill::ui

@@ -7,8 +7,6 @@ namespace quill::ui {
 
 void AttachTabBackground(TabStrip& strip, PictureBox& colour_source) {
   colour_source.SetPersistentImage(true);
-  colour_source.SetAutoSize(true);
-  colour_source.SetScaleInPixels(true);
   strip.form().toolkit().HookTabBackground(strip, colour_source);
 }
 

