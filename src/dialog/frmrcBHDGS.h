@@ -72,8 +72,4 @@ class frmrcBHDGS final : public ui::Form {
   StartWait start_wait_;
 };
 
-// True when `Value` equals one element of `List`, by searching the elements joined and enclosed by
-// characters of code 0. Exact comparison.
-[[nodiscard]] bool IsInArray(TextView Value, std::span<const Text> List);
-
 }  // namespace quill

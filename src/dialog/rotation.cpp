@@ -209,18 +209,4 @@ void ShowNextGameType(frmrcBHDGS& dialog) {
   ShowGameType(dialog, index + 1 < kNoGameType ? index + 1 : 0);
 }
 
-bool IsInArray(TextView Value, std::span<const Text> List) {
-  constexpr char16_t kMark = u'\0';
-  Text joined(1, kMark);
-  for (std::size_t i = 0; i < List.size(); ++i) {
-    if (i > 0) joined += kMark;
-    joined += List[i];
-  }
-  joined += kMark;
-  Text wanted(1, kMark);
-  wanted += Value;
-  wanted += kMark;
-  return joined.find(wanted) != Text::npos;
-}
-
 }  // namespace quill

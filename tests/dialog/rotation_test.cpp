@@ -138,12 +138,5 @@ TEST_F(Rotation, ARefreshTakesEachRowOnce) {
   });
 }
 
-TEST(IsInArray, FindsWholeElementsOnly) {
-  const std::vector<Text> list = {u"-1", u"12", u"", u"Ab"};
-  for (const Text& whole : list) EXPECT_TRUE(IsInArray(whole, list));
-  for (const TextView part : {u"1", u"2", u"ab"}) EXPECT_FALSE(IsInArray(part, list));
-  EXPECT_FALSE(IsInArray(u"12", {}));
-}
-
 }  // namespace
 }  // namespace quill
