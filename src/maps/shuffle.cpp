@@ -1,43 +1,11 @@
 #include "maps/shuffle.h"
 
-#include <bit>
 #include <cmath>
-#include <cstddef>
+#include <numeric>
 
 #include "support/runtime_error.h"
 
 namespace quill {
-namespace {
-
-// The positions 1 to n, of which some have been taken: finds the k-th of the others in logarithmic
-// time, so that the longest rotation that a file can hold is shuffled quickly too.
-class PositionsLeft {
- public:
-  explicit PositionsLeft(std::size_t count) : sums_(count + 1) {
-    for (std::size_t at = 1; at <= count; ++at) sums_[at] = at & (~at + 1);
-  }
-
-  // Takes the `nth` (1-based) of those left and returns it.
-  std::size_t Take(std::size_t nth) {
-    std::size_t before = 0;  // positions that cannot be it
-    for (std::size_t step = std::bit_floor(sums_.size() - 1); step != 0; step /= 2) {
-      if (before + step < sums_.size() && sums_[before + step] < nth) {
-        before += step;
-        nth -= sums_[before];
-      }
-    }
-    const std::size_t taken = before + 1;
-    for (std::size_t at = taken; at < sums_.size(); at += at & (~at + 1)) --sums_[at];
-    return taken;
-  }
-
- private:
-  // A binary indexed tree: how many are left in the stretch that ends at each position and is as
-  // long as that position's lowest bit.
-  std::vector<std::size_t> sums_;
-};
-
-}  // namespace
 
 RandomSource::RandomSource(std::uint64_t seed) {
   std::seed_seq words{static_cast<std::uint32_t>(seed), static_cast<std::uint32_t>(seed >> 32)};
@@ -53,15 +21,18 @@ std::vector<SelectedMap> Shuffled(const std::vector<SelectedMap>& maps,
                                   const std::function<float()>& draw) {
   std::vector<SelectedMap> shuffled;
   shuffled.reserve(maps.size());
-  PositionsLeft left(maps.size());
-  for (std::size_t remaining = maps.size(); remaining != 0; --remaining) {
+  std::vector<int> left(maps.size());  // the rows that are not yet placed
+  std::iota(left.begin(), left.end(), 0);
+  while (!left.empty()) {
     const double r = draw();
-    const double index = std::floor(r * static_cast<double>(remaining) + 1.0);
-    if (!(index >= 1.0 && index <= static_cast<double>(remaining))) {
+    const auto remaining = static_cast<double>(left.size());
+    const double index = std::floor(r * remaining + 1.0);
+    if (!(index >= 1.0 && index <= remaining)) {
       throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
     }
-    const std::size_t position = left.Take(static_cast<std::size_t>(index));
-    shuffled.push_back(maps[position - 1]);
+    const auto drawn = left.begin() + static_cast<std::ptrdiff_t>(index) - 1;
+    shuffled.push_back(maps[static_cast<std::size_t>(*drawn)]);
+    left.erase(drawn);
   }
   return shuffled;
 }
