@@ -5,12 +5,14 @@
 #include <shellapi.h>
 
 #include <iostream>
+#include <optional>
 #include <vector>
 
 #include "host/cli/arguments.h"
 #include "host/cli/command_line.h"
 #include "host/win32/dialog_pictures.h"
 #include "host/win32/endurance.h"
+#include "host/win32/high_contrast.h"
 #include "host/win32/host_folder.h"
 #include "host/win32/host_window.h"
 #include "host/win32/native_stage.h"
@@ -26,9 +28,10 @@ constexpr TextView kHighContrast = u"--high-contrast";
 
 constexpr TextView kOwnHelp =
     u"\nWith the real library also:\n"
-    u"  window [SCENARIO]   a host with a window of its own; the same without any command\n"
+    u"  window [SCENARIO]   a host with a window of its own; the same without any command;\n"
+    u"      with --high-contrast in a scheme of high contrast\n"
     u"  run --pictures FOLDER SCENARIO   leaves pictures of the dialog there;\n"
-    u"      with --high-contrast also those of a scheme of high contrast\n"
+    u"      with --high-contrast also those of such a scheme\n"
     u"  endure [--cycles N]   loads and opens the plug-in N times (1000) and sends it ten times "
     u"as\n"
     u"                        many replies; exit code 1: something leaked\n";
@@ -86,6 +89,10 @@ int PerformEndure(std::span<const Text> words, ContractLog& contract, Console& c
 int PerformWithLibrary(std::vector<Text> words, ContractLog& contract, Console& console) {
   const PluginLibrary library(LibraryBesideProgram());
   if (words.empty() || words[0] == u"window") {
+    std::optional<HighContrast> scheme;
+    if (std::erase(words, kHighContrast) != 0) {
+      scheme.emplace(GetModuleHandleW(L"kvrrcBHDGS.dll"), nullptr);
+    }
     if (words.size() > 2) throw UsageError(u"window takes one scenario at most");
     ShowHostWindow(words.size() == 2 ? words[1] : Text(), library, contract,
                    [&](const Text& line) { console.PrintLine(line); });

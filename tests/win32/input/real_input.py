@@ -1,10 +1,13 @@
 #!/usr/bin/env python3
-"""Usage: real_input.py x64|x86 QUILLHOST.EXE SCENARIO FOLDER
+"""Usage: real_input.py x64|x86 QUILLHOST.EXE SCENARIO FOLDER [looks]
 
 Plays the main job in the real dialog with nothing but mouse and keys: a display of its own (Xvfb, a
-light window manager), xdotool for the hand. Leaves pictures in FOLDER.
+light window manager), xdotool for the hand. Leaves pictures in FOLDER. With "looks" it only takes
+pictures, of what a dialog without a display does not show: the pointer, the menu, the highlight,
+the focus and the open list, at 96, 144 and 192 dots per inch, also in high contrast.
 Exit code 77: no display can be had here.
 """
+import contextlib
 import glob
 import mmap
 import os
@@ -16,9 +19,10 @@ import sys
 import tempfile
 import threading
 import time
+import zlib
 
 PATIENCE = 120  # seconds, for whatever the machine is busy with
-TWIPS = 15  # a pixel, at 96 dots per inch
+TWIPS_PER_INCH = 1440
 # Without title bars, for which xdotool corrects places twice.
 WINDOW_MANAGER = """<openbox_config xmlns="http://openbox.org/3.4/rc">
 <mouse><context name="Client"><mousebind button="Left" action="Press">
@@ -46,10 +50,16 @@ class Screen:
         self.save_pixels(path, self.area(left, top, width, height), width)
 
     def save_pixels(self, path, pixels, width):
+        rgb = bytearray(len(pixels) // 4 * 3)
+        rgb[0::3], rgb[1::3], rgb[2::3] = pixels[2::4], pixels[1::4], pixels[0::4]
+        lines = b"".join(b"\0" + rgb[at:at + width * 3] for at in range(0, len(rgb), width * 3))
         with open(path, "wb") as file:
-            file.write(b"P6 %d %d 255\n" % (width, len(pixels) // width // 4))
-            file.write(b"".join(pixels[at + 2:at + 3] + pixels[at + 1:at + 2] + pixels[at:at + 1]
-                                for at in range(0, len(pixels), 4)))
+            file.write(b"\x89PNG\r\n\x1a\n")
+            for kind, data in ((b"IHDR", struct.pack(">IIBBBBB", width, len(pixels) // width // 4,
+                                                     8, 2, 0, 0, 0)),
+                               (b"IDAT", zlib.compress(lines)), (b"IEND", b"")):
+                file.write(struct.pack(">I", len(data)) + kind + data +
+                           struct.pack(">I", zlib.crc32(kind + data)))
 
 
 def until(what, condition):
@@ -63,14 +73,23 @@ def until(what, condition):
 
 
 class Job:
-    def __init__(self, run, host, scenario, folder, environment, screen):
+    def __init__(self, run, host, words, folder, environment, screen, dots=96):
         self.environment, self.screen, self.folder = environment, screen, folder
+        self.dots = dots
         self.lines = []
         self.host = subprocess.Popen(
-            [run, host, "window", scenario], env=environment, stdin=subprocess.DEVNULL,
+            [run, host, "window", *words], env=environment, stdin=subprocess.DEVNULL,
             stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace")
         threading.Thread(target=self.read, daemon=True).start()
         self.left = self.top = 0
+
+    def end(self):
+        if self.host.poll() is None:
+            self.host.terminate()
+        self.host.wait()
+
+    def pixels(self, twips):
+        return twips * self.dots // TWIPS_PER_INCH
 
     def read(self):
         for line in self.host.stdout:
@@ -95,7 +114,8 @@ class Job:
                                 self.hand("getwindowgeometry", "--shell", window)))
         self.left, self.top = int(place["X"]), int(place["Y"])
         width, height = int(place["WIDTH"]), int(place["HEIGHT"])
-        self.click(2 * TWIPS, (height - 3) * TWIPS)
+        self.hand("mousemove", "--sync", self.left + 2, self.top + height - 3, "click", 1)
+        self.settle()
         until(title + " to be active",
               lambda: self.hand("getactivewindow").strip() == window)
         return width, height
@@ -115,7 +135,7 @@ class Job:
 
     def point(self, x, y):
         """At twips of the dialog."""
-        self.hand("mousemove", "--sync", self.left + x // TWIPS, self.top + y // TWIPS)
+        self.hand("mousemove", "--sync", self.left + self.pixels(x), self.top + self.pixels(y))
 
     def click(self, x, y, times=1, button=1):
         self.point(x, y)
@@ -127,7 +147,7 @@ class Job:
         self.settle()
 
     def picture(self, name):
-        self.screen.save(os.path.join(self.folder, name + ".ppm"), 0, 0, self.screen.width,
+        self.screen.save(os.path.join(self.folder, name + ".png"), 0, 0, self.screen.width,
                          self.screen.height)
 
 
@@ -139,6 +159,8 @@ ROW = 195
 KILLS_ARROW_DOWN = (PAGE_LEFT + 6240 + 1035 - 120, PAGE_TOP + 270 + 285 - 60)
 AVAILABLE = (PAGE_LEFT + 120 + 600, PAGE_TOP + 930 + 30)
 SELECTED = (PAGE_LEFT + 4815 + 600, PAGE_TOP + 495 + 30)
+MODS = (PAGE_LEFT + 6240 + 300, PAGE_TOP + 270 + 7 * 360 + 150)
+CHECK_LOOP = (PAGE_LEFT + 1440 + 120, PAGE_TOP + 270 + 7 * 360 + 120)
 LABEL_LOOP = (PAGE_LEFT + 120 + 300, PAGE_TOP + 270 + 7 * 360 + 140)
 START = (120 + 1440 + 600, 3720 + 240 + 250)
 
@@ -151,7 +173,7 @@ def switch_tabs(job, width, height):
     """Every picture taken meanwhile is one of the three pages, whole."""
     whole = []
     # Below the tabs, where pointer and focus are.
-    tabs = PAGE_TOP // TWIPS
+    tabs = job.pixels(PAGE_TOP)
     area = (job.left, job.top + tabs, width, height - tabs)
     for x in TABS.values():
         job.click(x, TAB_TOP)
@@ -179,7 +201,7 @@ def switch_tabs(job, width, height):
 
 def hold_space(job):
     """The face of a button is pressed as long as the key is held."""
-    face = (job.left + (PAGE_LEFT + 3500) // TWIPS, job.top + (PAGE_TOP + 240) // TWIPS, 20, 20)
+    face = (job.left + job.pixels(PAGE_LEFT + 3500), job.top + job.pixels(PAGE_TOP + 240), 20, 20)
     job.keys("alt+n")  # and the focus is there
     released = job.screen.area(*face)
     job.hand("keydown", "space")
@@ -191,13 +213,16 @@ def hold_space(job):
     assert job.screen.area(*face) == released, "the button stays pressed"
 
 
-def play(job):
+def open_dialog(job):
     until("the host's window", lambda: job.has_told("^host: the window is open"))
     job.enter("Quillstart reference host")
     job.keys("alt+o")
     until("the reply", lambda: job.has_told("^relay: delivering a reply"))
-    size = job.enter("Select Hosting Options")
+    return job.enter("Select Hosting Options")
 
+
+def play(job):
+    size = open_dialog(job)
     job.click(*KILLS_ARROW_DOWN)  # gives the list the focus
     job.hand("type", "--delay", 60, "250")
     job.settle()
@@ -228,7 +253,7 @@ def play(job):
     # Wine copies to the display what is drawn so far when that takes longer than 50 ms, which it
     # does only on a machine that has no time.
     if odd and os.getloadavg()[0] < os.cpu_count():
-        job.screen.save_pixels(os.path.join(job.folder, "odd.ppm"), odd[0], size[0])
+        job.screen.save_pixels(os.path.join(job.folder, "odd.png"), odd[0], size[0])
         sys.exit("real input: a page was seen half painted")
     job.click(*START)
     kept = until("the start record", lambda: job.has_told(r"maps; kept in (.*)"))
@@ -259,7 +284,66 @@ def read_record(windows_path):
         return file.read()
 
 
-def main(arch, host, scenario, folder):
+def look(job, name):
+    width, height = open_dialog(job)
+
+    def picture(what):
+        path = os.path.join(job.folder, f"{name}-{what}.png")
+        job.screen.save(path, job.left, job.top, width, height)
+        print("picture:", path, flush=True)
+    job.click(*KILLS_ARROW_DOWN)
+    picture("highlight")
+    job.click(*CHECK_LOOP)
+    picture("check-box")
+    job.click(*MODS)
+    picture("drop-down")
+    job.keys("Escape")
+    job.click(TABS["Misc Options"], TAB_TOP)
+    picture("misc-options")
+    job.click(TABS["Map Settings"], TAB_TOP)
+    job.click(*row(AVAILABLE, 0))
+    job.keys("ctrl+a", "plus")
+    job.click(*row(SELECTED, 3))
+    job.click(*row(SELECTED, 1), button=3)
+    picture("menu")
+    job.keys("Escape", "alt+n")
+    picture("button")
+    job.click(*START)
+    until("the start request", lambda: job.has_told("^remote: never answering"))
+    job.settle()
+    picture("busy")
+    job.keys("alt+c")
+    until("the dialog to close", lambda: job.has_told("^host: the dialog is closed"))
+
+
+@contextlib.contextmanager
+def display(width, height):
+    """What programs need to find it, and its screen: None where it does not start."""
+    with tempfile.TemporaryDirectory() as frames:
+        reads, writes = os.pipe()
+        server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(writes), "-screen", "0", f"{width}x{height}x24", "-fbdir",
+             frames, "-nolisten", "tcp"], pass_fds=[writes], stderr=subprocess.DEVNULL)
+        os.close(writes)
+        number = os.read(reads, 16).decode().strip()
+        if not number:
+            yield None, None
+            return
+        environment = dict(os.environ, DISPLAY=":" + number, QUILL_WINE_DISPLAY="x11")
+        rules = os.path.join(frames, "rc.xml")
+        with open(rules, "w", encoding="utf-8") as file:
+            file.write(WINDOW_MANAGER)
+        manager = subprocess.Popen(["openbox", "--config-file", rules], env=environment,
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        try:
+            yield environment, Screen(os.path.join(frames, "Xvfb_screen0"))
+        finally:
+            for process in (manager, server):
+                process.terminate()
+                process.wait()
+
+
+def main(arch, host, scenario, folder, looks=None):
     wine = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../../cmake/wine")
     if "QUILL_WINE_SESSION" not in os.environ:
         session = os.path.join(wine, "session")
@@ -269,32 +353,33 @@ def main(arch, host, scenario, folder):
         print("real input: left out, because Xvfb, openbox or xdotool is not installed")
         return 77
     os.makedirs(folder, exist_ok=True)
-    with tempfile.TemporaryDirectory() as frames:
-        reads, writes = os.pipe()
-        server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writes), "-screen", "0", "1280x1024x24", "-fbdir", frames,
-             "-nolisten", "tcp"], pass_fds=[writes], stderr=subprocess.DEVNULL)
-        os.close(writes)
-        number = os.read(reads, 16).decode().strip()
-        if not number:
+    with display(2560 if looks else 1280, 1600 if looks else 1024) as (environment, screen):
+        if screen is None:
             print("real input: left out, because Xvfb does not start here")
             return 77
-        environment = dict(os.environ, DISPLAY=":" + number, QUILL_WINE_DISPLAY="x11")
-        rules = os.path.join(frames, "rc.xml")
-        with open(rules, "w", encoding="utf-8") as file:
-            file.write(WINDOW_MANAGER)
-        manager = subprocess.Popen(["openbox", "--config-file", rules], env=environment,
-                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        job = Job(run, host, scenario, folder, environment,
-                  Screen(os.path.join(frames, "Xvfb_screen0")))
-        try:
-            return play(job)
-        finally:
-            job.picture("last")
-            for process in (job.host, manager, server):
-                if process.poll() is None:
-                    process.terminate()
-                    process.wait()
+        if not looks:
+            job = Job(run, host, [scenario], folder, environment, screen)
+            try:
+                return play(job)
+            finally:
+                job.picture("last")
+                job.end()
+        with open(scenario, encoding="utf-8") as file:
+            machine = re.sub("Action *=.*", "Action = never answer", file.read())
+        scenario = os.path.join(folder, "silent.scenario")
+        with open(scenario, "w", encoding="utf-8") as file:
+            file.write(machine)
+        for dots in (96, 144, 192):
+            subprocess.run([run, "reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t",
+                            "REG_DWORD", "/d", str(dots), "/f"], env=environment, check=True,
+                           stdout=subprocess.DEVNULL)
+            for words, name in (([], "plain"), (["--high-contrast"], "high-contrast")):
+                job = Job(run, host, [*words, scenario], folder, environment, screen, dots)
+                try:
+                    look(job, f"{dots}-{name}")
+                finally:
+                    job.end()
+        return 0
 
 
 if __name__ == "__main__":
