@@ -26,6 +26,7 @@ class KitScript {
   // The fault of that operation, if there is one; a fault for one call is then used up.
   [[nodiscard]] std::optional<KitFault> TakeFault(TextView operation);
 
+  [[nodiscard]] bool HasLogged() const noexcept { return !log_.empty(); }
   void AddLogLine(Text line) { log_.push_back(std::move(line)); }
   void AddReportLine(Text line) { reports_.push_back(std::move(line)); }
   [[nodiscard]] std::vector<Text> TakeLog() { return std::exchange(log_, {}); }

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "headless/plugin_invariants.h"
 #include "host/headless/headless_host.h"
 #include "host/story/breakable_file_kit.h"
 #include "host/story/record_field.h"
@@ -106,6 +107,7 @@ class HeadlessStage final : public Stage {
   }
   void LoadInterface(std::int32_t index, const std::vector<Text>& target,
                      const std::function<bool()>& go_on) override {
+    view_may_be_older_ = true;  // a hidden dialog keeps it
     auto outer = std::exchange(host_.toolkit.pump, go_on);
     const auto back = [&](void*) { host_.toolkit.pump = std::move(outer); };
     const std::unique_ptr<void, decltype(back)> restored(this, back);
@@ -115,6 +117,7 @@ class HeadlessStage final : public Stage {
     Checked([&] { host_.plug_in().RemoteData(data); });
   }
   void HideInterface() override {
+    view_may_be_older_ = true;  // it makes a dialog where there is none
     Checked([&] { host_.plug_in().HideInterface(); });
   }
 
@@ -176,7 +179,9 @@ class HeadlessStage final : public Stage {
   void DuringNextBox(const std::function<void()>& step) override {
     host_.toolkit.while_message_open = [this, step](const headless::ShownMessage&) {
       const auto once = std::exchange(host_.toolkit.while_message_open, {});
+      ++open_boxes_;
       step();
+      --open_boxes_;
     };
   }
 
@@ -208,6 +213,22 @@ class HeadlessStage final : public Stage {
   }
   [[nodiscard]] std::vector<Text> TakeLog() override { return script_.TakeLog(); }
   [[nodiscard]] std::vector<Text> TakeReports() override { return script_.TakeReports(); }
+  [[nodiscard]] std::vector<Text> Broken() override {
+    if (open_boxes_ > 0) return {};  // an operation may be half done
+    view_may_be_older_ = view_may_be_older_ || script_.HasLogged();
+    const auto look = [&](bool all) {
+      return headless::BrokenInvariants(
+          host_.module, host_.toolkit, {.rotation_is_shown = all, .available_maps_are_shown = all});
+    };
+    try {
+      auto broken = look(true);
+      if (!broken.empty() && view_may_be_older_) return look(false);
+      view_may_be_older_ = false;
+      return broken;
+    } catch (const RuntimeError&) {
+      return look(false);  // a server map whose game type is no number cannot be looked for
+    }
+  }
   [[nodiscard]] std::optional<Text> PendingCommand() override {
     return host_.module.remote.PendingCommand;
   }
@@ -216,6 +237,8 @@ class HeadlessStage final : public Stage {
   KitScript script_;
   HeadlessHost host_;
   std::size_t told_dialogs_ = 0;
+  int open_boxes_ = 0;
+  bool view_may_be_older_ = false;  // after these and a failure, until it agrees again
 };
 
 }  // namespace

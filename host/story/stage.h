@@ -135,6 +135,9 @@ class Stage {
   // LogLine and ReportLine of breakable_file_kit.h write it.
   [[nodiscard]] virtual std::vector<Text> TakeLog() = 0;
   [[nodiscard]] virtual std::vector<Text> TakeReports() = 0;
+  // What of the plug-in does not hold that always does, in words; nothing where that cannot be
+  // seen.
+  [[nodiscard]] virtual std::vector<Text> Broken() { return {}; }
   // The command whose reply the plug-in awaits; nothing where that cannot be seen from outside.
   [[nodiscard]] virtual std::optional<Text> PendingCommand() = 0;
 };

@@ -163,6 +163,9 @@ void StoryPlayer::PlayStep(const Step& step, Sequence& sequence) {
       Repeat(step);
     } else {
       Perform(Resolved(step), sequence);
+      if (!StoryExpectations::IsExpectation(step.kind)) {
+        for (const Text& broken : stage_.Broken()) throw StoryFailure({broken});
+      }
     }
   } catch (...) {
     failure = Reason();
