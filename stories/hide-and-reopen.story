@@ -28,6 +28,26 @@ expect lstSelMaps rows
 push cmdCancel
 expect dialog hidden
 
+# Replies and answers reach a dialog that is hidden.
+host opens profile 1 target t
+host hides
+reply "Server Name" = "While Hidden"
+host replies
+host opens profile 1 target t
+expect txtName text = "While Hidden"
+tab "Map Settings"
+double-click lstAvlMaps 0
+push cmdStart
+host hides
+expect pending = StartGame
+host replies with 0
+expect box Failed! "Failed to initialize game process!"
+expect dialog hidden
+host opens profile 1 target t
+expect txtName text = ""
+expect lblMapCnt caption = "Number of Maps: 0"
+push cmdCancel
+
 # A dialog can be hidden before there is one.
 host hides
 expect dialog hidden

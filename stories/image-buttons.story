@@ -3,13 +3,6 @@ title "Image buttons: the left mouse button presses them, every button starts th
 host opens profile 1 target t
 host replies
 tab "Map Settings"
-expect cmdStart caption = "Start Game"
-expect cmdSave caption = "Save Settings"
-expect cmdLoad caption = "Load Settings"
-expect cmdCancel caption = Cancel
-expect cmdLeft caption = "<"
-expect cmdRight caption = ">"
-expect cmdLoadMaps caption = "Load Maps"
 
 # Released.
 expect cmdRightImg picture = butup.gif

@@ -20,7 +20,7 @@ double-click lstAvlMaps 3
 push cmdRight
 answer "{root}\profiles\1\settings\week.mpl"
 push cmdLoadMaps
-expect file dialog "Load saved map list"
+expect file dialog "Load saved map list" in "{root}\profiles\1\settings"
 expect lstSelMaps rows
 | Road Rage <DMK_01A.BMS>
 | Cracked <DMM_01E.BMS>

@@ -24,6 +24,13 @@ expect cboMods text = None
 reply fixed "Mod" = "Exp1.pff"
 host replies
 expect cboMods text = "Team Sabre"
+reply mods Other
+reply fixed "Mod" = Other
+host replies
+expect cboMods text = Other
+reply fixed "Mod" = "tEAM sABRE"
+host replies
+expect cboMods text = "Team Sabre"
 expect no box
 
 # Everything before the mod is applied, nothing behind it.

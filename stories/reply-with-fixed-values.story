@@ -11,7 +11,7 @@ reply "Dedicated" = no
 reply fixed "Session Type" = Tiodioksi
 reply fixed "Max Players" = 8
 reply fixed "Mod" = "Team Sabre"
-reply fixed "Windowed" = no
+reply fixed "Windowed" = yes
 reply fixed "Dedicated" = yes
 reply fixed "Custom Skins" = no
 reply fixed "Nova Login" = no
@@ -25,6 +25,14 @@ expect chkWindow value = 1
 expect cboMods text = "Team Sabre"
 tab "Map Settings"
 expect lstAvlMaps tooltip = "Maps: 14 / 185"
+
+# Each of the four differs from each other in one of the two replies.
+reply fixed "Dedicated" = no
+reply fixed "Custom Skins" = yes
+host replies
+expect chkDedi value = 0
+expect chkSkins value = 1
+expect chkNova value = 0
 
 # Fixed values that are no numbers are repaired.
 reply raw 26 = x

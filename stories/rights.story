@@ -32,9 +32,18 @@ host replies
 expect txtPort text = 12345
 expect txtPort enabled = false
 
-# Rights can change while the dialog is open.
+# Rights can change while the dialog is open, also before the reply comes.
 right "Change GS Max Players" = 1
+right "Change GS Session Type" = 0
 host sets rights
+reply "Max Players" = 30
+reply fixed "Max Players" = 8
+reply "Session Type" = Tiodioksi
+reply fixed "Session Type" = "LAN IP"
+reply fixed "Mod" = None
+host replies
+expect lstMax index = 29
+expect lstSession index = 1
 expect lstMax enabled = true
 expect lstSession enabled = false
 expect txtPort enabled = false

@@ -107,4 +107,25 @@ file "{root}\profiles\1\settings\night" = "[Settings]{crlf}txtName=Bare{crlf}txt
 answer "{root}\profiles\1\settings\night"
 push cmdLoad
 expect txtName text = Bare
+
+# A flag is any truth value; beyond four fields the third is the file's name again.
+file "{root}\profiles\1\settings\flags.hsf"
+| [Settings]
+| cboMods=None
+| Map0=7[-]2[-]XOWN.BMS
+| Map1=7[-]TRUE[-]XOWN.BMS[-]more[-]and more
+| Map2=7[-]-1[-]any[-] XOWN.BMS{u+20}
+| Map3=7[-]false[-]CTFK_01A.BMS
 push cmdCancel
+host opens profile 1 target t
+reply map "Capture the Flag" Own XOWN.BMS
+host replies
+answer "{root}\profiles\1\settings\flags.hsf"
+push cmdLoad
+expect lstSelMaps count = 4
+push cmdStart
+expect payload map 0 = "Own <XOWN.BMS> 7 True"
+expect payload map 1 = "Own <XOWN.BMS> 7 True"
+expect payload map 2 = "Own <XOWN.BMS> 7 True"
+expect payload contains "7_False"
+host replies with 1

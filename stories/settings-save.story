@@ -71,14 +71,21 @@ push cmdCancel
 
 # Lists without an item chosen, and an empty port, are written so.
 host opens profile 4 target abc
+paste txtName "   "
+click chkLoop
 tab "Misc Options"
 paste txtPort ""
+paste txtMinPing ""
+paste txtMaxPing ""
 # A name typed without an extension gets ".hsf".
 answer "{root}\profiles\4\settings\plain"
 push cmdSave
 expect box Success "Host Settings Saved Successfully."
 expect file "{root}\profiles\4\settings\plain.hsf" contains "lstMax=-1{crlf}"
 expect file "{root}\profiles\4\settings\plain.hsf" contains "txtPort={crlf}"
+expect file "{root}\profiles\4\settings\plain.hsf" contains "txtRed= {crlf}"
+expect file "{root}\profiles\4\settings\plain.hsf" contains "txtMinPing= {crlf}chkMaxPing=0{crlf}txtMaxPing= {crlf}"
+expect file "{root}\profiles\4\settings\plain.hsf" contains "txtName=   {crlf}"
 expect file "{root}\profiles\4\settings\plain.hsf" contains "cboMods={crlf}"
 expect file "{root}\profiles\4\settings\plain.hsf" lacks Map
 expect file "{root}\profiles\4\settings\plain" missing

@@ -31,10 +31,6 @@ tab "Server Settings"
 expect fmeServer shown = true
 expect fmeMap shown = false
 expect fmeMisc shown = false
-expect fmeServer caption = "Server Settings"
-expect fmeMap caption = "Map Settings"
-expect fmeMisc caption = "Misc Options"
-expect Frame3 caption = Options
 
 # The reply does not turn pages.
 tab "Misc Options"

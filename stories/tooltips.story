@@ -1,25 +1,6 @@
-title "Tooltips: limits, counts, and the game type of a clicked map"
+title "Tooltips of the map lists: counts, and the game type of a clicked map"
 
 host opens profile 1 target t
-expect txtMessage tooltip = "Limit: 88 Characters"
-expect txtName tooltip = "Limit: 31 Characters"
-expect txtCountry tooltip = "Limit: 2 Characters"
-expect txtPassword tooltip = "Limit: 16 Characters"
-expect lstSession tooltip = ""
-expect lstMax tooltip = "Limit: 1 - 500"
-expect lstDelay tooltip = "Limit: 0 - 3"
-expect chkLoop tooltip = ""
-expect lstKills tooltip = "Limit: 1 - 500"
-expect lstScore tooltip = "Limit: 1 - 500"
-expect lstZone tooltip = "Limit: 1 - 60"
-expect lstRespawn tooltip = "Limit: 0 - 120"
-expect lstTime tooltip = "Limit: 0 - 100"
-expect cboMods tooltip = ""
-expect txtBlue tooltip = "Limit: 31 Characters"
-expect txtPort tooltip = "Limit: 31 Characters"
-expect cmdRandomize tooltip = "Randomize Current Maps List"
-expect lstSelMaps tooltip = ""
-
 reply map Flagball "Salt Flats" XFB.BMS
 host replies
 tab "Map Settings"

@@ -1,27 +1,52 @@
-title "Text boxes take as many characters as they can hold, whatever their tooltip says"
+title "Text boxes take what fits, typed and pasted, whatever their tooltip says"
 
 host opens profile 1 target t
-type txtName 12345678901234567890123456
-type txtName 7
-expect txtName text = 12345678901234567890123456
-expect txtName tooltip = "Limit: 31 Characters"
-erase txtName 25
-expect txtName text = 1
-type txtCountry DEU
-expect txtCountry text = DE
-paste txtPassword "a password that is too long"
-expect txtPassword text = "a password that "
-expect txtMessage tooltip = "Limit: 88 Characters"
-
+paste txtMessage abcdefghijklmnopqrstuvwxyz0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwx
+expect txtMessage text = abcdefghijklmnopqrstuvwxyz0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvw
+erase txtMessage 1
+type txtMessage !?
+expect txtMessage text = abcdefghijklmnopqrstuvwxyz0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuv!
+paste txtName abcdefghijklmnopqrstuvwxyz0
+expect txtName text = abcdefghijklmnopqrstuvwxyz
+erase txtName 1
+type txtName !?
+expect txtName text = abcdefghijklmnopqrstuvwxy!
+paste txtCountry abc
+expect txtCountry text = ab
+erase txtCountry 1
+type txtCountry !?
+expect txtCountry text = a!
+paste txtPassword abcdefghijklmnopq
+expect txtPassword text = abcdefghijklmnop
+erase txtPassword 1
+type txtPassword !?
+expect txtPassword text = abcdefghijklmno!
 tab "Misc Options"
-type txtPort 9
-expect txtPort text = 17479
-erase txtPort 5
-type txtPort 123456
-expect txtPort text = 12345
-type txtRed "no number at all"
-expect txtRed text = "no number at all"
-expect txtRed tooltip = "Limit: 31 Characters"
+paste txtBlue abcdefghijklmnopq
+expect txtBlue text = abcdefghijklmnop
+erase txtBlue 1
+type txtBlue !?
+expect txtBlue text = abcdefghijklmno!
+paste txtRed abcdefghijklmnopq
+expect txtRed text = abcdefghijklmnop
+erase txtRed 1
+type txtRed !?
+expect txtRed text = abcdefghijklmno!
+paste txtMinPing abcde
+expect txtMinPing text = abcd
+erase txtMinPing 1
+type txtMinPing !?
+expect txtMinPing text = abc!
+paste txtMaxPing abcde
+expect txtMaxPing text = abcd
+erase txtMaxPing 1
+type txtMaxPing !?
+expect txtMaxPing text = abc!
+paste txtPort abcdef
+expect txtPort text = abcde
+erase txtPort 1
+type txtPort !?
+expect txtPort text = abcd!
 
 # The game type can be read only.
 tab "Map Settings"

@@ -35,6 +35,14 @@ expect trapped RemoteData 13 "Type mismatch [, ]"
 expect lblWaiting shown = false
 push cmdStart
 expect lblWaiting shown = true
+# Opened once more, the dialog awaits settings instead.
+host opens profile 1 target t
+expect trapped LoadInterface 400 "Form already displayed; it cannot be shown modally"
+expect pending = LoadForm
+expect lblWaiting shown = false
+host replies with 1
+expect trapped RemoteData 9 "Subscript out of range: no {quote}[-]Scorvane[-]{quote} in the reply"
+expect dialog shown
 host hides
 host opens profile 1 target t
 expect lblWaiting shown = false

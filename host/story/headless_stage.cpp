@@ -185,6 +185,13 @@ class HeadlessStage final : public Stage {
     };
   }
 
+  void DuringNextFileDialog(const std::function<void()>& step) override {
+    host_.toolkit.while_file_dialog_open = [this, step](const ui::FileDialogRequest&) {
+      const auto once = std::exchange(host_.toolkit.while_file_dialog_open, {});
+      step();
+    };
+  }
+
   [[nodiscard]] Text Read(const Text& control, const Text& property) override {
     return Checked([&] {
       const Text value = host_.person.Read(control, property);
@@ -203,13 +210,13 @@ class HeadlessStage final : public Stage {
     }
     return boxes;
   }
-  [[nodiscard]] std::vector<Text> TakeFileDialogs() override {
-    std::vector<Text> titles;
+  [[nodiscard]] std::vector<SeenBox> TakeFileDialogs() override {
+    std::vector<SeenBox> seen;
     const auto& dialogs = host_.toolkit.file_dialogs();
     for (; told_dialogs_ < dialogs.size(); ++told_dialogs_) {
-      titles.push_back(dialogs[told_dialogs_].title);
+      seen.push_back({dialogs[told_dialogs_].title, dialogs[told_dialogs_].initial_folder});
     }
-    return titles;
+    return seen;
   }
   [[nodiscard]] std::vector<Text> TakeLog() override { return script_.TakeLog(); }
   [[nodiscard]] std::vector<Text> TakeReports() override { return script_.TakeReports(); }

@@ -115,9 +115,10 @@ class Stage {
   // What the operator does in the next file dialog that has no answer yet: picks these full paths
   // (none: cancels). A file dialog without an answer is cancelled.
   virtual void AnswerFileDialog(const std::vector<Text>& paths) = 0;
-  // Plays `step` while the next message box is open, before it is closed. A box that `step` itself
-  // brings up is another one.
+  // Plays `step` while the next message box, or the next file dialog, is open, before it is closed.
+  // A box that `step` itself brings up is another one.
   virtual void DuringNextBox(const std::function<void()>& step) = 0;
+  virtual void DuringNextFileDialog(const std::function<void()>& step) = 0;
 
   // --- what can be seen ----------------------------------------------------------------------
   // Property names: text, caption, value, index, top, count, item N, data N, selected (rows joined
@@ -129,8 +130,9 @@ class Stage {
   [[nodiscard]] virtual Text ScreenPointer() = 0;
   // Boxes shown since the last call, in order; taking empties the list.
   [[nodiscard]] virtual std::vector<SeenBox> TakeBoxes() = 0;
-  // Titles of the file dialogs shown since the last call, in order.
-  [[nodiscard]] virtual std::vector<Text> TakeFileDialogs() = 0;
+  // The file dialogs shown since the last call, in order; as the text the folder that each began
+  // in.
+  [[nodiscard]] virtual std::vector<SeenBox> TakeFileDialogs() = 0;
   // What the plug-in handed to the host's error log and report store since the last call, as
   // LogLine and ReportLine of breakable_file_kit.h write it.
   [[nodiscard]] virtual std::vector<Text> TakeLog() = 0;

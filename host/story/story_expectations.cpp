@@ -96,8 +96,9 @@ void StoryExpectations::Look() {
   for (SeenBox& box : stage_.TakeBoxes()) boxes_.push_back(std::move(box));
   for (Text& entry : stage_.TakeLog()) log_.push_back(std::move(entry));
   for (Text& entry : stage_.TakeReports()) reports_.push_back(std::move(entry));
-  for (Text& title : stage_.TakeFileDialogs()) {
-    file_dialogs_.push_back(std::move(title));
+  for (SeenBox& dialog : stage_.TakeFileDialogs()) {
+    file_dialogs_.push_back(std::move(dialog.caption));
+    folders_.push_back(std::move(dialog.text));
     if (unused_answers_ > 0) {
       --unused_answers_;
     } else {
@@ -150,7 +151,12 @@ void StoryExpectations::Check(const Step& step) {
     case StepKind::kExpectNoFileDialog:
       return CheckNone(file_dialogs_, u"file dialog");
     case StepKind::kExpectFileDialog:
-      return CheckEntry(file_dialogs_, u"file dialog", words[0]);
+    case StepKind::kExpectFileDialogIn: {
+      CheckEntry(file_dialogs_, u"file dialog", words[0]);
+      const Text folder = TakeFirst(folders_);
+      if (step.kind == StepKind::kExpectFileDialogIn) CheckEqual(words[1], folder);
+      return;
+    }
     case StepKind::kExpectFileMissing:
     case StepKind::kExpectFile:
     case StepKind::kExpectFileOfLines:

@@ -51,6 +51,7 @@ class StoryExpectations {
   std::deque<Text> log_;
   std::deque<Text> reports_;
   std::deque<Text> file_dialogs_;
+  std::deque<Text> folders_;  // of the file dialogs
   int unused_answers_ = 0;
   int unanswered_ = 0;  // file dialogs that came without an answer for them
 };

@@ -72,6 +72,7 @@ constexpr StepForm kForms[] = {
     {u"answer TEXTS", kAnswer},
 
     {u"during box", kDuringBox, kSteps},
+    {u"during file dialog", kDuringFileDialog, kSteps},
     {u"repeat NUMBER times", kRepeat, kSteps},
     {u"end", kEnd},
 
@@ -92,6 +93,7 @@ constexpr StepForm kForms[] = {
     {u"expect no report", kExpectNoReport},
     {u"expect report PATTERN", kExpectReport},
     {u"expect no file dialog", kExpectNoFileDialog},
+    {u"expect file dialog TEXT in TEXT", kExpectFileDialogIn},
     {u"expect file dialog TEXT", kExpectFileDialog},
     {u"expect file TEXT missing", kExpectFileMissing},
     {u"expect file TEXT", kExpectFileOfLines, kLines},

@@ -70,6 +70,7 @@ enum class StepKind : std::uint8_t {
   kAnswer,
   // Blocks.
   kDuringBox,
+  kDuringFileDialog,
   kRepeat,
   kEnd,
   // Expectations.
@@ -91,6 +92,7 @@ enum class StepKind : std::uint8_t {
   kExpectReport,
   kExpectNoFileDialog,
   kExpectFileDialog,
+  kExpectFileDialogIn,
   kExpectFileMissing,
   kExpectFile,
   kExpectFileOfLines,

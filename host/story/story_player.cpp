@@ -157,7 +157,7 @@ void StoryPlayer::PlayAll(Sequence sequence) {
 void StoryPlayer::PlayStep(const Step& step, Sequence& sequence) {
   std::optional<Text> failure;
   try {
-    if (step.kind == StepKind::kDuringBox) {
+    if (step.kind == StepKind::kDuringBox || step.kind == StepKind::kDuringFileDialog) {
       PlayDuringBox(step);
     } else if (step.kind == StepKind::kRepeat) {
       Repeat(step);
@@ -344,10 +344,12 @@ void StoryPlayer::Open(std::int32_t index, const std::vector<Text>& target, Sequ
 
 void StoryPlayer::PlayDuringBox(const Step& step) {
   awaiting_box_.push_back(&step);
-  stage_.DuringNextBox([this, &step] {
+  const auto play = [this, &step] {
     std::erase(awaiting_box_, &step);
     PlayAll({step.steps});
-  });
+  };
+  if (step.kind == StepKind::kDuringBox) return stage_.DuringNextBox(play);
+  stage_.DuringNextFileDialog(play);
 }
 
 void StoryPlayer::Repeat(const Step& step) {

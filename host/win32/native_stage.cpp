@@ -162,6 +162,9 @@ class NativeStage final : public Stage {
   void CloseWindow() override { robot_.CloseForm(); }
   void AnswerFileDialog(const std::vector<Text>& paths) override { answers_.push_back(paths); }
   void DuringNextBox(const std::function<void()>& step) override { during_next_box_ = step; }
+  void DuringNextFileDialog(const std::function<void()>& step) override {
+    during_next_file_dialog_ = step;
+  }
 
   [[nodiscard]] Text Read(const Text& control, const Text& property) override {
     return Checked([&] {
@@ -178,7 +181,7 @@ class NativeStage final : public Stage {
   // Over a window of the dialog both pointers look the same.
   [[nodiscard]] Text ScreenPointer() override { return DialogPointer(); }
   [[nodiscard]] std::vector<SeenBox> TakeBoxes() override { return std::exchange(boxes_, {}); }
-  [[nodiscard]] std::vector<Text> TakeFileDialogs() override {
+  [[nodiscard]] std::vector<SeenBox> TakeFileDialogs() override {
     return std::exchange(file_dialogs_, {});
   }
   [[nodiscard]] std::vector<Text> TakeLog() override { return session_.script().TakeLog(); }
@@ -221,7 +224,8 @@ class NativeStage final : public Stage {
 
   void Handle(const OpenBox& box) {
     if (box.asks_for_file) {
-      file_dialogs_.push_back(box.caption);
+      file_dialogs_.push_back({box.caption, box.text});
+      if (const auto step = std::exchange(during_next_file_dialog_, nullptr)) step();
       std::vector<Text> paths;
       if (!answers_.empty()) {
         paths = std::move(answers_.front());
@@ -258,9 +262,10 @@ class NativeStage final : public Stage {
   WindowRobot robot_{Text(kForm)};
   std::deque<std::vector<Text>> answers_;
   std::function<void()> during_next_box_;
+  std::function<void()> during_next_file_dialog_;
   std::vector<Text> menu_;
   std::vector<SeenBox> boxes_;
-  std::vector<Text> file_dialogs_;
+  std::vector<SeenBox> file_dialogs_;
   std::vector<Display> displays_;  // the innermost last
   std::vector<HWND> boxes_in_hand_;
   int calls_ = 0;  // of the host, one inside the other

@@ -1,6 +1,7 @@
 #include "host/win32/window_robot.h"
 
 #include <commctrl.h>
+#include <commdlg.h>
 
 #include <algorithm>
 #include <array>
@@ -621,6 +622,11 @@ BOOL CALLBACK TryBox(HWND window, LPARAM parameter) {
     return TRUE;
   }
   box = {window, FileNameField(window) != nullptr, WindowText(window), {}};
+  if (box.asks_for_file) {
+    wchar_t folder[MAX_PATH] = {};
+    SendMessageW(window, CDM_GETFOLDERPATH, MAX_PATH, reinterpret_cast<LPARAM>(folder));
+    box.text = FromWide(folder);
+  }
   const HWND text = GetDlgItem(window, kMessageText);
   if (text != nullptr) box.text = WindowText(text);
   return FALSE;

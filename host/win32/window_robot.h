@@ -92,7 +92,7 @@ struct OpenBox {
   HWND window = nullptr;  // null: none is open
   bool asks_for_file = false;
   Text caption;
-  Text text;  // of a message box
+  Text text;  // of a message box; the folder of a file dialog
 };
 // The one opened last.
 [[nodiscard]] OpenBox FindOpenBox();
