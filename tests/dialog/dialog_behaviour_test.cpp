@@ -8,31 +8,6 @@
 namespace quill {
 namespace {
 
-TEST(DialogLoad, HooksTheTabsThenBuildsAllFacesThenAllCaptions) {
-  DialogBench bench;
-  const auto dialog = TakeDialog(bench.context);
-  std::vector<Text> built;
-  for (const auto& control : dialog->controls()) {
-    if (control->name().starts_with(u"cmd") && control->name() != u"cmdRandomize") {
-      built.push_back(control->name());
-    }
-  }
-  std::vector<Text> expected;
-  for (const TextView suffix : {TextView(u"Img"), TextView(u"")}) {
-    for (const TextView name : {u"cmdStart", u"cmdSave", u"cmdLoad", u"cmdCancel", u"cmdLeft",
-                                u"cmdRight", u"cmdLoadMaps"}) {
-      expected.push_back(Concat({name, suffix}));
-    }
-  }
-  EXPECT_EQ(built, expected);
-  constexpr TextView kRead = u"ReadPicture C:\\Host\\imgs\\butup.gif";
-  EXPECT_EQ(bench.CallsOf(kRead), 14);
-  EXPECT_EQ(bench.toolkit.TabBackgroundOf(dialog->tsMain), &dialog->Picture1);
-  EXPECT_LT(std::find(bench.calls.begin(), bench.calls.end(), u"HookTabBackground tsMain"),
-            std::find(bench.calls.begin(), bench.calls.end(), kRead));
-  EXPECT_TRUE(bench.toolkit.messages().empty());
-}
-
 TEST(DialogLoad, IsTheDialogThatCallsDuringItsReportGet) {
   DialogBench bench;
   bench.before_call = [](TextView call) {

@@ -131,34 +131,5 @@ TEST_F(DialogDesign, TabOrderNumbersEachControlOnce) {
   EXPECT_EQ(keys.size(), 8u);
 }
 
-TEST_F(DialogDesign, OptionsComeInTheirWrittenOrderWithTheirPayloadFields) {
-  const std::vector<TextView> keys = {
-      u"txtMessage", u"txtName",  u"txtCountry",   u"txtPassword", u"lstSession", u"lstMax",
-      u"lstDelay",   u"chkLoop",  u"lstKills",     u"lstScore",    u"lstZone",    u"lstRespawn",
-      u"lstTime",    u"chkNova",  u"chkSkins",     u"chkWindow",   u"chkDedi",    u"cboMods",
-      u"txtBlue",    u"txtRed",   u"chkFFKills",   u"chkFFTags",   u"chkFFWarn",  u"chkTeam",
-      u"chkTracers", u"chkClays", u"chkAutoRange", u"chkMinPing",  u"txtMinPing", u"chkMaxPing",
-      u"txtMaxPing", u"txtPort"};
-  ASSERT_EQ(Options().size(), keys.size());
-  std::set<int> fields;
-  std::uint32_t flags = 0;
-  for (std::size_t i = 0; i < keys.size(); ++i) {
-    const Option& option = Options()[i];
-    EXPECT_EQ(option.key, keys[i]);
-    EXPECT_EQ(dialog_->At(option.key).kind(), option.kind);
-    if (option.payload.number >= 0) {
-      EXPECT_TRUE(fields.insert(option.payload.number).second);
-    }
-    EXPECT_EQ(option.payload.number >= 0, option.flag.bit == 0) << ToUtf8(option.key);
-    EXPECT_EQ(flags & option.flag.bit, 0u) << ToUtf8(option.key);
-    flags |= option.flag.bit;
-  }
-  // 0 to 25; the flags are field 23.
-  EXPECT_EQ(fields.size(), 25u);
-  EXPECT_FALSE(fields.contains(23));
-  EXPECT_EQ(*fields.rbegin(), 25);
-  EXPECT_EQ(flags, 0x1860Du);
-}
-
 }  // namespace
 }  // namespace quill

@@ -68,29 +68,6 @@ TEST(MapListFile, ALineEndMayLieAnywhereInALongFile) {
   }
 }
 
-TEST(MapListFile, TakesNoInputMeanwhile) {
-  FileActionsBench bench;
-  bench.Write(u"one.mpl", "0[-]0[-]DMK_01A.BMS");
-  int reads = 0;
-  bench.Show([&](frmrcBHDGS& dialog) {
-    bench.files.before = [&](TextView operation, TextView) {
-      if (operation != u"Read") return;
-      ++reads;
-      EXPECT_FALSE(dialog.enabled());
-      EXPECT_EQ(dialog.pointer(), ui::Pointer::kBusy);
-    };
-    bench.LoadMaps(u"one.mpl");
-    EXPECT_TRUE(dialog.enabled());
-    const ui::FileDialogRequest& asked = bench.toolkit.file_dialogs()[0];
-    EXPECT_FALSE(asked.save);
-    EXPECT_EQ(asked.title, u"Load saved map list");
-    EXPECT_EQ(asked.initial_folder, kSettings);
-    EXPECT_EQ(asked.filter, u"Maplist files (*.mpl)|*.mpl");
-    EXPECT_EQ(asked.flags, 788996u);
-  });
-  EXPECT_GT(reads, 0);
-}
-
 TEST(MapListFile, AFileThatBreaksOffIsClosedAndKeepsWhatWasRead) {
   FileActionsBench bench;
   bench.Write(u"long.mpl", "0[-]0[-]DMM_01A.BMS\r" + std::string(100'000, 'x'));
@@ -107,21 +84,6 @@ TEST(MapListFile, AFileThatBreaksOffIsClosedAndKeepsWhatWasRead) {
   });
   EXPECT_EQ(bench.RotationFiles(), "DMM_01A.BMS ");
   EXPECT_EQ(bench.Failures(), Strings{"cmdLoadMaps|57|Device I/O error"});
-}
-
-TEST(MapListFile, ManyLinesTakeLinearTime) {
-  FileActionsBench bench;
-  std::string bytes;
-  for (int i = 0; i < 100'000; ++i) {
-    const std::string number = std::to_string(i);
-    bench.context.maps.server.AppendEntry(FromUtf8("Map " + number + " <M" + number + ".BMS>5"));
-    bytes += "5[-]1[-]M" + number + ".BMS\r\n";
-  }
-  bytes += std::string(5'000'000, '[');
-  const auto begun = std::chrono::steady_clock::now();
-  Loaded(bench, bytes);
-  EXPECT_EQ(bench.rotation().size(), 100'000u);
-  EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(60));
 }
 
 }  // namespace

@@ -16,49 +16,6 @@ const SelectedMap kOilIsland{u"Oil Island A", u"CTF_04A.BMS", 7, false};
 const SelectedMap kHarbour{u"Harbour", u"HARBOUR.BMS", 8, true};
 constexpr const char* kSaved = "Success|Host Settings Saved Successfully.";
 
-TEST(SettingsFile, ComesBackAsItWasSaved) {
-  FileActionsBench bench;
-  bench.context.maps.server.AppendEntry(u"Harbour <HARBOUR.BMS>8");
-  std::vector<Text> saved;
-  std::vector<SelectedMap> rotation;
-  bench.Show([&](frmrcBHDGS& dialog) {
-    for (const Option& option : Options()) {
-      if (auto* list = dynamic_cast<ui::ListBox*>(&dialog.At(option.key))) {
-        list->SetListIndex(list->Count() - 1);
-      } else if (auto* check = dynamic_cast<ui::CheckBox*>(&dialog.At(option.key))) {
-        check->SetValue(1 - check->value());
-      }
-    }
-    dialog.Get<ui::TextBox>(u"txtName").SetText(u"=A; b = \u00E4 [x]. and longer than the limit");
-    // The expansion's map is found again only because its mod comes before it.
-    for (int i = 0; i < 130; ++i) bench.Select({kRoadRage, kOilIsland, kHarbour});
-    bench.Save(u"all.hsf");
-    const ui::FileDialogRequest& asked = bench.toolkit.file_dialogs().back();
-    EXPECT_TRUE(asked.save);
-    EXPECT_EQ(asked.title, u"Save Host Settings");
-    EXPECT_EQ(asked.initial_folder, kSettings);
-    EXPECT_EQ(asked.filter, u"Host Settings File (*.hsf)|*.hsf");
-    EXPECT_EQ(asked.filter_index, 1);
-    EXPECT_EQ(asked.file_name, u"");
-    EXPECT_EQ(asked.flags, 788996u);
-    saved = bench.Values();
-    rotation = bench.rotation();
-  });
-  bench.Show([&](frmrcBHDGS& dialog) {
-    dialog.Get<ui::ComboBox>(u"cboMods").SetListIndex(0);
-    bench.Load(u"all.hsf");
-    EXPECT_EQ(bench.Values(), saved);
-    EXPECT_EQ(bench.rotation(), rotation);
-    EXPECT_EQ(dialog.lstSelMaps.Count(), 390);
-    const ui::FileDialogRequest& asked = bench.toolkit.file_dialogs().back();
-    EXPECT_FALSE(asked.save);
-    EXPECT_EQ(asked.title, u"Load Saved Host Settings");
-    EXPECT_EQ(asked.flags, 788996u);
-  });
-  EXPECT_EQ(bench.Failures(), Strings{});
-  EXPECT_EQ(bench.Boxes(), Strings{kSaved});
-}
-
 TEST(SettingsFile, WhatWouldComeBackWithALaterLoadIsSetAside) {
   struct Case {
     const char* old;
@@ -150,29 +107,6 @@ TEST(SettingsFile, AFailedSaveReportsItsMapAndKeepsWhatIsWritten) {
   });
 }
 
-TEST(SettingsFile, FoldersAreMadeInOrderAndACancelledQuestionChangesNothing) {
-  FileActionsBench bench;
-  std::vector<Text> made;
-  bench.files.before = [&](TextView operation, TextView path) {
-    if (operation == u"MakeFolder") made.emplace_back(path);
-  };
-  bench.Show([&](frmrcBHDGS&) {
-    bench.Select({kRoadRage});
-    for (const TextView button : {u"cmdSave", u"cmdLoad", u"cmdSaveImg", u"cmdLoadImg"}) {
-      bench.Use(button, {}, ui::kRightButton);
-    }
-    EXPECT_EQ(bench.toolkit.file_dialogs().size(), 4u);
-    EXPECT_EQ(bench.rotation().size(), 1u);
-    // Of several files the first counts.
-    bench.Use(u"cmdSave", {InSettings(u"one.hsf"), InSettings(u"two.hsf")}, ui::kMiddleButton);
-  });
-  EXPECT_EQ(made, (std::vector<Text>{u"C:\\Host\\profiles", u"C:\\Host\\profiles\\3",
-                                     u"C:\\Host\\profiles\\3\\settings"}));
-  EXPECT_EQ(bench.Boxes(), Strings{kSaved});
-  EXPECT_TRUE(bench.memory.FileExists(InSettings(u"one.hsf")));
-  EXPECT_FALSE(bench.memory.FileExists(InSettings(u"two.hsf")));
-}
-
 TEST(SettingsFile, AFailedLoadStopsAtItsEntry) {
   struct Case {
     const char* entry;
@@ -247,23 +181,6 @@ TEST(SettingsFile, HostileFilesDoNoHarm) {
     bench.Save(u"still works.hsf");
   });
   EXPECT_EQ(bench.Boxes().back(), kSaved);
-}
-
-TEST(SettingsFile, ADialogThatIsClosedMeanwhileDoesNothing) {
-  for (const TextView button : {u"cmdSave", u"cmdLoad", u"cmdLoadMaps"}) {
-    FileActionsBench bench;
-    bench.Write(u"f", "[Settings]\r\nMap0=0[-]0[-]DMM_01A.BMS\r\n0[-]0[-]DMM_01A.BMS\r\n");
-    bench.Show([&](frmrcBHDGS& dialog) {
-      bench.Select({kRoadRage});
-      bench.toolkit.while_file_dialog_open = [&](const auto&) { dialog.Unload(); };
-      bench.toolkit.AnswerNextFileDialog({InSettings(u"f")});
-      if (button == u"cmdLoadMaps") bench.person.ClickTab(u"Map Settings");
-      bench.person.Release(button, ui::kRightButton);
-      EXPECT_EQ(bench.RotationFiles(), "DMK_01A.BMS ");
-    });
-    EXPECT_FALSE(bench.memory.FileExists(InSettings(u"f.hsf")));
-    EXPECT_EQ(bench.Boxes(), Strings{});
-  }
 }
 
 }  // namespace

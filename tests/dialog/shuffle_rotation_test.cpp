@@ -20,26 +20,6 @@ std::vector<SelectedMap> Rotation(int count) {
   return maps;
 }
 
-TEST(ShuffleRotation, TakesItsOrderFromTheClock) {
-  FileActionsBench bench;
-  bench.Show([&](frmrcBHDGS& dialog) {
-    bench.person.ClickTab(u"Map Settings");
-    std::set<std::string> orders;
-    for (std::uint64_t ticks = 7; ticks < 12; ++ticks) {
-      bench.context.maps.selected.Replace(Rotation(255));
-      bench.clock.Set(ticks);
-      bench.person.Click(u"cmdRandomize");
-      RandomSource random(ticks);
-      EXPECT_EQ(bench.rotation(), Shuffled(Rotation(255), std::ref(random)));
-      orders.insert(bench.RotationFiles());
-      EXPECT_EQ(dialog.lstSelMaps.Count(), 255);
-      EXPECT_EQ(dialog.lstSelMaps.ItemData(9), bench.rotation()[9].game_type);
-      EXPECT_EQ(dialog.lblMapCnt.caption(), u"Number of Maps: 255");
-    }
-    EXPECT_EQ(orders.size(), 5u);
-  });
-}
-
 class BrokenClock final : public Clock {
  public:
   std::uint64_t Ticks() override { throw RuntimeError(ErrorNumber::kInternalError); }

@@ -86,29 +86,6 @@ TEST(Limits, EndsOfListsAndOf16BitNumbers) {
   }
 }
 
-TEST(Limits, TypedAndPastedTexts) {
-  DialogBench bench;
-  bench.Show([&](frmrcBHDGS& dialog) {
-    int limited = 0;
-    for (const Option& option : Options()) {
-      if (option.kind != ui::ControlKind::kTextBox) continue;
-      ++limited;
-      const Text page = dialog.Get<ui::Frame>(option.place.column.frame).caption();
-      bench.person.ClickTab(page);
-      const auto& text = dialog.Get<ui::TextBox>(option.key).text();
-      const auto limit = static_cast<std::size_t>(option.max_length);
-      for (const std::size_t length : {limit - 1, limit, limit + 1}) {
-        const Text given(length, u'7');
-        bench.person.Paste(option.key, given);
-        EXPECT_EQ(text, given.substr(0, limit)) << ToUtf8(option.key);
-        bench.person.SelectAllAndType(option.key, given);
-        EXPECT_EQ(text, given.substr(0, limit)) << ToUtf8(option.key);
-      }
-    }
-    EXPECT_EQ(limited, 9);
-  });
-}
-
 // The frame with the host's text, the payload, the list and its look-ups, and the rows shown. The
 // same multiple from one map to a million: nothing grows out of proportion.
 TEST(Limits, ServerMapsAndTheMemoryForThem) {

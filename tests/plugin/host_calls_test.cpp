@@ -39,16 +39,6 @@ TEST_F(HostCalls, OpeningAsksForTheSettingsBeforeItShows) {
   EXPECT_EQ(host.Boxes(), Strings());
 }
 
-TEST_F(HostCalls, OpeningWithoutATargetStopsThere) {
-  host.SelectMap();
-  host.plug_in().LoadInterface(7, 0, host::HostTexts({u"only one"}));
-  EXPECT_EQ(host.module.dialog.Index, 7);
-  EXPECT_EQ(host.module.dialog.maps.selected.Count(), 1);
-  EXPECT_EQ(host.module.remote.PendingCommand, u"");
-  EXPECT_TRUE(host.kit().files.empty());
-  EXPECT_EQ(host.Reports(), Strings{"LoadInterface|9|Subscript out of range"});
-}
-
 TEST_F(HostCalls, ADialogClosedWhileTheQueryIsWrittenIsNotShown) {
   bool was_shown = false;
   host.kit().before = [&](const std::string& operation) {

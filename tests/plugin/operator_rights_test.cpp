@@ -53,37 +53,6 @@ TEST_F(Rights, EachGovernsItsOption) {
   }
 }
 
-TEST_F(Rights, AreGrantedByAnyValueButZero) {
-  HostItem neither;
-  const struct {
-    const char* what;
-    HostItem item;
-    bool granted;
-  } cases[] = {{"text 0", TextItem(u"0"), false},      {"number 0", NumberItem(0), false},
-               {"number -0", NumberItem(-0.0), false}, {"text 1", TextItem(u"1"), true},
-               {"empty text", TextItem(u""), true},    {"yes", TextItem(u"yes"), true},
-               {"text 00", TextItem(u"00"), true},     {"true", NumberItem(-1), true},
-               {"a half", NumberItem(0.5), true},      {"neither", neither, true}};
-  for (const auto& c : cases) {
-    Set(Collection({{u"Change GS Game Port", c.item}}));
-    EXPECT_EQ(host.Option(u"txtPort").enabled(), c.granted) << c.what;
-  }
-}
-
-TEST_F(Rights, OfNoItemsOrASuperAdministratorChangeNothing) {
-  Set(Collection({{u"Change GS Game Port", TextItem(u"1")}}));
-  Set(Collection({}));
-  Set(Collection({{u"Change GS Game Mod", TextItem(u"1")}}), true);
-  EXPECT_EQ(Enabled(), Strings{"txtPort"});
-  // A super-administrator's collection is not looked into.
-  auto broken = Collection({});
-  broken->fails_to_count = true;
-  Set(broken, true);
-  Set(nullptr, true);
-  EXPECT_EQ(host.Boxes(), Strings());
-  EXPECT_EQ(host.module.NameCol, nullptr);
-}
-
 TEST_F(Rights, HandedOverAsNoCollectionAreReported) {
   Set(nullptr);
   auto broken = Collection({});

@@ -26,16 +26,6 @@ const std::map<std::string, std::string> kWholeReply = {
     {"chkMaxPing", "0"},       {"txtMaxPing", "900"},
     {"txtPort", "17500"}};
 
-TEST(GameSettingsReply, ChecksRunWindowedInTheEnd) {
-  LoadedPlugIn host;
-  // Twice with a box that the reply had cleared in between.
-  std::vector<int> states;
-  auto& box = host.Option<ui::CheckBox>(u"chkWindow");
-  box.on_click = [&] { states.push_back(box.value()); };
-  host.Open([&] { host.plug_in().RemoteData(SettingsReply().Frame()); });
-  EXPECT_EQ(states, (std::vector<int>{0, 1}));
-}
-
 // A reply with one fault: what is reported, which option was the last to be filled and which the
 // first to be left as it was.
 struct Fault {

@@ -28,18 +28,6 @@ struct RequestFile : testing::Test {
 
 constexpr TextView kQueryPath = u"C:\\Host\\RCData\\reply_kvrBHDGS_GetGameSettingsRem.txt";
 
-TEST_F(RequestFile, IsMadeInItsFolderWhichIsMadeFirst) {
-  WriteRequest(context, kGameSettingsQuery, u"line");
-  const std::vector<std::string> expected = {"FolderExists RCData", "MakeFolder RCData",
-                                             "FileExists reply_kvrBHDGS_GetGameSettingsRem.txt",
-                                             "MakeEmptyFile reply_kvrBHDGS_GetGameSettingsRem.txt",
-                                             "WriteFile"};
-  EXPECT_EQ(journal, expected);
-  ASSERT_EQ(kit->files.size(), 1u);
-  EXPECT_EQ(kit->files[0].path, kQueryPath);
-  EXPECT_EQ(kit->files[0].text, u"line");
-}
-
 TEST_F(RequestFile, OfAnEarlierRequestIsDeletedFirst) {
   memory.MakeFolder(u"C:\\Host\\RCData");
   memory.SetContents(u"C:\\Host\\RCData\\reply_kvrBHDGS_StartGameRem.txt", "an old request");

@@ -88,31 +88,6 @@ TEST_F(ChoicesTest, ComboBoxRunsItsHandlerAtOnceOnEveryChoice) {
   EXPECT_EQ(FormBench::Seen(combo, u"text"), "");
 }
 
-TEST_F(ChoicesTest, ComboBoxTellsItsPeerOfEachItemOnce) {
-  auto& combo = form.Add<ComboBox>(u"cbo", nullptr);
-  const std::size_t before = headless::MirrorOf(combo).rows_taken();
-  for (int i = 0; i < 1000; ++i) combo.AddItem(Decimal(i));
-  EXPECT_EQ(headless::MirrorOf(combo).rows_taken() - before, 1000u);
-  EXPECT_EQ(FormBench::Seen(combo, u"item 999"), "999");
-}
-
-TEST_F(ChoicesTest, TabStripTakesTabsThatItHas) {
-  auto& strip =
-      form.Add<TabStrip>(u"ts", nullptr, std::vector<Text>{u"Server Settings", u"Map Settings"});
-  strip.on_click = [&] { ++clicks; };
-  bench.WhileShown([&] {
-    bench.hand.ClickTab(u"Map Settings");
-    EXPECT_EQ(strip.SelectedCaption(), u"Map Settings");
-    for (const int wrong : {2, -1}) {
-      headless::MirrorOf(strip).ChangeCurrent(wrong);
-      strip.Happened(TabChosen{wrong});
-      EXPECT_EQ(bench.hand.Read(u"ts", u"text"), u"Map Settings");
-    }
-    EXPECT_EQ(FailureOf([&] { bench.hand.ClickTab(u"Other"); }), 5);
-  });
-  EXPECT_EQ(clicks, 1);
-}
-
 TEST_F(ChoicesTest, ControlsIgnoreFactsOfOtherKinds) {
   auto& check = form.Add<CheckBox>(u"chk", nullptr);
   auto& button = form.Add<CommandButton>(u"cmd", nullptr);

@@ -56,46 +56,6 @@ TEST_F(ControlTest, MovesIntoNothingThatLiesInItOrElsewhere) {
   EXPECT_EQ(form.children(), std::vector<Control*>{&outer});
 }
 
-TEST_F(ControlTest, TellsItsPeerOfEveryCommonSide) {
-  auto& box = form.Add<TextBox>(u"txt", nullptr, 7, Alignment::kCentre, true);
-  box.SetBounds({1, 2, 3, 4});
-  box.SetPlace(10, 20);
-  box.SetTooltip(u"Limit: 7 Characters");
-  box.SetEnabled(false);
-  box.SetVisible(false);
-  box.SetTabIndex(4);
-  box.SetText(u"longer than seven");
-  const std::vector<std::pair<TextView, std::string>> expected = {
-      {u"bounds", "10,20,3,4"}, {u"tooltip", "Limit: 7 Characters"},
-      {u"enabled", "false"},    {u"visible", "false"},
-      {u"tab_index", "4"},      {u"text", "longer than seven"},
-      {u"limit", "7"},          {u"locked", "true"},
-      {u"alignment", "centre"}, {u"kind", "TextBox"},
-  };
-  for (const auto& [property, shown] : expected) {
-    EXPECT_EQ(Seen::Seen(box, property), shown) << ToUtf8(property);
-  }
-
-  auto& label = form.Add<Label>(u"lbl", nullptr, u"Old");
-  label.SetCaption(u"New");
-  label.SetAlignment(Alignment::kRight);
-  label.SetFontSize(12);
-  label.SetTransparent(true);
-  EXPECT_EQ(Seen::Seen(label, u"caption"), "New");
-  EXPECT_EQ(Seen::Seen(label, u"alignment"), "right");
-  EXPECT_EQ(Seen::Seen(label, u"font"), "12");
-  EXPECT_EQ(Seen::Seen(label, u"transparent"), "true");
-
-  auto& button = form.Add<CommandButton>(u"cmd", nullptr, u"Go");
-  bench.files.MakeFolders(u"C:\\Host\\imgs");
-  bench.files.SetContents(u"C:\\Host\\imgs\\a.gif", "GIF89a");
-  button.SetPicture(bench.toolkit.ReadPicture(u"C:\\Host\\imgs\\a.gif"));
-  EXPECT_EQ(Seen::Seen(button, u"picture"), "C:\\Host\\imgs\\a.gif");
-
-  form.SetPointer(Pointer::kBusy);
-  EXPECT_EQ(Seen::Seen(form, u"pointer"), "busy");
-}
-
 TEST_F(ControlTest, IsReachableOnlyThroughShownAndEnabledContainers) {
   auto& frame = form.Add<Frame>(u"fme", nullptr, u"");
   auto& check = form.Add<CheckBox>(u"chk", &frame);

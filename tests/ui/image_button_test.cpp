@@ -6,7 +6,6 @@
 
 #include "tests/ui/form_bench.h"
 #include "ui/frame.h"
-#include "ui/tab_background.h"
 
 namespace quill::ui {
 namespace {
@@ -86,29 +85,6 @@ TEST_F(ImageButtonTest, IsBuiltReleasedWithTheCaptionInFront) {
   EXPECT_EQ(Seen(u"cmdStart", u"font"), "8");
 }
 
-TEST_F(ImageButtonTest, TakesFontEnabledAndVisibleFromItsDescription) {
-  button.font_size = -3;
-  button.enabled = false;
-  button.visible = false;
-  button.container = nullptr;
-  Create();
-  for (const TextView name : {u"cmdStart", u"cmdStartImg"}) {
-    EXPECT_EQ(Seen(name, u"enabled"), "false");
-    EXPECT_EQ(Seen(name, u"visible"), "false");
-    EXPECT_EQ(Seen(name, u"container"), "frmMain");
-  }
-  EXPECT_EQ(Seen(u"cmdStart", u"font"), "8");
-
-  FormBench other;
-  other.files.MakeFolders(u"C:\\Host\\imgs");
-  other.files.SetContents(u"C:\\Host\\imgs\\butup.gif", "GIF89a");
-  button.font_size = 10;
-  button.name = u"cmdImg";
-  CreateButtonFace(*other.form, button, kRoot);
-  button.name = u"cmd";
-  EXPECT_EQ(CreateButtonCaption(*other.form, button, kRoot).bounds().top, 488 - 150);
-}
-
 TEST_F(ImageButtonTest, OnlyTheExactStatePressesAndReleasingRestores) {
   Create();
   for (const TextView state : {u"Down", u"down", u"Down", u"", u"Down", u"Up"}) {
@@ -127,32 +103,6 @@ TEST_F(ImageButtonTest, OnlyTheExactStatePressesAndReleasingRestores) {
   for (const TextView face : {u"cmdOddImg", u"Img"}) SetButtonState(form, face, u"Down", kRoot);
   EXPECT_EQ(Seen(u"cmdStart", u"left"), "1515") << "names are compared in their letter case";
   EXPECT_EQ(Seen(u"cmdStartImg", u"picture"), "C:\\Host\\imgs\\butup.gif");
-}
-
-TEST_F(ImageButtonTest, MissingPicturesKeepTheOldOneAndStillMoveTheCaption) {
-  Create();
-  bench.files.RemoveFile(u"C:\\Host\\imgs\\butdown.gif");
-  EXPECT_EQ(FailureOf([&] { SetButtonState(form, u"cmdStartImg", u"Down", kRoot); }), 53);
-  EXPECT_EQ(Seen(u"cmdStart", u"left"), "1535");
-  EXPECT_EQ(Seen(u"cmdStartImg", u"picture"), "C:\\Host\\imgs\\butup.gif");
-
-  bench.files.SetContents(u"C:\\Host\\imgs\\butup.gif", "BM");
-  button.name = u"cmdOtherImg";
-  EXPECT_EQ(FailureOf([&] { CreateButtonFace(form, button, kRoot); }), 481);
-  button.name = u"cmdFaceless";
-  EXPECT_EQ(FailureOf([&] { CreateButtonCaption(form, button, kRoot); }), 730);
-}
-
-TEST(TabBackgroundTest, ReadiesItsSourceAndCanBeTakenOff) {
-  FormBench bench;
-  auto& strip = bench.form->Add<TabStrip>(u"ts", nullptr, std::vector<Text>{u"One"});
-  auto& box = bench.form->Add<PictureBox>(u"Picture1", nullptr, 0x00D8E9ECu);
-  AttachTabBackground(strip, box);
-  EXPECT_TRUE(box.persistent_image());
-  EXPECT_EQ(bench.toolkit.TabBackgroundOf(strip), &box);
-  EXPECT_EQ(FormBench::Seen(box, u"colour"), "0x00D8E9EC");
-  DetachTabBackground(strip);
-  EXPECT_EQ(bench.toolkit.TabBackgroundOf(strip), nullptr);
 }
 
 }  // namespace

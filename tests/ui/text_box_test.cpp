@@ -66,28 +66,6 @@ TEST(TextBoxLimitTest, LeavesAllAroundAnyEditAndTheFrontOfWhatWasInserted) {
   }
 }
 
-TEST(TextBoxLimitTest, NeverGrowsBeyondLimitAndTextBefore) {
-  std::mt19937 random(21);
-  const auto letters = [&] {
-    Text text(random() % 12, u'a');
-    for (char16_t& unit : text) unit = static_cast<char16_t>(u'a' + random() % 2);
-    return text;
-  };
-  for (int round = 0; round < 20000; ++round) {
-    const Text before = letters();
-    const Text after = letters();
-    const std::size_t limit = 1 + random() % 10;
-    const Text left = TextBox::ApplyLimit(before, after, static_cast<int>(limit));
-    const auto trace = ToUtf8(Concat({before, u" -> ", after, u" -> ", left}));
-    ASSERT_LE(left.size(), std::max(limit, before.size())) << trace;
-    ASSERT_LE(left.size(), after.size()) << trace;
-    ASSERT_GE(left.size(), std::min(limit, after.size())) << trace;
-    if (after.size() <= limit) {
-      ASSERT_EQ(left, after) << trace;
-    }
-  }
-}
-
 TEST(TextBoxTest, CorrectsTheNativeTextAndKeepsLongTextsOfCode) {
   FormBench bench;
   auto& box = bench.form->Add<TextBox>(u"txtCountry", nullptr, 2);
