@@ -10,7 +10,7 @@ namespace quill::com {
 
 // Records in 32-bit type libraries are packed to 4, as classic 32-bit compilers lay them out.
 #if !defined(_WIN64)
-#pragma pack(push, 4)
+#include <pshpack4.h>
 #endif
 // What GetData hands out. Texts and variants belong to whoever holds the record.
 struct PluginRecord {
@@ -35,7 +35,7 @@ struct PluginRecord {
 };
 
 #if !defined(_WIN64)
-#pragma pack(pop)
+#include <poppack.h>
 static_assert(offsetof(PluginRecord, Game) == 20);
 static_assert(sizeof(PluginRecord) == 112);
 #else
