@@ -95,13 +95,10 @@ if(MSVC)
   # The same bytes twice, and what nobody calls left out.
   target_link_options(quill_dll_flags INTERFACE /Brepro /OPT:REF /OPT:ICF)
 elseif(WIN32)
-  # Slimmer stand-ins for parts of the C++ runtime library; tests/mingw tries them.
+  # Parts of the C++ runtime library that a library needs of its own; tests/mingw tries them.
   target_sources(quill_dll_flags INTERFACE
-    "${PROJECT_SOURCE_DIR}/cmake/mingw/emergency_memory.cpp"
-    "${PROJECT_SOURCE_DIR}/cmake/mingw/exception_state.cpp"
-    "${PROJECT_SOURCE_DIR}/cmake/mingw/library_failures.cpp"
-    "${PROJECT_SOURCE_DIR}/cmake/mingw/quiet_terminate.cpp"
-    "${PROJECT_SOURCE_DIR}/cmake/mingw/small_locks.cpp")
+    "${PROJECT_SOURCE_DIR}/src/win32/runtime/emergency_memory.cpp"
+    "${PROJECT_SOURCE_DIR}/src/win32/runtime/exception_state.cpp")
   target_link_options(quill_dll_flags INTERFACE
     -static
     -s

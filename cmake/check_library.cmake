@@ -41,7 +41,7 @@ if(NOT "${exports}" STREQUAL "${entry_points}")
   string(APPEND faults "  it exports ${exports} instead of ${entry_points}\n")
 endif()
 
-# The threads library is not only large: see cmake/mingw/small_locks.cpp.
+# The threads library of the other thread model loses handles whenever the library is unloaded.
 file(STRINGS "${MAP}" members REGEX "^[^ ].*\\.a\\([^)]*\\)")
 if(NOT members)
   string(APPEND faults "  its link map ${MAP} cannot be read\n")

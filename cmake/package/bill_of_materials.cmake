@@ -103,10 +103,10 @@ foreach(archive IN LISTS linked)
     message(FATAL_ERROR "${archive} has got into the library; the bill of materials must tell its licence")
   endif()
 endforeach()
-execute_process(COMMAND x86_64-w64-mingw32-g++-posix -dumpfullversion
+execute_process(COMMAND x86_64-w64-mingw32-g++-win32 -dumpfullversion
   OUTPUT_VARIABLE compiler OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 file(WRITE "${OUT}/work/runtime.c" "#include <_mingw.h>\n")
-execute_process(COMMAND x86_64-w64-mingw32-g++-posix -E -dM "${OUT}/work/runtime.c"
+execute_process(COMMAND x86_64-w64-mingw32-g++-win32 -E -dM "${OUT}/work/runtime.c"
   OUTPUT_VARIABLE macros COMMAND_ERROR_IS_FATAL ANY)
 string(REGEX MATCH "__MINGW64_VERSION_MAJOR ([0-9]+)" found "${macros}")
 set(windows_runtime ${CMAKE_MATCH_1})

@@ -8,8 +8,8 @@ QUILL_PACKAGES_test="libgtest-dev libgmock-dev python3"
 QUILL_PACKAGES_clang="clang-16 libclang-rt-16-dev llvm-16"
 QUILL_PACKAGES_format="clang-format-16"
 QUILL_PACKAGES_tidy="clang-tidy-16"
-QUILL_PACKAGES_cross="g++-mingw-w64-x86-64-posix mingw-w64-tools libz-mingw-w64-dev"
-QUILL_PACKAGES_cross32="g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-dev"
+QUILL_PACKAGES_cross="g++-mingw-w64-x86-64-win32 mingw-w64-tools libz-mingw-w64-dev"
+QUILL_PACKAGES_cross32="g++-mingw-w64-i686-win32 mingw-w64-tools libz-mingw-w64-dev"
 # Installer and archive.
 QUILL_PACKAGES_package="nsis zip git"
 # The fonts make dialog units and text widths come out as on Windows.

@@ -1,6 +1,8 @@
-# What both Windows toolchains share; expects QUILL_MINGW_TRIPLE.
-set(CMAKE_C_COMPILER ${QUILL_MINGW_TRIPLE}-gcc-posix)
-set(CMAKE_CXX_COMPILER ${QUILL_MINGW_TRIPLE}-g++-posix)
+# What both Windows toolchains share; expects QUILL_MINGW_TRIPLE. The -win32 compilers lock with the
+# system's own means: with the -posix ones the library would bring a threads library along, which
+# loses handles whenever the library is unloaded.
+set(CMAKE_C_COMPILER ${QUILL_MINGW_TRIPLE}-gcc-win32)
+set(CMAKE_CXX_COMPILER ${QUILL_MINGW_TRIPLE}-g++-win32)
 set(CMAKE_RC_COMPILER ${QUILL_MINGW_TRIPLE}-windres)
 set(QUILL_WIDL ${QUILL_MINGW_TRIPLE}-widl)
 

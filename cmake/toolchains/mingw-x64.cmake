@@ -1,4 +1,4 @@
-# Cross-compiles for 64-bit Windows. The -posix compilers are the ones whose C++ library has threads.
+# Cross-compiles for 64-bit Windows.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(QUILL_MINGW_TRIPLE x86_64-w64-mingw32)

@@ -1,4 +1,4 @@
-# Cross-compiles for 32-bit Windows. The -posix compilers are the ones whose C++ library has threads.
+# Cross-compiles for 32-bit Windows.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86)
 set(QUILL_MINGW_TRIPLE i686-w64-mingw32)

@@ -37,10 +37,6 @@ std::unique_ptr<RunningCommand> SystemCommandLauncher::Launch(const std::string&
 }
 
 std::string QuotedForCommand(const std::string& text) {
-#ifdef _WIN32
-  // A path holds no double quote there.
-  return "\"" + text + "\"";
-#else
   std::string quoted = "'";
   for (const char character : text) {
     if (character == '\'') {
@@ -50,7 +46,6 @@ std::string QuotedForCommand(const std::string& text) {
     }
   }
   return quoted + "'";
-#endif
 }
 
 }  // namespace quill::host

@@ -21,7 +21,7 @@ class CommandLauncher {
   [[nodiscard]] virtual std::unique_ptr<RunningCommand> Launch(const std::string& command) = 0;
 };
 
-// Runs commands with the system's interpreter, on a thread of their own. A command that is still
+// Runs commands with the system's interpreter. A command that is still
 // running when its RunningCommand is destroyed is left to itself.
 class SystemCommandLauncher final : public CommandLauncher {
  public:

@@ -1,6 +1,7 @@
 #include "support/runtime_error.h"
 
 #include <new>
+#include <stdexcept>
 
 namespace quill {
 namespace {
@@ -91,6 +92,8 @@ RuntimeError CurrentRuntimeError() noexcept {
   } catch (const RuntimeError& error) {
     return error;
   } catch (const std::bad_alloc&) {
+    return RuntimeError(ErrorNumber::kOutOfMemory);
+  } catch (const std::length_error&) {
     return RuntimeError(ErrorNumber::kOutOfMemory);
   } catch (const std::exception& error) {
     try {

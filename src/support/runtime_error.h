@@ -81,8 +81,8 @@ class RuntimeError : public std::exception {
   mutable std::shared_ptr<const std::string> what_;  // made when first asked for
 };
 
-// The exception being handled, as a RuntimeError: itself, kOutOfMemory for std::bad_alloc, and
-// kInternalError with its text for anything else. To be called inside a catch block only.
+// The exception being handled, as a RuntimeError: itself, kOutOfMemory for std::bad_alloc and
+// std::length_error, kInternalError with its text for anything else. For catch blocks only.
 [[nodiscard]] RuntimeError CurrentRuntimeError() noexcept;
 
 }  // namespace quill

@@ -2,10 +2,7 @@
 #include <windows.h>
 
 #include <exception>
-#include <new>
-#include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -50,30 +47,6 @@ int NestedCatches() {
   return seen;
 }
 
-// What the standard library itself throws.
-int LibraryExceptions() {
-  int seen = 0;
-  const std::vector<int> three(3);
-  const auto text_of = [](auto&& failing) -> std::string {
-    try {
-      failing();
-    } catch (const std::bad_alloc&) {
-      return "want of memory";
-    } catch (const std::exception& error) {
-      return error.what();
-    }
-    return "nothing";
-  };
-  if (text_of([&] { (void)three.at(5); }).find("vector") != std::string::npos) seen += 1;
-  if (text_of([] { (void)std::u16string(u"abc").substr(7); }).find("substr") != std::string::npos) {
-    seen += 10;
-  }
-  std::vector<int> huge;
-  if (text_of([&] { huge.reserve(huge.max_size() + 1); }) == "want of memory") seen += 100;
-  if (text_of([&] { huge.reserve(huge.max_size()); }) == "want of memory") seen += 1000;
-  return seen;
-}
-
 struct AtTheEnd {
   ~AtTheEnd() {
     if (report_to != nullptr) *report_to = NestedCatches();
@@ -87,10 +60,6 @@ extern "C" {
 
 __declspec(dllexport) int ProbeNestedCatches() {
   return NestedCatches();
-}
-
-__declspec(dllexport) int ProbeLibraryExceptions() {
-  return LibraryExceptions();
 }
 
 // What its destructors see of exceptions goes there.

@@ -84,11 +84,13 @@ TEST_F(TrapTest, ForeignExceptionsBecomeRunTimeErrors) {
   Trapped(reporter, u"A", [](Line&) { throw std::bad_alloc(); });
   Trapped(reporter, u"B", [](Line&) { throw std::runtime_error("na\xC3\xAFve"); });
   Trapped(reporter, u"C", [](Line&) { throw 42; });
-  ASSERT_EQ(kit->log.size(), 3U);
+  Trapped(reporter, u"D", [](Line&) { Text().reserve(Text().max_size() + 1); });
+  ASSERT_EQ(kit->log.size(), 4U);
   EXPECT_EQ(kit->log[0].number, 7);
   EXPECT_EQ(kit->log[1].number, 51);
   EXPECT_EQ(kit->log[1].description, u"na\u00EFve");
   EXPECT_EQ(kit->log[2].number, 51);
+  EXPECT_EQ(kit->log[3].number, 7);
 }
 
 TEST_F(TrapTest, BoxThatCannotBeShownDoesNotEscape) {

@@ -26,11 +26,6 @@ class PluginFactory final : public quill::com::ClassFactory {
 
 extern "C" {
 
-BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void*) {
-  if (reason == DLL_PROCESS_ATTACH) ::DisableThreadLibraryCalls(instance);
-  return TRUE;
-}
-
 STDAPI DllGetClassObject(REFCLSID class_id, REFIID wanted, void** object) {
   if (object == nullptr) return E_POINTER;
   *object = nullptr;

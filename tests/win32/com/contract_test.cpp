@@ -1,10 +1,9 @@
 // A plug-in and a host that break the contract on purpose: each breach is noticed while it happens
 // or at the end, and laid at the door of the side that committed it.
-#include <thread>
-
 #include "host/win32/plugin_session.h"
 #include "tests/win32/com/plugin_bench.h"
 #include "tests/win32/com/scripted_object.h"
+#include "tests/win32/system_thread.h"
 
 namespace quill::com {
 namespace {
@@ -105,7 +104,7 @@ TEST_F(Contract, TheHostsObjectsAreReleasedOnceAndNotUsedAfterwards) {
 TEST_F(Contract, TheHostsObjectsAreCalledInTheRightWayTimeAndPlace) {
   Play([] {
     const auto kit = Kit();
-    std::thread([&] { Compress(*kit.get()); }).join();
+    SystemThread([&] { Compress(*kit.get()); });
   });
   EXPECT_TRUE(Noted(Side::kPlugin, "CompressString: called on another thread"));
 
@@ -155,9 +154,8 @@ TEST_F(Contract, NothingOfThePluginOutlivesItsLastObject) {
 TEST_F(Contract, TheHostCallsOnItsOwnThread) {
   Play([] {},
        [](PluginSession& session) {
-         std::thread([&] {
-           session.HostCall([](PluginClient& plugin) { plugin.HideInterface(); });
-         }).join();
+         SystemThread(
+             [&] { session.HostCall([](PluginClient& plugin) { plugin.HideInterface(); }); });
        });
   EXPECT_TRUE(Noted(Side::kHost, "called the plug-in on another thread"));
 }

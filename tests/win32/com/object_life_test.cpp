@@ -1,7 +1,6 @@
 // Creating the class, what its objects answer to, and how long they keep the library and the host.
-#include <thread>
-
 #include "tests/win32/com/plugin_bench.h"
+#include "tests/win32/system_thread.h"
 
 namespace quill::com {
 namespace {
@@ -98,12 +97,12 @@ TEST_F(ObjectLife, AnotherThreadIsRefusedWhileTheFirstUsesTheLibrary) {
   const auto on_another_thread = [&] {
     HRESULT made = E_FAIL;
     HRESULT ready = E_FAIL;
-    std::thread([&] {
+    SystemThread([&] {
       const ComForThread apartment;
       ComPtr<IUnknown> none;
       made = library->Factory()->CreateInstance(nullptr, IID_IUnknown, none.ReceiveVoid());
       ready = library->CanUnload();
-    }).join();
+    });
     EXPECT_EQ(ready, S_FALSE) << "its windows and objects belong to the first thread";
     return made;
   };
