@@ -32,8 +32,7 @@ TextView ServerMapList::ServerMapGameTypes(int position) const {
 void ServerMapList::Clear() noexcept {
   buffer_.clear();
   maps_.clear();
-  by_file_.Clear();
-  by_name_.Clear();
+  ForgetPositions();
 }
 
 void ServerMapList::Reserve(std::size_t encoded_size) {
@@ -43,6 +42,7 @@ void ServerMapList::Reserve(std::size_t encoded_size) {
 }
 
 void ServerMapList::AppendEntry(TextView entry) {
+  ForgetPositions();
   const std::size_t begin = buffer_.size();
   buffer_.insert(buffer_.end(), entry.begin(), entry.end());
   maps_.emplace_back(begin, entry.size());
@@ -50,6 +50,7 @@ void ServerMapList::AppendEntry(TextView entry) {
 }
 
 void ServerMapList::AppendEncodedEntries(std::span<const TextView> entries, const CodePage& page) {
+  ForgetPositions();
   const std::size_t first = maps_.size();
   std::size_t end = buffer_.size();
   std::size_t room = 0;
@@ -96,31 +97,33 @@ void ServerMapList::TakeApart(Map& map) {
   buffer_[map.file_begin + map.file_length] = game_type;
 }
 
+template <class KeyOf>
+int ServerMapList::Look(FirstPositions& known, TextView key, KeyOf key_of) const {
+  if (known.empty()) {
+    FirstPositions all;
+    for (int position = 1; position <= Count(); ++position) {
+      all.try_emplace(key_of(At(position)), position);
+    }
+    known = std::move(all);
+  }
+  const auto found = known.find(key);
+  return found == known.end() ? 0 : found->second;
+}
+
 int ServerMapList::PositionOfFile(TextView file, TextView game_type) const {
   if (game_type.size() != 1) return 0;
-  const auto key_of = [this](int row) {
-    const Map& map = maps_[static_cast<std::size_t>(row)];
-    return View(map.file_begin, map.file_length + 1);
-  };
-  if (!by_file_.IsBuiltFor(Count())) by_file_.Build(Count(), key_of);
-  return by_file_.Find(Concat({file, game_type}), key_of) + 1;
+  return Look(by_file_, Concat({file, game_type}),
+              [this](const Map& map) { return View(map.file_begin, map.file_length + 1); });
 }
 
 bool ServerMapList::HasName(TextView name) const {
-  const auto name_of = [this](int row) {
-    const Map& map = maps_[static_cast<std::size_t>(row)];
-    return View(map.name_begin, map.name_length);
-  };
-  if (!by_name_.IsBuiltFor(Count())) by_name_.Build(Count(), name_of);
-  return by_name_.Find(name, name_of) >= 0;
+  return Look(by_name_, name,
+              [this](const Map& map) { return View(map.name_begin, map.name_length); }) != 0;
 }
 
-void swap(ServerMapList& a, ServerMapList& b) noexcept {
-  using std::swap;
-  swap(a.buffer_, b.buffer_);
-  swap(a.maps_, b.maps_);
-  swap(a.by_file_, b.by_file_);
-  swap(a.by_name_, b.by_name_);
+void ServerMapList::ForgetPositions() noexcept {
+  by_file_.clear();
+  by_name_.clear();
 }
 
 }  // namespace quill

@@ -4,9 +4,9 @@
 
 #include <cstddef>
 #include <span>
+#include <unordered_map>
 #include <vector>
 
-#include "maps/first_row_index.h"
 #include "support/code_page.h"
 #include "support/text.h"
 #include "support/unset_buffer.h"
@@ -15,6 +15,10 @@ namespace quill {
 
 class ServerMapList {
  public:
+  ServerMapList() = default;
+  ServerMapList(ServerMapList&&) = default;
+  ServerMapList& operator=(ServerMapList&&) = default;
+
   [[nodiscard]] int Count() const noexcept { return static_cast<int>(maps_.size()); }
   // Positions are 1-based, from 1 to Count(); others fail with kSubscriptOutOfRange. The views are
   // valid until the next change.
@@ -40,8 +44,6 @@ class ServerMapList {
   // True when a map, of any game type, has exactly this display name. Takes time as above.
   [[nodiscard]] bool HasName(TextView name) const;
 
-  friend void swap(ServerMapList& a, ServerMapList& b) noexcept;
-
  private:
   struct Map {
     // One whose name is a whole entry yet.
@@ -61,12 +63,17 @@ class ServerMapList {
   // entry on.
   void TakeApartFrom(std::size_t first);
   void TakeApart(Map& map);
+  void ForgetPositions() noexcept;
 
   // Each map's entry, decoded and taken apart where it lies.
   UnsetBuffer<char16_t> buffer_;
   std::vector<Map> maps_;
-  mutable FirstRowIndex by_file_;  // by file name and game type as they lie in the buffer
-  mutable FirstRowIndex by_name_;
+  // The positions of the first maps, made for the first look-up, by views into the buffer.
+  using FirstPositions = std::unordered_map<TextView, int>;
+  template <class KeyOf>
+  int Look(FirstPositions& known, TextView key, KeyOf key_of) const;
+  mutable FirstPositions by_file_;  // by file name and game type as they lie in the buffer
+  mutable FirstPositions by_name_;
 };
 
 }  // namespace quill
