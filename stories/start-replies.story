@@ -22,7 +22,7 @@ during box
   expect dialog shown
   cannot push cmdCancel
 end
-host replies with " 0.4 "
+host replies with " 0.4{tab}{crlf}"
 expect box "Failed!" "Failed to initialize game process!"
 expect dialog hidden
 expect screen pointer = default
@@ -34,7 +34,7 @@ tab "Map Settings"
 expect lstSelMaps no rows
 double-click lstAvlMaps 0
 push cmdStart
-host replies with -4711
+host replies with "-4711{lf}"
 expect dialog hidden
 expect no box
 expect no log

@@ -1,5 +1,6 @@
 #include "support/number_text.h"
 
+#include <algorithm>
 #include <limits>
 #include <optional>
 
@@ -7,6 +8,12 @@
 
 namespace quill {
 namespace {
+
+TextView TrimWhiteSpace(TextView text) noexcept {
+  constexpr TextView kWhiteSpace = u" \t\r\n";
+  text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
+  return text.substr(0, text.find_last_not_of(kWhiteSpace) + 1);
+}
 
 bool IsDigit(char16_t unit) noexcept {
   return unit >= u'0' && unit <= u'9';
@@ -29,7 +36,7 @@ TextView TakeDigits(TextView& text) noexcept {
 }
 
 std::optional<Number> Parse(TextView text) noexcept {
-  text = TrimBlanks(text);
+  text = TrimWhiteSpace(text);
   Number number{};
   if (text.starts_with(u'-') || text.starts_with(u'+')) {
     number.negative = text.front() == u'-';
@@ -110,7 +117,7 @@ bool IsGreaterThan(TextView text, std::int32_t limit) {
 }
 
 bool ToTruth(TextView text) {
-  const TextView word = TrimBlanks(text);
+  const TextView word = TrimWhiteSpace(text);
   if (EqualIgnoringCase(word, u"true")) return true;
   if (EqualIgnoringCase(word, u"false")) return false;
   const Number number = ParseOrFail(text);

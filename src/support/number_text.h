@@ -1,8 +1,8 @@
 // Numbers and truth values written as text, independent of the machine's locale.
 //
 // A number is an optional sign, at least one digit, and an optional decimal part (a point and at
-// least one digit), with blanks around it allowed; nothing else (no exponent, no grouping, no
-// hexadecimal). An empty or blank text is not a number.
+// least one digit), with blanks, tabs and line ends around it ignored; nothing else (no exponent,
+// no grouping, no hexadecimal). An empty or blank text is not a number.
 #pragma once
 
 #include <cstdint>

@@ -22,13 +22,15 @@ constexpr std::int32_t kOverflow = 6;
 constexpr std::int32_t kTypeMismatch = 13;
 
 TEST(NumberTextTest, TakesOnlyPlainDecimalNumbers) {
-  for (TextView text : {u"0", u"-1", u"+1", u"  12  ", u"1.5", u"-0.0", u"007", u"00.50"}) {
+  for (TextView text :
+       {u"0", u"-1", u"+1", u"  12  ", u"\t5\r\n", u"1.5", u"-0.0", u"007", u"00.50"}) {
     EXPECT_TRUE(IsNumber(text)) << ToUtf8(text);
   }
-  for (TextView text : {u"",       u"   ", u"-",   u"+",    u".",   u".5",    u"5.",      u"1.5.2",
-                        u"--1",    u"+-1", u"- 1", u"1 2",  u"1e3", u"1,000", u"1,5",     u"&H10",
-                        u"0x10",   u"$5",  u"5%",  u"(5)",  u"\t5", u"5\r\n", u"\u00A05", u"\u0665",
-                        u"\uFF15", u"inf", u"nan", u"1.-5", u"1. 5"}) {
+  for (TextView text :
+       {u"",       u"   ", u"-",   u"+",    u".",    u".5",    u"5.",      u"1.5.2",
+        u"--1",    u"+-1", u"- 1", u"1 2",  u"1e3",  u"1,000", u"1,5",     u"&H10",
+        u"0x10",   u"$5",  u"5%",  u"(5)",  u"1\t2", u"\r\n",  u"\u00A05", u"\u0665",
+        u"\uFF15", u"inf", u"nan", u"1.-5", u"1. 5"}) {
     EXPECT_FALSE(IsNumber(text)) << ToUtf8(text);
     EXPECT_EQ(NumberOf([&] { (void)ToInt16(text); }), kTypeMismatch) << ToUtf8(text);
     EXPECT_EQ(NumberOf([&] { (void)ToInt32(text); }), kTypeMismatch) << ToUtf8(text);
@@ -93,7 +95,7 @@ TEST(NumberTextTest, ComparesExactlyWithoutRounding) {
 }
 
 TEST(NumberTextTest, TruthIsANumberOrAWord) {
-  for (TextView text : {u"1", u"-1", u"0.01", u"true", u"TRUE", u" True ", u"99999999999"}) {
+  for (TextView text : {u"1", u"-1", u"0.01", u"true", u"TRUE", u" True\r\n", u"99999999999"}) {
     EXPECT_TRUE(ToTruth(text)) << ToUtf8(text);
   }
   for (TextView text : {u"0", u"-0.00", u" 000 ", u"false", u"False"}) {
