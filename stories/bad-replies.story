@@ -8,6 +8,8 @@ expect lstAvlMaps count = 10
 
 # No frame, no length, damaged text, wrong length: nothing is applied.
 host replies with ""
+expect trapped RemoteData 13 "Type mismatch [, ]"
+host replies with 12
 expect trapped RemoteData 9 "Subscript out of range: no {quote}[-]Scorvane[-]{quote} in the reply"
 host replies with "twelve[-]Scorvane[-]text"
 expect trapped RemoteData 13 "Type mismatch [, ]"

@@ -17,12 +17,13 @@ Text DecodeFrame(TextView frame, FileKit& file_kit) {
   TextView length;
   TextView compressed;
   parts.Next(length);
+  const std::int32_t size = ToInt32(length);
   if (!parts.Next(compressed)) {
     throw RuntimeError(
         ErrorNumber::kSubscriptOutOfRange,
         Concat({u"Subscript out of range: no \"", kFrameMarker, u"\" in the reply"}));
   }
-  return file_kit.DecompressString(compressed, ToInt32(length));
+  return file_kit.DecompressString(compressed, size);
 }
 
 }  // namespace quill

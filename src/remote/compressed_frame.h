@@ -11,9 +11,9 @@ inline constexpr TextView kFrameMarker = u"[-]Scorvane[-]";
 
 [[nodiscard]] Text EncodeFrame(TextView payload, FileKit& file_kit);
 
-// The payload of `frame`. What follows a second marker is ignored. Fails with kSubscriptOutOfRange
-// when there is no marker, with kTypeMismatch or kOverflow when no 32-bit number stands before it,
-// and as the file kit does.
+// The payload of `frame`. What follows a second marker is ignored. Fails with kTypeMismatch or
+// kOverflow when it does not begin with a 32-bit number, then with kSubscriptOutOfRange when there
+// is no marker, and as the file kit does.
 [[nodiscard]] Text DecodeFrame(TextView frame, FileKit& file_kit);
 
 }  // namespace quill

@@ -23,7 +23,7 @@ TEST(CompressedFrame, IgnoresWhatFollowsASecondMarker) {
   RecordingFileKit kit;
   const Text frame = EncodeFrame(u"abc", kit);
   EXPECT_EQ(DecodeFrame(frame + u"[-]Scorvane[-]more", kit), u"abc");
-  EXPECT_EQ(DecodeFrame(u" 3.0 " + frame.substr(1), kit), u"abc");
+  EXPECT_EQ(DecodeFrame(u"\t3.0\r\n" + frame.substr(1), kit), u"abc");
 }
 
 TEST(CompressedFrame, FailsOnWhatIsNoFrame) {
@@ -31,10 +31,11 @@ TEST(CompressedFrame, FailsOnWhatIsNoFrame) {
     TextView frame;
     ErrorNumber number;
   } cases[] = {
-      {u"", ErrorNumber::kSubscriptOutOfRange},
+      {u"", ErrorNumber::kTypeMismatch},
+      {u"oops", ErrorNumber::kTypeMismatch},
       {u"12", ErrorNumber::kSubscriptOutOfRange},
-      {u"3[-]scorvane[-]compressed:abc", ErrorNumber::kSubscriptOutOfRange},
-      {u"3[-]Scorvane[-", ErrorNumber::kSubscriptOutOfRange},
+      {u"3[-]scorvane[-]compressed:abc", ErrorNumber::kTypeMismatch},
+      {u"3[-]Scorvane[-", ErrorNumber::kTypeMismatch},
       {u"[-]Scorvane[-]compressed:abc", ErrorNumber::kTypeMismatch},
       {u"abc[-]Scorvane[-]compressed:abc", ErrorNumber::kTypeMismatch},
       {u"3000000000[-]Scorvane[-]compressed:abc", ErrorNumber::kOverflow},
