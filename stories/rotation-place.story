@@ -32,12 +32,13 @@ type lstAvlMaps c
 expect lstAvlMaps selected = 1
 type lstAvlMaps r
 expect lstAvlMaps selected = 2
-wait 2 seconds
-type lstAvlMaps c
+key lstAvlMaps {u+8}
 expect lstAvlMaps selected = 1
+key lstAvlMaps {u+8}
+type lstAvlMaps c
+expect lstAvlMaps selected = 2
 type lstAvlMaps racx
 expect lstAvlMaps selected = 2
-wait 2 seconds
 type lstSelMaps s
 expect lstSelMaps row 0 = "Road Rage <DMK_01A.BMS>"
 expect lstSelMaps selected = 5

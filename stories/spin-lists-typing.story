@@ -11,9 +11,11 @@ expect lstKills index = 24
 # What leads nowhere is dropped.
 type lstKills x0
 expect lstKills index = 249
-wait 2 seconds
 key lstKills {u+8}
-expect lstKills index = 249
+key lstKills {u+8}
+key lstKills {u+8}
+expect lstKills index = 1
+key lstKills {u+8}
 type lstKills 9
 expect lstKills index = 8
 

@@ -86,11 +86,6 @@ class HeadlessStage final : public Stage {
   void BreakKit(const KitFault& fault) override { script_.Break(fault); }
   void MendKit() override { script_.Mend(); }
   void SetClock(std::uint64_t ticks) override { host_.clock.Set(ticks); }
-  void Wait(int seconds) override {
-    host_.clock.Advance(static_cast<std::uint64_t>(seconds) * 1000);
-    host_.person.now += static_cast<std::uint32_t>(seconds) * 1000;
-    Checked([&] { host_.person.LetTimerRun(); });
-  }
 
   Text DllVersion() override {
     return Checked([&] { return host_.plug_in().dllVersion(u"kvrrcBHDGS"); });

@@ -71,8 +71,6 @@ class Stage {
   virtual void BreakKit(const KitFault& fault) = 0;
   virtual void MendKit() = 0;  // forgets all faults
   virtual void SetClock(std::uint64_t ticks) = 0;
-  // Lets that much time pass, by the clock that the plug-in reads.
-  virtual void Wait(int seconds) = 0;
 
   // --- host calls ----------------------------------------------------------------------------
   virtual Text DllVersion() = 0;

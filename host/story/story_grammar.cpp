@@ -22,7 +22,6 @@ constexpr StepForm kForms[] = {
     {u"kit refuses reports", kKitRefusesReports},
     {u"kit works", kKitWorks},
     {u"clock NUMBER", kClock},
-    {u"wait NUMBER seconds", kWait},
     {u"right TEXT = number NUMBER", kNumberRight},
     {u"right TEXT = TEXT", kRight},
     {u"right TEXT fails", kFailingRight},

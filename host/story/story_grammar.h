@@ -20,7 +20,6 @@ enum class StepKind : std::uint8_t {
   kKitRefusesReports,
   kKitWorks,
   kClock,
-  kWait,
   kRight,
   kNumberRight,
   kFailingRight,

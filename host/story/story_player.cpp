@@ -15,7 +15,6 @@ namespace {
 
 // More rounds than any story needs.
 constexpr std::int32_t kMostRounds = 10'000;
-constexpr std::int32_t kMostSeconds = 60;
 
 // Files are written in Windows-1252, so that every byte can be had.
 std::string FileBytes(TextView text) {
@@ -238,9 +237,6 @@ bool StoryPlayer::SetUp(const Step& step) {
       return true;
     case StepKind::kClock:
       stage_.SetClock(static_cast<std::uint64_t>(ToInt32(words[0])));
-      return true;
-    case StepKind::kWait:
-      stage_.Wait(std::clamp(ToInt32(words[0]), 0, kMostSeconds));
       return true;
     case StepKind::kRight:
       rights_.push_back({words[0], Right::Form::kText, words[1]});

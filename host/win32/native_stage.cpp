@@ -89,20 +89,6 @@ class NativeStage final : public Stage {
     throw StageError("the library reads the machine's own clock");
   }
 
-  void Wait(int seconds) override {
-    const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(seconds) * 1000;
-    for (;;) {
-      const ULONGLONG now = GetTickCount64();
-      if (now > end) return;
-      MSG message;
-      while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-      }
-      MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end + 1 - now), QS_ALLINPUT);
-    }
-  }
-
   Text DllVersion() override {
     return Call([](PluginClient& plugin) { return plugin.DllVersion(); });
   }

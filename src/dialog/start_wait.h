@@ -1,7 +1,5 @@
-// What the operator sees while the answer to a start is awaited: for how long, beside the buttons.
+// What the operator sees while the answer to a start is awaited: since when, beside the buttons.
 #pragma once
-
-#include <cstdint>
 
 #include "support/clock.h"
 #include "ui/form.h"
@@ -15,19 +13,16 @@ class StartWait {
   StartWait(ui::Form& form, ui::Control& container, Clock& clock) noexcept
       : form_(form), container_(container), clock_(clock) {}
 
-  // Shows the label, counting from 0. Where that cannot be done the wait goes on unseen.
+  // Shows the label with the time of day. Where that cannot be done the wait goes on unseen.
   void Begin() noexcept;
   // Hides it. Does nothing when none is shown.
   void End() noexcept;
 
  private:
-  void ShowTime();
-
   ui::Form& form_;
   ui::Control& container_;
   Clock& clock_;
   ui::Label* label_ = nullptr;  // made for the first wait
-  std::uint64_t begun_ = 0;
 };
 
 }  // namespace quill

@@ -271,11 +271,6 @@ void HeadlessOperator::PressAccessKey(char16_t key) {
       .Report(ui::Clicked{});
 }
 
-void HeadlessOperator::LetTimerRun() {
-  ui::Form& form = Dialog();
-  if (MirrorOf(form).timer_interval() > 0) form.Happened(ui::TimePassed{});
-}
-
 void HeadlessOperator::CloseForm() {
   Gesture(*this, Dialog(), {ControlKind::kForm}).Report(ui::CloseAsked{});
 }

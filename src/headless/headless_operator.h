@@ -58,7 +58,6 @@ class HeadlessOperator {
 
   void PressAccessKey(char16_t key);  // together with Alt; fails when no control there has it
   void CloseForm();                   // the form's own close button
-  void LetTimerRun();                 // once, when the form has one running
 
   // What the control (or the form, by its name) shows; fails with kInvalidProcedureCall when it
   // does not have the property.

@@ -110,9 +110,6 @@ void MirrorPeer::Sync(Changes changes) {
   if (changes.Has(Changes::kPointer)) {
     if (const auto* form = dynamic_cast<ui::Form*>(&control_)) pointer_ = form->pointer();
   }
-  if (changes.Has(Changes::kTimer)) {
-    if (const auto* form = dynamic_cast<ui::Form*>(&control_)) timer_ = form->timer_interval();
-  }
   if (changes.Has(Changes::kFont)) {
     if (const auto* label = dynamic_cast<ui::Label*>(&control_)) font_size_ = label->font_size();
   }
@@ -228,7 +225,7 @@ TextView MirrorPeer::StaleSide() const {
   whole.Sync(Changes::kBounds | Changes::kEnabled | Changes::kVisible | Changes::kTooltip |
              Changes::kText | Changes::kValue | Changes::kRows | Changes::kSelection |
              Changes::kTopRow | Changes::kPicture | Changes::kPointer | Changes::kFont |
-             Changes::kColour | Changes::kLimit | Changes::kTabIndex | Changes::kTimer);
+             Changes::kColour | Changes::kLimit | Changes::kTabIndex);
   const bool held_back = control_.kind() == ControlKind::kListBox && !control_.visible();
   const struct {
     TextView name;
@@ -247,7 +244,6 @@ TextView MirrorPeer::StaleSide() const {
       {u"colour", colour_ == whole.colour_ && transparent_ == whole.transparent_},
       {u"picture", picture_ == whole.picture_},
       {u"pointer", pointer_ == whole.pointer_},
-      {u"timer", timer_ == whole.timer_},
       {u"rows", held_back || rows_ == whole.rows_},
       {u"index", held_back || current_ == whole.current_},
       {u"top", held_back || top_row_ == whole.top_row_},

@@ -45,8 +45,6 @@ class MirrorPeer final : public ui::Peer {
   [[nodiscard]] int current() const noexcept { return current_; }
   [[nodiscard]] int top_row() const noexcept { return top_row_; }
   [[nodiscard]] bool locked() const noexcept { return locked_; }
-  // Of a form; milliseconds, 0 while it does not run.
-  [[nodiscard]] int timer_interval() const noexcept { return timer_; }
   [[nodiscard]] const ui::Bounds& bounds() const noexcept { return bounds_; }
   // It and everything that it lies in, up to the form.
   [[nodiscard]] bool IsShown() const noexcept;
@@ -105,7 +103,6 @@ class MirrorPeer final : public ui::Peer {
   std::vector<MirroredRow> rows_;
   int current_ = -1;
   int top_row_ = 0;
-  int timer_ = 0;
 
   std::size_t syncs_ = 0;
   std::size_t rows_taken_ = 0;

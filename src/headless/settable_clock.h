@@ -1,5 +1,4 @@
-// A clock that stands where it was set, so that a shuffle can be foretold and a wait passes at
-// once.
+// A clock that stands where it was set, so that a shuffle and a time of day can be foretold.
 #pragma once
 
 #include "support/clock.h"
@@ -11,12 +10,12 @@ class SettableClock final : public Clock {
   explicit SettableClock(std::uint64_t ticks = 0) noexcept : ticks_(ticks) {}
   std::uint64_t Ticks() override { return ticks_; }
   void Set(std::uint64_t ticks) noexcept { ticks_ = ticks; }
-  std::uint64_t Milliseconds() override { return milliseconds_; }
-  void Advance(std::uint64_t milliseconds) noexcept { milliseconds_ += milliseconds; }
+  int MinuteOfDay() override { return minute_of_day_; }
+  void SetMinuteOfDay(int minute) noexcept { minute_of_day_ = minute; }
 
  private:
   std::uint64_t ticks_;
-  std::uint64_t milliseconds_ = 0;
+  int minute_of_day_ = 0;
 };
 
 }  // namespace quill::headless

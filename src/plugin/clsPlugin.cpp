@@ -56,7 +56,11 @@ void clsPlugin::LoadInterface(std::int32_t Index, std::int32_t, const HostArray&
         at(), context.maps.selected.Clear();
         context.maps.history.Forget();
         const DialogInUse dialog((at(), context));
-        dialog->start_wait().End();  // its answer would be taken for that to the query
+        // The answer to a start would be taken for that to the query, so nobody waits for it.
+        dialog->start_wait().End();
+        if (remote.PendingCommand == kStartGameCommand) {
+          at(), context.toolkit.SetScreenPointer(ui::Pointer::kDefault);
+        }
         at(), dialog->SetPointer(ui::Pointer::kBusy);
         at(), remote.PendingCommand = kLoadFormCommand;
         at(), SendGameSettingsQuery(remote);
@@ -82,7 +86,6 @@ void clsPlugin::RemoteData(TextView Data) {
 
 void clsPlugin::HideInterface() {
   const DialogInUse dialog(module_.dialog);
-  dialog->start_wait().End();
   dialog->Hide();
 }
 

@@ -1,4 +1,4 @@
-// The system clock, as far as it seeds the shuffle and tells how long something takes.
+// The system clock, as far as it seeds the shuffle and tells the operator the time.
 #pragma once
 
 #include <cstdint>
@@ -10,8 +10,8 @@ class Clock {
   virtual ~Clock() = default;
   // Ticks of the finest clock at hand; two calls in a row may give the same value.
   virtual std::uint64_t Ticks() = 0;
-  // Since some moment; never goes back.
-  virtual std::uint64_t Milliseconds() = 0;
+  // Minutes since midnight, local time: 0 to 1439.
+  virtual int MinuteOfDay() = 0;
 };
 
 }  // namespace quill

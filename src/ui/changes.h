@@ -26,7 +26,6 @@ class Changes {
     kLimit = 1u << 15,    // limit, lock
     kRowData = 1u << 16,  // numbers of rows that the peer knows already
     kTabIndex = 1u << 17,
-    kTimer = 1u << 18,
   };
 
   constexpr Changes() = default;

@@ -31,7 +31,6 @@ constexpr std::array<FactTrait, std::variant_size_v<Fact>> kFactTraits = {{
     {u"Menu", {}},                       // MenuAsked
     {u"Click", Changes::kSelection},     // TabChosen
     {u"Unload", {}},                     // CloseAsked
-    {u"Timer", {}},                      // TimePassed
 }};
 
 }  // namespace

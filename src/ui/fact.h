@@ -65,10 +65,9 @@ struct TabChosen {  // 0-based
   int index = 0;
 };
 struct CloseAsked {};  // the form's own close button, Alt+F4
-struct TimePassed {};  // the interval of the form's timer
 
 using Fact = std::variant<TextEdited, Clicked, MousePressed, MouseReleased, MouseLost, ItemChosen,
                           RowsSelected, RowDoubleClicked, ScrolledTo, KeyPressed, KeyStruck,
-                          MenuAsked, TabChosen, CloseAsked, TimePassed>;
+                          MenuAsked, TabChosen, CloseAsked>;
 
 }  // namespace quill::ui

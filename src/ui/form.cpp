@@ -54,11 +54,6 @@ void Form::SetPointer(Pointer pointer) {
   Changed(Changes::kPointer);
 }
 
-void Form::SetTimerInterval(int milliseconds) {
-  timer_interval_ = milliseconds;
-  Changed(Changes::kTimer);
-}
-
 Control* Form::FindAccessKey(char16_t key) const noexcept {
   const char16_t wanted = ToUpper(key);
   for (const auto& control : controls_) {
@@ -129,11 +124,7 @@ void Form::Unload() {
 }
 
 void Form::React(const Fact& fact) {
-  if (std::holds_alternative<CloseAsked>(fact)) {
-    Unload();
-  } else if (std::holds_alternative<TimePassed>(fact)) {
-    Raise(u"Timer", on_timer);
-  }
+  if (std::holds_alternative<CloseAsked>(fact)) Unload();
 }
 
 KeepAlive::~KeepAlive() {

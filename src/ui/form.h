@@ -56,11 +56,6 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   [[nodiscard]] Pointer pointer() const noexcept { return pointer_; }
   void SetPointer(Pointer pointer);
 
-  // In milliseconds; 0: it does not run. While the form is shown, on_timer runs about that often,
-  // though less often while the thread is busy.
-  [[nodiscard]] int timer_interval() const noexcept { return timer_interval_; }
-  void SetTimerInterval(int milliseconds);
-
   // The first control of the collection with that access key (in either letter case) that the
   // operator can reach; null when there is none.
   [[nodiscard]] Control* FindAccessKey(char16_t key) const noexcept;
@@ -77,7 +72,6 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   [[nodiscard]] bool shown() const noexcept { return shown_; }
   [[nodiscard]] bool unloaded() const noexcept { return unloaded_; }
 
-  std::function<void()> on_timer;
   std::function<void()> on_unload;
   // Told once the form is unloaded: whoever holds it lets go.
   std::function<void()> on_unloaded;
@@ -97,7 +91,6 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   Text caption_;
   std::vector<std::unique_ptr<Control>> controls_;
   Pointer pointer_ = Pointer::kDefault;
-  int timer_interval_ = 0;
   bool shown_ = false;
   bool unloading_ = false;
   bool unloaded_ = false;

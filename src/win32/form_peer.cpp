@@ -19,7 +19,6 @@ namespace {
 
 // A pop-up window, because the system would cut others to the size of the screen.
 constexpr DWORD kFormStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
-constexpr UINT_PTR kTimerId = 1;
 
 constexpr DWORD kFormExtendedStyle = WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME | WS_EX_APPWINDOW;
 
@@ -130,16 +129,6 @@ RECT FormPeer::Place() const {
 
 void FormPeer::Show(ui::Changes changes) {
   if (changes.Has(ui::Changes::kPointer)) toolkit().PointerChanged();
-  if (changes.Has(ui::Changes::kTimer)) ShowTimer();
-}
-
-void FormPeer::ShowTimer() const noexcept {
-  const int interval = form_.timer_interval();
-  if (interval > 0) {
-    SetTimer(window(), kTimerId, static_cast<UINT>(interval), nullptr);
-  } else if (!making()) {
-    KillTimer(window(), kTimerId);
-  }
 }
 
 void FormPeer::ShowVisible() {
@@ -237,10 +226,6 @@ LRESULT FormPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       // Somebody else ends the window: as if by its own button, or its display would never end.
       Tell(ui::CloseAsked{});
       break;
-    case WM_TIMER:
-      if (wparam != kTimerId) break;
-      Tell(ui::TimePassed{});
-      return 0;
     case WM_ERASEBKGND: {
       RECT area;
       GetClientRect(window(), &area);

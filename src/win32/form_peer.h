@@ -72,7 +72,6 @@ class FormPeer final : public WindowPeer {
   void AttachHook();
   void ReadColours() noexcept;
   void RepaintAll() const noexcept;
-  void ShowTimer() const noexcept;
   void FocusOn(HWND target);
   void MoveFocus(const ui::Control* from, const ui::Control* within, bool forward);
   void TurnTab(bool forward);

@@ -10,8 +10,10 @@ std::uint64_t Win32Clock::Ticks() {
   return static_cast<std::uint64_t>(ticks.QuadPart);
 }
 
-std::uint64_t Win32Clock::Milliseconds() {
-  return GetTickCount64();
+int Win32Clock::MinuteOfDay() {
+  SYSTEMTIME now = {};
+  GetLocalTime(&now);
+  return now.wHour * 60 + now.wMinute;
 }
 
 }  // namespace quill::win32

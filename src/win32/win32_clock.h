@@ -1,4 +1,4 @@
-// The machine's performance counter as the clock.
+// The machine's performance counter and its local time as the clock.
 #pragma once
 
 #include "support/clock.h"
@@ -8,7 +8,7 @@ namespace quill::win32 {
 class Win32Clock final : public Clock {
  public:
   std::uint64_t Ticks() override;
-  std::uint64_t Milliseconds() override;
+  int MinuteOfDay() override;
 };
 
 }  // namespace quill::win32

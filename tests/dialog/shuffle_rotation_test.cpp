@@ -23,7 +23,7 @@ std::vector<SelectedMap> Rotation(int count) {
 class BrokenClock final : public Clock {
  public:
   std::uint64_t Ticks() override { throw RuntimeError(ErrorNumber::kInternalError); }
-  std::uint64_t Milliseconds() override { return 0; }
+  int MinuteOfDay() override { return 0; }
 };
 
 TEST(ShuffleRotation, AFailureKeepsTheRotationWhole) {

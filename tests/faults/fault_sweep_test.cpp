@@ -59,7 +59,7 @@ const T& Option(FaultBench& bench, TextView key) {
 
 // How a button looks, and the note that a start is under way.
 const std::vector<TextView> kButtonLooks = {u"ReadPicture", u"Sync cmd", u"MakePeer lblWaiting",
-                                            u"Sync lblWaiting", u"Sync frmrcBHDGS"};
+                                            u"Sync lblWaiting"};
 
 const std::vector<Operation>& Operations() {
   static const std::vector<Operation> kOperations = {

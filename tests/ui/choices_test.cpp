@@ -103,7 +103,7 @@ TEST_F(ChoicesTest, ControlsIgnoreFactsOfOtherKinds) {
   bench.WhileShown([&] {
     const std::vector<Fact> facts = {TextEdited{u"x"}, ItemChosen{0}, RowsSelected{{0}, 0},
                                      ScrolledTo{1},    TabChosen{1},  CloseAsked{},
-                                     MouseLost{},      TimePassed{}};
+                                     MouseLost{}};
     for (const Fact& fact : facts) {
       for (const auto& control : form.controls()) control->Happened(fact);
     }

@@ -44,6 +44,20 @@ TEST_F(ListBoxTest, HoldsRowsWithTheirNumbers) {
   EXPECT_EQ(FailureOf([&] { list.SetListIndex(-2); }), 380);
 }
 
+TEST_F(ListBoxTest, WhatIsTypedAfterASecondBeginsAnew) {
+  auto& list = Make(Selection::kSingle, ListHeight::kSingleRow, 0);
+  for (int number = 0; number < 30; ++number) list.AddItem(Decimal(number));
+  bench.WhileShown([&] {
+    bench.hand.Type(u"lst", u"2");
+    bench.hand.now += 1000;
+    bench.hand.Type(u"lst", u"5");
+    EXPECT_EQ(list.TopIndex(), 25);
+    bench.hand.now += 1001;
+    bench.hand.Type(u"lst", u"3");
+    EXPECT_EQ(list.TopIndex(), 3);
+  });
+}
+
 TEST_F(ListBoxTest, ChoosingRunsTheHandlerAndScrollsIntoView) {
   auto& list = Make(Selection::kSingle, ListHeight::kManyRows, 20);
   list.SetListIndex(0);
