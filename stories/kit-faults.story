@@ -41,15 +41,15 @@ expect txtName text = ""
 # Reports that are not taken: the box says so.
 kit refuses reports
 host replies with x
-expect trapped RemoteData 9 "Subscript out of range: no {quote}[-]Scorvane[-]{quote} in the reply" not sent
+expect trapped RemoteData 13 "Type mismatch [, ]" not sent
 kit works
 kit SendErrorReport fails 5 "No line to the server"
 host replies with x
-expect trapped RemoteData 9 "Subscript out of range: no {quote}[-]Scorvane[-]{quote} in the reply" not sent
+expect trapped RemoteData 13 "Type mismatch [, ]" not sent
 # What could not be logged is sent all the same.
 kit LogError fails 70 "The log is locked"
 host replies with x
-expect trapped RemoteData 9 "Subscript out of range: no {quote}[-]Scorvane[-]{quote} in the reply"
+expect trapped RemoteData 13 "Type mismatch [, ]"
 host replies
 expect txtName text = "Story Server"
 push cmdCancel
