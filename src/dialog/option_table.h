@@ -1,5 +1,6 @@
 // The hosting options as one table. A row holds all that is known of an option: building the
-// dialog, settings files and the start payload take what they need from it.
+// dialog, settings files, the game-settings reply and the start payload take what they need from
+// it.
 #pragma once
 
 #include <cstdint>
@@ -34,20 +35,29 @@ struct NumberRange {
   friend bool operator==(const NumberRange&, const NumberRange&) = default;
 };
 
-// How an option enters the start payload.
-enum class PayloadForm : std::uint8_t {
-  kNone,           // not a field of its own
+// How an option stands in a field of the start payload or of the game-settings reply.
+enum class FieldForm : std::uint8_t {
+  kNone,           // in no field of its own
   kBase64,         // of the text as it stands
-  kBase64OrEmpty,  // the same; an empty field for a text that is empty or of blanks only
-  kPosition,       // of the chosen item, -1 for none
-  kPositionPlusOne,
-  kValue,  // the state of the check box
+  kBase64OrEmpty,  // an empty field: a text that is empty or of blanks only; read, it stays as it
+                   // is
+  kNumber,         // state of the check box, position of the chosen item, -1 for none
+  kNumberPlusOne,
+  kLoopState,  // as kNumber, but 2 is read as 1
   kPlainText,
+  kBase64List,  // of the items, which are appended, and of which one is chosen
 };
 
-struct PayloadField {
+struct OptionField {
   int number = -1;  // 0-based; -1: none
-  PayloadForm form = PayloadForm::kNone;
+  FieldForm form = FieldForm::kNone;
+};
+
+// What an option that the operator may not change gets from a reply.
+struct FixedValue {
+  int field = -1;        // of the reply; -1: none, the option then gets its own field's value
+  int without = 0;       // what a reply without fixed values means, as the field would say it
+  TextView repair = {};  // in the place of a field that is no number; empty: it stays
 };
 
 // A check box's share in the payload's option flags: `bit` is added when the box has `added_at`.
@@ -79,11 +89,14 @@ struct Option {
   // What an empty text becomes, in the dialog too, when the settings are saved; empty: it stays.
   TextView blank_replacement = {};
 
-  PayloadField payload = {};
+  OptionField payload = {};
+  OptionField reply = {};
+  FixedValue fixed = {};
   OptionFlag flag = {};
 };
 
-// In the order in which settings files are written; within a column from top to bottom.
+// In the order in which settings files are written and a reply is applied; within a column from top
+// to bottom.
 [[nodiscard]] std::span<const Option> Options() noexcept;
 
 // Relative to the option's frame.

@@ -6,10 +6,10 @@
 
 #include "dialog/frmrcBHDGS.h"
 #include "dialog/option_table.h"
+#include "dialog/option_value.h"
 #include "dialog/previous_settings.h"
 #include "dialog/profile_folders.h"
 #include "dialog/stored_map.h"
-#include "support/number_text.h"
 #include "support/trap.h"
 
 namespace quill {
@@ -19,26 +19,13 @@ constexpr TextView kFilter = u"Host Settings File (*.hsf)|*.hsf";
 constexpr TextView kDefaultTitle = u"kvrrcBHDGS";
 constexpr int kNoMap = -1;
 
-// The value of an option as the file holds it. An empty text is replaced in the dialog first.
-Text ValueToSave(frmrcBHDGS& dialog, const Option& option) {
-  switch (option.kind) {
-    case ui::ControlKind::kTextBox: {
-      auto& box = dialog.Get<ui::TextBox>(option.key);
-      if (box.text().empty()) box.SetText(option.blank_replacement);
-      return box.text();
-    }
-    case ui::ControlKind::kCheckBox:
-      return Decimal(dialog.Get<ui::CheckBox>(option.key).value());
-    case ui::ControlKind::kListBox:
-      return Decimal(dialog.Get<ui::ListBox>(option.key).ListIndex());
-    default:
-      return Text(dialog.Get<ui::ComboBox>(option.key).text());
-  }
-}
-
+// An empty text is replaced in the dialog first.
 void WriteOption(frmrcBHDGS& dialog, const Option& option, TextView file) {
-  dialog.context().file_kit->WriteIniKey(kSettingsSection, option.key, ValueToSave(dialog, option),
-                                         file);
+  ui::Control& control = dialog.At(option.key);
+  if (!option.blank_replacement.empty() && TextValue(control).empty()) {
+    SetPrintedValue(control, option.blank_replacement);
+  }
+  dialog.context().file_kit->WriteIniKey(kSettingsSection, option.key, PrintedValue(control), file);
 }
 
 // Where a file goes that is set aside. What was set aside before is never replaced: it may be the
@@ -60,28 +47,6 @@ Notice ResultOf(FileSystem& files, TextView file) {
     return {MessageKind::kFailed, u"Failed to Write Data to Host Settings File!."};
   }
   return {MessageKind::kSuccess, u"Host Settings Saved Successfully."};
-}
-
-// Of the items with this text the first is chosen; a text that is no item changes nothing.
-void ChooseItem(ui::ComboBox& box, TextView text) {
-  for (int i = 0; i < box.Count(); ++i) {
-    if (box.Item(i) == text) return box.SetListIndex(i);
-  }
-}
-
-// Sets the control that the key names, if there is one that has a value.
-void SetControl(frmrcBHDGS& dialog, const IniEntry& entry) {
-  ui::Control* control = dialog.Find(ControlNameOf(entry.key));
-  if (control == nullptr) return;
-  if (auto* text_box = dynamic_cast<ui::TextBox*>(control)) {
-    text_box->SetText(entry.value);
-  } else if (auto* combo_box = dynamic_cast<ui::ComboBox*>(control)) {
-    ChooseItem(*combo_box, entry.value);
-  } else if (auto* check_box = dynamic_cast<ui::CheckBox*>(control)) {
-    check_box->SetValue(ToInt16(entry.value));
-  } else if (auto* list_box = dynamic_cast<ui::ListBox*>(control)) {
-    list_box->SetListIndex(ToInt16(entry.value));
-  }
 }
 
 // Adds the map to the rotation, or its file name to the missing ones.
@@ -172,7 +137,8 @@ void LoadSettings(frmrcBHDGS& dialog) {
           at(), entry = section->element(i);
           IniEntry parsed;
           at(), parsed = context.file_kit->ParseIniKey(entry);
-          at(), SetControl(dialog, parsed);
+          ui::Control* const control = (at(), dialog.Find(ControlNameOf(parsed.key)));
+          if (control != nullptr) at(), SetPrintedValue(*control, parsed.value);
           if (!entry.starts_with(kMapKey)) continue;
           Text value;
           at(), value = context.file_kit->ParseIniValue(entry);

@@ -68,7 +68,8 @@ class ServerMapList {
   // Each map's entry, decoded and taken apart where it lies.
   UnsetBuffer<char16_t> buffer_;
   std::vector<Map> maps_;
-  // The positions of the first maps, made for the first look-up, by views into the buffer.
+  // The positions of the first maps, made for the first look-up, by views into the buffer. A walk
+  // would do for a rotation of 255 maps; a map list from outside may have any number of lines.
   using FirstPositions = std::unordered_map<TextView, int>;
   template <class KeyOf>
   int Look(FirstPositions& known, TextView key, KeyOf key_of) const;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "dialog/option_table.h"
+#include "dialog/option_value.h"
 #include "remote/compressed_frame.h"
 #include "remote/request_file.h"
 #include "support/base64.h"
@@ -20,36 +21,22 @@ constexpr int kFlagsField = 23;
 
 constexpr std::int32_t kHighestPing = 65535;
 
-TextView TextOf(const frmrcBHDGS& dialog, const Option& option) {
-  return option.kind == ui::ControlKind::kComboBox ? dialog.Get<ui::ComboBox>(option.key).text()
-                                                   : dialog.Get<ui::TextBox>(option.key).text();
-}
-
 void AppendField(Text& payload, const frmrcBHDGS& dialog, const Option& option) {
   DialogContext& context = dialog.context();
+  const ui::Control& control = dialog.At(option.key);
   switch (option.payload.form) {
-    case PayloadForm::kNone:
-      break;
-    case PayloadForm::kBase64:
-      AppendEnc64(TextOf(dialog, option), context.code_page, context.reporter, payload);
-      break;
-    case PayloadForm::kBase64OrEmpty:
-      if (const TextView text = TextOf(dialog, option); !IsBlank(text)) {
-        AppendEnc64(text, context.code_page, context.reporter, payload);
-      }
-      break;
-    case PayloadForm::kPosition:
-      AppendDecimal(payload, dialog.Get<ui::ListBox>(option.key).ListIndex());
-      break;
-    case PayloadForm::kPositionPlusOne:
-      AppendDecimal(payload, dialog.Get<ui::ListBox>(option.key).ListIndex() + 1);
-      break;
-    case PayloadForm::kValue:
-      AppendDecimal(payload, dialog.Get<ui::CheckBox>(option.key).value());
-      break;
-    case PayloadForm::kPlainText:
-      payload += TextOf(dialog, option);
-      break;
+    case FieldForm::kNumber:
+      return AppendDecimal(payload, NumberValue(control));
+    case FieldForm::kNumberPlusOne:
+      return AppendDecimal(payload, NumberValue(control) + 1);
+    case FieldForm::kPlainText:
+      payload += TextValue(control);
+      return;
+    case FieldForm::kBase64OrEmpty:
+      if (IsBlank(TextValue(control))) return;
+      [[fallthrough]];
+    default:
+      AppendEnc64(TextValue(control), context.code_page, context.reporter, payload);
   }
 }
 
@@ -74,7 +61,7 @@ std::int32_t OptionFlags(const frmrcBHDGS& dialog) {
   auto flags = static_cast<std::uint32_t>(kAlwaysSetFlags);
   for (const Option& option : Options()) {
     const OptionFlag& flag = option.flag;
-    if (flag.bit != 0 && dialog.Get<ui::CheckBox>(option.key).value() == flag.added_at) {
+    if (flag.bit != 0 && NumberValue(dialog.At(option.key)) == flag.added_at) {
       flags |= flag.bit;
     }
   }
@@ -84,7 +71,7 @@ std::int32_t OptionFlags(const frmrcBHDGS& dialog) {
 Text StartPayload(const frmrcBHDGS& dialog, std::int32_t flags) {
   std::array<const Option*, kFieldCount> options{};
   for (const Option& option : Options()) {
-    if (option.payload.form == PayloadForm::kNone) continue;
+    if (option.payload.form == FieldForm::kNone) continue;
     options.at(static_cast<std::size_t>(option.payload.number)) = &option;
   }
 
