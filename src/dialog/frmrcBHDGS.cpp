@@ -162,7 +162,7 @@ std::shared_ptr<frmrcBHDGS> TakeDialog(DialogContext& context) {
   if (context.dialog) return context.dialog;
   // It is the context's dialog before it loads: a report of the load shows a box, during which the
   // host may call again.
-  const auto dialog = std::make_shared<frmrcBHDGS>(context);
+  auto dialog = std::make_shared<frmrcBHDGS>(context);
   context.dialog = dialog;
   dialog->Form_Load();
   return dialog;

@@ -10,7 +10,7 @@
 namespace quill {
 namespace {
 
-constexpr std::size_t kBufferSize = 64 * 1024;
+constexpr std::size_t kBufferSize = 65536;
 constexpr char16_t kReturn = u'\r';
 constexpr char16_t kFeed = u'\n';
 

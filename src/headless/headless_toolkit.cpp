@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <ranges>
 #include <string_view>
 #include <utility>
 
@@ -71,8 +72,8 @@ void HeadlessToolkit::RunDeferred() noexcept {
 }
 
 ui::Form* HeadlessToolkit::ModalForm() const noexcept {
-  for (auto display = displays_.rbegin(); display != displays_.rend(); ++display) {
-    if (!(*display)->ended) return (*display)->form;
+  for (const auto& display : displays_ | std::views::reverse) {
+    if (!display->ended) return display->form;
   }
   return nullptr;
 }

@@ -46,7 +46,7 @@ Text NameOf(const fs::path& entry) {
 
 // The entry of `folder` called `name`: exactly, or else in another letter case, or else a new one.
 fs::path FindEntry(const fs::path& folder, TextView name, TextView path) {
-  const fs::path exact = folder / NameOnDisk(name, path);
+  fs::path exact = folder / NameOnDisk(name, path);
   std::error_code error;
   if (fs::exists(fs::symlink_status(exact, error))) return exact;
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end;

@@ -49,7 +49,7 @@ void CodePage::ToBytes(TextView text, std::span<std::uint8_t> bytes) const noexc
   const std::uint8_t* const row_of = row_of_.data();
   const Row* const rows = rows_.data();
   std::uint8_t* out = bytes.data();
-  for (char16_t unit : text) *out++ = rows[row_of[unit >> 8]].data()[unit & 0xFF];
+  for (char16_t unit : text) *out++ = rows[row_of[unit >> 8]][unit & 0xFF];
 }
 
 void CodePage::AppendText(std::span<const std::uint8_t> bytes, Text& target) const {

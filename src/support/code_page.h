@@ -29,7 +29,7 @@ class CodePage {
   [[nodiscard]] char16_t ToUnit(std::uint8_t byte) const noexcept { return units_[byte]; }
   // The byte of `unit`; '?' for a unit that the page does not hold.
   [[nodiscard]] std::uint8_t ToByte(char16_t unit) const noexcept {
-    return rows_.data()[row_of_[unit >> 8]][unit & 0xFF];
+    return rows_[row_of_[unit >> 8]][unit & 0xFF];
   }
 
   // The bytes of `text` into the front of `bytes`, which is at least as long.

@@ -78,7 +78,7 @@ void ComboBoxPeer::FitDroppedWidth() {
     widest = std::max(widest, widths.Of(box_.Item(index)));
   }
   const int around = GetSystemMetrics(SM_CXVSCROLL) + 4 * GetSystemMetrics(SM_CXEDGE);
-  Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest + around));
+  Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest) + static_cast<WPARAM>(around));
 }
 
 void ComboBoxPeer::OnCommand(WORD notification) {

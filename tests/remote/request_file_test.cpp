@@ -26,8 +26,6 @@ struct RequestFile : testing::Test {
   }
 };
 
-constexpr TextView kQueryPath = u"C:\\Host\\RCData\\reply_kvrBHDGS_GetGameSettingsRem.txt";
-
 TEST_F(RequestFile, OfAnEarlierRequestIsDeletedFirst) {
   memory.MakeFolder(u"C:\\Host\\RCData");
   memory.SetContents(u"C:\\Host\\RCData\\reply_kvrBHDGS_StartGameRem.txt", "an old request");

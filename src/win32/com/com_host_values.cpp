@@ -54,7 +54,7 @@ HostItem ItemOf(const VARIANT& value) {
     if (ReadObject(*held.get(), object)) throw RuntimeError(ErrorNumber::kTypeMismatch);
     return ItemOf(*held.get());
   }
-  switch (const VARTYPE type = static_cast<VARTYPE>(referred.vt & ~VT_BYREF)) {
+  switch (const auto type = static_cast<VARTYPE>(referred.vt & ~VT_BYREF)) {
     case VT_EMPTY:
     case VT_NULL:
     case VT_DATE:

@@ -37,7 +37,7 @@ LateBound LateBound::Create(TextView prog_id) {
 std::optional<DISPID> LateBound::Find(TextView member) const {
   if (!object_) throw RuntimeError(ErrorNumber::kObjectNotSet);
   const Text name(member);
-  LPOLESTR wide = const_cast<LPOLESTR>(WideOf(name));
+  auto* wide = const_cast<LPOLESTR>(WideOf(name));
   DISPID found = DISPID_UNKNOWN;
   if (SUCCEEDED(object_->GetIDsOfNames(IID_NULL, &wide, 1, LOCALE_USER_DEFAULT, &found)) &&
       found != DISPID_UNKNOWN) {
@@ -102,7 +102,7 @@ Variant LateBound::CallWith(DISPID member, std::span<const VARIANT> arguments) c
     if (SUCCEEDED(answer)) return result;
     if (answer == DISP_E_EXCEPTION) throw ErrorOf(raised);
     // Some scripts' objects fail when a value is called; a call with arguments is not repeated.
-    if (answer != DISP_E_MEMBERNOTFOUND && !(answer == E_FAIL && arguments.empty())) break;
+    if (answer != DISP_E_MEMBERNOTFOUND && (answer != E_FAIL || !arguments.empty())) break;
   }
   throw ErrorOf(answer);
 }
