@@ -116,25 +116,16 @@ function(quill_test name)
 endfunction()
 
 # quill_fuzzer(<name> SOURCES <file>... LINKS <layer or library>...)
-# With QUILL_FUZZ the program fuzz_<name>; otherwise the test fuzz.<name>, which replays the corpus
-# fuzz/corpus/<name>.
+# The program fuzz_<name>, and the test fuzz.<name>, which runs it over its corpus.
 function(quill_fuzzer name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
   quill_resolve_links(links ${arg_LINKS})
-  if(QUILL_FUZZ)
-    set(program fuzz_${name})
-    set(driver quill_fuzz_engine)
-  else()
-    set(program replay_${name})
-    set(driver quill_fuzz_replay)
-    add_test(NAME fuzz.${name} COMMAND ${program} "${PROJECT_SOURCE_DIR}/fuzz/corpus/${name}")
-  endif()
-  add_executable(${program} ${arg_SOURCES})
-  target_include_directories(${program} PRIVATE "${PROJECT_SOURCE_DIR}")
-  target_link_libraries(${program} PRIVATE quill_compile_options ${driver} ${links})
-  if(QUILL_FUZZ)
-    target_link_options(${program} PRIVATE -fsanitize=fuzzer)
-  endif()
+  add_executable(fuzz_${name} ${arg_SOURCES})
+  target_include_directories(fuzz_${name} PRIVATE "${PROJECT_SOURCE_DIR}")
+  target_link_libraries(fuzz_${name} PRIVATE quill_compile_options quill_fuzz_engine ${links})
+  target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
+  add_dependencies(fuzzers fuzz_${name})
+  add_test(NAME fuzz.${name} COMMAND fuzz_${name} -runs=0 "${PROJECT_SOURCE_DIR}/fuzz/corpus/${name}")
 endfunction()
 
 # quill_benchmark(<name> SOURCES <file>... LINKS <layer or library>...): program bench_<name>.
