@@ -65,7 +65,7 @@ void AddReplyBars(const Measurements& measured, std::vector<Bar>& bars) {
     least = std::min(least.value_or(*time), *time);
     most = std::max(most.value_or(*time), *time);
   }
-  bars.push_back({"reply: dearest map to cheapest, all sizes", Ratio(most, least), 1.5});
+  bars.push_back({"reply: slowest map to fastest, all sizes", Ratio(most, least), 1.5});
   for (const int maps : kMapCounts) {
     if (maps == 0) continue;
     bars.push_back(

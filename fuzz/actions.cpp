@@ -172,7 +172,7 @@ class Play {
       case 6:
         return bench_.script.Break({Text(Pick(kOperations)), 75, u"broken", Byte() % 2 == 0});
       case 7:
-        return bench_.script.Mend();
+        return bench_.script.Repair();
       default:
         host_calls_in_ = Byte() % 4;
     }

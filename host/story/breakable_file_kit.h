@@ -22,7 +22,7 @@ namespace quill::host {
 class KitScript {
  public:
   void Break(const KitFault& fault) { faults_[fault.operation] = fault; }
-  void Mend() { faults_.clear(); }
+  void Repair() { faults_.clear(); }
   // The fault of that operation, if there is one; a fault for one call is then used up.
   [[nodiscard]] std::optional<KitFault> TakeFault(TextView operation);
 

@@ -84,7 +84,7 @@ class HeadlessStage final : public Stage {
     return Checked([&] { return host_.storage.ReadWhole(path); });
   }
   void BreakKit(const KitFault& fault) override { script_.Break(fault); }
-  void MendKit() override { script_.Mend(); }
+  void RepairKit() override { script_.Repair(); }
   void SetClock(std::uint64_t ticks) override { host_.clock.Set(ticks); }
 
   Text DllVersion() override {

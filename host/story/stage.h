@@ -69,7 +69,7 @@ class Stage {
   [[nodiscard]] virtual std::optional<std::string> FileContent(const Text& path) = 0;
   // Faults of different operations stand side by side; a new one of the same replaces the old one.
   virtual void BreakKit(const KitFault& fault) = 0;
-  virtual void MendKit() = 0;  // forgets all faults
+  virtual void RepairKit() = 0;  // forgets all faults
   virtual void SetClock(std::uint64_t ticks) = 0;
 
   // --- host calls ----------------------------------------------------------------------------

@@ -233,7 +233,7 @@ bool StoryPlayer::SetUp(const Step& step) {
       stage_.BreakKit({u"SendErrorReport", 0, {}, true});
       return true;
     case StepKind::kKitWorks:
-      stage_.MendKit();
+      stage_.RepairKit();
       return true;
     case StepKind::kClock:
       stage_.SetClock(static_cast<std::uint64_t>(ToInt32(words[0])));

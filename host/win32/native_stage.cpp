@@ -84,7 +84,7 @@ class NativeStage final : public Stage {
     return Checked([&] { return session_.storage().ReadWhole(path); });
   }
   void BreakKit(const KitFault& fault) override { session_.script().Break(fault); }
-  void MendKit() override { session_.script().Mend(); }
+  void RepairKit() override { session_.script().Repair(); }
   void SetClock(std::uint64_t) override {
     throw StageError("the library reads the machine's own clock");
   }

@@ -42,7 +42,7 @@ void LoadMapList(frmrcBHDGS& dialog) {
         at(), MakeSettingsFolders(context);
         at(),
             file = AskForFileToOpen(dialog, u"Load saved map list", u"Maplist files (*.mpl)|*.mpl");
-        // A dialog that the host has closed meanwhile has no say in the rotation any more.
+        // The host has closed the dialog meanwhile: nothing is done for it any more.
         if (file.empty() || dialog.unloaded()) return;
 
         at(), dialog.SetEnabled(false);

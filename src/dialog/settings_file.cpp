@@ -122,7 +122,7 @@ void LoadSettings(frmrcBHDGS& dialog) {
         Text file;
         at(), MakeSettingsFolders(context);
         at(), file = AskForFileToOpen(dialog, u"Load Saved Host Settings", kFilter);
-        // A dialog that the host has closed meanwhile has no say in the rotation any more.
+        // The host has closed the dialog meanwhile: nothing is done for it any more.
         if (file.empty() || dialog.unloaded()) return;
 
         at(), dialog.SetPointer(ui::Pointer::kBusy);

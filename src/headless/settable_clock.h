@@ -1,4 +1,4 @@
-// A clock that stands where it was set, so that a shuffle and a time of day can be foretold.
+// A clock that stands where it was set, so that a shuffle and a time of day are known in advance.
 #pragma once
 
 #include "support/clock.h"

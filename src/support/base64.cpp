@@ -237,7 +237,7 @@ Text Enc64(TextView text, const CodePage& page, MessageReporter& reporter) {
 void AppendEnc64(TextView text, const CodePage& page, MessageReporter& reporter, Text& target) {
   const std::size_t before = target.size();
   try {
-    // More than a text can ever hold is a want of memory too.
+    // More than a text can ever hold counts as out of memory too.
     if (text.size() > (target.max_size() - before) / 2) throw std::bad_alloc();
     if (text.size() > kBlockBytes) target.reserve(before + Enc64Length(text.size()));
     while (!text.empty()) {

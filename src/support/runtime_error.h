@@ -45,8 +45,8 @@ enum class ErrorNumber : std::int32_t {
 [[nodiscard]] TextView DefaultDescription(std::int32_t number) noexcept;
 
 // A run-time failure: number, description, and the place in this code where it was raised. Copying
-// throws nothing, and neither does making one with the usual wording, so that a failure for want of
-// memory can be carried too.
+// throws nothing, and neither does making one with the usual wording, so that being out of
+// memory can be told too.
 class RuntimeError : public std::exception {
  public:
   // With the usual wording for `number`.

@@ -33,8 +33,8 @@ class Line {
 void ReportTrapped(MessageReporter& reporter, TextView label, const RuntimeError& error,
                    std::int32_t line) noexcept;
 
-// Takes each step, whatever becomes of those before it. For what has to be put right after a
-// failure: further failures are dropped.
+// Runs each step, also when one before it fails. Used to restore state after a failure: further
+// failures are dropped.
 template <class... Steps>
 void RunEach(Steps&&... steps) noexcept {
   const auto run = [](auto& step) {

@@ -136,7 +136,7 @@ class Control {
   // Remembers the handler that the exception being handled left first.
   void NoteFailure(const char16_t* event) noexcept;
   void ReportUnhandled(const Fact& fact) noexcept;
-  // Needs no memory, because want of it may be what is reported. A longer name is cut.
+  // Needs no memory, because being out of it may be what is reported. A longer name is cut.
   using HandlerNameBuffer = std::array<char16_t, 80>;
   [[nodiscard]] TextView HandlerName(TextView event, HandlerNameBuffer& buffer) const noexcept;
   void Leave(Control& container) noexcept;

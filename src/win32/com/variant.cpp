@@ -79,7 +79,7 @@ VARIANT Variant::Detach() noexcept {
 }
 
 const VARIANT& Referred(const VARIANT& value) noexcept {
-  // Automation allows one reference to another; a few more are borne, but no circle.
+  // Automation allows a reference to a reference; a few more are followed, but no circle.
   constexpr int kMostReferences = 8;
   const VARIANT* referred = &value;
   for (int i = 0; i < kMostReferences && referred->vt == (VT_BYREF | VT_VARIANT) &&
