@@ -112,5 +112,7 @@ elseif(WIN32)
   if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     # The entry points are exported without the decoration that their calling convention adds.
     target_link_options(quill_dll_flags INTERFACE -Wl,--enable-stdcall-fixup)
+    target_sources(quill_dll_flags INTERFACE
+      "${PROJECT_SOURCE_DIR}/src/win32/runtime/unwind_tables.cpp")
   endif()
 endif()

@@ -120,6 +120,14 @@ TEST(RuntimeParts, DestructorsThrowAndCatchWhileTheLibraryIsUnloaded) {
   EXPECT_EQ(at_the_end, kAllNestedCatches);
 }
 
+#ifdef SHARED_UNWINDER
+TEST(RuntimeParts, ExceptionsAreCaughtWhereTheProcessHasAnotherUnwinder) {
+  const HMODULE unwinder = LoadLibraryA(SHARED_UNWINDER);
+  ASSERT_NE(unwinder, nullptr);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(Probe().NestedCatches(), kAllNestedCatches);
+}
+#endif
+
 // Windows gives a process 1,088 thread-local slots.
 TEST(RuntimeParts, LoadingAndUnloadingLeavesNothingBehind) {
   std::size_t memory = 0;

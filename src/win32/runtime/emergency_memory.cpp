@@ -1,6 +1,7 @@
 // The runtime library sets memory aside, so that exceptions can be thrown when there is none left.
-// It leaves giving that back to the end of the process, but a library may be loaded and unloaded
-// many times before that.
+// It never gives that back, because processes end: its function for it is called by memory
+// debuggers only, as GCC's libsupc++ says. A library may be loaded and unloaded many times before
+// that.
 
 namespace __gnu_cxx {
 

@@ -1,12 +1,13 @@
 // Where a thread keeps the exceptions that it is handling. The runtime library's own version lies
-// on emulated thread-local variables, which take a thread-local slot and a lock that are not given
-// back when a library is unloaded: a host that loads and unloads it a thousand times would run out.
+// on emulated thread-local variables, as the compiler has no others for Windows (GCC bug 80881).
+// They take a thread-local slot that libgcc does not give back when a library is unloaded, and
+// Windows has 1,088 for a process: a host that loads and unloads the library that often runs out.
 // Here it is a thread-local variable of the platform's own kind, as the platform's compilers make
 // them: the loader lays one out for each thread, those that are there before the library too, and
 // takes them away with the thread or the library. There is no moment at which it can fail.
 
 // The compiler takes the thread's block, which begins at address 0 of its segment, for a null
-// array.
+// array (GCC bug 99578).
 #pragma GCC diagnostic ignored "-Warray-bounds"
 #include <windows.h>
 
