@@ -31,7 +31,9 @@ STDAPI DllGetClassObject(REFCLSID class_id, REFIID wanted, void** object) {
   *object = nullptr;
   if (!IsEqualCLSID(class_id, quill::com::kClassId)) return CLASS_E_CLASSNOTAVAILABLE;
   return Guarded(IID_IUnknown, [&] {
-    return ComPtr<IClassFactory>::Adopt(new PluginFactory)->QueryInterface(wanted, object);
+    const auto factory = ComPtr<IClassFactory>::Adopt(new PluginFactory);
+    Library::Get().StayLoaded();
+    return factory->QueryInterface(wanted, object);
   });
 }
 

@@ -7,6 +7,7 @@
 #include "win32/com/identifiers.h"
 #include "win32/com/library_use.h"
 #include "win32/system_code_page.h"
+#include "win32/this_module.h"
 #include "win32/win32_clock.h"
 #include "win32/win32_file_system.h"
 #include "win32/win32_process_paths.h"
@@ -62,7 +63,20 @@ bool Library::ReadyToUnload() {
   // The host's objects may have come back while they were let go.
   if (LibraryUse::Any() || runtime_ != nullptr) return false;
   owner_ = 0;
+  if (!is_held_.exchange(false)) return true;
+  if (LibraryUse::Any()) {  // another thread has come
+    is_held_ = true;
+    return false;
+  }
+  ::FreeLibrary(win32::ThisModule());  // not the last reference: whoever asks has one
   return true;
+}
+
+void Library::StayLoaded() noexcept {
+  if (is_held_.exchange(true)) return;
+  HMODULE self = nullptr;
+  ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<LPCWSTR>(&only_),
+                       &self);
 }
 
 bool Library::Claim() noexcept {

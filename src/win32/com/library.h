@@ -22,6 +22,11 @@ class Library {
   // again from a fresh start. False on another thread than theirs.
   [[nodiscard]] bool ReadyToUnload();
 
+  // Holds a reference to the library's own file until ReadyToUnload says true: COM unloads
+  // libraries at the last CoUninitialize without asking, while a host may still hold objects and
+  // the dialog's window may be there.
+  void StayLoaded() noexcept;
+
   // The main module, made on first use. RPC_E_WRONG_THREAD on a thread that may not use it.
   [[nodiscard]] mdlBHDGS& Module();
 
@@ -41,6 +46,7 @@ class Library {
 
   static Library only_;
 
+  std::atomic<bool> is_held_ = false;
   std::atomic<DWORD> owner_ = 0;
   ComPtr<ITypeLib> types_;
   std::unique_ptr<Runtime> runtime_;

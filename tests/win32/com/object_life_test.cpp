@@ -139,7 +139,7 @@ TEST_F(ObjectLife, StartUpRunsOncePerUseOfTheLibrary) {
   EXPECT_TRUE(boxes.empty());
 }
 
-TEST_F(ObjectLife, TheDialogAndItsValuesOutliveTheObject) {
+TEST_F(ObjectLife, TheDialogAndItsValuesOutliveTheObjectAndCom) {
   OfferKits();
   auto plugin = Create();
   OpenAndHide(*plugin.get(), [&] { robot.Type(u"txtName", u"Kept"); });
@@ -147,12 +147,20 @@ TEST_F(ObjectLife, TheDialogAndItsValuesOutliveTheObject) {
   ASSERT_NE(dialog, nullptr);
   EXPECT_FALSE(robot.FormShown());
   plugin.Reset();
+  // As COM does at its last CoUninitialize, without asking.
+  library.reset();
   EXPECT_EQ(robot.FormWindow(), dialog);
+  library.emplace();
   plugin = Create();
+  library.reset();
   OpenAndHide(*plugin.get(), [&] { EXPECT_EQ(robot.Read(u"txtName", u"text"), u"Kept"); });
+  library.emplace();
   plugin.Reset();
   EXPECT_EQ(library->CanUnload(), S_OK);
   EXPECT_EQ(robot.FormWindow(), nullptr);
+  library.reset();
+  EXPECT_EQ(::GetModuleHandleW(L"kvrrcBHDGS.dll"), nullptr) << "nothing is left that holds it";
+  library.emplace();
 }
 
 TEST_F(ObjectLife, AnObjectMayBeReleasedWithinItsOwnCall) {
