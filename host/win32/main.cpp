@@ -16,6 +16,7 @@
 #include "host/win32/host_folder.h"
 #include "host/win32/host_window.h"
 #include "host/win32/native_stage.h"
+#include "host/win32/wine.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
 #include "win32/native_text.h"
@@ -37,6 +38,13 @@ constexpr TextView kOwnHelp =
     u"                        many replies; exit code 1: something leaked\n";
 
 constexpr CommandOption kEndureOptions[] = {{u"--cycles", u"N", u""}};
+
+// Takes the option out of the words. On Windows it would recolour everybody's whole session.
+bool TakeHighContrast(std::vector<Text>& words) {
+  if (std::erase(words, kHighContrast) == 0) return false;
+  if (!IsWine()) throw UsageError(u"--high-contrast changes the whole session: under Wine only");
+  return true;
+}
 
 std::vector<Text> Words() {
   int count = 0;
@@ -90,7 +98,7 @@ int PerformWithLibrary(std::vector<Text> words, ContractLog& contract, Console& 
   const PluginLibrary library(LibraryBesideProgram());
   if (words.empty() || words[0] == u"window") {
     std::optional<HighContrast> scheme;
-    if (std::erase(words, kHighContrast) != 0) {
+    if (TakeHighContrast(words)) {
       scheme.emplace(GetModuleHandleW(L"kvrrcBHDGS.dll"), nullptr);
     }
     if (words.size() > 2) throw UsageError(u"window takes one scenario at most");
@@ -100,9 +108,8 @@ int PerformWithLibrary(std::vector<Text> words, ContractLog& contract, Console& 
   }
   CommandLineParts parts{[&] { return MakeNativeStage(library, contract); }, nullptr};
   if (const auto folder = TakePicturesFolder(words)) {
-    parts.look = [&, pictures = DialogPictures(*folder),
-                  high_contrast = std::erase(words, kHighContrast) != 0](Stage&,
-                                                                         const Text& moment) {
+    parts.look = [&, pictures = DialogPictures(*folder), high_contrast = TakeHighContrast(words)](
+                     Stage&, const Text& moment) {
       pictures.Take(moment, high_contrast, [&](const Text& line) { console.PrintLine(line); });
     };
   }

@@ -6,6 +6,7 @@
 #include "support/runtime_error.h"
 #include "win32/com/bstr.h"
 #include "win32/com/com_error.h"
+#include "win32/file_handle.h"
 #include "win32/win32_process_paths.h"
 
 namespace quill::com {
@@ -73,10 +74,19 @@ void Write(HKEY root, const Entry& entry) {
                                  static_cast<DWORD>((entry.value.size() + 1) * sizeof(char16_t))));
 }
 
-void RemoveTree(HKEY root, TextView below_classes) {
-  const Text path = Concat({kClassesKey, below_classes});
-  const LSTATUS status = ::RegDeleteTreeW(root, WideOf(path));
+// What a view adds to the rights that a key is opened with. A system of 32 bits has one view only.
+REGSAM FlagOf(RegistryView view) noexcept {
+  if (view == RegistryView::kOwn) return 0;
+  return sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+}
+
+// Null: there is no such key. `path` is a full one.
+HKEY OpenKey(RegistrationScope scope, const Text& path, REGSAM rights, RegistryView view) {
+  HKEY opened = nullptr;
+  const LSTATUS status =
+      ::RegOpenKeyExW(RootOf(scope), WideOf(path), 0, rights | FlagOf(view), &opened);
   if (status != ERROR_FILE_NOT_FOUND) ThrowIfFailed(status);
+  return opened;
 }
 
 }  // namespace
@@ -101,41 +111,80 @@ void WriteClass(RegistrationScope scope, const RegisteredClass& registered) {
 }
 
 void RemoveClass(RegistrationScope scope, const RegisteredClass& registered) {
-  RemoveTree(RootOf(scope), ClassKey(registered.id));
-  RemoveTree(RootOf(scope), registered.prog_id);
-  if (scope == RegistrationScope::kUser) RemoveUsersGroupIfEmpty(u"CLSID");
+  const Text class_key = ClassKey(registered.id);
+  const Text server_key = Concat({class_key, u"\\InprocServer32"});
+  if (IsElsewhere(ReadEntry(scope, server_key))) return;
+  RemoveTree(scope, class_key);
+  if (scope == RegistrationScope::kUser) RemoveIfEmpty(scope, u"CLSID");
+  // Both bitnesses share the name.
+  const Text named = ReadProgId(scope, registered.prog_id);
+  if (ReadEntry(scope, server_key, RegistryView::kOther).empty() &&
+      (named.empty() || named == GuidText(registered.id))) {
+    RemoveTree(scope, Text(registered.prog_id));
+  }
 }
 
 Text ReadProgId(RegistrationScope scope, TextView prog_id) {
-  const Text path = Concat({kClassesKey, prog_id, u"\\CLSID"});
-  wchar_t text[64] = L"";
-  DWORD size = sizeof text;
-  if (::RegGetValueW(RootOf(scope), WideOf(path), nullptr, RRF_RT_REG_SZ, nullptr, text, &size) !=
-      ERROR_SUCCESS) {
-    return {};
-  }
-  return reinterpret_cast<const char16_t*>(text);
+  return ReadEntry(scope, Concat({prog_id, u"\\CLSID"}));
 }
 
 void WriteProgId(RegistrationScope scope, TextView prog_id, const Text& class_id) {
-  if (class_id.empty()) return RemoveTree(RootOf(scope), prog_id);
-  Write(RootOf(scope), {Concat({prog_id, u"\\CLSID"}), {}, class_id});
+  const Text key = Concat({prog_id, u"\\CLSID"});
+  if (!class_id.empty()) return Write(RootOf(scope), {key, {}, class_id});
+  RemoveTree(scope, key);
+  RemoveIfEmpty(scope, prog_id);
 }
 
-void RemoveUsersGroupIfEmpty(TextView group) {
-  const Text path = Concat({kClassesKey, group});
-  HKEY opened = nullptr;
-  if (::RegOpenKeyExW(HKEY_CURRENT_USER, WideOf(path), 0, KEY_READ, &opened) != ERROR_SUCCESS) {
-    return;
+Text ReadEntry(RegistrationScope scope, const Text& key, RegistryView view) {
+  const HKEY opened = OpenKey(scope, Concat({kClassesKey, key}), KEY_QUERY_VALUE, view);
+  if (opened == nullptr) return {};
+  const Key open(opened);
+  Text value(32768, u'\0');
+  auto size = static_cast<DWORD>(value.size() * sizeof(char16_t));
+  if (::RegGetValueW(opened, nullptr, nullptr, RRF_RT_REG_SZ, nullptr, value.data(), &size) !=
+      ERROR_SUCCESS) {
+    return {};
   }
+  return value.c_str();
+}
+
+void RemoveTree(RegistrationScope scope, const Text& key, RegistryView view) {
+  const Text path = Concat({kClassesKey, key});
+  const HKEY opened =
+      OpenKey(scope, path, DELETE | KEY_ENUMERATE_SUB_KEYS | KEY_QUERY_VALUE | KEY_SET_VALUE, view);
+  if (opened == nullptr) return;
+  const Key open(opened);
+  ThrowIfFailed(::RegDeleteTreeW(opened, nullptr));
+  ThrowIfFailed(::RegDeleteKeyExW(RootOf(scope), WideOf(path), FlagOf(view), 0));
+}
+
+void RemoveIfEmpty(RegistrationScope scope, TextView key) {
+  const Text path = Concat({kClassesKey, key});
+  const HKEY opened = OpenKey(scope, path, KEY_QUERY_VALUE, RegistryView::kOwn);
+  if (opened == nullptr) return;
+  const Key open(opened);
   DWORD keys = 0;
   DWORD values = 0;
-  const LSTATUS status = ::RegQueryInfoKeyW(opened, nullptr, nullptr, nullptr, &keys, nullptr,
-                                            nullptr, &values, nullptr, nullptr, nullptr, nullptr);
-  ::RegCloseKey(opened);
-  if (status == ERROR_SUCCESS && keys == 0 && values == 0) {
-    (void)::RegDeleteKeyW(HKEY_CURRENT_USER, WideOf(path));
+  if (::RegQueryInfoKeyW(opened, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values,
+                         nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS &&
+      keys == 0 && values == 0) {
+    (void)::RegDeleteKeyW(RootOf(scope), WideOf(path));
   }
+}
+
+bool IsElsewhere(const Text& file) {
+  if (file.empty()) return false;
+  BY_HANDLE_FILE_INFORMATION named{};
+  BY_HANDLE_FILE_INFORMATION own{};
+  try {
+    if (!::GetFileInformationByHandle(win32::OpenExisting(file).get(), &named)) return true;
+  } catch (const RuntimeError&) {
+    return true;
+  }
+  const win32::FileHandle self = win32::OpenExisting(win32::ThisModulePath());
+  return !::GetFileInformationByHandle(self.get(), &own) ||
+         named.dwVolumeSerialNumber != own.dwVolumeSerialNumber ||
+         named.nFileIndexHigh != own.nFileIndexHigh || named.nFileIndexLow != own.nFileIndexLow;
 }
 
 }  // namespace quill::com

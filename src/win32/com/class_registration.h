@@ -30,8 +30,9 @@ struct RegisteredClass {
 // written.
 void WriteClass(RegistrationScope scope, const RegisteredClass& registered);
 
-// Removes what WriteClass writes; entries that are not there are no failure. Groups of entries that
-// the user had none of before are removed with the last of them.
+// Removes what WriteClass writes; entries that are not there are no failure, and those of another
+// file stay. The name stays while the class is registered for the other bitness. Groups of entries
+// that the user had none of before are removed with the last of them.
 void RemoveClass(RegistrationScope scope, const RegisteredClass& registered);
 
 // The identifier behind a programmatic name, as text, empty where there is none; writing an empty
@@ -39,7 +40,19 @@ void RemoveClass(RegistrationScope scope, const RegisteredClass& registered);
 [[nodiscard]] Text ReadProgId(RegistrationScope scope, TextView prog_id);
 void WriteProgId(RegistrationScope scope, TextView prog_id, const Text& class_id);
 
-// Removes a group of entries of the user's ("CLSID") that holds nothing.
-void RemoveUsersGroupIfEmpty(TextView group);
+// Programs of the two bitnesses see classes, interfaces and their settings in places of their own;
+// programmatic names and type libraries are the same for both.
+enum class RegistryView { kOwn, kOther };
+
+// Keys are given below the classes key. The value of the key itself as text, empty where there is
+// none.
+[[nodiscard]] Text ReadEntry(RegistrationScope scope, const Text& key,
+                             RegistryView view = RegistryView::kOwn);
+// A key that is not there is no failure.
+void RemoveTree(RegistrationScope scope, const Text& key, RegistryView view = RegistryView::kOwn);
+void RemoveIfEmpty(RegistrationScope scope, TextView key);
+
+// Whether a registered file is another one than this module's; none is not.
+[[nodiscard]] bool IsElsewhere(const Text& file);
 
 }  // namespace quill::com

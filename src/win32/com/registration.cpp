@@ -1,8 +1,5 @@
 #include "win32/com/registration.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include "support/compiler.h"
 #include "win32/com/bstr.h"
 #include "win32/com/com_error.h"
@@ -37,19 +34,30 @@ void RegisterTypes(RegistrationScope scope) {
   if (FAILED(result)) throw ErrorOf(result);
 }
 
+// The system's own function also removes the interface that the library of the other bitness needs.
 void UnregisterTypes(RegistrationScope scope) {
-  constexpr SYSKIND kSystem = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
-  const HRESULT result =
-      scope == RegistrationScope::kMachine
-          ? ::UnRegisterTypeLib(kLibraryId, kLibraryMajor, kLibraryMinor, 0, kSystem)
-          : ::UnRegisterTypeLibForUser(kLibraryId, kLibraryMajor, kLibraryMinor, 0, kSystem);
-  // Systems say in different ways that it is not there.
-  constexpr HRESULT kNotThere[] = {TYPE_E_REGISTRYACCESS, TYPE_E_LIBNOTREGISTERED, E_INVALIDARG};
-  if (FAILED(result) && std::ranges::find(kNotThere, result) == std::end(kNotThere)) {
-    throw ErrorOf(result);
+  constexpr bool kIs64 = sizeof(void*) == 8;
+  const Text types = Concat({u"TypeLib\\", GuidText(kLibraryId)});
+  const Text version = Concat({types, u"\\", Decimal(kLibraryMajor), u".", Decimal(kLibraryMinor)});
+  const Text file = Concat({version, kIs64 ? u"\\0\\win64" : u"\\0\\win32"});
+  const Text interface_key = Concat({u"Interface\\", GuidText(kInterfaceId)});
+  if (IsElsewhere(ReadEntry(scope, file))) return;
+  const bool is_last =
+      ReadEntry(scope, Concat({version, kIs64 ? u"\\0\\win32" : u"\\0\\win64"})).empty();
+  // Wine writes those of the user among the machine's, where only Wine finds them.
+  if (scope == RegistrationScope::kUser && is_last) {
+    (void)::UnRegisterTypeLibForUser(kLibraryId, kLibraryMajor, kLibraryMinor, 0,
+                                     kIs64 ? SYS_WIN64 : SYS_WIN32);
+  }
+  RemoveTree(scope, file);
+  RemoveTree(scope, interface_key);
+  if (is_last) {
+    RemoveTree(scope, version);
+    RemoveIfEmpty(scope, types);
+    RemoveTree(scope, interface_key, RegistryView::kOther);
   }
   if (scope == RegistrationScope::kUser) {
-    for (const TextView group : {u"TypeLib", u"Interface"}) RemoveUsersGroupIfEmpty(group);
+    for (const TextView group : {u"TypeLib", u"Interface"}) RemoveIfEmpty(scope, group);
   }
 }
 
@@ -66,11 +74,16 @@ HRESULT Register(RegistrationScope scope) noexcept {
 }
 
 HRESULT Unregister(RegistrationScope scope) noexcept {
-  return Guarded(IID_IUnknown, [&] {
-    UnregisterTypes(scope);
+  // One that cannot be removed does not keep the other.
+  const HRESULT without_class = Guarded(IID_IUnknown, [&] {
     RemoveClass(scope, kPluginClass);
     return S_OK;
   });
+  const HRESULT without_types = Guarded(IID_IUnknown, [&] {
+    UnregisterTypes(scope);
+    return S_OK;
+  });
+  return FAILED(without_class) ? without_class : without_types;
 }
 
 }  // namespace quill::com

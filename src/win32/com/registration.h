@@ -5,10 +5,11 @@
 
 namespace quill::com {
 
-// Registers this library's file. On failure everything written is taken back.
+// Registers this library's file. On failure everything written is removed as Unregister does.
 [[nodiscard]] HRESULT Register(RegistrationScope scope) noexcept;
 
-// Removes what Register writes; entries that are not there are no failure.
+// Removes what Register writes; entries that are not there are no failure, and those that name
+// another file stay, as does what the library of the other bitness shares with them.
 [[nodiscard]] HRESULT Unregister(RegistrationScope scope) noexcept;
 
 }  // namespace quill::com

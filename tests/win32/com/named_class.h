@@ -5,7 +5,7 @@
 
 #include <utility>
 
-#include "win32/com/bstr.h"
+#include "win32/com/class_registration.h"
 #include "win32/com/com_ptr.h"
 
 namespace quill::com {
@@ -13,23 +13,18 @@ namespace quill::com {
 class NamedClass {
  public:
   NamedClass(TextView prog_id, ComPtr<IDispatch> object)
-      : key_(Concat({u"Software\\Classes\\", prog_id})) {
+      : prog_id_(prog_id), former_id_(ReadProgId(RegistrationScope::kMachine, prog_id)) {
     GUID id{};
     EXPECT_EQ(::CoCreateGuid(&id), S_OK);
     const auto factory = ComPtr<IClassFactory>::Adopt(new Factory(std::move(object)));
     EXPECT_EQ(::CoRegisterClassObject(id, factory.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
                                       &registered_),
               S_OK);
-    wchar_t text[40];
-    const int length = ::StringFromGUID2(id, text, 40);
-    const Text id_key = Concat({key_, u"\\CLSID"});
-    EXPECT_EQ(::RegSetKeyValueW(HKEY_LOCAL_MACHINE, WideOf(id_key), nullptr, REG_SZ, text,
-                                static_cast<DWORD>(length) * sizeof(wchar_t)),
-              ERROR_SUCCESS);
+    WriteProgId(RegistrationScope::kMachine, prog_id_, GuidText(id));
   }
   ~NamedClass() {
     ::CoRevokeClassObject(registered_);
-    ::RegDeleteTreeW(HKEY_LOCAL_MACHINE, WideOf(key_));
+    WriteProgId(RegistrationScope::kMachine, prog_id_, former_id_);
   }
   NamedClass(const NamedClass&) = delete;
   NamedClass& operator=(const NamedClass&) = delete;
@@ -62,7 +57,8 @@ class NamedClass {
     const ComPtr<IDispatch> object_;
   };
 
-  Text key_;
+  const Text prog_id_;
+  const Text former_id_;
   DWORD registered_ = 0;
 };
 

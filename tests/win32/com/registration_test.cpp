@@ -1,7 +1,9 @@
 // Registering and unregistering, for the machine and for the user, leaves the registry as it was.
 #include <map>
 
+#include "host/win32/wine.h"
 #include "tests/win32/com/plugin_bench.h"
+#include "win32/com/class_registration.h"
 
 namespace quill::com {
 namespace {
@@ -88,8 +90,29 @@ Text ValueAt(HKEY root, const Text& key, const wchar_t* name = nullptr) {
   return reinterpret_cast<const char16_t*>(text);
 }
 
+const Text kServerKey = u"CLSID\\{5E08C6B1-D9F2-4773-8A4C-1B62F50E93AD}\\InprocServer32";
+const Text kInterfaceKey = u"Interface\\{A15D7F30-2C84-4E6B-B3A9-0D7E51C2F846}";
+const Text kTypesKey = u"TypeLib\\{7C3B9E52-41D6-4A0B-9D5E-6F2A8C10B7E1}\\1.0\\0\\";
+const Text kOwnTypesKey = kTypesKey + (sizeof(void*) == 8 ? u"win64" : u"win32");
+const Text kOtherTypesKey = kTypesKey + (sizeof(void*) == 8 ? u"win32" : u"win64");
+constexpr REGSAM kOtherView = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+
+void Put(HKEY root, const Text& key, const Text& value, REGSAM view = 0) {
+  HKEY made = nullptr;
+  ASSERT_EQ(::RegCreateKeyExW(root, WideOf(Concat({u"Software\\Classes\\", key})), 0, nullptr, 0,
+                              KEY_WRITE | view, nullptr, &made, nullptr),
+            ERROR_SUCCESS);
+  EXPECT_EQ(::RegSetValueExW(made, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
+                             static_cast<DWORD>((value.size() + 1) * sizeof(char16_t))),
+            ERROR_SUCCESS);
+  ::RegCloseKey(made);
+}
+
 class Registration : public PluginBench {
  protected:
+  void SetUp() override {
+    if (!host::IsWine()) GTEST_SKIP() << "the class may be in use on this machine";
+  }
   HRESULT Run(const char* entry) const {
     return library->Entry<HRESULT(STDAPICALLTYPE*)()>(entry)();
   }
@@ -115,12 +138,6 @@ class Registration : public PluginBench {
     const Text file = ToLower(ReplaceAll(ValueAt(root, server_key), u"/", u"\\"));
     EXPECT_EQ(file, ToLower(ReplaceAll(LoadedLibrary::Path(), u"/", u"\\")));
   }
-  // The type library lies under the version and the kind of system it is for.
-  static void ExpectTypes(HKEY root) {
-    EXPECT_NE(ValueAt(root, Concat({u"TypeLib\\{7C3B9E52-41D6-4A0B-9D5E-6F2A8C10B7E1}\\1.0\\0\\",
-                                    sizeof(void*) == 8 ? u"win64" : u"win32"})),
-              u"(none)");
-  }
 };
 
 TEST_F(Registration, ForTheMachineMakesTheClassCreatableByNameAndLeavesNothing) {
@@ -131,7 +148,7 @@ TEST_F(Registration, ForTheMachineMakesTheClassCreatableByNameAndLeavesNothing) 
     ASSERT_EQ(Run("DllRegisterServer"), S_OK);
     ASSERT_EQ(Run("DllRegisterServer"), S_OK) << "again over itself";
     ExpectEntries(HKEY_LOCAL_MACHINE);
-    ExpectTypes(HKEY_LOCAL_MACHINE);
+    EXPECT_NE(ValueAt(HKEY_LOCAL_MACHINE, kOwnTypesKey), u"(none)");
     ComPtr<ITypeLib> types;
     EXPECT_EQ(::LoadRegTypeLib(kLibraryId, 1, 0, LOCALE_NEUTRAL, types.Receive()), S_OK);
     types.Reset();
@@ -174,17 +191,75 @@ TEST_F(Registration, ForTheUserTouchesTheUsersEntriesOnly) {
 }
 
 TEST_F(Registration, LeavesOtherPeoplesEntriesBesideItsOwn) {
-  const auto put = [](const wchar_t* key) {
-    EXPECT_EQ(::RegSetKeyValueW(HKEY_CURRENT_USER, key, L"kept", REG_SZ, L"yes", 8), ERROR_SUCCESS);
-  };
-  put(L"Software\\Classes\\CLSID\\{01234567-0000-0000-0000-000000000000}");
-  put(L"Software\\Classes\\TypeLib\\{01234567-0000-0000-0000-000000000000}");
+  const Values at_first = Registry();
+  const Text others[] = {u"CLSID\\{01234567-0000-0000-0000-000000000000}",
+                         u"TypeLib\\{01234567-0000-0000-0000-000000000000}"};
+  for (const Text& key : others) Put(HKEY_CURRENT_USER, key, u"kept");
   const Values before = Registry();
   ASSERT_EQ(Install(TRUE, L"user"), S_OK);
   ASSERT_EQ(Install(FALSE, L"user"), S_OK);
   EXPECT_EQ(Difference(before, Registry()), "");
-  ::RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Classes\\CLSID");
-  ::RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Classes\\TypeLib");
+  for (const Text& key : others) {
+    RemoveTree(RegistrationScope::kUser, key);
+    RemoveIfEmpty(RegistrationScope::kUser, key.substr(0, key.find(u'\\')));
+  }
+  EXPECT_EQ(Difference(at_first, Registry()), "");
+}
+
+TEST_F(Registration, LeavesWhatPointsElsewhere) {
+  const Values before = Registry();
+  ASSERT_EQ(Run("DllRegisterServer"), S_OK);
+  for (const char16_t* const file :
+       {u"C:\\windows\\system32\\ole32.dll", u"C:\\gone\\kvrrcBHDGS.dll"}) {
+    for (const Text& key : {kServerKey, kOwnTypesKey}) {
+      Put(HKEY_LOCAL_MACHINE, key, file);
+    }
+    const Values registered = Registry();
+    EXPECT_EQ(Run("DllUnregisterServer"), S_OK);
+    EXPECT_EQ(Difference(registered, Registry()), "");
+  }
+  ASSERT_EQ(Run("DllRegisterServer"), S_OK);
+  ASSERT_EQ(Run("DllUnregisterServer"), S_OK);
+  EXPECT_EQ(Difference(before, Registry()), "");
+}
+
+// What the other bitness shares with this one, and what it has for itself.
+TEST_F(Registration, LeavesTheOtherBitnessUsable) {
+  const Values before = Registry();
+  Put(HKEY_LOCAL_MACHINE, kServerKey, u"C:\\other\\kvrrcBHDGS.dll", kOtherView);
+  Put(HKEY_LOCAL_MACHINE, kOtherTypesKey, u"C:\\other\\kvrrcBHDGS.dll");
+  Put(HKEY_LOCAL_MACHINE, kInterfaceKey, u"_clsPlugin", kOtherView);
+  Put(HKEY_LOCAL_MACHINE, u"kvrrcBHDGS.clsPlugin\\CLSID", GuidText(kClassId));
+  const Values of_other = Registry();
+  ASSERT_EQ(Run("DllRegisterServer"), S_OK);
+  ASSERT_EQ(Run("DllUnregisterServer"), S_OK);
+  const auto expect_others = [&](const Values& now) {
+    for (const auto& entry : of_other)
+      EXPECT_TRUE(now.contains(entry.first)) << ToUtf8(entry.first);
+    EXPECT_EQ(ReadEntry(RegistrationScope::kMachine, kServerKey), u"");
+    EXPECT_EQ(ReadEntry(RegistrationScope::kMachine, kInterfaceKey), u"");
+    EXPECT_EQ(ReadEntry(RegistrationScope::kMachine, kOwnTypesKey), u"");
+  };
+  expect_others(Registry());
+
+  // A key that goes at the next restart can hold none that stays: the type library is refused.
+  const Text types = u"TypeLib\\{7C3B9E52-41D6-4A0B-9D5E-6F2A8C10B7E1}";
+  RemoveTree(RegistrationScope::kMachine, types);
+  HKEY key = nullptr;
+  ASSERT_EQ(::RegCreateKeyExW(HKEY_LOCAL_MACHINE, WideOf(Concat({u"Software\\Classes\\", types})),
+                              0, nullptr, REG_OPTION_VOLATILE, KEY_WRITE, nullptr, &key, nullptr),
+            ERROR_SUCCESS);
+  ::RegCloseKey(key);
+  EXPECT_NE(Run("DllRegisterServer"), S_OK);
+  EXPECT_EQ(ReadEntry(RegistrationScope::kMachine, kServerKey), u"") << "it was taken back";
+  EXPECT_EQ(ReadProgId(RegistrationScope::kMachine, u"kvrrcBHDGS.clsPlugin"), GuidText(kClassId));
+
+  RemoveTree(RegistrationScope::kMachine, types);
+  RemoveTree(RegistrationScope::kMachine, kServerKey.substr(0, kServerKey.rfind(u'\\')),
+             RegistryView::kOther);
+  RemoveTree(RegistrationScope::kMachine, kInterfaceKey, RegistryView::kOther);
+  ASSERT_EQ(Run("DllUnregisterServer"), S_OK);
+  EXPECT_EQ(Difference(before, Registry()), "");
 }
 
 }  // namespace
