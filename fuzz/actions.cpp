@@ -58,10 +58,10 @@ std::vector<Text> Replies() {
 class Play {
  public:
   Play(const std::uint8_t* data, std::size_t size) : next_(data), end_(data + size) {
-    bench_.files.SetContents(kFiles[0],
-                             "[Settings]\ncboMods=Team Sabre\ntxtGametype=Nowhere\nlstMax=7\n"
-                             "Map0=0[-]0[-]DMK_01A.BMS\nMap1=5[-]1[-]sv.bms\nMap2=0[-]0[-]x\n");
-    bench_.files.SetContents(kFiles[1], "0[-]0[-]DMK_01A.BMS\r8[-]1[-]a.bms\r1[-]x[-]y\r");
+    bench_.memory.SetContents(kFiles[0],
+                              "[Settings]\ncboMods=Team Sabre\ntxtGametype=Nowhere\nlstMax=7\n"
+                              "Map0=0[-]0[-]DMK_01A.BMS\nMap1=5[-]1[-]sv.bms\nMap2=0[-]0[-]x\n");
+    bench_.memory.SetContents(kFiles[1], "0[-]0[-]DMK_01A.BMS\r8[-]1[-]a.bms\r1[-]x[-]y\r");
     bench_.toolkit.while_message_open = [this](const headless::ShownMessage&) {
       if (host_calls_in_ == 0 || boxes_ == kMostOpenBoxes) return;
       --host_calls_in_;
@@ -89,7 +89,8 @@ class Play {
   void Step() {
     // A gesture that nobody could make is refused and changes nothing.
     Attempt([&] { return Byte() % 3 == 0 ? HostCall() : Gesture(), true; });
-    if (boxes_ == 0) Check();
+    // Every beginning of an input is an input too.
+    if (boxes_ == 0 && AtEnd()) Check();
   }
 
   void Gesture() {
@@ -162,9 +163,9 @@ class Play {
         });
       case 1:
       case 2:
-        return bench_.plug_in.RemoteData(Pick(replies));
+        return bench_.plug_in().RemoteData(Pick(replies));
       case 3:
-        return bench_.plug_in.HideInterface();
+        return bench_.plug_in().HideInterface();
       case 4:
         return bench_.SetRights(Byte());
       case 5:
@@ -181,11 +182,9 @@ class Play {
   // What may be older than it should stays so until it is seen to agree again.
   void Check() {
     const auto messages = bench_.toolkit.TakeMessages();
-    const auto& dialogs = bench_.toolkit.file_dialogs();
-    is_older_ = is_older_ || dialogs.size() != seen_dialogs_ || host_calls_in_ != 0 ||
+    is_older_ = is_older_ || !bench_.toolkit.TakeFileDialogs().empty() || host_calls_in_ != 0 ||
                 std::ranges::any_of(
                     messages, [](const auto& message) { return message.caption == u"DLL Error!"; });
-    seen_dialogs_ = dialogs.size();
     bench_.CheckInvariants(
         {.rotation_is_shown = !is_older_, .available_maps_are_shown = !is_older_});
     if (!is_older_) return;
@@ -197,11 +196,10 @@ class Play {
 
   const std::uint8_t* next_;
   const std::uint8_t* end_;
-  PluginBench bench_;
+  PluginBench& bench_ = PluginBench::Fresh();
   unsigned host_calls_in_ = 0;  // for the boxes to come
   int boxes_ = 0;               // open, with a host call in them
   bool is_older_ = false;
-  std::size_t seen_dialogs_ = 0;
 };
 
 }  // namespace

@@ -3,16 +3,12 @@
 
 #include <algorithm>
 
+#include "dialog/option_table.h"
 #include "host/remote/settings_reply.h"
 #include "plugin/operator_rights.h"
 
 namespace quill::fuzz {
 namespace {
-
-class Target final : public HostArray {
- public:
-  [[nodiscard]] Text ElementText(std::int32_t) const override { return u"abc"; }
-};
 
 class Rights final : public HostCollection {
  public:
@@ -42,15 +38,62 @@ const host::Scenario& Machine() {
   return machine;
 }
 
+PluginBench& PluginBench::Fresh() {
+  static PluginBench bench;
+  bench.Reset();
+  return bench;
+}
+
 PluginBench::PluginBench() {
-  files.MakeFolders(u"C:\\Host\\imgs");
-  files.SetContents(Concat({u"C:\\Host", host::kReleasedPicturePath}), host::kReleasedPicture);
-  files.SetContents(Concat({u"C:\\Host", host::kPressedPicturePath}), host::kPressedPicture);
+  make_file_kit = [this] { return std::make_unique<host::BreakableFileKit>(host_kit, script); };
+}
+
+void PluginBench::Reset() {
+  toolkit.RunDeferred();
+  script.Mend();
+  clock.Set(1);
+  person.now = 0;
+  toolkit.while_message_open = nullptr;
+  toolkit.while_file_dialog_open = nullptr;
+  module.dialog.maps = {};
+  Open([&] {
+    frmrcBHDGS& dialog = *module.dialog.dialog;
+    while (toolkit.unused_answers() != 0) (void)toolkit.ShowFileDialog(dialog, {});
+    person.ClickTab(u"Server Settings");
+    for (const auto& control : dialog.controls()) control->SetEnabled(true);
+    for (const Option& option : Options()) {
+      ui::Control& control = dialog.At(option.key);
+      if (auto* text = dynamic_cast<ui::TextBox*>(&control)) text->SetText(option.initial_text);
+      if (auto* check = dynamic_cast<ui::CheckBox*>(&control))
+        check->SetValue(option.initial_state);
+      if (auto* list = dynamic_cast<ui::ListBox*>(&control)) {
+        list->SetTopIndex(0);
+        list->SetListIndex(-1);
+      }
+    }
+    dialog.Get<ui::ComboBox>(u"cboMods").Clear();
+    dialog.txtGametype.SetText(u"Deathmatch");
+    for (ui::ListBox* const list : {&dialog.lstAvlMaps, &dialog.lstSelMaps}) {
+      list->Clear();
+      list->SetTooltip({});
+    }
+    dialog.lblMapCnt.SetCaption(u"Number of Maps: 0");
+    return false;
+  });
+  module.remote.PendingCommand.clear();
+  toolkit.SetScreenPointer(ui::Pointer::kDefault);
+  static_cast<void>(TakeFailures());
+  static_cast<void>(toolkit.TakeFileDialogs());
+  static_cast<void>(script.TakeLog());
+  static_cast<void>(script.TakeReports());
+  for (const Text& path : memory.FilePaths()) {
+    if (!path.ends_with(u".gif")) memory.RemoveFile(path);
+  }
 }
 
 void PluginBench::Open(std::function<bool()> pump) {
   auto outer = std::exchange(toolkit.pump, std::move(pump));
-  plug_in.LoadInterface(3, 0, Target());
+  plug_in().LoadInterface(3, 0, host::HostTexts({u"", u"abc"}));
   toolkit.pump = std::move(outer);
 }
 
@@ -59,7 +102,7 @@ void PluginBench::WhileFilled(const std::function<void()>& use) {
   bool used = false;
   Open([&] {
     if (std::exchange(used, true)) return false;
-    plug_in.RemoteData(reply);
+    plug_in().RemoteData(reply);
     Claim(toolkit.TakeMessages().empty());
     CheckInvariants();
     use();
@@ -69,7 +112,7 @@ void PluginBench::WhileFilled(const std::function<void()>& use) {
 }
 
 void PluginBench::SetRights(unsigned granted_bits) {
-  plug_in.SetPrivis(std::make_shared<Rights>(granted_bits), nullptr, false);
+  plug_in().SetPrivis(std::make_shared<Rights>(granted_bits), nullptr, false);
 }
 
 void PluginBench::Use(TextView button, TextView path) {

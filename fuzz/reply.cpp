@@ -9,14 +9,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace quill::fuzz;
   static const Text good_reply = host::SettingsReply(Machine());
   const Text payload = TextOf(data, size);
-  PluginBench bench;
+  PluginBench& bench = PluginBench::Fresh();
   bench.SetRights(size == 0 ? 0U : data[0]);
   bench.module.remote.PendingCommand = kLoadFormCommand;
-  bench.plug_in.RemoteData(host::WriteFrame(payload));
+  bench.plug_in().RemoteData(host::WriteFrame(payload));
   const int failures = bench.TakeFailures();
-  Claim(failures <= 1);
+  // Selecting the mod may fail to list the maps, which is reported by itself, before a later field
+  // fails.
+  Claim(failures <= 2);
   const auto fields = Split(payload, u"_");
-  Claim(failures == 1 || fields.size() == 26 || fields.size() >= 33);
+  Claim(failures >= 1 || fields.size() == 26 || fields.size() >= 33);
   if (failures == 0) {
     const auto items = Split(fields[25], u"|");
     const auto maps =
@@ -28,7 +30,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (frmrcBHDGS* dialog = bench.module.dialog.dialog.get()) {
     dialog->Get<ui::ComboBox>(u"cboMods").Clear();
   }
-  bench.plug_in.RemoteData(good_reply);
+  bench.plug_in().RemoteData(good_reply);
   Claim(bench.TakeFailures() == 0);
   bench.CheckInvariants();
   return 0;

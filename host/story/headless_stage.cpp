@@ -207,9 +207,8 @@ class HeadlessStage final : public Stage {
   }
   [[nodiscard]] std::vector<SeenBox> TakeFileDialogs() override {
     std::vector<SeenBox> seen;
-    const auto& dialogs = host_.toolkit.file_dialogs();
-    for (; told_dialogs_ < dialogs.size(); ++told_dialogs_) {
-      seen.push_back({dialogs[told_dialogs_].title, dialogs[told_dialogs_].initial_folder});
+    for (const auto& dialog : host_.toolkit.TakeFileDialogs()) {
+      seen.push_back({dialog.title, dialog.initial_folder});
     }
     return seen;
   }
@@ -238,7 +237,6 @@ class HeadlessStage final : public Stage {
  private:
   KitScript script_;
   HeadlessHost host_;
-  std::size_t told_dialogs_ = 0;
   int open_boxes_ = 0;
   bool view_may_be_older_ = false;  // after these and a failure, until it agrees again
 };

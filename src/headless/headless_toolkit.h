@@ -52,8 +52,8 @@ class HeadlessToolkit final : public ui::Toolkit {
   // --- what can be seen -----------------------------------------------------------------------
   [[nodiscard]] const std::vector<ShownMessage>& messages() const noexcept { return messages_; }
   [[nodiscard]] std::vector<ShownMessage> TakeMessages() { return std::exchange(messages_, {}); }
-  [[nodiscard]] const std::vector<ui::FileDialogRequest>& file_dialogs() const noexcept {
-    return file_dialogs_;
+  [[nodiscard]] std::vector<ui::FileDialogRequest> TakeFileDialogs() {
+    return std::exchange(file_dialogs_, {});
   }
   // The items of the last menu: "CAPTION | KEY", in parentheses when grey.
   [[nodiscard]] const std::vector<Text>& menu() const noexcept { return menu_; }

@@ -68,6 +68,18 @@ class Kinds {
   unsigned bits_ = ~0u;
 };
 
+bool Shows(const std::vector<MirroredRow>& rows, const ui::ListBox& list) {
+  if (list.Count() != std::ssize(rows)) return false;
+  for (int row = 0; row < list.Count(); ++row) {
+    const MirroredRow& mirrored = rows[static_cast<std::size_t>(row)];
+    if (mirrored.text != list.Item(row) || mirrored.data != list.ItemData(row) ||
+        mirrored.selected != list.IsSelected(row)) {
+      return false;
+    }
+  }
+  return true;
+}
+
 constexpr Kinds kWithRows = {ControlKind::kListBox, ControlKind::kComboBox, ControlKind::kTabStrip};
 constexpr Kinds kWithCaption = {ControlKind::kForm, ControlKind::kFrame, ControlKind::kLabel,
                                 ControlKind::kCheckBox, ControlKind::kCommandButton};
@@ -223,10 +235,13 @@ const MirrorPeer* MirrorPeer::Obstacle() const noexcept {
 TextView MirrorPeer::StaleSide() const {
   MirrorPeer whole(control_, nullptr);
   whole.Sync(Changes::kBounds | Changes::kEnabled | Changes::kVisible | Changes::kTooltip |
-             Changes::kText | Changes::kValue | Changes::kRows | Changes::kSelection |
-             Changes::kTopRow | Changes::kPicture | Changes::kPointer | Changes::kFont |
-             Changes::kColour | Changes::kLimit | Changes::kTabIndex);
-  const bool held_back = control_.kind() == ControlKind::kListBox && !control_.visible();
+             Changes::kText | Changes::kValue | Changes::kTopRow | Changes::kPicture |
+             Changes::kPointer | Changes::kFont | Changes::kColour | Changes::kLimit |
+             Changes::kTabIndex);
+  // A list's rows are many: they are compared where they are.
+  const auto* const list = dynamic_cast<const ui::ListBox*>(&control_);
+  if (list == nullptr) whole.Sync(Changes::kRows | Changes::kSelection);
+  const bool held_back = list != nullptr && !list->visible();
   const struct {
     TextView name;
     bool is_same;
@@ -244,8 +259,8 @@ TextView MirrorPeer::StaleSide() const {
       {u"colour", colour_ == whole.colour_ && transparent_ == whole.transparent_},
       {u"picture", picture_ == whole.picture_},
       {u"pointer", pointer_ == whole.pointer_},
-      {u"rows", held_back || rows_ == whole.rows_},
-      {u"index", held_back || current_ == whole.current_},
+      {u"rows", held_back || (list != nullptr ? Shows(rows_, *list) : rows_ == whole.rows_)},
+      {u"index", held_back || current_ == (list != nullptr ? list->ListIndex() : whole.current_)},
       {u"top", held_back || top_row_ == whole.top_row_},
       {u"order", StacksLikeControl()},
   };

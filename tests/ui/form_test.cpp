@@ -260,7 +260,7 @@ TEST_F(FormTest, AnswersOfTheFileDialogAreTheFirstPathOrNothing) {
   EXPECT_EQ(dialog.ShowSave(), u"");
   EXPECT_EQ(dialog.request.file_name, u"");
 
-  const auto& asked = bench.toolkit.file_dialogs();
+  const auto asked = bench.toolkit.TakeFileDialogs();
   ASSERT_EQ(asked.size(), 2u);
   EXPECT_EQ(asked[0].file_name, u"proposed");
   EXPECT_FALSE(asked[0].save);
