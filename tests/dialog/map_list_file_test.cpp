@@ -58,6 +58,29 @@ TEST(MapListFile, ACarriageReturnEndsALineAndALoneLineFeedDoesNot) {
             "DMK_01A.BMS ");
 }
 
+// Files go beyond what can be added; adding stays refused until there is room again.
+TEST(MapListFile, MayHoldMoreMapsThanCanBeAdded) {
+  FileActionsBench bench;
+  std::string bytes;
+  for (int i = 0; i < 257; ++i) bytes += "0[-]0[-]DMK_01A.BMS\r\n";
+  bench.Write(u"long.mpl", bytes);
+  bench.Show([&](frmrcBHDGS&) {
+    bench.LoadMaps(u"long.mpl");
+    const auto add = [&] { bench.person.DoubleClickRow(u"lstAvlMaps", 0); };
+    const Strings refused = {"Failed!|You cannot add more than 255 maps!"};
+    add();
+    EXPECT_EQ(bench.Boxes(), refused);
+    EXPECT_EQ(bench.rotation().size(), 257u);
+    bench.person.SelectRows(u"lstSelMaps", {0, 7, 256});
+    bench.person.Key(u"lstSelMaps", u'-');
+    add();
+    EXPECT_EQ(bench.Boxes(), Strings{});
+    EXPECT_EQ(bench.rotation().size(), 255u);
+    add();
+    EXPECT_EQ(bench.Boxes(), refused);
+  });
+}
+
 TEST(MapListFile, ALineEndMayLieAnywhereInALongFile) {
   FileActionsBench bench;
   const std::string line = "0[-]0[-]DMK_01A.BMS";

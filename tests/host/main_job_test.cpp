@@ -3,8 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+
 #include "headless/memory_file_system.h"
 #include "host/kit/memory_storage.h"
+#include "host/remote/request_envelope.h"
+#include "host/remote/settings_reply.h"
+#include "host/remote/wire.h"
 #include "host/story/headless_stage.h"
 
 namespace quill::host {
@@ -52,6 +58,34 @@ TEST(MainJob, WhatTheMachineTellsComesBackInItsRecord) {
   }
   EXPECT_FALSE(Has(played.told, "box:")) << played.told;
   EXPECT_FALSE(Has(played.told, "error")) << played.told;
+}
+
+std::string Bytes(const std::string& path) {
+  std::ifstream stream(QUILL_SOURCE_DIR "/" + path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+// Loaded into the machine's dialog, the shipped settings are saved and sent as the golden files
+// say. A line break in that of the payload stands for nothing.
+TEST(GoldenFiles, OneSettingsFileAndOneStartPayload) {
+  const std::unique_ptr<Stage> stage = MakeHeadlessStage();
+  const auto in_root = [&](TextView file) { return Concat({stage->HostRoot(), u"\\", file}); };
+  stage->PutFile(in_root(u"a.hsf"), Bytes("scenarios/quick-start.hsf"));
+  stage->LoadInterface(1, {u"", u"t"}, [&] {
+    stage->RemoteData(SettingsReply(ParseScenario(Bytes("scenarios/quick-start.scenario"))));
+    stage->AnswerFileDialog({in_root(u"a.hsf")});
+    stage->AnswerFileDialog({in_root(u"b.hsf")});
+    for (const TextView button : {u"cmdLoad", u"cmdSave", u"cmdStart"}) {
+      stage->Release(Text(button), Button::kLeft);
+    }
+    return false;
+  });
+  EXPECT_EQ(stage->FileContent(in_root(u"b.hsf")), Bytes("tests/golden/settings.hsf"));
+  const std::string request =
+      stage->FileContent(in_root(u"RCData\\reply_kvrBHDGS_StartGameRem.txt")).value_or("");
+  std::string golden = Bytes("tests/golden/start-payload.txt");
+  std::erase(golden, '\n');
+  EXPECT_EQ(ToUtf8(ReadFrame(ParseRequestEnvelope(FromUtf8(request)).frame)), golden);
 }
 
 TEST(MainJob, FixedValuesRuleWhereTheOperatorMayNotChange) {

@@ -1,0 +1,62 @@
+// What always holds: a plug-in that is broken on purpose is noticed, each time by its own line.
+#include "headless/plugin_invariants.h"
+
+#include <gtest/gtest.h>
+
+#include "headless/mirror_peer.h"
+#include "tests/dialog/file_actions_bench.h"
+
+namespace quill {
+namespace {
+
+TEST(PluginInvariants, EachBreachIsNoticed) {
+  const struct {
+    const char* told;
+    void (*breach)(FileActionsBench& bench, frmrcBHDGS& dialog);
+  } cases[] = {
+      {"", [](auto&, auto&) {}},
+      {"PendingCommand is 'x'", [](auto& b, auto&) { b.module.remote.PendingCommand = u"x"; }},
+      {"lstSelMaps: 0 rows for 1 maps",
+       [](auto& b, auto&) {
+         b.context.maps.selected.Append({u"A", u"a.bms", 0, false});
+       }},
+      {"A change of the rotation cannot be undone",
+       [](auto& b, auto&) {
+         b.context.maps.selected.Append({u"A", u"a.bms", 0, false});
+       }},
+      {"lstAvlMaps: not the maps of the game type shown",
+       [](auto&, auto& d) { d.txtGametype.SetText(u"Flagball"); }},
+      {"lstAvlMaps: 'x' is not the count", [](auto&, auto& d) { d.lstAvlMaps.SetTooltip(u"x"); }},
+      {"lblMapCnt: 'x' instead of", [](auto&, auto& d) { d.lblMapCnt.SetCaption(u"x"); }},
+      {"fmeMap: shown without its tab", [](auto&, auto& d) { d.fmeMap.SetVisible(true); }},
+      {"A map list is hidden", [](auto&, auto& d) { d.lstSelMaps.SetVisible(false); }},
+      {"The dialog is disabled", [](auto&, auto& d) { d.SetEnabled(false); }},
+      {"The tab strip's background is not drawn",
+       [](auto& b, auto& d) { b.toolkit.UnhookTabBackground(d.tsMain); }},
+      {"cmdStart: the caption is neither pressed nor released",
+       [](auto&, auto& d) { d.At(u"cmdStart").SetPlace(1, 1); }},
+      {"txtName: another text is shown than the model holds",
+       [](auto&, auto& d) { headless::MirrorOf(d.At(u"txtName")).ChangeText(u"x"); }},
+      {"lstMax: another rows is shown than the model holds",
+       [](auto&, auto& d) { headless::MirrorOf(d.At(u"lstMax")).ChangeSelection({3}, -1); }},
+      {"lstMax: another index is shown than the model holds",
+       [](auto&, auto& d) { headless::MirrorOf(d.At(u"lstMax")).ChangeSelection({}, 3); }},
+  };
+  for (const auto& [told, breach] : cases) {
+    FileActionsBench bench;
+    bench.Show([&, breach = breach, told = told](frmrcBHDGS& dialog) {
+      dialog.BuildMapList();
+      breach(bench, dialog);
+      std::string all;
+      for (const Text& what : headless::BrokenInvariants(bench.module, bench.toolkit)) {
+        all += ToUtf8(what) + "\n";
+      }
+      EXPECT_NE(all.find(told), std::string::npos) << told << "\n  gave: " << all;
+      EXPECT_EQ(all.empty(), *told == '\0') << all;
+      dialog.SetEnabled(true);
+    });
+  }
+}
+
+}  // namespace
+}  // namespace quill
