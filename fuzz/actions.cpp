@@ -9,7 +9,7 @@
 namespace quill::fuzz {
 namespace {
 
-constexpr std::size_t kMostBytes = 256;
+constexpr std::size_t kMostBytes = 96;
 constexpr int kMostOpenBoxes = 3;
 
 constexpr TextView kTextBoxes[] = {u"txtMessage", u"txtName",    u"txtCountry", u"txtBlue",

@@ -35,7 +35,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       const auto account = host::AccountOfSettings(BytesOf(data, size), conditions);
       Claim(failures != 0 || account.maps == std::size_t(rotation.Count()));
     }
-    if (failures != 0 || HasSurrogates(TextOf(data, size))) return;
+    // Saving writes the file anew for each key: a part of the inputs must do.
+    if (failures != 0 || size % 8 != 0 || HasSurrogates(TextOf(data, size))) return;
     const auto maps = rotation.maps();
     bench.Use(u"cmdSave", kSaved);
     bench.Use(u"cmdLoad", kSaved);

@@ -3,13 +3,13 @@
 #include <cstdio>
 #include <string>
 
+#include "bench/win32/opening_speed.h"
 #include "host/kit/disk_storage.h"
 #include "host/kit/error_journal.h"
 #include "host/kit/file_kit.h"
 #include "maps/map_catalogue.h"
 #include "remote/request_file.h"
 #include "remote/start_command.h"
-#include "tests/win32/opening_speed.h"
 
 namespace quill {
 namespace {

@@ -144,46 +144,6 @@ TEST_F(DialogWindows, CheckBoxesFollowTheModelOnly) {
   });
 }
 
-TEST_F(DialogWindows, ARotationIsComposedByMouseAndKeys) {
-  Show([&](frmrcBHDGS&) {
-    PickMod(u"Team Sabre");
-    robot.ClickTab(u"Map Settings");
-    const int available = std::stoi(ToUtf8(Seen(u"lstAvlMaps", u"count")));
-    ASSERT_GT(available, 6);
-    EXPECT_EQ(Seen(u"lstAvlMaps", u"data 0"), u"0");
-    EXPECT_TRUE(Seen(u"lstAvlMaps", u"tooltip").starts_with(u"Maps: "));
-
-    robot.SelectRows(u"lstAvlMaps", {0, 2, 5});
-    EXPECT_EQ(Seen(u"lstAvlMaps", u"selected"), u"0 2 5");
-    robot.Key(u"lstAvlMaps", u'+');
-    EXPECT_EQ(Seen(u"lstSelMaps", u"count"), u"3");
-    EXPECT_EQ(Seen(u"lstSelMaps", u"item 1"), Seen(u"lstAvlMaps", u"item 2"));
-    EXPECT_EQ(Seen(u"lblMapCnt", u"caption"), u"Number of Maps: 3");
-    EXPECT_EQ(Seen(u"lstAvlMaps", u"selected"), u"0 2 5") << "adding leaves the choice alone";
-
-    robot.DoubleClickRow(u"lstAvlMaps", available - 1);
-    EXPECT_EQ(Seen(u"lstSelMaps", u"count"), u"4");
-    EXPECT_NE(Seen(u"lstAvlMaps", u"top"), u"0");
-
-    const Text kept = Seen(u"lstSelMaps", u"item 1");
-    robot.SelectRows(u"lstSelMaps", {0, 2});
-    EXPECT_EQ(Seen(u"lstSelMaps", u"tooltip"), u"Deathmatch");
-    robot.Key(u"lstSelMaps", u'-');
-    EXPECT_EQ(Seen(u"lstSelMaps", u"count"), u"2");
-    EXPECT_EQ(Seen(u"lstSelMaps", u"item 0"), kept);
-    EXPECT_EQ(Seen(u"lstSelMaps", u"selected"), u"");
-    EXPECT_EQ(robot.Focused(), u"lstSelMaps") << "the list was hidden while it was refilled";
-
-    robot.DoubleClickRow(u"lstSelMaps", -1);
-    EXPECT_EQ(Seen(u"lstSelMaps", u"count"), u"2");
-    robot.DoubleClickRow(u"lstSelMaps", 0);
-    EXPECT_EQ(Seen(u"lstSelMaps", u"count"), u"1");
-    robot.Click(u"cmdRandomize");
-    EXPECT_EQ(Seen(u"lstSelMaps", u"count"), u"1");
-    EXPECT_TRUE(boxes.empty());
-  });
-}
-
 TEST_F(DialogWindows, ImageButtonsShowThePressAndActOnTheRelease) {
   Show([&](frmrcBHDGS&) {
     robot.ClickTab(u"Map Settings");
@@ -353,31 +313,6 @@ TEST_F(DialogWindows, TheBodyOfTheTabStripHasTheColourOfTheFrames) {
     RedrawWindow(robot.FormWindow(), nullptr, nullptr,
                  RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
     EXPECT_EQ(pixel_at(x, y), GetSysColor(COLOR_BTNFACE));
-  });
-}
-
-// Leaves pictures of the three pages for people to look at, where a folder is named.
-TEST_F(DialogWindows, LooksOfOnePiece) {
-  Show([&](frmrcBHDGS&) {
-    const char* folder = std::getenv("QUILL_PICTURES");
-    const auto take = [&](const char* name) {
-      DrainMessages();
-      const host::Pixels shown = host::TakeWindow(robot.FormWindow());
-      EXPECT_GT(std::set<std::uint32_t>(shown.values.begin(), shown.values.end()).size(), 8u);
-      if (folder != nullptr) host::WritePng(shown, std::filesystem::path(folder) / name);
-    };
-    take("empty.png");
-    PickMod(u"Team Sabre");
-    robot.Type(u"txtName", u"A server");
-    robot.ScrollBy(u"lstMax", 3);
-    take("server.png");
-    robot.ClickTab(u"Map Settings");
-    robot.SelectRows(u"lstAvlMaps", {0, 2, 5});
-    robot.Key(u"lstAvlMaps", u'+');
-    robot.Press(u"cmdLoadMaps", Button::kLeft);
-    take("map.png");
-    robot.ClickTab(u"Misc Options");
-    take("misc.png");
   });
 }
 

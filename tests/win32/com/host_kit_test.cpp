@@ -44,45 +44,6 @@ class HostKit : public PluginBench {
   ComPtr<IPlugin> plugin_;
 };
 
-TEST_F(HostKit, MissingKitsAreReportedAndEveryMemberStillAnswers) {
-  plugin_ = Create();
-  EXPECT_EQ(Reports(), Reported({"SubMain: Error 429: Component cannot create object: "
-                                 "rcFileKit.clsFileKit, not sent"}));
-  Bstr version;
-  EXPECT_EQ(plugin_->dllVersion(nullptr, version.address()), S_OK);
-  EXPECT_EQ(version.view(), u"1.1.2");
-  Variant target = ArrayOfVariants({u"", u"abc"});
-  EXPECT_EQ(plugin_->LoadInterface(3, 0, target.get(), nullptr), S_OK);
-  const Reported opening = Reports();
-  ASSERT_EQ(opening.size(), 1u);
-  EXPECT_TRUE(opening.front().starts_with("LoadInterface: Error ")) << opening.front();
-  EXPECT_FALSE(robot.FormShown());
-}
-
-TEST_F(HostKit, AKitThatRefusesToStartIsReportedByName) {
-  before_creation = [](TextView name) {
-    if (name == u"rcMemKit.clsMemKit") throw RuntimeError(ErrorNumber::kPermissionDenied);
-  };
-  OfferKits();
-  plugin_ = Create();
-  EXPECT_EQ(Reports(), Reported({"SubMain: Error 429: Component cannot create object: "
-                                 "rcMemKit.clsMemKit, sent"}));
-  ASSERT_EQ(kit.reports.size(), 1u);
-  EXPECT_EQ(kit.reports[0].number, u"429");
-  EXPECT_EQ(kit.reports[0].library, u"kvrrcBHDGS.dll 1.1.2");
-  EXPECT_EQ(kit.reports[0].label, u"SubMain");
-  EXPECT_EQ(kit.reports[0].reserved, u"0");
-  EXPECT_GT(kit.reports[0].line, 0);
-  ASSERT_EQ(kit.log.size(), 1u);
-  EXPECT_EQ(kit.log[0].library, u"kvrrcBHDGS.dll");
-  EXPECT_EQ(kit.log[0].number, 429);
-  EXPECT_EQ(kit.log[0].line, kit.reports[0].line);
-  // The file kit came first and works.
-  Open();
-  EXPECT_EQ(kit.files.size(), 1u);
-  EXPECT_TRUE(Reports().empty());
-}
-
 TEST_F(HostKit, ItsErrorsArriveWithNumberAndDescription) {
   OfferKits();
   plugin_ = Create();
@@ -105,20 +66,6 @@ TEST_F(HostKit, ItsErrorsArriveWithNumberAndDescription) {
     boxes.clear();
   }
   EXPECT_FALSE(robot.FormShown());
-}
-
-TEST_F(HostKit, TheWholeConversationKeepsTheContract) {
-  OfferKits();
-  plugin_ = Create();
-  Open([&] {
-    Reply(SettingsReply().Frame());
-    EXPECT_EQ(robot.Read(u"txtName", u"text"), u"Night Server");
-    EXPECT_EQ(robot.Read(u"cboMods", u"item 1"), u"Team Sabre");
-  });
-  EXPECT_TRUE(Reports().empty());
-  ASSERT_EQ(kit.files.size(), 1u);
-  EXPECT_EQ(kit.files[0].text, u"Plugin_kvrBHDGS_GetGameSettingsRem_abc_VB6_3");
-  EXPECT_TRUE(kit.files[0].path.ends_with(u"\\RCData\\reply_kvrBHDGS_GetGameSettingsRem.txt"));
 }
 
 // Kits that another author wrote, and wrote differently.
