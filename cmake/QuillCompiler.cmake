@@ -109,6 +109,14 @@ elseif(WIN32)
     # base that is derived from the output path.
     -Wl,--no-insert-timestamp
     -Wl,--disable-auto-image-base)
+  # An exception that nobody catches ends the process at once. The default handler prints its
+  # readable name first, for which it brings a demangler along, on a console that hosts do not have.
+  set(underscore "")
+  if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    set(underscore "_")
+  endif()
+  target_link_options(quill_dll_flags INTERFACE "-Wl,--defsym=\
+${underscore}_ZN9__gnu_cxx27__verbose_terminate_handlerEv=${underscore}abort")
   if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     # The entry points are exported without the decoration that their calling convention adds.
     target_link_options(quill_dll_flags INTERFACE -Wl,--enable-stdcall-fixup)
