@@ -50,6 +50,8 @@ frmrcBHDGS::frmrcBHDGS(DialogContext& context)
       context_(context),
       start_wait_(*this, Frame3, context.clock) {
   tsMain.SetBounds({0, 0, kClientWidth, kClientHeight});
+  // The pages' lower edges lie on the frame below them.
+  for (ui::Frame* page : {&fmeServer, &fmeMap, &fmeMisc}) page->BringToFront();
   txtGametype.SetBounds({1080, 240, 2415, 300});
   txtGametype.SetText(kGameTypeNames[0]);
   txtGametype.SetAccessibleName(u"Game Type");
