@@ -1,5 +1,7 @@
 #include "host/win32/high_contrast.h"
 
+#include <commctrl.h>
+
 #include <cstring>
 #include <iterator>
 
@@ -50,12 +52,14 @@ COLORREF SchemeColour(int index) {
     case COLOR_MENUTEXT:
     case COLOR_CAPTIONTEXT:
     case COLOR_HIGHLIGHTTEXT:
-    case COLOR_BTNHIGHLIGHT:
-    case COLOR_BTNSHADOW:
     case COLOR_3DDKSHADOW:
     case COLOR_3DLIGHT:
     case COLOR_WINDOWFRAME:
       return RGB(255, 255, 255);
+    case COLOR_BTNHIGHLIGHT:
+      return RGB(192, 192, 192);
+    case COLOR_BTNSHADOW:
+      return RGB(128, 128, 128);
     case COLOR_INFOTEXT:
       return RGB(255, 255, 0);
     case COLOR_HIGHLIGHT:
@@ -94,6 +98,11 @@ void HighContrast::Tell(const std::array<COLORREF, kColours>& colours) const {
   std::array<INT, kColours> indices{};
   for (int index = 0; index < kColours; ++index) indices[static_cast<std::size_t>(index)] = index;
   SetSysColors(kColours, indices.data(), colours.data());
+  // The library of common controls keeps the colours, and hears of new ones through a control.
+  const HWND listener = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_POPUP, 0, 0, 0, 0, nullptr,
+                                        nullptr, nullptr, nullptr);
+  SendMessageW(listener, WM_SYSCOLORCHANGE, 0, 0);
+  DestroyWindow(listener);
   SendMessageW(form_, WM_SYSCOLORCHANGE, 0, 0);
   SendMessageW(form_, WM_SETTINGCHANGE, SPI_SETHIGHCONTRAST, 0);
 }
