@@ -76,10 +76,16 @@ Page custom AskScope LeaveScope
 !macro SharedFunctions un
 
 ; The registry of 64-bit Windows is looked at as its own programs see it.
-Function ${un}KnowSystem
+Function ${un}ChooseView
   ${If} ${RunningX64}
     SetRegView 64
+  ${Else}
+    SetRegView 32
   ${EndIf}
+FunctionEnd
+
+Function ${un}KnowSystem
+  Call ${un}ChooseView
   StrCpy $Administrator 0
   UserInfo::GetAccountType
   Pop $0
@@ -148,20 +154,22 @@ FunctionEnd
 
 ; Removes the registration of the libraries in $INSTDIR, and of no others.
 Function ${un}Unregister
-  StrCpy $5 ""
-  !insertmacro FindRegistration 32
-  !insertmacro FindRegistration 64
-  ${If} $5 != ""
-    !insertmacro RunRegistration x86 "/u" "$SYSDIR"
-    ${If} ${IsNativeAMD64}
-      !insertmacro RunRegistration x64 "/u" "$WINDIR\Sysnative"
-    ${EndIf}
-    ; Also where a library is damaged or gone.
-    !insertmacro RemoveRegistration 32
-    !insertmacro RemoveRegistration 64
+  !insertmacro RunRegistration x86 "/u" "$SYSDIR"
+  ${If} ${IsNativeAMD64}
+    !insertmacro RunRegistration x64 "/u" "$WINDIR\Sysnative"
   ${EndIf}
-  ${IfNot} ${RunningX64}
-    SetRegView 32
+  ; Also where a library is damaged or gone.
+  StrCpy $5 0
+  !insertmacro RemoveRegistration 32 x86
+  !insertmacro RemoveRegistration 64 x64
+  Call ${un}ChooseView
+  ; What both bitnesses share goes with the last of them.
+  ${If} $5 = 0
+    ReadRegStr $2 SHCTX "Software\Classes\kvrrcBHDGS.clsPlugin\CLSID" ""
+    ${If} $2 == "${CLASS_ID}"
+      DeleteRegKey SHCTX "Software\Classes\kvrrcBHDGS.clsPlugin"
+    ${EndIf}
+    DeleteRegKey SHCTX "Software\Classes\TypeLib\${TYPE_LIBRARY_ID}"
   ${EndIf}
 FunctionEnd
 
@@ -237,23 +245,24 @@ FunctionEnd
   ${EndIf}
 !macroend
 
-; Notes in $5 the view in which one of our libraries stands as the class's file.
-!macro FindRegistration view
+; What is registered in the view goes where it is one of our libraries; $5 is 1 where it is another.
+!macro RemoveRegistration view architecture
   SetRegView ${view}
   ReadRegStr $2 SHCTX "Software\Classes\CLSID\${CLASS_ID}\InprocServer32" ""
   ${If} $2 == "$INSTDIR\x86\${LIBRARY}"
   ${OrIf} $2 == "$INSTDIR\x64\${LIBRARY}"
-    StrCpy $5 "$5${view}"
-  ${EndIf}
-!macroend
-
-!macro RemoveRegistration view
-  ${If} $5 == "${view}"
-  ${OrIf} $5 == "3264"
-    SetRegView ${view}
     DeleteRegKey SHCTX "Software\Classes\CLSID\${CLASS_ID}"
-    DeleteRegKey SHCTX "Software\Classes\kvrrcBHDGS.clsPlugin"
-    DeleteRegKey SHCTX "Software\Classes\TypeLib\${TYPE_LIBRARY_ID}"
+    StrCpy $2 ""
+  ${EndIf}
+  ReadRegStr $3 SHCTX "Software\Classes\TypeLib\${TYPE_LIBRARY_ID}\${TYPE_LIBRARY_VERSION}\0\win${view}" ""
+  ${If} $3 == "$INSTDIR\${architecture}\${LIBRARY}"
+    DeleteRegKey SHCTX "Software\Classes\TypeLib\${TYPE_LIBRARY_ID}\${TYPE_LIBRARY_VERSION}\0\win${view}"
+    StrCpy $3 ""
+  ${EndIf}
+  ${If} "$2$3" == ""
+    DeleteRegKey SHCTX "Software\Classes\Interface\${INTERFACE_ID}"
+  ${Else}
+    StrCpy $5 1
   ${EndIf}
 !macroend
 
@@ -273,9 +282,13 @@ Function .onInit
     ; An installed version is brought up to date where it is.
     StrCpy $Scope "CurrentUser"
     Call EnterScope
-    ${If} $InstalledFolder == ""
-    ${AndIf} $Administrator = 1
-      StrCpy $Scope "AllUsers"
+    ; COM looks for no classes of a user's own on behalf of a program that runs as administrator, as
+    ; hosts do: all users are preselected. A silent run takes what its rights allow.
+    ${IfNot} ${Silent}
+    ${OrIf} $Administrator = 1
+      ${If} $InstalledFolder == ""
+        StrCpy $Scope "AllUsers"
+      ${EndIf}
     ${EndIf}
   ${EndIf}
   ${If} ${Silent}
@@ -319,6 +332,8 @@ Function AskScope
   Pop $ForAllUsers
   ${NSD_CreateRadioButton} 0 28u 100% 12u "Only for &me"
   Pop $ForCurrentUser
+  ${NSD_CreateLabel} 0 48u 100% 36u "A host that runs as administrator finds the plug-in only if it is installed for all users: Windows (COM) ignores a user's own classes there."
+  Pop $0
   ${If} $Scope == "AllUsers"
     ${NSD_Check} $ForAllUsers
     ${NSD_SetFocus} $ForAllUsers

@@ -83,6 +83,7 @@ file(WRITE "${OUT}/work/contents.txt" "${contents}\r\n")
 run(makensis -V2 -WX -NOCD
   "-DVERSION=${VERSION}" "-DSTAGE=${stage}" "-DCONTENTS=${OUT}/work/contents.txt"
   "-DOUTFILE=${OUT}/${name}-setup.exe" "-DCLASS_ID=${QUILL_CLASS_ID}"
+  "-DINTERFACE_ID=${QUILL_INTERFACE_ID}"
   "-DTYPE_LIBRARY_ID=${QUILL_LIBRARY_ID}" "-DTYPE_LIBRARY_VERSION=${QUILL_TYPE_LIBRARY_VERSION}"
   "${CMAKE_CURRENT_LIST_DIR}/installer.nsi")
 
