@@ -41,7 +41,7 @@ struct PlainHost {
   headless::MemoryFileSystem files;
   headless::HeadlessToolkit toolkit{files};
   headless::SettableClock clock{1};
-  DialogContext context{toolkit, files, clock, CodePage::Windows1252()};
+  Session context{toolkit, files, clock, CodePage::Windows1252()};
   PlainFileKit* kit = nullptr;
   headless::HeadlessOperator person{toolkit, [this] { return context.dialog.get(); }};
 

@@ -89,7 +89,7 @@ std::string Payload(int maps) {
 
 void HandleReply(benchmark::State& state, const std::string& payload) {
   PlainHost host;
-  RemoteContext context(host.context);
+  Session& context = host.context;
   host.kit->decompressed = FromUtf8(payload);
   const auto dialog = TakeDialog(host.context);
   auto& mods = dialog->Get<ui::ComboBox>(u"cboMods");

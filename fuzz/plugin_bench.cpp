@@ -55,9 +55,9 @@ void PluginBench::Reset() {
   person.now = 0;
   toolkit.while_message_open = nullptr;
   toolkit.while_file_dialog_open = nullptr;
-  module.dialog.maps = {};
+  module.maps = {};
   Open([&] {
-    frmrcBHDGS& dialog = *module.dialog.dialog;
+    frmrcBHDGS& dialog = *module.dialog;
     while (toolkit.unused_answers() != 0) (void)toolkit.ShowFileDialog(dialog, {});
     person.ClickTab(u"Server Settings");
     for (const auto& control : dialog.controls()) control->SetEnabled(true);
@@ -80,7 +80,7 @@ void PluginBench::Reset() {
     dialog.lblMapCnt.SetCaption(u"Number of Maps: 0");
     return false;
   });
-  module.remote.PendingCommand.clear();
+  module.PendingCommand.clear();
   toolkit.SetScreenPointer(ui::Pointer::kDefault);
   static_cast<void>(TakeFailures());
   static_cast<void>(toolkit.TakeFileDialogs());

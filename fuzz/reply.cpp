@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const Text payload = TextOf(data, size);
   PluginBench& bench = PluginBench::Fresh();
   bench.SetRights(size == 0 ? 0U : data[0]);
-  bench.module.remote.PendingCommand = kLoadFormCommand;
+  bench.module.PendingCommand = kLoadFormCommand;
   bench.plug_in().RemoteData(host::WriteFrame(payload));
   const int failures = bench.TakeFailures();
   // Selecting the mod may fail to list the maps, which is reported by itself, before a later field
@@ -23,11 +23,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto items = Split(fields[25], u"|");
     const auto maps =
         std::count_if(items.begin(), items.end(), [](TextView item) { return !IsBlank(item); });
-    Claim(bench.module.dialog.maps.server.Count() == maps);
+    Claim(bench.module.maps.server.Count() == maps);
   }
   bench.CheckInvariants({.available_maps_are_shown = false});
 
-  if (frmrcBHDGS* dialog = bench.module.dialog.dialog.get()) {
+  if (frmrcBHDGS* dialog = bench.module.dialog.get()) {
     dialog->Get<ui::ComboBox>(u"cboMods").Clear();
   }
   bench.plug_in().RemoteData(good_reply);

@@ -29,7 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     bench.Use(u"cmdLoad", kGiven);
     const int failures = bench.TakeFailures();
     bench.CheckInvariants({.rotation_is_shown = failures == 0, .available_maps_are_shown = false});
-    const auto& rotation = bench.module.dialog.maps.selected;
+    const auto& rotation = bench.module.maps.selected;
     // The checker loads the file into a dialog of its own, which costs more than all the rest.
     if (size % 32 == 0) {
       const auto account = host::AccountOfSettings(BytesOf(data, size), conditions);

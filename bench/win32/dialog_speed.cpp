@@ -43,7 +43,7 @@ void MeasureActions(NativeBench& bench) {
   host::DiskStorage storage([](TextView path) { return std::filesystem::path(path); });
   host::ErrorJournal journal(bench.context.HostRoot, bench.files, storage, {});
   bench.context.file_kit = std::make_unique<host::HostFileKit>(storage, journal);
-  RemoteContext remote(bench.context);
+  Session& remote = bench.context;
   bench.Show([&](frmrcBHDGS& dialog) {
     auto& mods = dialog.Get<ui::ComboBox>(u"cboMods");
     mods.Clear();
@@ -64,7 +64,7 @@ void MeasureActions(NativeBench& bench) {
     }
   });
   bench.context.dialog.reset();
-  bench.context.file_kit = std::make_unique<AbsentFileKit>();
+  bench.context.file_kit.reset();
 }
 
 }  // namespace

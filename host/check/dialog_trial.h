@@ -26,9 +26,9 @@ class DialogTrial final {
   // The bytes as the plug-in's own file system reads them.
   [[nodiscard]] std::unique_ptr<ByteReader> Reader(std::string_view bytes);
 
-  [[nodiscard]] frmrcBHDGS& dialog() { return *host_.module.dialog.dialog; }
-  [[nodiscard]] const MapLists& maps() const { return host_.module.dialog.maps; }
-  [[nodiscard]] const CodePage& code_page() const { return host_.module.dialog.code_page; }
+  [[nodiscard]] frmrcBHDGS& dialog() { return *host_.module.dialog; }
+  [[nodiscard]] const MapLists& maps() const { return host_.module.maps; }
+  [[nodiscard]] const CodePage& code_page() const { return host_.module.code_page; }
   [[nodiscard]] bool UsesTeamSabreMaps() const;
   // What the plug-in has reported since the dialog was filled, in order.
   [[nodiscard]] const std::vector<headless::LoggedFailure>& failures() const {

@@ -60,8 +60,7 @@ class HeadlessHost : private HostServices {
   HostFileKit host_kit{storage, journal};
   headless::KitWatch watch;
   mdlBHDGS module{{toolkit, files, paths, clock, CodePage::Windows1252(), *this}};
-  headless::HeadlessOperator person{toolkit,
-                                    [this]() -> ui::Form* { return module.dialog.dialog.get(); }};
+  headless::HeadlessOperator person{toolkit, [this]() -> ui::Form* { return module.dialog.get(); }};
 
   // Told before "CreateFileKit" and "CreateMemoryKit"; the object is not offered when it throws.
   std::function<void(TextView call)> before_create;

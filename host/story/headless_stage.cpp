@@ -231,7 +231,7 @@ class HeadlessStage final : public Stage {
     }
   }
   [[nodiscard]] std::optional<Text> PendingCommand() override {
-    return host_.module.remote.PendingCommand;
+    return host_.module.PendingCommand;
   }
 
  private:

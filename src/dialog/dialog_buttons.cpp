@@ -9,7 +9,7 @@ namespace quill {
 namespace {
 
 void StartGame(frmrcBHDGS& dialog) {
-  if (const auto start = dialog.context().start_game) start(dialog);
+  if (const auto start = dialog.session().start_game) start(dialog);
 }
 
 void Cancel(frmrcBHDGS& dialog) {
@@ -86,7 +86,7 @@ Text FaceName(const DialogButton& button) {
 // old one showing; the operator's press counts all the same.
 void ShowState(frmrcBHDGS& dialog, const DialogButton& button, TextView state) {
   try {
-    ui::SetButtonState(dialog, FaceName(button), state, dialog.context().HostRoot);
+    ui::SetButtonState(dialog, FaceName(button), state, dialog.session().HostRoot);
   } catch (...) {
   }
 }
@@ -114,7 +114,7 @@ std::span<const DialogButton> DialogButtons() noexcept {
 // The face is what the keyboard reaches; it does as the caption does.
 void BuildButtonFace(frmrcBHDGS& dialog, const DialogButton& button) {
   ui::Image& face = ui::CreateButtonFace(dialog, Describe(dialog, button, FaceName(button)),
-                                         dialog.context().HostRoot);
+                                         dialog.session().HostRoot);
   face.SetTabIndex(button.tab_index);
   face.SetAccessibleName(button.spoken);
   ConnectMouse(face, dialog, button);
@@ -122,7 +122,7 @@ void BuildButtonFace(frmrcBHDGS& dialog, const DialogButton& button) {
 
 void BuildButtonCaption(frmrcBHDGS& dialog, const DialogButton& button) {
   ConnectMouse(ui::CreateButtonCaption(dialog, Describe(dialog, button, Text(button.name)),
-                                       dialog.context().HostRoot),
+                                       dialog.session().HostRoot),
                dialog, button);
 }
 

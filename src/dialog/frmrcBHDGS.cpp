@@ -28,8 +28,8 @@ constexpr ui::Colour kFrameColour = 0x00D8E9EC;
 
 }  // namespace
 
-frmrcBHDGS::frmrcBHDGS(DialogContext& context)
-    : Form(context.toolkit, u"frmrcBHDGS", u"Select Hosting Options", kClientWidth, kClientHeight),
+frmrcBHDGS::frmrcBHDGS(Session& session)
+    : Form(session.toolkit, u"frmrcBHDGS", u"Select Hosting Options", kClientWidth, kClientHeight),
       tsMain(
           Add<ui::TabStrip>(u"tsMain", nullptr,
                             std::vector<Text>{Text(kServerPage), Text(kMapPage), Text(kMiscPage)})),
@@ -47,8 +47,8 @@ frmrcBHDGS::frmrcBHDGS(DialogContext& context)
       cmdRandomize(Add<ui::CommandButton>(u"cmdRandomize", &fmeMap)),
       Picture1(Add<ui::PictureBox>(u"Picture1", nullptr, kFrameColour)),
       cdSettings(Add<ui::FileDialog>(u"cdSettings", nullptr)),
-      context_(context),
-      start_wait_(*this, Frame3, context.clock) {
+      session_(session),
+      start_wait_(*this, Frame3, session.clock) {
   tsMain.SetBounds({0, 0, kClientWidth, kClientHeight});
   // The pages' lower edges lie on the frame below them.
   for (ui::Frame* page : {&fmeServer, &fmeMap, &fmeMisc}) page->BringToFront();
@@ -60,7 +60,7 @@ frmrcBHDGS::frmrcBHDGS(DialogContext& context)
   cmdRandomize.SetTooltip(u"Randomize Current Maps List");
   cmdRandomize.SetAccessibleName(u"Randomize Current Maps List");
   cmdRandomize.SetAccessKey(u'R');
-  cmdRandomize.SetPicture(MakeShufflePicture(context.toolkit));
+  cmdRandomize.SetPicture(MakeShufflePicture(session.toolkit));
   Picture1.SetBounds({0, 0, 495, 495});
   Picture1.SetVisible(false);
   for (const Option& option : Options()) AddOption(*this, option);
@@ -108,16 +108,16 @@ void frmrcBHDGS::Connect() {
 
   on_unload = [this] { Form_Unload(); };
   on_unloaded = [this] {
-    if (context_.dialog.get() == this) context_.dialog.reset();
+    if (session_.dialog.get() == this) session_.dialog.reset();
   };
   on_unhandled = [this](const RuntimeError& error, TextView handler) {
-    ReportTrapped(context_.reporter, handler, error,
+    ReportTrapped(session_.reporter, handler, error,
                   static_cast<std::int32_t>(error.raised_at().line()));
   };
 }
 
 void frmrcBHDGS::Form_Load() {
-  Trapped(context_.reporter, u"FormLoad_ERROR", [&](Line& at) {
+  Trapped(session_.reporter, u"FormLoad_ERROR", [&](Line& at) {
     at(), ui::AttachTabBackground(tsMain, Picture1);
     for (const DialogButton& button : DialogButtons()) at(), BuildButtonFace(*this, button);
     for (const DialogButton& button : DialogButtons()) at(), BuildButtonCaption(*this, button);
@@ -151,21 +151,21 @@ void frmrcBHDGS::tsMain_Click() {
 void frmrcBHDGS::cboMods_Click() {
   const int game_type = GameTypeIndex(txtGametype.text());
   const bool standard = Get<ui::ComboBox>(u"cboMods").text() == u"None";
-  context_.maps.catalogue.LoadMapCatalogue(standard ? kStandardModFlag : kTeamSabreModFlag);
+  session_.maps.catalogue.LoadMapCatalogue(standard ? kStandardModFlag : kTeamSabreModFlag);
   SetMaps(static_cast<std::int16_t>(game_type));
 }
 
 void frmrcBHDGS::Form_Unload() {
-  context_.toolkit.SetScreenPointer(ui::Pointer::kDefault);
+  session_.toolkit.SetScreenPointer(ui::Pointer::kDefault);
   ui::DetachTabBackground(tsMain);
 }
 
-std::shared_ptr<frmrcBHDGS> TakeDialog(DialogContext& context) {
-  if (context.dialog) return context.dialog;
-  // It is the context's dialog before it loads: a report of the load shows a box, during which the
+std::shared_ptr<frmrcBHDGS> TakeDialog(Session& session) {
+  if (session.dialog) return session.dialog;
+  // It is the session's dialog before it loads: a report of the load shows a box, during which the
   // host may call again.
-  auto dialog = std::make_shared<frmrcBHDGS>(context);
-  context.dialog = dialog;
+  auto dialog = std::make_shared<frmrcBHDGS>(session);
+  session.dialog = dialog;
   dialog->Form_Load();
   return dialog;
 }

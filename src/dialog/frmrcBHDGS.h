@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <span>
 
-#include "dialog/dialog_context.h"
 #include "dialog/game_types.h"
+#include "dialog/session.h"
 #include "dialog/start_wait.h"
 #include "support/text.h"
 #include "ui/check_box.h"
@@ -26,9 +26,9 @@ namespace quill {
 
 class frmrcBHDGS final : public ui::Form {
  public:
-  // The controls of the design, with their initial values; Form_Load adds the rest. `context`
+  // The controls of the design, with their initial values; Form_Load adds the rest. `session`
   // outlives the dialog.
-  explicit frmrcBHDGS(DialogContext& context);
+  explicit frmrcBHDGS(Session& session);
 
   // Builds the dialog: tab background, image buttons, number lists, game types. Trapped.
   void Form_Load();
@@ -43,7 +43,7 @@ class frmrcBHDGS final : public ui::Form {
   // Index of the first game type of exactly this name, kNoGameType when there is none.
   [[nodiscard]] int GameTypeIndex(TextView name) const noexcept;
 
-  [[nodiscard]] DialogContext& context() const noexcept { return context_; }
+  [[nodiscard]] Session& session() const noexcept { return session_; }
   [[nodiscard]] StartWait& start_wait() noexcept { return start_wait_; }
 
   // Controls that code names; every option is found by its key (Form::Get).
@@ -67,7 +67,7 @@ class frmrcBHDGS final : public ui::Form {
   void cboMods_Click();
   void Form_Unload();
 
-  DialogContext& context_;
+  Session& session_;
   std::span<const TextView> game_types_;
   StartWait start_wait_;
 };

@@ -34,12 +34,12 @@ std::optional<StoredMapFields> FieldsOfMapLine(TextView line) {
 }
 
 void LoadMapList(frmrcBHDGS& dialog) {
-  DialogContext& context = dialog.context();
+  Session& session = dialog.session();
   Text file;
   Trapped(
-      context.reporter, u"cmdLoadMaps",
+      session.reporter, u"cmdLoadMaps",
       [&](Line& at) {
-        at(), MakeSettingsFolders(context);
+        at(), MakeSettingsFolders(session);
         at(),
             file = AskForFileToOpen(dialog, u"Load saved map list", u"Maplist files (*.mpl)|*.mpl");
         // The host has closed the dialog meanwhile: nothing is done for it any more.
@@ -47,15 +47,15 @@ void LoadMapList(frmrcBHDGS& dialog) {
 
         at(), dialog.SetEnabled(false);
         at(), dialog.SetPointer(ui::Pointer::kBusy);
-        at(), context.maps.selected.Clear();
+        at(), session.maps.selected.Clear();
         std::optional<TextLines> lines;
-        at(), lines.emplace(context.files.OpenForReading(file), context.code_page);
+        at(), lines.emplace(session.files.OpenForReading(file), session.code_page);
         Text line;
         for (;;) {
           bool more = false;
           at(), more = lines->Next(line);
           if (!more) break;
-          at(), TakeLine(context.maps, line);
+          at(), TakeLine(session.maps, line);
         }
         at(), lines.reset();
         Line step = at;

@@ -76,7 +76,7 @@ TextView ControlNameOf(TextView key) {
 }
 
 bool WouldOutliveSaving(const frmrcBHDGS& dialog, TextView file, int map_count) {
-  FileKit& kit = *dialog.context().file_kit;
+  FileKit& kit = dialog.session().kit();
   const std::optional<IniElements> section = kit.GetIniSection(kSettingsSection, file);
   if (!section) return false;
   ReplacedEntries replaced(dialog, map_count);

@@ -15,19 +15,19 @@ constexpr std::uint32_t kPathMustExist = 0x800;
 constexpr std::uint32_t kNoLongNames = 0x40000;
 constexpr std::uint32_t kExplorer = 0x80000;
 
-Text ProfilesFolder(const DialogContext& context) {
-  return Concat({context.HostRoot, u"\\profiles"});
+Text ProfilesFolder(const Session& session) {
+  return Concat({session.HostRoot, u"\\profiles"});
 }
 
-Text ProfileFolder(const DialogContext& context) {
-  return Concat({ProfilesFolder(context), u"\\", Decimal(context.Index)});
+Text ProfileFolder(const Session& session) {
+  return Concat({ProfilesFolder(session), u"\\", Decimal(session.Index)});
 }
 
 ui::FileDialog& Prepare(frmrcBHDGS& dialog, TextView title, TextView filter) {
   ui::FileDialog& question = dialog.cdSettings;
   question.request = {
       .title = Text(title),
-      .initial_folder = SettingsFolder(dialog.context()),
+      .initial_folder = SettingsFolder(dialog.session()),
       .filter = Text(filter),
       .filter_index = 1,
       .file_name = {},
@@ -44,20 +44,20 @@ Text WithExtension(Text path, TextView filter) {
 
 }  // namespace
 
-Text SettingsFolder(const DialogContext& context) {
-  return Concat({ProfileFolder(context), u"\\settings"});
+Text SettingsFolder(const Session& session) {
+  return Concat({ProfileFolder(session), u"\\settings"});
 }
 
-void MakeSettingsFolders(DialogContext& context) {
+void MakeSettingsFolders(Session& session) {
   for (const Text& folder :
-       {ProfilesFolder(context), ProfileFolder(context), SettingsFolder(context)}) {
-    if (!context.files.FolderExists(folder)) context.files.MakeFolder(folder);
+       {ProfilesFolder(session), ProfileFolder(session), SettingsFolder(session)}) {
+    if (!session.files.FolderExists(folder)) session.files.MakeFolder(folder);
   }
 }
 
 Text AskForFileToOpen(frmrcBHDGS& dialog, TextView title, TextView filter) {
   Text file = Prepare(dialog, title, filter).ShowOpen();
-  if (file.empty() || dialog.context().files.FileExists(file)) return file;
+  if (file.empty() || dialog.session().files.FileExists(file)) return file;
   return WithExtension(std::move(file), filter);
 }
 

@@ -7,14 +7,14 @@
 namespace quill {
 
 class frmrcBHDGS;
-struct DialogContext;
+struct Session;
 
 // HostRoot, "\profiles\", Index, "\settings".
-[[nodiscard]] Text SettingsFolder(const DialogContext& context);
+[[nodiscard]] Text SettingsFolder(const Session& session);
 
 // Makes sure that "profiles", the profile's folder in it and the settings folder exist, in that
 // order. Fails as FileSystem::MakeFolder does.
-void MakeSettingsFolders(DialogContext& context);
+void MakeSettingsFolders(Session& session);
 
 // Asks the operator for a file, beginning in the settings folder. `filter` is description|pattern.
 // The full path, of the first should several be picked; empty on cancel. A name without an

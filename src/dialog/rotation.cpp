@@ -19,15 +19,15 @@ void ShowGameType(frmrcBHDGS& dialog, int index) {
 }
 
 bool IsFull(const frmrcBHDGS& dialog) {
-  return dialog.context().maps.selected.Count() >= kRotationLimit;
+  return dialog.session().maps.selected.Count() >= kRotationLimit;
 }
 
 void ShowLimitMessage(frmrcBHDGS& dialog) {
-  dialog.context().reporter.Show(MessageKind::kFailed, u"You cannot add more than 255 maps!");
+  dialog.session().reporter.Show(MessageKind::kFailed, u"You cannot add more than 255 maps!");
 }
 
 void AddAvailableRow(frmrcBHDGS& dialog, int row) {
-  MapLists& maps = dialog.context().maps;
+  MapLists& maps = dialog.session().maps;
   MapEntry entry = SplitMapEntry(dialog.lstAvlMaps.Item(row));
   const bool server_map = maps.IsServerMapName(entry.name);
   maps.selected.Append({.name = std::move(entry.name),
@@ -39,7 +39,7 @@ void AddAvailableRow(frmrcBHDGS& dialog, int row) {
 // The maps of the rotation at the places of those rows of lstSelMaps, whatever the rows show.
 template <class IsMarked>
 std::vector<bool> MapsOf(const frmrcBHDGS& dialog, IsMarked&& is_marked) {
-  std::vector<bool> meant(dialog.context().maps.selected.Count());
+  std::vector<bool> meant(dialog.session().maps.selected.Count());
   for (int row = 0; row < std::ssize(meant) && row < dialog.lstSelMaps.Count(); ++row) {
     meant[row] = is_marked(row);
   }
@@ -64,8 +64,8 @@ void ShowAddedMaps(frmrcBHDGS& dialog) {
 }
 
 void StepRotation(frmrcBHDGS& dialog, bool (RotationHistory::*step)(SelectedMapList&)) {
-  Trapped(dialog.context().reporter, u"lstSelMaps_KeyDown", [&](Line& at) {
-    MapLists& maps = dialog.context().maps;
+  Trapped(dialog.session().reporter, u"lstSelMaps_KeyDown", [&](Line& at) {
+    MapLists& maps = dialog.session().maps;
     maps.history.Note(maps.selected);  // a load that failed half-way counts as a change
     bool stepped = false;
     at(), stepped = (maps.history.*step)(maps.selected);
@@ -74,7 +74,7 @@ void StepRotation(frmrcBHDGS& dialog, bool (RotationHistory::*step)(SelectedMapL
 }
 
 void lstAvlMaps_DblClick(frmrcBHDGS& dialog) {
-  Trapped(dialog.context().reporter, u"lstAvlMapsDblClick", [&](Line& at) {
+  Trapped(dialog.session().reporter, u"lstAvlMapsDblClick", [&](Line& at) {
     if (IsFull(dialog)) {
       at(), ShowLimitMessage(dialog);
       return;
@@ -89,7 +89,7 @@ void lstAvlMaps_DblClick(frmrcBHDGS& dialog) {
 void lstAvlMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
   // The maps that were added before a failure stay, and are to be seen.
   const auto show_added = [&](RuntimeError&) {
-    if (dialog.lstSelMaps.Count() == dialog.context().maps.selected.Count()) return;
+    if (dialog.lstSelMaps.Count() == dialog.session().maps.selected.Count()) return;
     Line unused(std::source_location::current());
     RunEach([&] { ShowRotation(dialog, unused); }, [&] { dialog.lstSelMaps.SetVisible(true); });
   };
@@ -108,22 +108,22 @@ void lstAvlMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
     }
     at(), ShowAddedMaps(dialog);
   };
-  Trapped(dialog.context().reporter, u"lstAvlMaps_KeyPress", add, show_added);
+  Trapped(dialog.session().reporter, u"lstAvlMaps_KeyPress", add, show_added);
 }
 
 void lstSelMaps_DblClick(frmrcBHDGS& dialog) {
-  Trapped(dialog.context().reporter, u"lstSelMapsDblClick", [&](Line& at) {
+  Trapped(dialog.session().reporter, u"lstSelMapsDblClick", [&](Line& at) {
     const int current = dialog.lstSelMaps.ListIndex();
-    at(), dialog.context().maps.selected.Remove(
+    at(), dialog.session().maps.selected.Remove(
               MapsOf(dialog, [&](int row) { return row == current; }));
     at(), dialog.BuildMapList();
   });
 }
 
 void lstSelMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
-  Trapped(dialog.context().reporter, u"lstSelMaps_KeyPress", [&](Line& at) {
+  Trapped(dialog.session().reporter, u"lstSelMaps_KeyPress", [&](Line& at) {
     if (key != u'-') return;
-    at(), dialog.context().maps.selected.Remove(SelectedMaps(dialog));
+    at(), dialog.session().maps.selected.Remove(SelectedMaps(dialog));
     at(), dialog.BuildMapList();
   });
 }
@@ -158,7 +158,7 @@ void RemoveSelectedMaps(frmrcBHDGS& dialog) {
 }
 
 void MoveSelectedMaps(frmrcBHDGS& dialog, RowMove move) {
-  Trapped(dialog.context().reporter, u"lstSelMaps_KeyDown", [&](Line& at) {
+  Trapped(dialog.session().reporter, u"lstSelMaps_KeyDown", [&](Line& at) {
     ui::ListBox& list = dialog.lstSelMaps;
     std::vector<bool> moved;
     at(), moved = SelectedMaps(dialog);
@@ -166,7 +166,7 @@ void MoveSelectedMaps(frmrcBHDGS& dialog, RowMove move) {
     at(), order = OrderAfter(move, moved);
     if (std::ranges::is_sorted(order)) return;
     const int current = list.ListIndex();
-    at(), dialog.context().maps.selected.Reorder(order);
+    at(), dialog.session().maps.selected.Reorder(order);
     at(), dialog.BuildMapList();
     if (list.Count() != std::ssize(order)) return;  // which has been reported
     ui::ListBox::Refill refill(list);

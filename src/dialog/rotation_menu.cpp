@@ -71,7 +71,7 @@ constexpr Row kRows[] = {
      Place::kBoth,
      true,
      [](const frmrcBHDGS& dialog, const ui::ListBox&) {
-       return dialog.context().maps.history.CanUndo();
+       return dialog.session().maps.history.CanUndo();
      },
      [](frmrcBHDGS& dialog, ui::ListBox&) { UndoRotation(dialog); }},
     {u"Redo",
@@ -80,7 +80,7 @@ constexpr Row kRows[] = {
      Place::kBoth,
      false,
      [](const frmrcBHDGS& dialog, const ui::ListBox&) {
-       return dialog.context().maps.history.CanRedo();
+       return dialog.session().maps.history.CanRedo();
      },
      [](frmrcBHDGS& dialog, ui::ListBox&) { RedoRotation(dialog); }},
     {u"Select All",

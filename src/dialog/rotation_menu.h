@@ -1,4 +1,4 @@
-// The context menus of the two map lists, and the keys of their items.
+// The session menus of the two map lists, and the keys of their items.
 #pragma once
 
 namespace quill {

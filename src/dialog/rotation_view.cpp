@@ -22,21 +22,21 @@ void ShowCount(ui::ListBox& list, const MapLists& maps) {
 }  // namespace
 
 void frmrcBHDGS::SetMaps(std::int16_t Gametype) {
-  Trapped(context_.reporter, u"SetMaps", [&](Line& at) {
+  Trapped(session_.reporter, u"SetMaps", [&](Line& at) {
     {
       ui::ListBox::Refill refill(lstAvlMaps);
       at(), lstAvlMaps.Clear();
-      at(), context_.maps.ForEachOfGameType(Gametype, [&](TextView name, TextView file) {
+      at(), session_.maps.ForEachOfGameType(Gametype, [&](TextView name, TextView file) {
         AddMapRow(lstAvlMaps, name, file, Gametype);
       });
       at(), refill.Finish();
     }
-    at(), ShowCount(lstAvlMaps, context_.maps);
+    at(), ShowCount(lstAvlMaps, session_.maps);
   });
 }
 
 void ShowRotation(frmrcBHDGS& dialog, Line& at) {
-  MapLists& maps = dialog.context().maps;
+  MapLists& maps = dialog.session().maps;
   ui::ListBox& list = dialog.lstSelMaps;
   maps.history.Note(maps.selected);
   const int top = list.TopIndex();
@@ -59,7 +59,7 @@ void ShowRotation(frmrcBHDGS& dialog, Line& at) {
 
 void frmrcBHDGS::BuildMapList() {
   Trapped(
-      context_.reporter, u"BuildMapList", [&](Line& at) { ShowRotation(*this, at); },
+      session_.reporter, u"BuildMapList", [&](Line& at) { ShowRotation(*this, at); },
       [&](RuntimeError&) { lstSelMaps.SetVisible(true); });
 }
 

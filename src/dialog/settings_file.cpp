@@ -25,7 +25,7 @@ void WriteOption(frmrcBHDGS& dialog, const Option& option, TextView file) {
   if (!option.blank_replacement.empty() && TextValue(control).empty()) {
     SetPrintedValue(control, option.blank_replacement);
   }
-  dialog.context().file_kit->WriteIniKey(kSettingsSection, option.key, PrintedValue(control), file);
+  dialog.session().kit().WriteIniKey(kSettingsSection, option.key, PrintedValue(control), file);
 }
 
 // Where a file goes that is set aside. What was set aside before is never replaced: it may be the
@@ -65,29 +65,29 @@ void TakeMap(MapLists& maps, TextView value, Text& missing) {
 }  // namespace
 
 void SaveSettings(frmrcBHDGS& dialog) {
-  DialogContext& context = dialog.context();
+  Session& session = dialog.session();
   int map_being_read = kNoMap;
   Text file;
   Text set_aside;  // the name that the former file has now, if it made way
   bool begun = false;
   const auto bring_back = [&] {
-    if (!set_aside.empty()) context.files.RenameFile(set_aside, file);
+    if (!set_aside.empty()) session.files.RenameFile(set_aside, file);
   };
   Trapped(
-      context.reporter, u"cmdSave",
+      session.reporter, u"cmdSave",
       [&](Line& at) {
-        at(), MakeSettingsFolders(context);
+        at(), MakeSettingsFolders(session);
         at(), file = AskForFileToSave(dialog, u"Save Host Settings", kFilter);
         if (file.empty() || dialog.unloaded()) return;
 
         const int map_count = dialog.lstSelMaps.Count();
         bool outlives = false;
         at(), outlives =
-                  context.files.FileExists(file) && WouldOutliveSaving(dialog, file, map_count);
+                  session.files.FileExists(file) && WouldOutliveSaving(dialog, file, map_count);
         if (outlives) {
           Text name;
-          at(), name = FreeBackupName(context.files, file);
-          at(), context.files.RenameFile(file, name);
+          at(), name = FreeBackupName(session.files, file);
+          at(), session.files.RenameFile(file, name);
           set_aside = std::move(name);
         }
         for (const Option& option : Options()) {
@@ -97,57 +97,57 @@ void SaveSettings(frmrcBHDGS& dialog) {
         for (int n = 0; n < map_count; ++n) {
           Text value;
           map_being_read = n;
-          at(), value = StoredMapText(context.maps.selected.At(n + 1));
+          at(), value = StoredMapText(session.maps.selected.At(n + 1));
           map_being_read = kNoMap;
-          at(), context.file_kit->WriteIniKey(kSettingsSection, Concat({kMapKey, Decimal(n)}),
-                                              value, file);
+          at(), session.kit().WriteIniKey(kSettingsSection, Concat({kMapKey, Decimal(n)}), value,
+                                          file);
         }
         Notice result{};
-        at(), result = ResultOf(context.files, file);
+        at(), result = ResultOf(session.files, file);
         if (result.kind == MessageKind::kFailed) at(), bring_back();
-        at(), context.reporter.Show(result.kind, result.text);
+        at(), session.reporter.Show(result.kind, result.text);
       },
       [&](RuntimeError& error) {
-        if (!begun || ResultOf(context.files, file).kind == MessageKind::kFailed) bring_back();
+        if (!begun || ResultOf(session.files, file).kind == MessageKind::kFailed) bring_back();
         if (map_being_read == kNoMap || !error.Is(ErrorNumber::kInvalidProcedureCall)) return;
         error.AppendToDescription(Concat({u" [", Decimal(map_being_read), u"]"}));
       });
 }
 
 void LoadSettings(frmrcBHDGS& dialog) {
-  DialogContext& context = dialog.context();
+  Session& session = dialog.session();
   Trapped(
-      context.reporter, u"cmdLoad",
+      session.reporter, u"cmdLoad",
       [&](Line& at) {
         Text file;
-        at(), MakeSettingsFolders(context);
+        at(), MakeSettingsFolders(session);
         at(), file = AskForFileToOpen(dialog, u"Load Saved Host Settings", kFilter);
         // The host has closed the dialog meanwhile: nothing is done for it any more.
         if (file.empty() || dialog.unloaded()) return;
 
         at(), dialog.SetPointer(ui::Pointer::kBusy);
-        at(), context.maps.selected.Clear();
+        at(), session.maps.selected.Clear();
         Text missing;
         std::optional<IniElements> section;
-        at(), section = context.file_kit->GetIniSection(kSettingsSection, file);
+        at(), section = session.kit().GetIniSection(kSettingsSection, file);
         // The last element is no entry, and fewer than two entries are no settings.
         const std::size_t count = section && section->count >= 3 ? section->count - 1 : 0;
         for (std::size_t i = 0; i < count; ++i) {
           Text entry;
           at(), entry = section->element(i);
           IniEntry parsed;
-          at(), parsed = context.file_kit->ParseIniKey(entry);
+          at(), parsed = session.kit().ParseIniKey(entry);
           ui::Control* const control = (at(), dialog.Find(ControlNameOf(parsed.key)));
           if (control != nullptr) at(), SetPrintedValue(*control, parsed.value);
           if (!entry.starts_with(kMapKey)) continue;
           Text value;
-          at(), value = context.file_kit->ParseIniValue(entry);
-          at(), TakeMap(context.maps, value, missing);
+          at(), value = session.kit().ParseIniValue(entry);
+          at(), TakeMap(session.maps, value, missing);
         }
         at(), dialog.BuildMapList();
         at(), dialog.SetPointer(ui::Pointer::kDefault);
         if (missing.empty()) return;
-        at(), context.toolkit.ShowMessage(
+        at(), session.toolkit.ShowMessage(
                   kDefaultTitle, Concat({u"The following map files do not appear to exist: ",
                                          kLineBreak, kLineBreak, missing}));
       },

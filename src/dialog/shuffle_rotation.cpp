@@ -13,13 +13,13 @@
 namespace quill {
 
 void ShuffleRotation(frmrcBHDGS& dialog) {
-  DialogContext& context = dialog.context();
-  Trapped(context.reporter, u"cmdRandomize", [&](Line& at) {
-    SelectedMapList& rotation = context.maps.selected;
+  Session& session = dialog.session();
+  Trapped(session.reporter, u"cmdRandomize", [&](Line& at) {
+    SelectedMapList& rotation = session.maps.selected;
     if (rotation.Count() < 2) return;
     std::optional<RandomSource> random;
     std::vector<SelectedMap> shuffled;
-    at(), random.emplace(context.clock.Ticks());
+    at(), random.emplace(session.clock.Ticks());
     at(), shuffled = Shuffled(rotation.maps(), std::ref(*random));
     at(), rotation.Replace(std::move(shuffled));
     at(), dialog.BuildMapList();

@@ -7,7 +7,7 @@
 #include "dialog/frmrcBHDGS.h"
 #include "headless/mirror_peer.h"
 #include "maps/map_catalogue.h"
-#include "remote/remote_context.h"
+#include "remote/request_file.h"
 #include "support/runtime_error.h"
 
 namespace quill::headless {
@@ -16,13 +16,13 @@ namespace {
 class Inspection {
  public:
   Inspection(const mdlBHDGS& module, const HeadlessToolkit& toolkit, const Expectations& expected)
-      : module_(module), maps_(module.dialog.maps), toolkit_(toolkit), expected_(expected) {}
+      : module_(module), maps_(module.maps), toolkit_(toolkit), expected_(expected) {}
 
   std::vector<Text> Run() {
     Modules();
     Catalogue();
     ServerMaps();
-    if (const frmrcBHDGS* dialog = module_.dialog.dialog.get()) {
+    if (const frmrcBHDGS* dialog = module_.dialog.get()) {
       Dialog(*dialog);
     } else {
       Holds(toolkit_.ModalForm() == nullptr, {u"A dialog is shown that the plug-in does not know"});
@@ -40,8 +40,7 @@ class Inspection {
   }
 
   void Modules() {
-    Holds(module_.dialog.file_kit != nullptr, {u"There is no file kit, not even an absent one"});
-    const Text& pending = module_.remote.PendingCommand;
+    const Text& pending = module_.PendingCommand;
     Holds(pending.empty() || pending == kLoadFormCommand || pending == kStartGameCommand,
           {u"PendingCommand is '", pending, u"'"});
   }

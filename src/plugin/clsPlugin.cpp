@@ -15,8 +15,8 @@ namespace quill {
 namespace {
 
 // A failed call must not create a dialog only to reset its pointer.
-void RestorePointer(const DialogContext& context) {
-  if (context.dialog) context.dialog->SetPointer(ui::Pointer::kDefault);
+void RestorePointer(const Session& session) {
+  if (session.dialog) session.dialog->SetPointer(ui::Pointer::kDefault);
 }
 
 }  // namespace
@@ -35,10 +35,10 @@ PLUGIN clsPlugin::GetData() const {
 
 void clsPlugin::SetPrivis(std::shared_ptr<HostCollection> NameCol,
                           std::shared_ptr<HostCollection> ValCol, bool IsSuperAdmin) {
-  Trapped(module_.dialog.reporter, u"SetPrivis", [&](Line& at) {
+  Trapped(module_.reporter, u"SetPrivis", [&](Line& at) {
     at(), module_.NameCol = NameCol;
     at(), module_.ValCol = std::move(ValCol);
-    const DialogInUse dialog((at(), module_.dialog));
+    const DialogInUse dialog((at(), module_));
     if (IsSuperAdmin) return;
     if (at(), !NameCol) throw RuntimeError(ErrorNumber::kObjectNotSet);
     at(), ApplyOperatorRights(*NameCol, *dialog);
@@ -46,46 +46,44 @@ void clsPlugin::SetPrivis(std::shared_ptr<HostCollection> NameCol,
 }
 
 void clsPlugin::LoadInterface(std::int32_t Index, std::int32_t, const HostArray& PDAT) {
-  DialogContext& context = module_.dialog;
-  RemoteContext& remote = module_.remote;
+  Session& session = module_;
   Trapped(
-      context.reporter, u"LoadInterface",
+      session.reporter, u"LoadInterface",
       [&](Line& at) {
-        at(), context.Index = Index;
-        at(), remote.TargetId = PDAT.ElementText(1);
-        at(), context.maps.selected.Clear();
-        context.maps.history.Forget();
-        const DialogInUse dialog((at(), context));
+        at(), session.Index = Index;
+        at(), session.TargetId = PDAT.ElementText(1);
+        at(), session.maps.selected.Clear();
+        session.maps.history.Forget();
+        const DialogInUse dialog((at(), session));
         // The answer to a start would be taken for that to the query, so nobody waits for it.
         dialog->start_wait().End();
-        if (remote.PendingCommand == kStartGameCommand) {
-          at(), context.toolkit.SetScreenPointer(ui::Pointer::kDefault);
+        if (session.PendingCommand == kStartGameCommand) {
+          at(), session.toolkit.SetScreenPointer(ui::Pointer::kDefault);
         }
         at(), dialog->SetPointer(ui::Pointer::kBusy);
-        at(), remote.PendingCommand = kLoadFormCommand;
-        at(), SendGameSettingsQuery(remote);
+        at(), session.PendingCommand = kLoadFormCommand;
+        at(), SendGameSettingsQuery(session);
         at(), dialog->ShowModal();
       },
-      [&](RuntimeError&) { RestorePointer(context); });
+      [&](RuntimeError&) { RestorePointer(session); });
 }
 
 void clsPlugin::RemoteData(TextView Data) {
   Text reply;  // the host may change its own while this runs
   ReplyFields fields;
   Trapped(
-      module_.dialog.reporter, u"RemoteData",
+      module_.reporter, u"RemoteData",
       [&](Line& at) {
         at(), reply = Data;
-        RouteReply(module_.remote, reply, fields, at);
+        RouteReply(module_, reply, fields, at);
       },
       [&](RuntimeError& error) {
-        RunEach([&] { RestorePointer(module_.dialog); },
-                [&] { ExplainTypeMismatch(error, fields); });
+        RunEach([&] { RestorePointer(module_); }, [&] { ExplainTypeMismatch(error, fields); });
       });
 }
 
 void clsPlugin::HideInterface() {
-  const DialogInUse dialog(module_.dialog);
+  const DialogInUse dialog(module_);
   dialog->Hide();
 }
 

@@ -10,10 +10,9 @@
 namespace quill {
 
 mdlBHDGS::mdlBHDGS(const Platform& platform)
-    : dialog(platform.toolkit, platform.files, platform.clock, platform.code_page),
-      remote(dialog),
+    : Session(platform.toolkit, platform.files, platform.clock, platform.code_page),
       platform_(platform) {
-  dialog.start_game = [this](frmrcBHDGS& pressed_in) { StartGame(remote, pressed_in); };
+  start_game = [this](frmrcBHDGS& pressed_in) { StartGame(*this, pressed_in); };
 }
 
 mdlBHDGS::~mdlBHDGS() {
@@ -25,9 +24,9 @@ mdlBHDGS::~mdlBHDGS() {
 
 void mdlBHDGS::SubMain() {
   if (std::exchange(started_, true)) return;
-  Trapped(dialog.reporter, u"SubMain", [&](Line& at) {
-    at(), dialog.HostRoot = ResolveHostRoot(platform_.paths);
-    at(), dialog.file_kit = platform_.services.CreateFileKit();
+  Trapped(reporter, u"SubMain", [&](Line& at) {
+    at(), HostRoot = ResolveHostRoot(platform_.paths);
+    at(), file_kit = platform_.services.CreateFileKit();
     at(), memory_kit = platform_.services.CreateMemoryKit();
   });
 }
@@ -37,8 +36,8 @@ void mdlBHDGS::ReleaseHost() {
   NameCol.reset();
   ValCol.reset();
   memory_kit.reset();
-  dialog.file_kit = std::make_unique<AbsentFileKit>();
-  if (frmrcBHDGS* const unused = dialog.dialog.get(); unused && !unused->shown()) unused->Unload();
+  file_kit.reset();
+  if (frmrcBHDGS* const unused = dialog.get(); unused && !unused->shown()) unused->Unload();
 }
 
 }  // namespace quill

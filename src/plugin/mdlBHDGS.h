@@ -1,12 +1,12 @@
-// The main module: start-up, and the state that lives as long as the library is loaded.
+// The main module: start-up, and the session with what only the plug-in's class knows of.
 #pragma once
 
 #include <memory>
 
-#include "dialog/dialog_context.h"
+#include "dialog/session.h"
 #include "plugin/host_services.h"
 #include "plugin/host_values.h"
-#include "remote/remote_context.h"
+#include "remote/request_file.h"
 #include "support/clock.h"
 #include "support/code_page.h"
 #include "support/file_system.h"
@@ -25,12 +25,10 @@ struct Platform {
   HostServices& services;
 };
 
-class mdlBHDGS {
+class mdlBHDGS : public Session {
  public:
   explicit mdlBHDGS(const Platform& platform);
   ~mdlBHDGS();
-  mdlBHDGS(const mdlBHDGS&) = delete;
-  mdlBHDGS& operator=(const mdlBHDGS&) = delete;
 
   // Start-up: resolves HostRoot and creates the host's service objects. Runs once; later calls do
   // nothing. Trapped.
@@ -41,8 +39,6 @@ class mdlBHDGS {
   // creates the service objects again.
   void ReleaseHost();
 
-  DialogContext dialog;
-  RemoteContext remote;
   std::unique_ptr<MemoryKit> memory_kit;
   std::shared_ptr<HostCollection> NameCol;
   std::shared_ptr<HostCollection> ValCol;

@@ -5,15 +5,15 @@
 #include <memory>
 #include <utility>
 
-#include "dialog/dialog_context.h"
 #include "dialog/frmrcBHDGS.h"
+#include "dialog/session.h"
 #include "ui/form.h"
 
 namespace quill {
 
 class DialogInUse {
  public:
-  explicit DialogInUse(DialogContext& context) : DialogInUse(TakeDialog(context)) {}
+  explicit DialogInUse(Session& session) : DialogInUse(TakeDialog(session)) {}
 
   [[nodiscard]] frmrcBHDGS& operator*() const noexcept { return dialog_; }
   [[nodiscard]] frmrcBHDGS* operator->() const noexcept { return &dialog_; }

@@ -56,7 +56,7 @@ TextView KnownModName(TextView name) {
 
 void FillOption(frmrcBHDGS& dialog, const Option& option, const ReplyFields& fields) {
   const auto [field, form] = option.reply;
-  const CodePage& page = dialog.context().code_page;
+  const CodePage& page = dialog.session().code_page;
   switch (form) {
     case FieldForm::kNone:
       return;
@@ -86,16 +86,15 @@ void FillOption(frmrcBHDGS& dialog, const Option& option, const ReplyFields& fie
 
 }  // namespace
 
-void SendGameSettingsQuery(RemoteContext& context) {
-  WriteRequest(context.dialog, kGameSettingsQuery, RequestEnvelope(context, kGameSettingsQuery));
+void SendGameSettingsQuery(Session& session) {
+  WriteRequest(session, kGameSettingsQuery, RequestEnvelope(session, kGameSettingsQuery));
 }
 
-void HandleGameSettingsReply(RemoteContext& context, TextView data, ReplyFields& fields, Line& at) {
-  DialogContext& shared = context.dialog;
-  at(), fields.Assign(DecodeFrame(data, *shared.file_kit));
-  const DialogInUse dialog((at(), shared));
-  at(), shared.maps.server.Clear();
-  at(), ReadServerMaps(fields[25], shared.code_page, shared.maps.server);
+void HandleGameSettingsReply(Session& session, TextView data, ReplyFields& fields, Line& at) {
+  at(), fields.Assign(DecodeFrame(data, session.kit()));
+  const DialogInUse dialog((at(), session));
+  at(), session.maps.server.Clear();
+  at(), ReadServerMaps(fields[25], session.code_page, session.maps.server);
   if (HasFixedValues(fields)) at(), RepairFixedValues(fields);
   // Setting an option can start what follows from it, so the order counts.
   for (const Option& option : Options()) at(), FillOption(*dialog, option, fields);

@@ -6,11 +6,11 @@
 
 namespace quill {
 
-void RouteReply(RemoteContext& context, TextView data, ReplyFields& fields, Line& at) {
-  if (context.PendingCommand == kLoadFormCommand) {
-    HandleGameSettingsReply(context, data, fields, at);
-  } else if (context.PendingCommand == kStartGameCommand) {
-    HandleStartReply(context, data, at);
+void RouteReply(Session& session, TextView data, ReplyFields& fields, Line& at) {
+  if (session.PendingCommand == kLoadFormCommand) {
+    HandleGameSettingsReply(session, data, fields, at);
+  } else if (session.PendingCommand == kStartGameCommand) {
+    HandleStartReply(session, data, at);
   }
 }
 

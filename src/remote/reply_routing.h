@@ -1,8 +1,8 @@
 // Brings a reply to the handler of the command that waits for it.
 #pragma once
 
-#include "remote/remote_context.h"
 #include "remote/reply_fields.h"
+#include "remote/request_file.h"
 #include "support/runtime_error.h"
 #include "support/text.h"
 #include "support/trap.h"
@@ -11,7 +11,7 @@ namespace quill {
 
 // Handles `data` as the reply to PendingCommand, which keeps its value; drops it when nothing is
 // awaited. `fields` takes the fields of a game-settings reply; `at` notes the step.
-void RouteReply(RemoteContext& context, TextView data, ReplyFields& fields, Line& at);
+void RouteReply(Session& session, TextView data, ReplyFields& fields, Line& at);
 
 // Adds two telling fields of the reply to the description of a type mismatch; leaves other errors
 // alone.

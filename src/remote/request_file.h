@@ -1,10 +1,13 @@
 // Request files: how a command reaches the host, which relays it to the remote side.
 #pragma once
 
-#include "remote/remote_context.h"
+#include "dialog/session.h"
 #include "support/text.h"
 
 namespace quill {
+
+inline constexpr TextView kLoadFormCommand = u"LoadForm";
+inline constexpr TextView kStartGameCommand = u"StartGame";
 
 struct RemoteCommand {
   TextView word;          // in the envelope and in the file name
@@ -21,12 +24,12 @@ inline constexpr RemoteCommand kStartGame = {u"StartGameRem", kStartGameCommand,
 
 // The one line that the host relays. `frame` is the compressed frame of the payload; a command
 // without a payload ignores it.
-[[nodiscard]] Text RequestEnvelope(const RemoteContext& context, const RemoteCommand& command,
+[[nodiscard]] Text RequestEnvelope(const Session& session, const RemoteCommand& command,
                                    TextView frame = {});
 
 // Replaces the command's request file by one that holds `envelope`, creating the request folder
 // when it is missing. The caller has set PendingCommand. Fails as the file system and the file kit
 // do.
-void WriteRequest(DialogContext& context, const RemoteCommand& command, TextView envelope);
+void WriteRequest(Session& session, const RemoteCommand& command, TextView envelope);
 
 }  // namespace quill

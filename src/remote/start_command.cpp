@@ -22,7 +22,7 @@ constexpr int kFlagsField = 23;
 constexpr std::int32_t kHighestPing = 65535;
 
 void AppendField(Text& payload, const frmrcBHDGS& dialog, const Option& option) {
-  DialogContext& context = dialog.context();
+  Session& session = dialog.session();
   const ui::Control& control = dialog.At(option.key);
   switch (option.payload.form) {
     case FieldForm::kNumber:
@@ -36,19 +36,19 @@ void AppendField(Text& payload, const frmrcBHDGS& dialog, const Option& option) 
       if (IsBlank(TextValue(control))) return;
       [[fallthrough]];
     default:
-      AppendEnc64(TextValue(control), context.code_page, context.reporter, payload);
+      AppendEnc64(TextValue(control), session.code_page, session.reporter, payload);
   }
 }
 
-void AppendMapList(Text& payload, DialogContext& context) {
+void AppendMapList(Text& payload, Session& session) {
   // A copy: a report of the encoder lets host calls in, and one that opens the plug-in anew empties
   // the rotation.
-  const std::vector<SelectedMap> maps = context.maps.selected.maps();
+  const std::vector<SelectedMap> maps = session.maps.selected.maps();
   for (const SelectedMap& map : maps) {
     payload += u'-';
-    AppendEnc64(map.name, context.code_page, context.reporter, payload);
+    AppendEnc64(map.name, session.code_page, session.reporter, payload);
     payload += u'_';
-    AppendEnc64(map.file, context.code_page, context.reporter, payload);
+    AppendEnc64(map.file, session.code_page, session.reporter, payload);
     payload += u'_';
     AppendDecimal(payload, map.game_type);
     payload += map.server_map ? u"_True" : u"_False";
@@ -85,13 +85,12 @@ Text StartPayload(const frmrcBHDGS& dialog, std::int32_t flags) {
     }
   }
   payload += u'|';
-  AppendMapList(payload, dialog.context());
+  AppendMapList(payload, dialog.session());
   return payload;
 }
 
-void StartGame(RemoteContext& context, frmrcBHDGS& dialog) {
-  DialogContext& shared = context.dialog;
-  MessageReporter& reporter = shared.reporter;
+void StartGame(Session& session, frmrcBHDGS& dialog) {
+  MessageReporter& reporter = session.reporter;
   const auto give_up = [&](RuntimeError&) { dialog.start_wait().End(); };
   const auto steps = [&](Line& at) {
     const auto text_box = [&](TextView key) -> ui::TextBox& {
@@ -120,25 +119,24 @@ void StartGame(RemoteContext& context, frmrcBHDGS& dialog) {
     if (at(), loop.value() == 2) loop.SetValue(1);
 
     const Text payload = (at(), StartPayload(dialog, flags));
-    const Text frame = (at(), EncodeFrame(payload, *shared.file_kit));
+    const Text frame = (at(), EncodeFrame(payload, session.kit()));
     // Reports and the host's kit let host calls in; a dialog that they have closed starts nothing.
     if (dialog.unloaded()) return;
-    at(), shared.toolkit.SetScreenPointer(ui::Pointer::kBusy);
-    at(), context.PendingCommand = kStartGame.pending_name;
+    at(), session.toolkit.SetScreenPointer(ui::Pointer::kBusy);
+    at(), session.PendingCommand = kStartGame.pending_name;
     // Before the request, which the host may answer at once.
     at(), dialog.start_wait().Begin();
-    at(), WriteRequest(shared, kStartGame, RequestEnvelope(context, kStartGame, frame));
+    at(), WriteRequest(session, kStartGame, RequestEnvelope(session, kStartGame, frame));
   };
   Trapped(reporter, u"cmdStart_Error", steps, give_up);
 }
 
-void HandleStartReply(RemoteContext& context, TextView data, Line& at) {
-  DialogContext& shared = context.dialog;
-  if (frmrcBHDGS* const dialog = shared.dialog.get()) dialog->start_wait().End();
+void HandleStartReply(Session& session, TextView data, Line& at) {
+  if (frmrcBHDGS* const dialog = session.dialog.get()) dialog->start_wait().End();
   if (at(), ToInt32(data) == 0) {
-    shared.reporter.Show(MessageKind::kFailed, u"Failed to initialize game process!");
+    session.reporter.Show(MessageKind::kFailed, u"Failed to initialize game process!");
   }
-  if (frmrcBHDGS* const dialog = shared.dialog.get()) at(), dialog->Unload();
+  if (frmrcBHDGS* const dialog = session.dialog.get()) at(), dialog->Unload();
 }
 
 }  // namespace quill

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "dialog/frmrcBHDGS.h"
-#include "remote/remote_context.h"
+#include "remote/request_file.h"
 #include "support/text.h"
 #include "support/trap.h"
 
@@ -13,7 +13,7 @@ namespace quill {
 
 // What the Start button's release does. A failed check shows its message and sends nothing; repairs
 // that were made before stay. Trapped as "cmdStart_Error".
-void StartGame(RemoteContext& context, frmrcBHDGS& dialog);
+void StartGame(Session& session, frmrcBHDGS& dialog);
 
 // The check boxes that travel as bits of one number.
 [[nodiscard]] std::int32_t OptionFlags(const frmrcBHDGS& dialog);
@@ -24,6 +24,6 @@ void StartGame(RemoteContext& context, frmrcBHDGS& dialog);
 // Tells the operator when the reply `data` is 0 and unloads the dialog, if there is one. A reply
 // that is no 32-bit number fails with kTypeMismatch or kOverflow and leaves the dialog alone. `at`
 // notes the step.
-void HandleStartReply(RemoteContext& context, TextView data, Line& at);
+void HandleStartReply(Session& session, TextView data, Line& at);
 
 }  // namespace quill

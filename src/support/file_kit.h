@@ -72,19 +72,4 @@ class FileKit {
   virtual bool SendErrorReport(const ErrorReport& report) = 0;
 };
 
-// Stands in for a file kit that could not be created: every operation fails with kObjectNotSet.
-class AbsentFileKit final : public FileKit {
- public:
-  void WriteFile(TextView path, TextView text) override;
-  Text CompressString(TextView text) override;
-  Text DecompressString(TextView compressed, std::int32_t length) override;
-  std::optional<IniElements> GetIniSection(TextView section, TextView path) override;
-  IniEntry ParseIniKey(TextView line) override;
-  Text ParseIniValue(TextView line) override;
-  void WriteIniKey(TextView section, TextView key, TextView value, TextView path) override;
-  void LogError(TextView library, TextView label, const RuntimeError& error,
-                std::int32_t line) override;
-  bool SendErrorReport(const ErrorReport& report) override;
-};
-
 }  // namespace quill

@@ -34,12 +34,13 @@ class MessageReporter {
   // box shown even when neither works. Throws nothing but what the box itself throws.
   void ReportMessage(MessageKind kind, TextView text, const RuntimeError* error, std::int32_t line);
 
+  // The file kit; kObjectNotSet while there is none.
+  [[nodiscard]] FileKit& Kit() const;
+
   // A notice or validation message.
   void Show(MessageKind kind, TextView text) { ReportMessage(kind, text, nullptr, 0); }
 
  private:
-  // The file kit; kObjectNotSet while there is none.
-  FileKit& Kit() const;
   void Log(TextView label, const RuntimeError& error, std::int32_t line) const noexcept;
   bool Send(TextView label, const RuntimeError* error, std::int32_t line) const noexcept;
 

@@ -11,7 +11,7 @@
 namespace quill {
 
 struct DialogBench : host::HeadlessHost {
-  DialogContext& context = module.dialog;
+  Session& context = module;
   // The calls of the toolkit so far, for example "Sync txtName".
   std::vector<Text> calls;
   // Told before each of them; the call fails when it throws.

@@ -20,7 +20,7 @@ inline constexpr TextView kSettings = u"C:\\Host\\profiles\\3\\settings";
 }
 
 struct FileActionsBench : host::HeadlessHost {
-  DialogContext& context = module.dialog;
+  Session& context = module;
 
   FileActionsBench() {
     static_cast<void>(plug_in());

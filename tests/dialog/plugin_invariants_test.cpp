@@ -15,7 +15,7 @@ TEST(PluginInvariants, EachBreachIsNoticed) {
     void (*breach)(FileActionsBench& bench, frmrcBHDGS& dialog);
   } cases[] = {
       {"", [](auto&, auto&) {}},
-      {"PendingCommand is 'x'", [](auto& b, auto&) { b.module.remote.PendingCommand = u"x"; }},
+      {"PendingCommand is 'x'", [](auto& b, auto&) { b.module.PendingCommand = u"x"; }},
       {"lstSelMaps: 0 rows for 1 maps",
        [](auto& b, auto&) {
          b.context.maps.selected.Append({u"A", u"a.bms", 0, false});

@@ -29,7 +29,7 @@ class BrokenClock final : public Clock {
 TEST(ShuffleRotation, AFailureKeepsTheRotationWhole) {
   FileActionsBench bench;
   BrokenClock clock;
-  DialogContext context(bench.toolkit, bench.files, clock, CodePage::Windows1252());
+  Session context(bench.toolkit, bench.files, clock, CodePage::Windows1252());
   headless::KitWatch watched;
   context.file_kit = std::make_unique<headless::WatchedFileKit>(bench.host_kit, watched);
   context.HostRoot = u"C:\\Host";

@@ -25,15 +25,15 @@ struct LoadedPlugIn : host::HeadlessHost {
     HeadlessHost::Open(3, host::HostTexts({u"unused", u"abc"}), while_shown);
   }
 
-  [[nodiscard]] frmrcBHDGS& dialog() { return *module.dialog.dialog; }
+  [[nodiscard]] frmrcBHDGS& dialog() { return *module.dialog; }
   [[nodiscard]] RecordingFileKit& kit() {
-    return dynamic_cast<RecordingFileKit&>(*module.dialog.file_kit);
+    return dynamic_cast<RecordingFileKit&>(*module.file_kit);
   }
 
   // An option of the dialog, which is created when there is none.
   template <class T = ui::Control>
   [[nodiscard]] T& Option(TextView key) {
-    return TakeDialog(module.dialog)->Get<T>(key);
+    return TakeDialog(module)->Get<T>(key);
   }
   // The value of an option as text.
   [[nodiscard]] std::string Value(TextView key) {
@@ -50,13 +50,13 @@ struct LoadedPlugIn : host::HeadlessHost {
 
   // Puts a map into the rotation and its row into the list.
   void SelectMap(SelectedMap map = {u"Dune", u"dune.bms", 0, false}) {
-    module.dialog.maps.selected.Append(std::move(map));
-    TakeDialog(module.dialog)->BuildMapList();
+    module.maps.selected.Append(std::move(map));
+    TakeDialog(module)->BuildMapList();
   }
 
   // Presses and releases a mouse button over a control.
   void Press(TextView control, std::int16_t button = ui::kLeftButton) {
-    const std::shared_ptr<frmrcBHDGS> held = module.dialog.dialog;
+    const std::shared_ptr<frmrcBHDGS> held = module.dialog;
     ui::MouseEvent event;
     event.button = button;
     held->At(control).Happened(ui::MousePressed{event});

@@ -45,10 +45,8 @@ class FaultBench final : public host::HeadlessHost {
   // it must be, empty when all was.
   [[nodiscard]] std::string WholeJob();
 
-  [[nodiscard]] frmrcBHDGS* dialog() { return module.dialog.dialog.get(); }
-  [[nodiscard]] std::vector<SelectedMap> rotation() const {
-    return module.dialog.maps.selected.maps();
-  }
+  [[nodiscard]] frmrcBHDGS* dialog() { return module.dialog.get(); }
+  [[nodiscard]] std::vector<SelectedMap> rotation() const { return module.maps.selected.maps(); }
   // The labels in the boxes of trapped failures since the last call.
   [[nodiscard]] std::vector<Text> TakeReports();
   [[nodiscard]] std::string Contents(TextView path) const;

@@ -99,9 +99,9 @@ const std::vector<Operation>& Operations() {
       {.name = "SettingsReplyFirst",
        .where = Where::kUnopened,
        .labels = {u"RemoteData", u"SetMaps", u"FormLoad_ERROR"},
-       .prepare = [](FaultBench& b) { b.module.remote.PendingCommand = kLoadFormCommand; },
+       .prepare = [](FaultBench& b) { b.module.PendingCommand = kLoadFormCommand; },
        .run = [](FaultBench& b) { b.plug_in().RemoteData(b.settings_reply); },
-       .is_done = [](FaultBench& b) { return b.module.dialog.maps.server.Count() == 2; }},
+       .is_done = [](FaultBench& b) { return b.module.maps.server.Count() == 2; }},
       {.name = "StartReplyFailed",
        .labels = {u"RemoteData"},
        .silent = {u"Sync frmrcBHDGS", u"Sync lblWaiting"},
@@ -116,7 +116,7 @@ const std::vector<Operation>& Operations() {
        .labels = {u"SetMaps", u"cboMods_Click"},
        .prepare = [](FaultBench& b) { b.Tell(u"tsMain", ui::TabChosen{0}); },
        .run = [](FaultBench& b) { b.Tell(u"cboMods", ui::ItemChosen{1}); },
-       .is_done = [](FaultBench& b) { return b.module.dialog.maps.catalogue.Count() == 185; }},
+       .is_done = [](FaultBench& b) { return b.module.maps.catalogue.Count() == 185; }},
       {.name = "Scroll",
        .labels = {u"lstMax_Scroll"},
        .prepare = [](FaultBench& b) { b.Tell(u"tsMain", ui::TabChosen{0}); },
@@ -150,7 +150,7 @@ const std::vector<Operation>& Operations() {
        .labels = {u"lstAvlMaps_KeyPress", u"BuildMapList"},
        .prepare =
            [](FaultBench& b) {
-             auto& selected = b.module.dialog.maps.selected;
+             auto& selected = b.module.maps.selected;
              selected.Replace(std::vector<SelectedMap>(253, selected.At(1)));
              b.dialog()->BuildMapList();
              b.SelectRows(u"lstAvlMaps", {0, 2, 4});
@@ -273,7 +273,7 @@ class Attempt {
       FailOnce();
     }
     if (bench_.dialog() != nullptr) {
-      former_ = bench_.module.dialog.dialog;
+      former_ = bench_.module.dialog;
       bench_.dialog()->Unload();
     }
     bench_.toolkit.RunDeferred();
@@ -294,7 +294,7 @@ class Attempt {
     const std::vector<Text> before = bench_.TakeReports();
     EXPECT_TRUE(before.empty()) << ToUtf8(before.front());
     bench_.watch.failures.clear();
-    former_ = bench_.module.dialog.dialog;
+    former_ = bench_.module.dialog;
     strike_ = bench_.RunFailing(source_, nth_, extent_, error_, [&] {
       try {
         operation_.run(bench_);
@@ -351,8 +351,7 @@ class Attempt {
   }
   // A dialog that came up half built stays so, and what needs the rest of it fails as well.
   [[nodiscard]] bool IsHalfBuilt() const {
-    return bench_.module.dialog.dialog != nullptr &&
-           bench_.module.dialog.dialog->game_types().empty();
+    return bench_.module.dialog != nullptr && bench_.module.dialog->game_types().empty();
   }
   [[nodiscard]] bool WasReported(TextView label) const {
     return std::ranges::find(reported_, label) != reported_.end();
@@ -385,7 +384,7 @@ class Attempt {
     const bool waits = name == "LoadInterface" && !WasReported(u"LoadInterface");
     EXPECT_TRUE(waits || bench_.dialog()->pointer() == ui::Pointer::kDefault);
     if (name == "Start" && source_ != Source::kToolkit) {
-      const bool pending = bench_.module.remote.PendingCommand == kStartGameCommand;
+      const bool pending = bench_.module.PendingCommand == kStartGameCommand;
       EXPECT_EQ(bench_.toolkit.screen_pointer() == ui::Pointer::kBusy, pending);
     }
   }

@@ -41,7 +41,7 @@ namespace {
 // none.
 std::string Answer(const SettingsReply& reply) {
   LoadedPlugIn host;
-  host.module.remote.PendingCommand = kLoadFormCommand;
+  host.module.PendingCommand = kLoadFormCommand;
   host.plug_in().RemoteData(reply.Frame());
   const std::vector<std::string> reports = host.Reports();
   if (reports.empty()) return "";
@@ -100,12 +100,12 @@ TEST(Limits, ServerMapsAndTheMemoryForThem) {
     }
     LoadedPlugIn host;
     const Text frame = SettingsReply().Set(25, std::move(maps)).Frame();
-    host.module.remote.PendingCommand = kLoadFormCommand;
+    host.module.PendingCommand = kLoadFormCommand;
     const std::size_t before = held_bytes;
     most_held_bytes = held_bytes;
     host.plug_in().RemoteData(frame);
     const std::size_t grown = most_held_bytes - before;
-    const ServerMapList& list = host.module.dialog.maps.server;
+    const ServerMapList& list = host.module.maps.server;
     ASSERT_EQ(list.Count(), count);
     if (count > 0) {
       EXPECT_EQ(list.ServerMapFiles(count), FromUtf8("m" + std::to_string(count - 1) + ".bms"));

@@ -24,8 +24,8 @@ TEST_F(HostCalls, OpeningAsksForTheSettingsBeforeItShows) {
   host.kit().before = [&](const std::string&) {
     EXPECT_FALSE(host.dialog().shown());
     EXPECT_EQ(host.dialog().pointer(), ui::Pointer::kBusy);
-    EXPECT_EQ(host.module.remote.PendingCommand, u"LoadForm");
-    EXPECT_EQ(host.module.dialog.maps.selected.Count(), 0);
+    EXPECT_EQ(host.module.PendingCommand, u"LoadForm");
+    EXPECT_EQ(host.module.maps.selected.Count(), 0);
   };
   host.Open([&] {
     was_shown = host.dialog().shown();
@@ -51,9 +51,9 @@ TEST_F(HostCalls, ADialogClosedWhileTheQueryIsWrittenIsNotShown) {
 }
 
 TEST_F(HostCalls, AFailedReplyCreatesNoDialogForItsPointer) {
-  host.module.remote.PendingCommand = kLoadFormCommand;
+  host.module.PendingCommand = kLoadFormCommand;
   host.plug_in().RemoteData(u"rubbish");
-  EXPECT_EQ(host.module.dialog.dialog, nullptr);
+  EXPECT_EQ(host.module.dialog, nullptr);
   EXPECT_EQ(host.Reports().size(), 1u);
 }
 
@@ -67,12 +67,12 @@ TEST_F(HostCalls, AReplyWithinAReplyMayCloseTheDialog) {
     bool answered = false;
     host.toolkit.while_message_open = [&](const auto&) {
       if (std::exchange(answered, true)) return;
-      host.module.remote.PendingCommand = kStartGameCommand;
+      host.module.PendingCommand = kStartGameCommand;
       host.plug_in().RemoteData(u"1");
     };
     host.plug_in().RemoteData(reply.Frame());
     EXPECT_TRUE(answered);
-    EXPECT_EQ(host.module.dialog.dialog, nullptr);
+    EXPECT_EQ(host.module.dialog, nullptr);
   });
 }
 

@@ -13,12 +13,12 @@ using Strings = std::vector<std::string>;
 
 TEST(StartUp, FindsTheHostAndItsServicesOnce) {
   LoadedPlugIn host;
-  EXPECT_EQ(host.module.dialog.HostRoot, u"C:\\Host");
+  EXPECT_EQ(host.module.HostRoot, u"C:\\Host");
   host.before_create = [](TextView call) { FAIL() << ToUtf8(call); };
   const clsPlugin another(host.module);
   EXPECT_NE(host.module.memory_kit, nullptr);
-  EXPECT_EQ(host.module.remote.PendingCommand, u"");
-  EXPECT_EQ(host.module.dialog.dialog, nullptr);
+  EXPECT_EQ(host.module.PendingCommand, u"");
+  EXPECT_EQ(host.module.dialog, nullptr);
   EXPECT_EQ(host.Boxes(), Strings());
 }
 
@@ -27,7 +27,7 @@ TEST(StartUp, TakesTheRootOfADevelopmentHostFromItsOwnFolder) {
   host.paths = headless::FixedProcessPaths(u"C:\\dev\\vb6.exe",
                                            u"D:\\Work\\dlls\\Quillstart\\Plugins\\plugins");
   host.module.SubMain();
-  EXPECT_EQ(host.module.dialog.HostRoot, u"D:\\Work");
+  EXPECT_EQ(host.module.HostRoot, u"D:\\Work");
 }
 
 TEST(StartUp, ReportsWhatTheHostDoesNotOffer) {
@@ -63,15 +63,15 @@ TEST(StartUp, RunsAgainAfterTheHostWasLetGo) {
   LoadedPlugIn host;
   host.plug_in().SetPrivis(std::make_shared<KeyedItems>(KeyedItems({})), nullptr, true);
   host.Open();
-  ASSERT_NE(host.module.dialog.dialog, nullptr);
+  ASSERT_NE(host.module.dialog, nullptr);
   const std::weak_ptr<HostCollection> rights = host.module.NameCol;
 
   host.module.ReleaseHost();
   EXPECT_TRUE(rights.expired());
   EXPECT_EQ(host.module.memory_kit, nullptr);
-  EXPECT_EQ(host.module.dialog.dialog, nullptr);
-  EXPECT_NE(dynamic_cast<AbsentFileKit*>(host.module.dialog.file_kit.get()), nullptr);
-  EXPECT_EQ(host.module.remote.PendingCommand, u"LoadForm");
+  EXPECT_EQ(host.module.dialog, nullptr);
+  EXPECT_EQ(host.module.file_kit, nullptr);
+  EXPECT_EQ(host.module.PendingCommand, u"LoadForm");
 
   const clsPlugin later(host.module);
   EXPECT_NE(host.module.memory_kit, nullptr);
@@ -83,7 +83,7 @@ TEST(StartUp, LetsAShownDialogBe) {
   LoadedPlugIn host;
   host.Open([&] {
     host.module.ReleaseHost();
-    ASSERT_NE(host.module.dialog.dialog, nullptr);
+    ASSERT_NE(host.module.dialog, nullptr);
     EXPECT_TRUE(host.dialog().shown());
   });
 }

@@ -13,7 +13,7 @@ namespace {
 
 struct RequestFile : testing::Test {
   LoadedPlugIn host;
-  DialogContext& context = host.module.dialog;
+  Session& context = host.module;
   headless::MemoryFileSystem& memory = host.memory;
   RecordingFileKit* kit = &host.kit();
   std::vector<std::string> journal;

@@ -47,7 +47,7 @@ TEST_P(CheckedInput, IsRepairedOrRefused) {
       input.fields);
   const bool sent = *input.outcome == '\0';
   EXPECT_EQ(host.kit().files.size(), sent ? 2u : 1u);
-  EXPECT_EQ(host.module.remote.PendingCommand, sent ? u"StartGame" : u"LoadForm");
+  EXPECT_EQ(host.module.PendingCommand, sent ? u"StartGame" : u"LoadForm");
   EXPECT_EQ(host.toolkit.screen_pointer(), sent ? ui::Pointer::kBusy : ui::Pointer::kDefault);
 }
 
@@ -98,7 +98,7 @@ TEST(StartCommand, AnsweredWhileTheFailureBoxIsOpenSurvivesACancel) {
     host.plug_in().RemoteData(u"0");
   });
   EXPECT_EQ(host.Boxes(), Strings{"Failed!|Failed to initialize game process!"});
-  EXPECT_EQ(host.module.dialog.dialog, nullptr);
+  EXPECT_EQ(host.module.dialog, nullptr);
 }
 
 }  // namespace

@@ -108,7 +108,7 @@ TEST_F(ReportMessageTest, FailingSendOrMissingKitStillShowsTheBox) {
   };
   reporter.ReportMessage(MessageKind::kTrappedError, u"One", &error, 0);
   EXPECT_EQ(kit->log.size(), 1U);
-  file_kit = std::make_unique<AbsentFileKit>();
+  file_kit.reset();
   reporter.ReportMessage(MessageKind::kTrappedError, u"Two", &error, 0);
   file_kit = nullptr;
   reporter.ReportMessage(MessageKind::kTrappedError, u"Three", nullptr, 0);

@@ -1,5 +1,6 @@
-// What the dialog works with: the platform, the host's file kit, the model lists, and where the
-// host keeps its files. It lives as long as the library is loaded and outlives every dialog.
+// The state of the plug-in between host calls: the platform, the host's kits, the model lists, the
+// dialog, and what the host has said. It lives as long as the library is loaded and outlives every
+// dialog.
 #pragma once
 
 #include <cstdint>
@@ -18,28 +19,31 @@ namespace quill {
 
 class frmrcBHDGS;
 
-struct DialogContext {
-  DialogContext(ui::Toolkit& toolkit_used, FileSystem& files_used, Clock& clock_used,
-                const CodePage& code_page_used)
+struct Session {
+  Session(ui::Toolkit& toolkit_used, FileSystem& files_used, Clock& clock_used,
+          const CodePage& code_page_used)
       : toolkit(toolkit_used),
         files(files_used),
         clock(clock_used),
         code_page(code_page_used),
-        file_kit(std::make_unique<AbsentFileKit>()),
         reporter(file_kit, toolkit_used) {}
-  DialogContext(const DialogContext&) = delete;
-  DialogContext& operator=(const DialogContext&) = delete;
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
 
   ui::Toolkit& toolkit;
   FileSystem& files;
   Clock& clock;
   const CodePage& code_page;
 
-  std::unique_ptr<FileKit> file_kit;  // never null
+  std::unique_ptr<FileKit> file_kit;  // null: the host offers none
   MessageReporter reporter;
+  // The file kit; kObjectNotSet while there is none.
+  [[nodiscard]] FileKit& kit() const { return reporter.Kit(); }
 
   Text HostRoot;           // no trailing backslash
   std::int32_t Index = 0;  // the host's profile number
+  Text TargetId;           // the remote side's id, as the host gave it
+  Text PendingCommand;     // whose reply is awaited: empty, kLoadFormCommand or kStartGameCommand
 
   MapLists maps;
 
@@ -51,6 +55,6 @@ struct DialogContext {
 };
 
 // The dialog, created hidden (its load procedure runs) when there is none.
-[[nodiscard]] std::shared_ptr<frmrcBHDGS> TakeDialog(DialogContext& context);
+[[nodiscard]] std::shared_ptr<frmrcBHDGS> TakeDialog(Session& session);
 
 }  // namespace quill
