@@ -1,18 +1,15 @@
-// The dialog as it is designed: its options, their initial state, and that everything has its
-// place.
+// The dialog as it is designed: everything has its place and its turn.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <set>
 
-#include "dialog/option_table.h"
 #include "tests/dialog/dialog_bench.h"
 
 namespace quill {
 namespace {
 
 using ui::Bounds;
-using ui::ControlKind;
 using ui::Twips;
 
 constexpr Twips kPixel = 15;
@@ -23,10 +20,6 @@ Twips Right(const Bounds& bounds) {
 Twips Bottom(const Bounds& bounds) {
   return bounds.top + bounds.height;
 }
-Twips MiddleLine(const Bounds& bounds) {
-  return bounds.top + bounds.height / 2;
-}
-
 // By a pixel or more both ways.
 bool Overlap(const Bounds& a, const Bounds& b) {
   return std::min(Right(a), Right(b)) - std::max(a.left, b.left) >= kPixel &&
@@ -45,8 +38,6 @@ class DialogDesign : public ::testing::Test {
  protected:
   DialogBench bench_;
   std::shared_ptr<frmrcBHDGS> dialog_ = TakeDialog(bench_.context);
-
-  ui::ListBox& List(TextView key) { return dialog_->Get<ui::ListBox>(key); }
 };
 
 TEST_F(DialogDesign, NothingOverlapsOrSticksOut) {
@@ -80,35 +71,6 @@ TEST_F(DialogDesign, NothingOverlapsOrSticksOut) {
   EXPECT_EQ(dialog_->Frame3.bounds(), (Bounds{120, 3720, 9375, 855}));
   EXPECT_EQ(dialog_->tsMain.bounds(), (Bounds{0, 0, 9615, 4695}));
   EXPECT_FALSE(dialog_->Picture1.visible());
-}
-
-TEST_F(DialogDesign, EachOptionStandsBesideItsLabelAndInItsColumn) {
-  for (const Option& option : Options()) {
-    const ui::Control& control = dialog_->At(option.key);
-    const auto& siblings = control.container()->children();
-    const auto place = std::find(siblings.begin(), siblings.end(), &control);
-    ASSERT_NE(place, siblings.begin()) << Named(control);
-    const ui::Control& label = **(place - 1);
-    ASSERT_EQ(label.kind(), ControlKind::kLabel) << Named(control);
-    EXPECT_EQ(static_cast<const ui::Label&>(label).caption(), option.label);
-    EXPECT_EQ(label.tab_index() + 1, control.tab_index());
-    EXPECT_LE(Right(label.bounds()), control.bounds().left) << Named(control);
-    EXPECT_NEAR(MiddleLine(label.bounds()), MiddleLine(control.bounds()), kPixel) << Named(control);
-    if (option.kind == ControlKind::kListBox) {
-      EXPECT_GE(control.bounds().height, bench_.toolkit.GetMetrics().list_row_height + 4 * kPixel);
-    }
-  }
-  const auto left = [&](TextView key) { return dialog_->At(key).bounds().left; };
-  const auto row = [&](TextView key) { return MiddleLine(dialog_->At(key).bounds()); };
-  EXPECT_EQ(left(u"txtMessage"), left(u"chkLoop"));
-  EXPECT_EQ(left(u"lstKills"), left(u"cboMods"));
-  EXPECT_EQ(left(u"chkSkins"), left(u"chkDedi"));
-  EXPECT_NEAR(row(u"chkNova"), row(u"chkSkins"), 0);
-  EXPECT_NEAR(row(u"chkWindow"), row(u"chkDedi"), 0);
-  EXPECT_GT(left(u"chkSkins"), left(u"chkNova"));
-  EXPECT_GT(left(u"txtMinPing"), left(u"chkMinPing"));
-  EXPECT_EQ(left(u"txtMinPing"), left(u"txtMaxPing"));
-  EXPECT_GT(row(u"txtMinPing"), row(u"chkMinPing"));
 }
 
 TEST_F(DialogDesign, TabOrderNumbersEachControlOnce) {

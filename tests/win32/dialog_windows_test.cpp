@@ -144,6 +144,33 @@ TEST_F(DialogWindows, CheckBoxesFollowTheModelOnly) {
   });
 }
 
+TEST_F(DialogWindows, TheRowsOfTheMapListsAreRepainted) {
+  Show([&](frmrcBHDGS&) {
+    PickMod(u"Team Sabre");
+    robot.ClickTab(u"Map Settings");
+    const auto picture_of = [&](const Text& list) {
+      DrainMessages();
+      return host::TakeWindow(robot.Find(list));
+    };
+    const host::Pixels available = picture_of(u"lstAvlMaps");
+    const host::Pixels empty = picture_of(u"lstSelMaps");
+    robot.PressAccessKey(u'n');
+    EXPECT_NE(picture_of(u"lstAvlMaps"), available);
+    robot.PressAccessKey(u'p');
+    EXPECT_EQ(picture_of(u"lstAvlMaps"), available);
+    robot.DoubleClickRow(u"lstAvlMaps", 0);
+    const host::Pixels one = picture_of(u"lstSelMaps");
+    EXPECT_NE(one, empty);
+    robot.DoubleClickRow(u"lstAvlMaps", 1);
+    EXPECT_NE(picture_of(u"lstSelMaps"), one);
+    robot.Strike(u"lstSelMaps", {u'A', ui::kCtrlHeld});
+    robot.Strike(u"lstSelMaps", {ui::kDeleteKey});
+    robot.ClickTab(u"Server Settings");
+    robot.ClickTab(u"Map Settings");
+    EXPECT_EQ(picture_of(u"lstSelMaps"), empty);
+  });
+}
+
 TEST_F(DialogWindows, ImageButtonsShowThePressAndActOnTheRelease) {
   Show([&](frmrcBHDGS&) {
     robot.ClickTab(u"Map Settings");

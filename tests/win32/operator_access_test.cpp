@@ -52,6 +52,11 @@ TEST_F(OperatorAccess, TheTabKeyGoesRoundEachPageInReadingOrder) {
       expected.insert(expected.end(), buttons.begin(), buttons.end());
       EXPECT_EQ(Seen(u"tsMain", u"caption"), page);
       EXPECT_EQ(TabStops(), expected);
+      std::reverse(expected.begin() + 1, expected.end());
+      {
+        const host::HeldKey shift(VK_SHIFT);
+        EXPECT_EQ(TabStops(), expected) << "with Shift";
+      }
       robot.PressKey(VK_RIGHT);  // in the tab strip
     }
     const host::HeldKey control(VK_CONTROL);
