@@ -1,5 +1,6 @@
 #include "host/win32/native_stage.h"
 
+#include <algorithm>
 #include <deque>
 #include <exception>
 #include <filesystem>
@@ -102,7 +103,7 @@ class NativeStage final : public Stage {
   }
   void LoadInterface(std::int32_t index, const std::vector<Text>& target,
                      const std::function<bool()>& go_on) override {
-    displays_.push_back({go_on, nullptr});
+    displays_.push_back({go_on, nullptr, boxes_in_hand_.size()});
     std::exception_ptr failure;
     try {
       Call([&](PluginClient& plugin) { plugin.LoadInterface(index, target); });
@@ -178,6 +179,7 @@ class NativeStage final : public Stage {
   struct Display {
     std::function<bool()> go_on;
     std::exception_ptr failure;
+    std::size_t boxes = 0;  // in hand when it began
   };
 
   [[nodiscard]] std::vector<Text> ReadablePictures() const {
@@ -199,10 +201,7 @@ class NativeStage final : public Stage {
   // From within whatever message loop is running.
   void Turn() {
     const OpenBox box = FindOpenBox();
-    if (box.window == nullptr) return GoOn();
-    for (const HWND handled : boxes_in_hand_) {
-      if (handled == box.window) return;
-    }
+    if (box.window == nullptr || std::ranges::count(boxes_in_hand_, box.window) != 0) return GoOn();
     boxes_in_hand_.push_back(box.window);
     Handle(box);
     boxes_in_hand_.pop_back();
@@ -224,11 +223,13 @@ class NativeStage final : public Stage {
     AcknowledgeBox(box);
   }
 
-  // A disabled dialog waits for a box that is about to show.
+  // A disabled dialog waits for a box that is about to show, or for the one inside which it was
+  // shown.
   void GoOn() {
-    if (displays_.empty() || !boxes_in_hand_.empty()) return;
+    if (displays_.empty() || displays_.back().boxes != boxes_in_hand_.size()) return;
     const HWND form = robot_.FormWindow();
-    if (form == nullptr || !IsWindowVisible(form) || !IsWindowEnabled(form)) return;
+    if (form == nullptr || !IsWindowVisible(form)) return;
+    if (boxes_in_hand_.empty() && !IsWindowEnabled(form)) return;
     const std::size_t depth = displays_.size();
     const auto go_on = displays_.back().go_on;
     bool has_more = false;
