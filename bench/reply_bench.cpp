@@ -13,7 +13,8 @@
 #include "bench/measurements.h"
 #include "bench/plain_host.h"
 #include "remote/compressed_frame.h"
-#include "remote/game_settings_query.h"
+#include "remote/replies.h"
+#include "remote/reply_fields.h"
 #include "remote/server_maps_field.h"
 #include "support/base64.h"
 
@@ -93,12 +94,11 @@ void HandleReply(benchmark::State& state, const std::string& payload) {
   host.kit->decompressed = FromUtf8(payload);
   const auto dialog = TakeDialog(host.context);
   auto& mods = dialog->Get<ui::ComboBox>(u"cboMods");
-  ReplyFields fields;
-  Line at(std::source_location::current());
+  context.PendingCommand = kLoadFormCommand;
   for (auto _ : state) {
     mods.Clear();
     host.context.maps.server = ServerMapList();
-    HandleGameSettingsReply(context, kFrame, fields, at);
+    TakeReply(context, kFrame);
     benchmark::ClobberMemory();
   }
 }

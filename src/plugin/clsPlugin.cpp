@@ -1,4 +1,4 @@
-// The members that the host calls, each with its trap.
+// The members that the host calls, with their traps.
 #include "plugin/clsPlugin.h"
 
 #include <utility>
@@ -6,20 +6,12 @@
 #include "dialog/frmrcBHDGS.h"
 #include "plugin/operator_rights.h"
 #include "remote/dialog_in_use.h"
-#include "remote/game_settings_query.h"
-#include "remote/reply_routing.h"
+#include "remote/replies.h"
+#include "remote/request_file.h"
 #include "support/trap.h"
 #include "support/version_text.h"
 
 namespace quill {
-namespace {
-
-// A failed call must not create a dialog only to reset its pointer.
-void RestorePointer(const Session& session) {
-  if (session.dialog) session.dialog->SetPointer(ui::Pointer::kDefault);
-}
-
-}  // namespace
 
 clsPlugin::clsPlugin(mdlBHDGS& module) : module_(module) {
   module_.SubMain();
@@ -62,24 +54,15 @@ void clsPlugin::LoadInterface(std::int32_t Index, std::int32_t, const HostArray&
         }
         at(), dialog->SetPointer(ui::Pointer::kBusy);
         at(), session.PendingCommand = kLoadFormCommand;
-        at(), SendGameSettingsQuery(session);
+        at(),
+            WriteRequest(session, kGameSettingsQuery, RequestEnvelope(session, kGameSettingsQuery));
         at(), dialog->ShowModal();
       },
       [&](RuntimeError&) { RestorePointer(session); });
 }
 
 void clsPlugin::RemoteData(TextView Data) {
-  Text reply;  // the host may change its own while this runs
-  ReplyFields fields;
-  Trapped(
-      module_.reporter, u"RemoteData",
-      [&](Line& at) {
-        at(), reply = Data;
-        RouteReply(module_, reply, fields, at);
-      },
-      [&](RuntimeError& error) {
-        RunEach([&] { RestorePointer(module_); }, [&] { ExplainTypeMismatch(error, fields); });
-      });
+  TakeReply(module_, Data);
 }
 
 void clsPlugin::HideInterface() {

@@ -26,4 +26,9 @@ class DialogInUse {
   ui::KeepAlive keep_alive_;
 };
 
+// A failed call must not create a dialog only to reset its pointer.
+inline void RestorePointer(const Session& session) {
+  if (session.dialog) session.dialog->SetPointer(ui::Pointer::kDefault);
+}
+
 }  // namespace quill

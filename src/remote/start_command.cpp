@@ -1,4 +1,4 @@
-// Checking, packing and sending a start of the game, and taking its answer.
+// Checking, packing and sending a start of the game.
 #include "remote/start_command.h"
 
 #include <array>
@@ -10,6 +10,7 @@
 #include "remote/request_file.h"
 #include "support/base64.h"
 #include "support/number_text.h"
+#include "support/trap.h"
 
 namespace quill {
 namespace {
@@ -129,14 +130,6 @@ void StartGame(Session& session, frmrcBHDGS& dialog) {
     at(), WriteRequest(session, kStartGame, RequestEnvelope(session, kStartGame, frame));
   };
   Trapped(reporter, u"cmdStart_Error", steps, give_up);
-}
-
-void HandleStartReply(Session& session, TextView data, Line& at) {
-  if (frmrcBHDGS* const dialog = session.dialog.get()) dialog->start_wait().End();
-  if (at(), ToInt32(data) == 0) {
-    session.reporter.Show(MessageKind::kFailed, u"Failed to initialize game process!");
-  }
-  if (frmrcBHDGS* const dialog = session.dialog.get()) at(), dialog->Unload();
 }
 
 }  // namespace quill

@@ -1,5 +1,6 @@
-// Asking for the game settings, and filling the dialog from the reply, step by step.
-#include "remote/game_settings_query.h"
+// Routing a reply, filling the dialog from game settings, and taking a start's answer: all that
+// the label "RemoteData" takes lines from.
+#include "remote/replies.h"
 
 #include <algorithm>
 #include <array>
@@ -9,11 +10,13 @@
 #include "dialog/option_value.h"
 #include "remote/compressed_frame.h"
 #include "remote/dialog_in_use.h"
+#include "remote/reply_fields.h"
 #include "remote/request_file.h"
 #include "remote/server_maps_field.h"
 #include "support/base64.h"
 #include "support/number_text.h"
 #include "support/text_pieces.h"
+#include "support/trap.h"
 
 namespace quill {
 namespace {
@@ -84,12 +87,6 @@ void FillOption(frmrcBHDGS& dialog, const Option& option, const ReplyFields& fie
   SetNumberValue(control, form == FieldForm::kNumberPlusOne || is_loop ? number - 1 : number);
 }
 
-}  // namespace
-
-void SendGameSettingsQuery(Session& session) {
-  WriteRequest(session, kGameSettingsQuery, RequestEnvelope(session, kGameSettingsQuery));
-}
-
 void HandleGameSettingsReply(Session& session, TextView data, ReplyFields& fields, Line& at) {
   at(), fields.Assign(DecodeFrame(data, session.kit()));
   const DialogInUse dialog((at(), session));
@@ -100,6 +97,41 @@ void HandleGameSettingsReply(Session& session, TextView data, ReplyFields& field
   for (const Option& option : Options()) at(), FillOption(*dialog, option, fields);
   at(), dialog->Get<ui::CheckBox>(u"chkWindow").SetValue(1);
   at(), dialog->SetPointer(ui::Pointer::kDefault);
+}
+
+void HandleStartReply(Session& session, TextView data, Line& at) {
+  if (frmrcBHDGS* const dialog = session.dialog.get()) dialog->start_wait().End();
+  if (at(), ToInt32(data) == 0) {
+    session.reporter.Show(MessageKind::kFailed, u"Failed to initialize game process!");
+  }
+  if (frmrcBHDGS* const dialog = session.dialog.get()) at(), dialog->Unload();
+}
+
+// Two telling fields of the reply.
+void ExplainTypeMismatch(RuntimeError& error, const ReplyFields& fields) {
+  if (!error.Is(ErrorNumber::kTypeMismatch)) return;
+  error.AppendToDescription(
+      Concat({u" [", fields.ValueOrEmpty(14), u", ", fields.ValueOrEmpty(29), u"]"}));
+}
+
+}  // namespace
+
+void TakeReply(Session& session, TextView data) {
+  Text reply;
+  ReplyFields fields;
+  Trapped(
+      session.reporter, u"RemoteData",
+      [&](Line& at) {
+        at(), reply = data;
+        if (session.PendingCommand == kLoadFormCommand) {
+          HandleGameSettingsReply(session, reply, fields, at);
+        } else if (session.PendingCommand == kStartGameCommand) {
+          HandleStartReply(session, reply, at);
+        }
+      },
+      [&](RuntimeError& error) {
+        RunEach([&] { RestorePointer(session); }, [&] { ExplainTypeMismatch(error, fields); });
+      });
 }
 
 }  // namespace quill
