@@ -8,8 +8,8 @@
 
 #include "ui/picture_box.h"
 #include "ui/tab_strip.h"
+#include "win32/mdlBHDGSRCStyle.h"
 #include "win32/native_colour.h"
-#include "win32/tab_background_hook.h"
 #include "win32/tab_strip_peer.h"
 #include "win32/this_module.h"
 #include "win32/win32_toolkit.h"

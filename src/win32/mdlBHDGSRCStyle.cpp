@@ -1,4 +1,4 @@
-#include "win32/tab_background_hook.h"
+#include "win32/mdlBHDGSRCStyle.h"
 
 #include "win32/native_colour.h"
 #include "win32/picture_box_peer.h"
