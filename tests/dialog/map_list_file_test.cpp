@@ -1,8 +1,6 @@
 // Map-list files: which lines count, how bytes become lines, and what holds while and after.
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 #include "tests/dialog/file_actions_bench.h"
 
 namespace quill {
