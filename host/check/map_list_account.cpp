@@ -5,6 +5,7 @@
 #include "dialog/text_lines.h"
 #include "host/check/dialog_trial.h"
 #include "host/check/missing_map.h"
+#include "maps/map_entry.h"
 
 namespace quill::host {
 namespace {
@@ -70,7 +71,7 @@ void TakeLoaded(const DialogTrial& trial, FileAccount& account) {
     has_failed = has_failed || line.kind == Kind::kFailed;
     if (line.kind != Kind::kMapFound || ++position > selected.Count()) continue;
     const SelectedMap& map = selected.At(position);
-    line.subject = Concat({map.name, u" <", map.file, u">"});
+    line.subject = JoinMapEntry(map.name, map.file);
     line.value = MapOrigin(map);
   }
   if (position != selected.Count() || has_failed != (trial.FailureOf(kTrapLabel) != nullptr)) {

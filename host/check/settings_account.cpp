@@ -11,6 +11,7 @@
 #include "host/check/missing_map.h"
 #include "host/kit/ini_text.h"
 #include "host/kit/text_file.h"
+#include "maps/map_entry.h"
 
 namespace quill::host {
 namespace {
@@ -159,7 +160,7 @@ class SettingsWatch {
     const SelectedMapList& selected = trial_.maps().selected;
     if (selected.Count() > maps_before_) {
       const SelectedMap& map = selected.At(selected.Count());
-      Add({Kind::kMapFound, entry.line, Concat({map.name, u" <", map.file, u">"}), MapOrigin(map)});
+      Add({Kind::kMapFound, entry.line, JoinMapEntry(map.name, map.file), MapOrigin(map)});
       return;
     }
     const StoredMapFields fields = SplitStoredMap(value);

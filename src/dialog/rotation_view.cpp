@@ -4,13 +4,14 @@
 #include <algorithm>
 
 #include "dialog/frmrcBHDGS.h"
+#include "maps/map_entry.h"
 #include "support/trap.h"
 
 namespace quill {
 namespace {
 
 void AddMapRow(ui::ListBox& list, TextView name, TextView file, std::int32_t game_type) {
-  list.AddItem({name, u" <", file, u">"});
+  list.AddItem(JoinMapEntry(name, file));
   list.SetItemData(list.Count() - 1, game_type);
 }
 

@@ -1,7 +1,5 @@
 #include "maps/map_entry.h"
 
-#include "maps/map_entry_split.h"
-
 namespace quill {
 
 MapEntry SplitMapEntry(TextView entry) {

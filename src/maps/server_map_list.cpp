@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "maps/map_entry_split.h"
+#include "maps/map_entry.h"
 #include "support/base64.h"
 #include "support/runtime_error.h"
 
