@@ -26,7 +26,7 @@ void RegisterTypes(RegistrationScope scope) {
   ComPtr<ITypeLib> types;
   HRESULT result = ::LoadTypeLibEx(WideOf(path), REGKIND_NONE, types.Receive());
   if (SUCCEEDED(result)) {
-    LPOLESTR wide = const_cast<LPOLESTR>(WideOf(path));
+    auto* wide = const_cast<LPOLESTR>(WideOf(path));
     result = scope == RegistrationScope::kMachine
                  ? ::RegisterTypeLib(types.get(), wide, nullptr)
                  : ::RegisterTypeLibForUser(types.get(), wide, nullptr);

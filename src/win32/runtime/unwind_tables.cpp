@@ -1,7 +1,7 @@
-// Where the unwinder of a 32-bit library finds the library's tables. The start-up code registers
-// them with another module's unwinder, libgcc_s_dw2-1.dll, when the process has that one loaded
-// already (GCC bug 105507); the library throws with the unwinder that is linked into it, which then
-// finds nothing and ends the process.
+// Where the unwinder of a 32-bit library finds the library's tables. The start-up code (libgcc's
+// cygming-crtbegin.c) registers them with another module's unwinder, libgcc_s_dw2-1.dll, when the
+// process has that one loaded already; the library throws with the unwinder that is linked into it,
+// which then finds nothing and ends the process.
 #include <windows.h>
 
 extern "C" {
