@@ -152,7 +152,7 @@ class Inspection {
             {button.name, u": the caption does not lie on the face"});
       const auto is_at = [&](bool pressed) {
         const auto place = ui::PlaceCaption(face->bounds(), caption->font_size(),
-                                            toolkit_.GetMetrics().twips_per_pixel_x, pressed);
+                                            toolkit_.GetMetrics().dots_per_inch, pressed);
         return caption->bounds().left == place.left && caption->bounds().top == place.top;
       };
       Holds(is_at(false) || is_at(true),

@@ -6,6 +6,7 @@
 namespace quill::ui {
 
 using Twips = std::int32_t;
+inline constexpr std::int32_t kTwipsPerInch = 1440;
 
 struct Bounds {
   Twips left = 0;
@@ -16,8 +17,8 @@ struct Bounds {
   friend bool operator==(const Bounds&, const Bounds&) = default;
 };
 
-// The nearest integer to numerator / 2, a half going to the even neighbour (3 / 2 -> 2, 5 / 2 ->
-// 2).
-[[nodiscard]] Twips NearestHalf(std::int64_t numerator) noexcept;
+// The nearest integer to numerator / denominator, a half going to the even neighbour (3 / 2 -> 2,
+// 5 / 2 -> 2). The denominator is greater than 0.
+[[nodiscard]] Twips Nearest(std::int64_t numerator, std::int32_t denominator) noexcept;
 
 }  // namespace quill::ui

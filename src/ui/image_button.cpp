@@ -20,11 +20,13 @@ int FontSizeOf(const ImageButton& button) {
 
 }  // namespace
 
-CaptionPlace PlaceCaption(const Bounds& face, int font_size, std::int32_t twips_per_pixel,
+CaptionPlace PlaceCaption(const Bounds& face, int font_size, std::int32_t dots_per_inch,
                           bool pressed) noexcept {
-  const Twips centre = NearestHalf(std::int64_t{face.top} * 2 + face.height);
-  const auto raised = std::int64_t{font_size} * twips_per_pixel;
-  CaptionPlace place{face.left + kSideMargin, static_cast<Twips>(centre - raised)};
+  const Twips centre = Nearest(std::int64_t{face.top} * 2 + face.height, 2);
+  // By as many pixels as the font has points; a pixel need not be a whole number of twips.
+  const std::int64_t raised = std::int64_t{font_size} * kTwipsPerInch;
+  CaptionPlace place{face.left + kSideMargin,
+                     Nearest(std::int64_t{centre} * dots_per_inch - raised, dots_per_inch)};
   if (pressed) {
     place.left += kPressedShiftRight;
     place.top += kPressedShiftDown;
@@ -51,8 +53,8 @@ Label& CreateButtonCaption(Form& dialog, const ImageButton& button, TextView hos
 
   const Text face_name = Concat({button.name, kFaceSuffix});
   const Bounds& face = dialog.At(face_name).bounds();
-  const CaptionPlace place = PlaceCaption(face, caption.font_size(),
-                                          dialog.toolkit().GetMetrics().twips_per_pixel_x, false);
+  const CaptionPlace place =
+      PlaceCaption(face, caption.font_size(), dialog.toolkit().GetMetrics().dots_per_inch, false);
   caption.SetBounds({place.left, place.top, face.width - 2 * kSideMargin, face.height});
 
   caption.SetEnabled(button.enabled);
@@ -84,12 +86,12 @@ void SetButtonState(Form& dialog, TextView face_name, TextView state, TextView h
 
   if (face_bounds && face_name.size() > kFaceSuffix.size()) {
     const TextView caption_name = face_name.substr(0, face_name.size() - kFaceSuffix.size());
-    const std::int32_t twips_per_pixel = dialog.toolkit().GetMetrics().twips_per_pixel_x;
+    const std::int32_t dots_per_inch = dialog.toolkit().GetMetrics().dots_per_inch;
     for (const auto& control : dialog.controls()) {
       if (control->name() != caption_name) continue;
       if (auto* const caption = dynamic_cast<Label*>(control.get())) {
         const CaptionPlace place =
-            PlaceCaption(*face_bounds, caption->font_size(), twips_per_pixel, pressed);
+            PlaceCaption(*face_bounds, caption->font_size(), dots_per_inch, pressed);
         caption->SetPlace(place.left, place.top);
       }
     }

@@ -28,13 +28,13 @@ struct ImageButton {
   int font_size = 0;             // points; 0 or less: kDefaultCaptionPoints
 };
 
-// Where a caption lies on its face. `twips_per_pixel` is the screen's horizontal one.
+// Where a caption lies on its face. The screen's `dots_per_inch` are the horizontal ones.
 struct CaptionPlace {
   Twips left = 0;
   Twips top = 0;
 };
 [[nodiscard]] CaptionPlace PlaceCaption(const Bounds& face, int font_size,
-                                        std::int32_t twips_per_pixel, bool pressed) noexcept;
+                                        std::int32_t dots_per_inch, bool pressed) noexcept;
 
 // `host_root` is the folder above "imgs". A picture that cannot be read fails as
 // Toolkit::ReadPicture does.

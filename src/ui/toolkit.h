@@ -42,8 +42,7 @@ class Picture {
 using PicturePtr = std::shared_ptr<const Picture>;
 
 struct Metrics {
-  std::int32_t twips_per_pixel_x = 15;  // 15 at 96 dots per inch
-  std::int32_t twips_per_pixel_y = 15;
+  std::int32_t dots_per_inch = 96;  // horizontally
   Twips list_row_height = 195;
 };
 

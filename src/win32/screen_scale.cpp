@@ -3,7 +3,6 @@
 namespace quill::win32 {
 namespace {
 
-constexpr int kTwipsPerInch = 1440;
 constexpr int kPointsPerInch = 72;
 constexpr int kUsualDotsPerInch = 96;
 
@@ -20,10 +19,10 @@ ScreenScale::ScreenScale() noexcept : ScreenScale(kUsualDotsPerInch, kUsualDotsP
 }
 
 int ScreenScale::PixelsX(ui::Twips twips) const noexcept {
-  return MulDiv(twips, dots_per_inch_x_, kTwipsPerInch);
+  return MulDiv(twips, dots_per_inch_x_, ui::kTwipsPerInch);
 }
 int ScreenScale::PixelsY(ui::Twips twips) const noexcept {
-  return MulDiv(twips, dots_per_inch_y_, kTwipsPerInch);
+  return MulDiv(twips, dots_per_inch_y_, ui::kTwipsPerInch);
 }
 
 RECT ScreenScale::Pixels(const ui::Bounds& bounds) const noexcept {
@@ -32,10 +31,10 @@ RECT ScreenScale::Pixels(const ui::Bounds& bounds) const noexcept {
 }
 
 ui::Twips ScreenScale::TwipsX(int pixels) const noexcept {
-  return MulDiv(pixels, kTwipsPerInch, dots_per_inch_x_);
+  return MulDiv(pixels, ui::kTwipsPerInch, dots_per_inch_x_);
 }
 ui::Twips ScreenScale::TwipsY(int pixels) const noexcept {
-  return MulDiv(pixels, kTwipsPerInch, dots_per_inch_y_);
+  return MulDiv(pixels, ui::kTwipsPerInch, dots_per_inch_y_);
 }
 
 SIZE ScreenScale::Scaled(SIZE size) const noexcept {

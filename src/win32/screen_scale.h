@@ -21,6 +21,8 @@ class ScreenScale {
   [[nodiscard]] ui::Twips TwipsX(int pixels) const noexcept;
   [[nodiscard]] ui::Twips TwipsY(int pixels) const noexcept;
 
+  [[nodiscard]] int dots_per_inch_x() const noexcept { return dots_per_inch_x_; }
+
   // For sizes that are given in pixels at 96 dots per inch.
   [[nodiscard]] SIZE Scaled(SIZE size) const noexcept;
   // Of a font of that many points, as LOGFONT wants it.

@@ -116,7 +116,7 @@ std::unique_ptr<ui::Peer> Win32Toolkit::MakePeer(ui::Control& control) {
 }
 
 ui::Metrics Win32Toolkit::GetMetrics() const {
-  return {scale_.TwipsX(1), scale_.TwipsY(1), scale_.TwipsY(list_row_pixels_)};
+  return {scale_.dots_per_inch_x(), scale_.TwipsY(list_row_pixels_)};
 }
 
 ui::PicturePtr Win32Toolkit::ReadPicture(TextView path) {

@@ -12,32 +12,33 @@ namespace {
 
 constexpr TextView kRoot = u"C:\\Host";
 
-TEST(NearestHalfTest, GoesToTheEvenNeighbour) {
-  for (const auto& [numerator, nearest] : std::vector<std::pair<int, int>>{{0, 0},
-                                                                           {1, 0},
-                                                                           {2, 1},
-                                                                           {3, 2},
-                                                                           {5, 2},
-                                                                           {7, 4},
-                                                                           {975, 488},
-                                                                           {-1, 0},
-                                                                           {-3, -2},
-                                                                           {-5, -2}}) {
-    EXPECT_EQ(NearestHalf(numerator), nearest) << numerator;
+TEST(NearestTest, SendsAHalfToTheEvenNeighbour) {
+  const struct {
+    int numerator;
+    int denominator;
+    int nearest;
+  } cases[] = {{0, 2, 0},    {1, 2, 0},   {2, 2, 1},   {3, 2, 2},   {5, 2, 2},  {975, 2, 488},
+               {-1, 2, 0},   {-3, 2, -2}, {-5, 2, -2}, {10, 7, 1},  {11, 7, 2}, {-10, 7, -1},
+               {-11, 7, -2}, {6, 4, 2},   {10, 4, 2},  {-6, 4, -2}, {-7, 4, -2}};
+  for (const auto& [numerator, denominator, nearest] : cases) {
+    EXPECT_EQ(Nearest(numerator, denominator), nearest) << numerator << "/" << denominator;
   }
 }
 
 TEST(CaptionPlaceTest, IsComputedFromFaceFontAndScreen) {
-  const auto place = [](const Bounds& face, int font, int twips_per_pixel, bool pressed) {
-    const CaptionPlace at = PlaceCaption(face, font, twips_per_pixel, pressed);
+  const auto place = [](const Bounds& face, int font, int dots_per_inch, bool pressed) {
+    const CaptionPlace at = PlaceCaption(face, font, dots_per_inch, pressed);
     return std::pair(at.left, at.top);
   };
-  EXPECT_EQ(place({1440, 240, 1335, 495}, 8, 15, false), std::pair(1515, 368));
-  EXPECT_EQ(place({1440, 240, 1335, 495}, 8, 15, true), std::pair(1535, 418));
-  EXPECT_EQ(place({790, 240, 300, 300}, 8, 15, false), std::pair(865, 270));
-  EXPECT_EQ(place({790, 240, 300, 300}, 8, 15, true), std::pair(885, 320));
-  EXPECT_EQ(place({0, 1, 300, 300}, 10, 12, false), std::pair(75, 31));
-  EXPECT_EQ(place({0, 0, 300, 5}, 8, 0, false), std::pair(75, 2));
+  EXPECT_EQ(place({1440, 240, 1335, 495}, 8, 96, false), std::pair(1515, 368));
+  EXPECT_EQ(place({1440, 240, 1335, 495}, 8, 96, true), std::pair(1535, 418));
+  EXPECT_EQ(place({790, 240, 300, 300}, 8, 96, false), std::pair(865, 270));
+  EXPECT_EQ(place({790, 240, 300, 300}, 8, 96, true), std::pair(885, 320));
+  EXPECT_EQ(place({0, 1, 300, 300}, 10, 120, false), std::pair(75, 31));
+  EXPECT_EQ(place({0, 0, 300, 5}, 0, 96, false), std::pair(75, 2));
+  // 8.57 and 7.5 twips per pixel.
+  EXPECT_EQ(place({1440, 240, 1335, 495}, 8, 168, false), std::pair(1515, 419));
+  EXPECT_EQ(place({1440, 240, 1335, 495}, 8, 192, true), std::pair(1535, 478));
 }
 
 class ImageButtonTest : public testing::Test {
