@@ -87,7 +87,7 @@ void HeadlessToolkit::ShowMessage(TextView caption, TextView text) {
   const SparedAllocations spared;
   Called({u"ShowMessage ", caption});
   messages_.push_back({Text(caption), Text(text)});
-  const Counted open(open_boxes_);
+  const Counted open(ModalForm() != nullptr ? owned_boxes_ : ownerless_boxes_);
   if (while_message_open) while_message_open(ShownMessage{Text(caption), Text(text)});
 }
 
@@ -129,7 +129,7 @@ std::vector<Text> HeadlessToolkit::ShowFileDialog(ui::Form&, const ui::FileDialo
     answer = std::move(answers_.front());
     answers_.pop_front();
   }
-  const Counted open(open_boxes_);
+  const Counted open(ModalForm() != nullptr ? owned_boxes_ : ownerless_boxes_);
   if (while_file_dialog_open) while_file_dialog_open(request);
   return answer;
 }
@@ -155,7 +155,6 @@ void HeadlessToolkit::SetScreenPointer(ui::Pointer pointer) {
 }
 
 void HeadlessToolkit::RunModal(ui::Form& form) {
-  Called({u"RunModal ", form.name()});
   if (IsIdle()) RunDeferred();
 
   class Entered {
@@ -173,7 +172,8 @@ void HeadlessToolkit::RunModal(ui::Form& form) {
   };
   Display display{&form};
   const Entered entered(displays_, display);
-  const bool is_outermost = displays_.size() == 1 && open_boxes_ == 0;
+  Called({u"RunModal ", form.name()});
+  const bool is_outermost = displays_.size() == 1 && owned_boxes_ + ownerless_boxes_ == 0;
   while (!display.ended) {
     const bool goes_on = pump && pump();
     if (is_outermost) RunDeferred();

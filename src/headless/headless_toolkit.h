@@ -61,8 +61,9 @@ class HeadlessToolkit final : public ui::Toolkit {
   [[nodiscard]] ui::Pointer screen_pointer() const noexcept { return screen_pointer_; }
   // The form that takes the operator's input, were no box open; null when none is shown.
   [[nodiscard]] ui::Form* ModalForm() const noexcept;
-  // A message box or file dialog is open.
-  [[nodiscard]] bool IsBoxOpen() const noexcept { return open_boxes_ > 0; }
+  // A message box or file dialog is open that belongs to a form. One that belongs to none gives way
+  // to a form that is shown from inside it.
+  [[nodiscard]] bool IsBoxOpen() const noexcept { return owned_boxes_ > 0; }
   // The colour source of a strip whose background is being drawn; null when it is not.
   [[nodiscard]] const ui::PictureBox* TabBackgroundOf(const ui::TabStrip& strip) const;
 
@@ -89,7 +90,9 @@ class HeadlessToolkit final : public ui::Toolkit {
   };
 
   void Called(std::initializer_list<TextView> call) const;
-  [[nodiscard]] bool IsIdle() const noexcept { return displays_.empty() && open_boxes_ == 0; }
+  [[nodiscard]] bool IsIdle() const noexcept {
+    return displays_.empty() && owned_boxes_ + ownerless_boxes_ == 0;
+  }
 
   FileSystem& files_;
   ui::Metrics metrics_;
@@ -99,7 +102,8 @@ class HeadlessToolkit final : public ui::Toolkit {
   std::vector<Text> menu_;
   ui::Pointer screen_pointer_ = ui::Pointer::kDefault;
   std::vector<Display*> displays_;  // the innermost last
-  int open_boxes_ = 0;
+  int owned_boxes_ = 0;
+  int ownerless_boxes_ = 0;
   std::deque<std::function<void()>> deferred_;
   std::map<const ui::TabStrip*, const ui::PictureBox*> tab_backgrounds_;
 };

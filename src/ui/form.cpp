@@ -73,7 +73,8 @@ void Form::ShowModal() {
   shown_ = true;
   try {
     SetVisible(true);
-    toolkit_.RunModal(*this);
+    // Showing it may have told somebody who has closed it.
+    if (shown_) toolkit_.RunModal(*this);
   } catch (...) {
     DisplayEnded();
     throw;

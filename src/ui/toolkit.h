@@ -83,8 +83,9 @@ class Toolkit : public MessageBoxes {
   // Shows `form` (its peer is already visible) without an owner and returns after EndModal. The
   // other windows of the thread take no input meanwhile; events, and host calls, still come in.
   // A form that was hidden can be shown again, by an event of the display that has not returned
-  // yet: EndModal ends the innermost display of `form` that has not been ended. It is called just
-  // before the form's peer hides, so that the thread's other windows are usable again by then.
+  // yet: EndModal ends the innermost display of `form` that has not been ended, also when it is
+  // only about to begin. It is called just before the form's peer hides, so that the thread's other
+  // windows are usable again by then.
   virtual void RunModal(Form& form) = 0;
   virtual void EndModal(Form& form) = 0;
 

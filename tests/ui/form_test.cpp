@@ -99,6 +99,25 @@ TEST_F(FormTest, EndsTheDisplayThatAFailingEventLeaves) {
   EXPECT_EQ(bench.toolkit.ModalForm(), nullptr);
 }
 
+// An activation handler of the host's, say.
+TEST_F(FormTest, ReturnsWhenItIsClosedWhileItIsBeingShown) {
+  form.Add<TextBox>(u"txt", nullptr);
+  bench.toolkit.pump = [] {
+    ADD_FAILURE() << "a display that was over took an event";
+    return false;
+  };
+  for (const TextView moment : {u"Sync frmMain", u"RunModal frmMain"}) {
+    bool hidden = false;
+    bench.toolkit.before_call = [&](TextView call) {
+      if (call == moment && !std::exchange(hidden, true)) form.Hide();
+    };
+    form.ShowModal();
+    EXPECT_TRUE(hidden);
+    EXPECT_FALSE(form.shown());
+    EXPECT_EQ(FormBench::Seen(form, u"visible"), "false");
+  }
+}
+
 // The host may hide the dialog and open it again before the first display has returned.
 TEST_F(FormTest, NestsADisplayInOneThatHasEnded) {
   form.Add<TextBox>(u"txt", nullptr);
