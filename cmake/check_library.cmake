@@ -6,7 +6,7 @@
 cmake_minimum_required(VERSION 3.25)
 
 set(system_libraries advapi32 comctl32 comdlg32 gdi32 kernel32 msimg32 msvcrt ole32 oleaut32 shell32
-    shlwapi user32 version)
+    shlwapi user32 uxtheme version)
 set(entry_points DllCanUnloadNow DllGetClassObject DllInstall DllRegisterServer DllUnregisterServer)
 
 set(faults)

@@ -31,6 +31,7 @@ class NoMoreWindows {
     if (code == HCBT_CREATEWND && --state.allowed < 0 &&
         (!state.refuses_one || state.refused == 0)) {
       ++state.refused;
+      SetLastError(ERROR_NO_MORE_USER_HANDLES);
       return 1;
     }
     return CallNextHookEx(nullptr, code, window, about);

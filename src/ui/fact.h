@@ -15,6 +15,8 @@ namespace quill::ui {
 inline constexpr std::int16_t kLeftButton = 1;
 inline constexpr std::int16_t kRightButton = 2;
 inline constexpr std::int16_t kMiddleButton = 4;
+inline constexpr std::int16_t kFourthButton = 8;
+inline constexpr std::int16_t kFifthButton = 16;
 
 // Shift state: kShiftHeld, kCtrlHeld, kAltHeld, added up.
 struct MouseEvent {

@@ -1,5 +1,7 @@
 #include "win32/frame_peer.h"
 
+#include <uxtheme.h>
+
 #include "win32/form_peer.h"
 #include "win32/win32_toolkit.h"
 
@@ -11,6 +13,8 @@ WindowPeer::Style FramePeer::GetStyle() const {
 
 void FramePeer::Show(ui::Changes changes) {
   if (changes.Has(ui::Changes::kFont)) SetFont(Win32Toolkit::kFontPoints);
+  // A visual style has a text colour of its own, which need not show on the form's faces.
+  if (making()) SetWindowTheme(window(), L"", L"");
 }
 
 LRESULT FramePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -24,6 +28,9 @@ LRESULT FramePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     }
     case WM_NCHITTEST:
       return HTCLIENT;  // and likewise clicks on it, which would choose tabs
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+      return 0;  // the class would take the focus from the field being edited
     default:
       return WindowPeer::Handle(message, wparam, lparam);
   }

@@ -11,7 +11,7 @@
 namespace quill::win32 {
 
 WindowPeer::Style ImagePeer::GetStyle() const {
-  return {L"STATIC", nullptr, SS_NOTIFY | (TakesFocus() ? WS_TABSTOP : 0u), 0};
+  return {Win32Toolkit::kImageClass, nullptr, TakesFocus() ? WS_TABSTOP : 0u, 0};
 }
 
 void ImagePeer::Show(ui::Changes changes) {
@@ -69,7 +69,7 @@ void ImagePeer::LoseSpace() {
 
 LRESULT ImagePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
   if (const auto fact = buttons_.FactOf(window(), message, wparam, lparam, toolkit().scale())) {
-    const LRESULT result = WindowPeer::Handle(message, wparam, lparam);
+    const LRESULT result = PassOnMouse(message, wparam, lparam);
     Tell(*fact);
     return result;
   }
@@ -108,17 +108,13 @@ LRESULT ImagePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       return 0;
     }
     case WM_PAINT: {
-      PAINTSTRUCT paint;
-      const HDC context = BeginPaint(window(), &paint);
+      const WindowPaint paint(window());
       RECT area;
       GetClientRect(window(), &area);
-      {
-        const DrawingSurface surface(context, {area.right, area.bottom});
-        DrawAll(surface.context(), area);
-        DrawFocus(surface.context(), area);
-        BitBlt(context, 0, 0, area.right, area.bottom, surface.context(), 0, 0, SRCCOPY);
-      }
-      EndPaint(window(), &paint);
+      const DrawingSurface surface(paint.context(), {area.right, area.bottom});
+      DrawAll(surface.context(), area);
+      DrawFocus(surface.context(), area);
+      BitBlt(paint.context(), 0, 0, area.right, area.bottom, surface.context(), 0, 0, SRCCOPY);
       return 0;
     }
     default:

@@ -82,9 +82,6 @@ void LabelPeer::Draw(HDC context, const RECT& area) const {
     FillRect(context, &area, form_peer().FaceBrush());
   }
 
-  const HGDIOBJ previous = SelectObject(context, form_peer().Font(label_.font_size()));
-  SetBkMode(context, TRANSPARENT);
-  SetTextColor(context, label_.enabled() ? form_peer().TextColour() : GetSysColor(COLOR_GRAYTEXT));
   Text caption = label_.caption();
   UINT flags = DrawFlags(label_.alignment());
   if (form_peer().shows_access_keys() && label_.access_key() != 0) {
@@ -94,30 +91,31 @@ void LabelPeer::Draw(HDC context, const RECT& area) const {
       flags &= ~static_cast<UINT>(DT_NOPREFIX);
     }
   }
+  const HGDIOBJ previous = SelectObject(context, form_peer().Font(label_.font_size()));
+  SetBkMode(context, TRANSPARENT);
+  SetTextColor(context, label_.enabled() ? form_peer().TextColour() : GetSysColor(COLOR_GRAYTEXT));
   RECT place = area;
   DrawTextW(context, Wide(caption), static_cast<int>(caption.size()), &place, flags);
   SelectObject(context, previous);
 }
 
 void LabelPeer::Paint() const {
-  PAINTSTRUCT paint;
-  const HDC target = BeginPaint(window(), &paint);
+  const WindowPaint paint(window());
   RECT area;
   GetClientRect(window(), &area);
   if (label_.transparent()) {
     // Drawn in several layers, which must not be seen one after the other.
-    const DrawingSurface surface(target, {area.right, area.bottom});
+    const DrawingSurface surface(paint.context(), {area.right, area.bottom});
     Draw(surface.context(), area);
-    BitBlt(target, 0, 0, area.right, area.bottom, surface.context(), 0, 0, SRCCOPY);
+    BitBlt(paint.context(), 0, 0, area.right, area.bottom, surface.context(), 0, 0, SRCCOPY);
   } else {
-    Draw(target, area);
+    Draw(paint.context(), area);
   }
-  EndPaint(window(), &paint);
 }
 
 LRESULT LabelPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
   if (const auto fact = buttons_.FactOf(window(), message, wparam, lparam, toolkit().scale())) {
-    const LRESULT result = WindowPeer::Handle(message, wparam, lparam);
+    const LRESULT result = PassOnMouse(message, wparam, lparam);
     Tell(*fact);
     return result;
   }

@@ -1,5 +1,7 @@
 #include "win32/last_error.h"
 
+#include "win32/com/com_error.h"
+
 namespace quill::win32 {
 
 RuntimeError FileFailure(DWORD code, std::source_location raised_at) {
@@ -28,6 +30,12 @@ RuntimeError FileFailure(DWORD code, std::source_location raised_at) {
     default:
       return RuntimeError(ErrorNumber::kPathFileAccessError, raised_at);
   }
+}
+
+RuntimeError WindowFailure() {
+  const DWORD code = GetLastError();
+  if (code == ERROR_SUCCESS) return RuntimeError(ErrorNumber::kOutOfMemory);
+  return com::ErrorOf(HRESULT_FROM_WIN32(code));
 }
 
 }  // namespace quill::win32

@@ -14,4 +14,8 @@ namespace quill::win32 {
 [[nodiscard]] RuntimeError FileFailure(
     DWORD code, std::source_location raised_at = std::source_location::current());
 
+// The failure of making a window, right after it: what the system says, kOutOfMemory where it does
+// not say.
+[[nodiscard]] RuntimeError WindowFailure();
+
 }  // namespace quill::win32

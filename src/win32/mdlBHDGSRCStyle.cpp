@@ -1,5 +1,6 @@
 #include "win32/mdlBHDGSRCStyle.h"
 
+#include "win32/drawing_surface.h"
 #include "win32/native_colour.h"
 #include "win32/picture_box_peer.h"
 
@@ -49,11 +50,9 @@ class KeptColour {
 void Paint(HWND window, ui::PictureBox& box) {
   RECT area;
   GetClientRect(window, &area);
-  PAINTSTRUCT paint;
-  const HDC target = BeginPaint(window, &paint);
-  const HDC memory = CreateCompatibleDC(target);
-  const HBITMAP bitmap = CreateCompatibleBitmap(target, area.right, area.bottom);
-  DeleteObject(SelectObject(memory, bitmap));
+  const WindowPaint paint(window);
+  const DrawingSurface surface(paint.context(), {area.right, area.bottom});
+  const HDC memory = surface.context();
 
   // A strip that is given a device context paints into it, but does not clear it first.
   const WNDPROC former = FormerProcedure(window);
@@ -70,12 +69,9 @@ void Paint(HWND window, ui::PictureBox& box) {
     Mix(memory, area, box, kSourceAnd);
   }
 
-  const RECT& update = paint.rcPaint;
-  BitBlt(target, update.left, update.top, update.right - update.left, update.bottom - update.top,
-         memory, update.left, update.top, kSourceCopy);
-  DeleteDC(memory);
-  DeleteObject(bitmap);
-  EndPaint(window, &paint);
+  const RECT& update = paint.update();
+  BitBlt(paint.context(), update.left, update.top, update.right - update.left,
+         update.bottom - update.top, memory, update.left, update.top, kSourceCopy);
 }
 
 }  // namespace
@@ -111,7 +107,7 @@ LRESULT CALLBACK TabBackgroundProc(HWND window, UINT message, WPARAM wparam, LPA
   try {
     Paint(window, *box);
   } catch (...) {
-    ValidateRect(window, nullptr);  // nothing may pass into the system
+    // Nothing may pass into the system.
   }
   return 0;
 }

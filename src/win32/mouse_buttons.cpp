@@ -7,7 +7,7 @@
 namespace quill::win32 {
 namespace {
 
-std::int16_t ButtonOf(UINT message) {
+std::int16_t ButtonOf(UINT message, WPARAM wparam) {
   switch (message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
@@ -21,13 +21,18 @@ std::int16_t ButtonOf(UINT message) {
     case WM_MBUTTONDBLCLK:
     case WM_MBUTTONUP:
       return ui::kMiddleButton;
+    case WM_XBUTTONDOWN:
+    case WM_XBUTTONDBLCLK:
+    case WM_XBUTTONUP:
+      return GET_XBUTTON_WPARAM(wparam) == XBUTTON1 ? ui::kFourthButton : ui::kFifthButton;
     default:
       return 0;
   }
 }
 
 bool IsRelease(UINT message) {
-  return message == WM_LBUTTONUP || message == WM_RBUTTONUP || message == WM_MBUTTONUP;
+  return message == WM_LBUTTONUP || message == WM_RBUTTONUP || message == WM_MBUTTONUP ||
+         message == WM_XBUTTONUP;
 }
 
 std::int16_t ShiftState(WPARAM keys) {
@@ -44,7 +49,7 @@ std::optional<ui::Fact> MouseButtons::FactOf(HWND window, UINT message, WPARAM w
     if (std::exchange(pressed_, std::int16_t{0}) == 0) return std::nullopt;
     return ui::MouseLost{};
   }
-  const std::int16_t button = ButtonOf(message);
+  const std::int16_t button = ButtonOf(message, wparam);
   if (button == 0) return std::nullopt;
   const ui::MouseEvent event = {button, ShiftState(wparam), scale.TwipsX(GET_X_LPARAM(lparam)),
                                 scale.TwipsY(GET_Y_LPARAM(lparam))};

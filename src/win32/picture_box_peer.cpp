@@ -45,9 +45,7 @@ LRESULT PictureBoxPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
            ToColorRef(box_.back_colour()));
       return 1;
     case WM_PAINT: {
-      PAINTSTRUCT paint;
-      BeginPaint(window(), &paint);
-      EndPaint(window(), &paint);
+      const WindowPaint paint(window());
       return 0;
     }
     default:

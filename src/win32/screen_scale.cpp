@@ -1,9 +1,37 @@
 #include "win32/screen_scale.h"
 
+#include <utility>
+
 namespace quill::win32 {
 namespace {
 
 constexpr int kPointsPerInch = 72;
+
+// Of Windows 10 and later.
+using SetContext = HANDLE(WINAPI*)(HANDLE context);  // SetThreadDpiAwarenessContext
+using AwarenessOf = int(WINAPI*)(HANDLE context);    // GetAwarenessFromDpiAwarenessContext
+constexpr INT_PTR kSystemAware = -2;                 // DPI_AWARENESS_CONTEXT_SYSTEM_AWARE
+constexpr int kPerMonitorAware = 2;                  // DPI_AWARENESS_PER_MONITOR_AWARE
+
+struct Offered {
+  bool is_known = false;
+  SetContext set_context = nullptr;
+  AwarenessOf awareness_of = nullptr;
+};
+constinit Offered offered;
+
+const Offered& WhatIsOffered() noexcept {
+  if (!std::exchange(offered.is_known, true)) {
+    const HMODULE user = GetModuleHandleW(L"user32.dll");
+    const auto find = [&](const char* name) {
+      return reinterpret_cast<void*>(GetProcAddress(user, name));
+    };
+    offered.set_context = reinterpret_cast<SetContext>(find("SetThreadDpiAwarenessContext"));
+    offered.awareness_of =
+        reinterpret_cast<AwarenessOf>(find("GetAwarenessFromDpiAwarenessContext"));
+  }
+  return offered;
+}
 constexpr int kUsualDotsPerInch = 96;
 
 }  // namespace
@@ -44,6 +72,19 @@ SIZE ScreenScale::Scaled(SIZE size) const noexcept {
 
 int ScreenScale::FontHeight(int points) const noexcept {
   return -MulDiv(points, dots_per_inch_y_, kPointsPerInch);
+}
+
+SystemResolution::SystemResolution() noexcept {
+  const auto& [is_known, set_context, awareness_of] = WhatIsOffered();
+  if (set_context == nullptr || awareness_of == nullptr) return;
+  former_ = set_context(reinterpret_cast<HANDLE>(kSystemAware));
+  if (former_ != nullptr && awareness_of(former_) != kPerMonitorAware) {
+    set_context(std::exchange(former_, nullptr));
+  }
+}
+
+SystemResolution::~SystemResolution() {
+  if (former_ != nullptr) WhatIsOffered().set_context(former_);
 }
 
 }  // namespace quill::win32

@@ -1,4 +1,4 @@
-// Twips and pixels of the screen, by its own resolution.
+// Twips and pixels of the screen, by its own resolution, and windows that keep to it.
 #pragma once
 
 #include <windows.h>
@@ -31,6 +31,20 @@ class ScreenScale {
  private:
   int dots_per_inch_x_;
   int dots_per_inch_y_;
+};
+
+// While one lives, a thread that is aware of each monitor's resolution knows only that of the
+// system, so that the system scales the windows it makes, as a whole, where a monitor has another.
+// Does nothing in other threads, and where the system does not offer that.
+class SystemResolution {
+ public:
+  SystemResolution() noexcept;
+  ~SystemResolution();
+  SystemResolution(const SystemResolution&) = delete;
+  SystemResolution& operator=(const SystemResolution&) = delete;
+
+ private:
+  HANDLE former_ = nullptr;  // the thread's context until then; null: nothing was changed
 };
 
 }  // namespace quill::win32

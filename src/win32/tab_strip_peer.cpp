@@ -1,6 +1,7 @@
 #include "win32/tab_strip_peer.h"
 
 #include <commctrl.h>
+#include <windowsx.h>
 
 #include <vector>
 
@@ -32,6 +33,15 @@ void TabStripPeer::Show(ui::Changes changes) {
 
 void TabStripPeer::OnNotify(const NMHDR& header) {
   if (header.code == TCN_SELCHANGE) TellInOnePaint(static_cast<int>(Send(TCM_GETCURSEL)));
+}
+
+LRESULT TabStripPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) {
+    TCHITTESTINFO hit = {{GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)}, 0};
+    // Beside the tabs the class would take the focus from the field being edited.
+    if (Send(TCM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)) < 0) return 0;
+  }
+  return WindowPeer::Handle(message, wparam, lparam);
 }
 
 void TabStripPeer::TellInOnePaint(int tab) {

@@ -19,6 +19,7 @@ class TabStripPeer final : public WindowPeer {
  protected:
   [[nodiscard]] Style GetStyle() const override;
   void Show(ui::Changes changes) override;
+  LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
 
  private:
   // The page that is hidden and the one that is shown must not be seen one after the other.

@@ -23,6 +23,7 @@
 #include "win32/frame_peer.h"
 #include "win32/image_peer.h"
 #include "win32/label_peer.h"
+#include "win32/last_error.h"
 #include "win32/list_box_peer.h"
 #include "win32/modal_display.h"
 #include "win32/native_file_dialog.h"
@@ -104,12 +105,13 @@ Win32Toolkit::Win32Toolkit() : list_row_pixels_(FontLineHeight(scale_)) {}
 Win32Toolkit::~Win32Toolkit() {
   // What still waits may hold forms, and they need the class of their windows until they are gone.
   tasks_.RunAll();
-  if (registered_) UnregisterClassW(kFormClass, ThisModule());
+  for (const wchar_t* const name : {kFormClass, kImageClass}) UnregisterClassW(name, ThisModule());
 }
 
 std::unique_ptr<ui::Peer> Win32Toolkit::MakePeer(ui::Control& control) {
   auto peer = MakeForKind(*this, control);
   if (peer != nullptr && control.container() != nullptr) {
+    const SystemResolution resolution;
     PeerOf(control.form()).MakeWindowOf(*peer);
   }
   return peer;
@@ -162,6 +164,7 @@ auto Win32Toolkit::WithBox(const Box& show) {
     int& count_;
   };
   const Count count(open_boxes_);
+  const SystemResolution resolution;
   return show();
 }
 
@@ -249,16 +252,20 @@ void Win32Toolkit::UnhookTabBackground(ui::TabStrip& strip) {
   PeerOf(strip.form()).UnhookTabBackground(strip);
 }
 
-void Win32Toolkit::RegisterClasses() noexcept {
+void Win32Toolkit::RegisterClasses() {
   const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_TAB_CLASSES | ICC_BAR_CLASSES};
   InitCommonControlsEx(&controls);
-  WNDCLASSEXW form = {};
-  form.cbSize = sizeof form;
-  form.lpfnWndProc = &DefWindowProcW;
-  form.hInstance = ThisModule();
-  form.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  form.lpszClassName = kFormClass;
-  registered_ = RegisterClassExW(&form) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
+  for (const wchar_t* const name : {kFormClass, kImageClass}) {
+    WNDCLASSEXW window = {};
+    window.cbSize = sizeof window;
+    window.lpfnWndProc = &DefWindowProcW;
+    window.hInstance = ThisModule();
+    window.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    window.lpszClassName = name;
+    if (RegisterClassExW(&window) == 0 && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) {
+      throw WindowFailure();
+    }
+  }
 }
 
 }  // namespace quill::win32

@@ -19,6 +19,8 @@ class ModalDisplay;
 class Win32Toolkit final : public ui::Toolkit {
  public:
   static constexpr wchar_t kFormClass[] = L"QuillForm";
+  // Of an image. Assistive tools know the system's classes, and take a STATIC for text.
+  static constexpr wchar_t kImageClass[] = L"QuillImage";
   static constexpr wchar_t kFontFace[] = L"MS Shell Dlg";
   static constexpr int kFontPoints = 8;
 
@@ -60,8 +62,8 @@ class Win32Toolkit final : public ui::Toolkit {
   [[nodiscard]] const ScreenScale& scale() const noexcept { return scale_; }
   // Height of a row of a list box, in pixels.
   [[nodiscard]] int list_row_pixels() const noexcept { return list_row_pixels_; }
-  // Readies what a form's windows are made of.
-  void RegisterClasses() noexcept;
+  // Readies what a form's windows are made of. Fails as WindowFailure says.
+  void RegisterClasses();
   [[nodiscard]] bool IsBusy(const ui::Form& form) const noexcept;
   // Shows the right pointer at once where it is over a window of the plug-in.
   void PointerChanged() const noexcept;
@@ -88,7 +90,6 @@ class Win32Toolkit final : public ui::Toolkit {
   std::vector<Display> displays_;  // from the outermost to the innermost
   int open_boxes_ = 0;
   ui::Pointer screen_pointer_ = ui::Pointer::kDefault;
-  bool registered_ = false;
   DeferredTasks tasks_;
 };
 

@@ -9,6 +9,7 @@
 #include "win32/accessible_object.h"
 #include "win32/control_name.h"
 #include "win32/form_peer.h"
+#include "win32/last_error.h"
 #include "win32/native_text.h"
 #include "win32/this_module.h"
 #include "win32/win32_toolkit.h"
@@ -72,11 +73,12 @@ void WindowPeer::MakeWindow(HWND parent) {
                                 (control_.enabled() ? 0u : WS_DISABLED);
   const HMENU id =
       is_form ? nullptr : reinterpret_cast<HMENU>(static_cast<INT_PTR>(ControlId(control_)));
+  SetLastError(ERROR_SUCCESS);
   const HWND window = CreateWindowExW(
       style.extended, style.window_class, style.text != nullptr ? Wide(*style.text) : nullptr,
       style.style | state, place_.left, place_.top, place_.right - place_.left,
       place_.bottom - place_.top, parent, id, ThisModule(), nullptr);
-  if (window == nullptr) throw RuntimeError(ErrorNumber::kOutOfMemory);
+  if (window == nullptr) throw WindowFailure();
 
   window_ = window;
   try {
@@ -100,6 +102,7 @@ void WindowPeer::Sync(ui::Changes changes) {
   if (window_ == nullptr && !(control_.kind() == ui::ControlKind::kForm && control_.visible())) {
     return;
   }
+  const SystemResolution resolution;
   const Counted counted(showing_);
   const bool visible = control_.visible();
   if (changes.Has(ui::Changes::kVisible) && !visible) ShowVisible();
@@ -202,6 +205,13 @@ void WindowPeer::Tell(const ui::Fact& fact) {
 
 void WindowPeer::OnCommand(WORD) {}
 void WindowPeer::OnNotify(const NMHDR&) {}
+
+LRESULT WindowPeer::PassOnMouse(UINT message, WPARAM wparam, LPARAM lparam) {
+  // The system would turn the fourth and fifth button into going back and forward.
+  const bool is_extra =
+      message == WM_XBUTTONDOWN || message == WM_XBUTTONDBLCLK || message == WM_XBUTTONUP;
+  return is_extra ? TRUE : WindowPeer::Handle(message, wparam, lparam);
+}
 
 LRESULT WindowPeer::CallOriginal(UINT message, WPARAM wparam, LPARAM lparam) {
   return CallWindowProcW(original_, window_, message, wparam, lparam);

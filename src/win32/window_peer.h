@@ -59,6 +59,8 @@ class WindowPeer : public ui::Peer {
   virtual void Show(ui::Changes) {}
   virtual LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam);
 
+  // The rest of what a message of a mouse button, now known to be a fact, means.
+  LRESULT PassOnMouse(UINT message, WPARAM wparam, LPARAM lparam);
   // Has the window's own class handle a message.
   LRESULT CallOriginal(UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const {

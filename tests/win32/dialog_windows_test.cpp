@@ -8,6 +8,8 @@
 #include <set>
 
 #include "dialog/option_table.h"
+#include "headless/failing_allocations.h"
+#include "host/win32/leak_watch.h"
 #include "host/win32/window_picture.h"
 #include "tests/win32/native_bench.h"
 
@@ -190,6 +192,17 @@ TEST_F(DialogWindows, ImageButtonsShowThePressAndActOnTheRelease) {
     robot.Release(u"cmdLeftImg", Button::kRight);
     EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Deathmatch");
 
+    const auto extra = [&](const Text& control, WORD button) {
+      const HWND window = robot.Find(control);
+      EXPECT_TRUE(SendMessageW(window, WM_XBUTTONDOWN, MAKEWPARAM(0, button), 0));
+      EXPECT_EQ(Seen(u"cmdRightImg", u"picture"), u"butup.gif");
+      EXPECT_TRUE(SendMessageW(window, WM_XBUTTONUP, MAKEWPARAM(0, button), 0));
+    };
+    extra(u"cmdRightImg", XBUTTON1);
+    EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Team Deathmatch");
+    extra(u"cmdLeft", XBUTTON2);
+    EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Deathmatch");
+
     robot.Press(u"cmdLeftImg", Button::kLeft);
     EXPECT_EQ(Seen(u"cmdLeftImg", u"picture"), u"butdown.gif");
     ReleaseCapture();
@@ -245,6 +258,39 @@ TEST_F(DialogWindows, TabsTurnPagesAndTheFocusLeavesAHiddenPage) {
     SendMessageW(GetFocus(), WM_CHAR, '\r', 1);
     EXPECT_TRUE(robot.FormShown());
     EXPECT_EQ(Seen(u"txtBlue", u"text"), u"");
+  });
+}
+
+TEST_F(DialogWindows, AClickBesideTheControlsKeepsTheFocusInTheField) {
+  Show([&](frmrcBHDGS&) {
+    robot.Type(u"txtName", u"x");
+    for (const Text& place : {Text(u"fmeServer"), Text(u"Frame3"), Text(u"tsMain")}) {
+      robot.Click(place);
+      EXPECT_EQ(robot.Focused(), u"txtName") << ToUtf8(place);
+    }
+  });
+}
+
+TEST_F(DialogWindows, ARepaintThatFailsEndsAndLeavesNothingBehind) {
+  Show([&](frmrcBHDGS&) {
+    constexpr int kCycles = 30;
+    host::LeakWatch watch(kCycles);
+    for (int cycle = 0; cycle < kCycles; ++cycle) {
+      for (const HWND window : {robot.Find(u"cmdStart"), LabelBefore(robot.Find(u"txtName"))}) {
+        InvalidateRect(window, nullptr, FALSE);
+        headless::FaultPlan plan(1, headless::FaultPlan::Extent::kFromThereOn);
+        {
+          const headless::FailingAllocations none(plan);
+          UpdateWindow(window);
+        }
+        EXPECT_GT(plan.struck(), 0);
+        EXPECT_FALSE(GetUpdateRect(window, nullptr, FALSE));
+      }
+      watch.CycleDone();
+    }
+    for (const host::LeakWatch::Course& course : watch.Courses()) {
+      EXPECT_FALSE(course.grew) << ToUtf8(host::ResourceName(course.resource));
+    }
   });
 }
 

@@ -6,6 +6,7 @@
 #include <oleacc.h>
 
 #include <algorithm>
+#include <array>
 
 #include "host/win32/window_picture.h"
 #include "tests/win32/native_bench.h"
@@ -193,6 +194,11 @@ TEST_F(OperatorAccess, AssistiveToolsHearNamesRolesAndValues) {
       EXPECT_EQ(ToUtf8(heard.name), ToUtf8(control.name)) << who;
       EXPECT_EQ(ToUtf8(heard.value), ToUtf8(control.value)) << who;
       EXPECT_EQ(ToUtf8(heard.shortcut), ToUtf8(control.shortcut)) << who;
+      // A tool that goes by the system's classes takes one for what it is, too.
+      std::array<wchar_t, 16> kind{};
+      GetClassNameW(robot.Find(control.control), kind.data(), static_cast<int>(kind.size()));
+      EXPECT_EQ(std::wstring_view(kind.data()) == L"Static", control.role == ROLE_SYSTEM_STATICTEXT)
+          << who;
     }
     // Nothing that the keyboard reaches is nameless, the strip of named tabs aside.
     for (const auto& control : dialog.controls()) {
