@@ -9,6 +9,7 @@
 #include "ui/picture_box.h"
 #include "ui/tab_strip.h"
 #include "win32/mdlBHDGSRCStyle.h"
+#include "win32/modal_display.h"
 #include "win32/native_colour.h"
 #include "win32/tab_strip_peer.h"
 #include "win32/this_module.h"
@@ -19,6 +20,8 @@ namespace {
 
 // A pop-up window, because the system would cut others to the size of the screen.
 constexpr DWORD kFormStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+// To itself: another window of the thread may have been activated that waits for the form.
+constexpr UINT kLookWhatIsActive = WM_APP;
 
 constexpr DWORD kFormExtendedStyle = WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME | WS_EX_APPWINDOW;
 
@@ -139,6 +142,12 @@ void FormPeer::ShowVisible() {
   MakeWindows();
   active_before_ = GetActiveWindow();
   ShowWindow(window(), SW_SHOW);
+  // The first window of a program is shown as the program was started: hidden, minimised,
+  // maximised. Meanwhile the host may have hidden it.
+  const bool is_as_designed =
+      IsWindowVisible(window()) && !IsIconic(window()) && !IsZoomed(window());
+  if (form_.visible() && !is_as_designed) ShowWindow(window(), SW_SHOWNORMAL);
+  if (!form_.visible()) return;
   SetForegroundWindow(window());
   UpdateWindow(window());
 }
@@ -237,7 +246,17 @@ LRESULT FormPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         const HWND focus = GetFocus();
         if (focus != nullptr && IsChild(window(), focus)) last_focus_ = focus;
       }
+      if (LOWORD(wparam) == WA_INACTIVE && lparam != 0 &&
+          !IsWindowEnabled(reinterpret_cast<HWND>(lparam))) {
+        PostMessageW(window(), kLookWhatIsActive, 0, 0);
+      }
       break;
+    case WM_ACTIVATEAPP:
+      if (wparam != FALSE) PostMessageW(window(), kLookWhatIsActive, 0, 0);
+      break;
+    case kLookWhatIsActive:
+      ComeForward();
+      return 0;
     case WM_SETFOCUS:
       if (hidden_focus_ == nullptr) RestoreFocus();
       return 0;
@@ -252,6 +271,14 @@ LRESULT FormPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       break;
   }
   return WindowPeer::Handle(message, wparam, lparam);
+}
+
+// The task bar and Alt+Tab also activate windows that take no input.
+void FormPeer::ComeForward() const noexcept {
+  const HWND active = GetActiveWindow();
+  if (active == nullptr || IsWindowEnabled(active) || !form_.shown()) return;
+  const HWND box = OpenBoxOf(window());
+  SetForegroundWindow(box != nullptr ? box : window());
 }
 
 void FormPeer::RestoreFocus() {

@@ -76,6 +76,7 @@ class FormPeer final : public WindowPeer {
   void MoveFocus(const ui::Control* from, const ui::Control* within, bool forward);
   void TurnTab(bool forward);
   void RestoreFocus();
+  void ComeForward() const noexcept;
 
   ui::Form& form_;
   std::vector<std::pair<int, HFONT>> fonts_;  // by their size

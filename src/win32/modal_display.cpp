@@ -1,24 +1,59 @@
 #include "win32/modal_display.h"
 
+#include <array>
 #include <utility>
 
 namespace quill::win32 {
 
-ModalDisplay::ModalDisplay(HWND window, HWND active_before)
-    : window_(window), active_before_(active_before) {
-  EnumThreadWindows(GetCurrentThreadId(), &HoldBack, reinterpret_cast<LPARAM>(this));
+namespace {
+
+// The list of a drop-down box is a child of the desktop, and an input method has windows that no
+// input goes to: both come up among the thread's windows, and serve those that take input.
+bool ServesOthers(HWND window) noexcept {
+  if ((GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) != 0) return true;
+  if ((GetClassLongW(window, GCL_STYLE) & CS_IME) != 0) return true;
+  std::array<wchar_t, 8> name{};
+  GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  return lstrcmpiW(name.data(), L"IME") == 0;
+}
+
+struct BoxSearch {
+  HWND owner;
+  HWND found;
+};
+
+BOOL CALLBACK IsNoBox(HWND window, LPARAM parameter) noexcept {
+  auto& search = *reinterpret_cast<BoxSearch*>(parameter);
+  // A tooltip has no caption.
+  const bool is_box = GetWindow(window, GW_OWNER) == search.owner && IsWindowVisible(window) &&
+                      IsWindowEnabled(window) &&
+                      (GetWindowLongPtrW(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+  if (is_box) search.found = window;
+  return is_box ? FALSE : TRUE;
+}
+
+}  // namespace
+
+HWND OpenBoxOf(HWND owner) noexcept {
+  BoxSearch search = {owner, nullptr};
+  EnumThreadWindows(GetCurrentThreadId(), &IsNoBox, reinterpret_cast<LPARAM>(&search));
+  return search.found;
 }
 
 ModalDisplay::~ModalDisplay() {
   ReleaseOthers();
 }
 
-BOOL CALLBACK ModalDisplay::HoldBack(HWND other, LPARAM self) {
+void ModalDisplay::HoldBackOthers() noexcept {
+  EnumThreadWindows(GetCurrentThreadId(), &HoldBack, reinterpret_cast<LPARAM>(this));
+  // A box without an owner, from inside which the window was opened, has it wait like all others.
+  if (OpenBoxOf(window_) == nullptr) EnableWindow(window_, TRUE);
+}
+
+BOOL CALLBACK ModalDisplay::HoldBack(HWND other, LPARAM self) noexcept {
   auto& display = *reinterpret_cast<ModalDisplay*>(self);
-  if (other == display.window_ || GetWindow(other, GW_OWNER) == display.window_ ||
-      !IsWindowEnabled(other)) {
-    return TRUE;
-  }
+  if (other == display.window_ || !IsWindowEnabled(other) || ServesOthers(other)) return TRUE;
+  if (GetWindow(other, GW_OWNER) == display.window_) return TRUE;
   try {
     display.held_back_.push_back(other);
     EnableWindow(other, FALSE);

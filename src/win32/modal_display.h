@@ -7,15 +7,21 @@
 
 namespace quill::win32 {
 
+// The box that takes the operator's input in place of its owner; null: none.
+[[nodiscard]] HWND OpenBoxOf(HWND owner) noexcept;
+
 class ModalDisplay {
  public:
   // `window` is shown. `active_before` is the window that the operator was in until then; null:
   // none of this thread.
-  ModalDisplay(HWND window, HWND active_before);
+  ModalDisplay(HWND window, HWND active_before) noexcept
+      : window_(window), active_before_(active_before) {}
   ~ModalDisplay();
   ModalDisplay(const ModalDisplay&) = delete;
   ModalDisplay& operator=(const ModalDisplay&) = delete;
 
+  // Has the thread's other windows wait. They hear of it, and may end the display.
+  void HoldBackOthers() noexcept;
   // Returns when the display has ended, or when the thread is to quit, which the outer loops then
   // learn as well.
   void Run();
@@ -27,7 +33,7 @@ class ModalDisplay {
   [[nodiscard]] HWND window() const noexcept { return window_; }
 
  private:
-  static BOOL CALLBACK HoldBack(HWND other, LPARAM self);
+  static BOOL CALLBACK HoldBack(HWND other, LPARAM self) noexcept;
 
   HWND window_;
   HWND active_before_;

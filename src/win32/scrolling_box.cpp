@@ -130,7 +130,7 @@ class ScrollingBox {
   }
 
   bool Fill(HWND window) noexcept {
-    if (owner_ == nullptr) others_.emplace(window, GetActiveWindow());
+    if (owner_ == nullptr) others_.emplace(window, GetActiveWindow()).HoldBackOthers();
     const ScreenScale scale;
     const SIZE margin = scale.Scaled(kMargin);
     const SIZE button = scale.Scaled(kButton);

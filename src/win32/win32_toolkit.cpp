@@ -226,6 +226,7 @@ void Win32Toolkit::RunModal(ui::Form& form) {
   ModalDisplay modal(peer.window(), peer.active_before());
   displays_.push_back({&form, &modal});
   try {
+    modal.HoldBackOthers();
     modal.Run();
   } catch (...) {
     displays_.pop_back();

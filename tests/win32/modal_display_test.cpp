@@ -1,6 +1,10 @@
 // A modal display among the host's own windows and loops, and what is left when dialogs are gone.
 #include <gtest/gtest.h>
 
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include "host/win32/leak_watch.h"
 #include "host/win32/no_more_windows.h"
 #include "tests/win32/native_bench.h"
@@ -48,6 +52,168 @@ TEST(ModalDisplay, OtherWindowsOfTheThreadWait) {
 
   bench.Show([](frmrcBHDGS& dialog) { dialog.Hide(); });
   EXPECT_EQ(GetActiveWindow(), host.get());
+}
+
+// Hears a window's messages before it does; one that it answers with true goes no further.
+class Listener {
+ public:
+  Listener(HWND window, std::function<bool(UINT message, WPARAM wparam, LPARAM lparam)> hears)
+      : window_(window), hears_(std::move(hears)) {
+    SetWindowSubclass(window_, &Listen, 0, reinterpret_cast<DWORD_PTR>(this));
+  }
+  ~Listener() { RemoveWindowSubclass(window_, &Listen, 0); }
+  Listener(const Listener&) = delete;
+  Listener& operator=(const Listener&) = delete;
+
+ private:
+  static LRESULT CALLBACK Listen(HWND window, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR,
+                                 DWORD_PTR self) {
+    if (reinterpret_cast<Listener*>(self)->hears_(message, wparam, lparam)) return 0;
+    return DefSubclassProc(window, message, wparam, lparam);
+  }
+
+  HWND window_;
+  std::function<bool(UINT, WPARAM, LPARAM)> hears_;
+};
+
+TEST(ModalDisplay, WindowsThatServeOthersDoNotWait) {
+  NativeBench bench;
+  WNDCLASSW input_method = {};
+  input_method.style = CS_IME;
+  input_method.lpfnWndProc = &DefWindowProcW;
+  input_method.lpszClassName = L"QuillTestInputMethod";
+  RegisterClassW(&input_method);
+  const HWND composing = CreateWindowExW(0, input_method.lpszClassName, nullptr, WS_POPUP, 0, 0, 9,
+                                         9, nullptr, nullptr, nullptr, nullptr);
+  const HWND list = CreateWindowExW(0, L"LISTBOX", nullptr, WS_CHILD, 0, 0, 9, 9,
+                                    GetDesktopWindow(), nullptr, nullptr, nullptr);
+  ASSERT_TRUE(composing != nullptr && list != nullptr);
+  bench.Show([&](frmrcBHDGS&) {
+    COMBOBOXINFO box = {};
+    box.cbSize = sizeof box;
+    ASSERT_TRUE(GetComboBoxInfo(bench.robot.Find(u"cboMods"), &box));
+    for (const HWND window : {composing, list, box.hwndList}) EXPECT_TRUE(IsWindowEnabled(window));
+  });
+  DestroyWindow(composing);
+  DestroyWindow(list);
+}
+
+TEST(ModalDisplay, AWaitingWindowThatIsActivatedBringsTheDialogForward) {
+  NativeBench bench;
+  const HostWindow host;
+  bench.Show([&](frmrcBHDGS&) {
+    SetForegroundWindow(host.get());
+    EXPECT_EQ(GetActiveWindow(), host.get());
+    DrainMessages();
+    EXPECT_EQ(GetActiveWindow(), bench.robot.FormWindow());
+    bench.during_box = [&] {
+      const HWND box = host::FindOpenBox().window;
+      SetForegroundWindow(host.get());
+      const HWND form = bench.robot.FormWindow();
+      SendMessageW(form, WM_ACTIVATEAPP, TRUE, 0);  // from another program
+      MSG own;
+      while (PeekMessageW(&own, form, WM_APP, WM_APP, PM_REMOVE)) DispatchMessageW(&own);
+      EXPECT_EQ(GetActiveWindow(), box);
+    };
+    bench.toolkit->ShowMessage(u"", u"in front of the dialog");
+  });
+  EXPECT_EQ(GetActiveWindow(), host.get());
+}
+
+// As the first window of a program is that was started so.
+TEST(ModalDisplay, AWindowThatTheSystemShowsHiddenOrMinimisedIsShownAgain) {
+  NativeBench bench;
+  bench.Show([](frmrcBHDGS&) {});
+  for (const int as_started : {SW_HIDE, SW_SHOWMINIMIZED, SW_SHOWMAXIMIZED}) {
+    bool overridden = false;
+    const Listener system(bench.robot.FormWindow(), [&](UINT message, WPARAM wparam, LPARAM) {
+      if (message != WM_SETFOCUS && (message != WM_ACTIVATE || wparam == WA_INACTIVE)) return false;
+      if (!std::exchange(overridden, true)) ShowWindow(bench.robot.FormWindow(), as_started);
+      return false;
+    });
+    bench.Show([&](frmrcBHDGS&) {
+      const HWND form = bench.robot.FormWindow();
+      EXPECT_TRUE(overridden);
+      EXPECT_TRUE(IsWindowVisible(form) && !IsIconic(form) && !IsZoomed(form)) << as_started;
+      EXPECT_EQ(GetActiveWindow(), form);
+    });
+  }
+}
+
+TEST(ModalDisplay, ADialogThatIsHiddenWhileItIsBeingShownReturns) {
+  NativeBench bench;
+  const HostWindow host;
+  const auto dialog = TakeDialog(bench.context);
+  for (const UINT moment : {WM_ACTIVATE, WM_ENABLE}) {
+    SetActiveWindow(host.get());
+    bool hidden = false;
+    const Listener activation(host.get(), [&](UINT message, WPARAM wparam, LPARAM) {
+      if (message == moment && LOWORD(wparam) == 0 && !std::exchange(hidden, true)) dialog->Hide();
+      return false;
+    });
+    int turns = 0;
+    const host::Heartbeat heartbeat([&] {
+      if (++turns == 200) PostQuitMessage(0);
+    });
+    dialog->ShowModal();
+    EXPECT_TRUE(hidden);
+    EXPECT_LT(turns, 200) << "the display waits for an end that has been";
+    EXPECT_FALSE(bench.robot.FormShown());
+    EXPECT_TRUE(IsWindowEnabled(host.get()));
+  }
+}
+
+TEST(ModalDisplay, AHostAwareOfEachMonitorGetsADialogThatTheSystemScales) {
+  const HMODULE user = GetModuleHandleW(L"user32.dll");
+  const auto find = [&](auto* function, const char* name) {
+    return reinterpret_cast<decltype(function)>(
+        reinterpret_cast<void*>(GetProcAddress(user, name)));
+  };
+  using Context = HANDLE;
+  const auto set =
+      find(static_cast<Context(WINAPI*)(Context)>(nullptr), "SetThreadDpiAwarenessContext");
+  const auto of_window =
+      find(static_cast<Context(WINAPI*)(HWND)>(nullptr), "GetWindowDpiAwarenessContext");
+  const auto of_thread =
+      find(static_cast<Context(WINAPI*)()>(nullptr), "GetThreadDpiAwarenessContext");
+  const auto awareness =
+      find(static_cast<int(WINAPI*)(Context)>(nullptr), "GetAwarenessFromDpiAwarenessContext");
+  if (set == nullptr || awareness == nullptr) GTEST_SKIP() << "the system offers none";
+  constexpr int kSystem = 1;
+  constexpr int kPerMonitor = 2;
+  for (const INT_PTR host_context : {-3, -4}) {  // per monitor, first and second version
+    const Context before = set(reinterpret_cast<Context>(host_context));
+    {
+      NativeBench bench;
+      bench.Show([&](frmrcBHDGS& dialog) {
+        const HWND form = bench.robot.FormWindow();
+        dialog.Add<ui::TextBox>(u"txtLater", nullptr);
+        for (const HWND window :
+             {form, bench.robot.Find(u"txtName"), bench.robot.Find(u"txtLater")}) {
+          EXPECT_EQ(awareness(of_window(window)), kSystem);
+        }
+        EXPECT_EQ(awareness(of_thread()), kPerMonitor) << "the host's own is left alone";
+        bench.during_box = [&] {
+          EXPECT_EQ(awareness(of_window(host::FindOpenBox().window)), kSystem);
+        };
+        bench.toolkit->ShowMessage(u"", u"scaled like the dialog");
+      });
+      EXPECT_EQ(awareness(of_thread()), kPerMonitor);
+    }
+    set(before);
+  }
+}
+
+TEST(ModalDisplay, AWindowThatCannotBeMadeIsReportedWithItsCause) {
+  NativeBench bench;
+  const auto dialog = TakeDialog(bench.context);
+  const host::NoMoreWindows none;
+  try {
+    dialog->ShowModal();
+    ADD_FAILURE() << "shown without a window";
+  } catch (const RuntimeError& error) {
+    EXPECT_EQ(error.number(), HRESULT_FROM_WIN32(ERROR_NO_MORE_USER_HANDLES)) << error.what();
+  }
 }
 
 TEST(ModalDisplay, ATextTallerThanTheScreenScrollsInABoxLikeTheSystems) {
