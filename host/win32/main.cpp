@@ -26,6 +26,7 @@ namespace {
 
 constexpr TextView kPictures = u"--pictures";
 constexpr TextView kHighContrast = u"--high-contrast";
+constexpr TextView kManifest = u"--manifest";
 
 constexpr TextView kOwnHelp =
     u"\nWith the real library also:\n"
@@ -35,7 +36,8 @@ constexpr TextView kOwnHelp =
     u"      with --high-contrast also those of such a scheme\n"
     u"  endure [--cycles N]   loads and opens the plug-in N times (1000) and sends it ten times "
     u"as\n"
-    u"                        many replies; exit code 1: something leaked\n";
+    u"                        many replies; exit code 1: something leaked\n"
+    u"With any of them --manifest FILE stands for this program's own manifest.\n";
 
 constexpr CommandOption kEndureOptions[] = {{u"--cycles", u"N", u""}};
 
@@ -56,13 +58,13 @@ std::vector<Text> Words() {
 }
 
 // The option's value, taken out of the words.
-std::optional<Text> TakePicturesFolder(std::vector<Text>& words) {
+std::optional<Text> TakeOption(std::vector<Text>& words, TextView option) {
   for (std::size_t at = 0; at + 1 < words.size(); ++at) {
-    if (words[at] != kPictures) continue;
-    Text folder = words[at + 1];
+    if (words[at] != option) continue;
+    Text value = words[at + 1];
     words.erase(words.begin() + static_cast<std::ptrdiff_t>(at),
                 words.begin() + static_cast<std::ptrdiff_t>(at) + 2);
-    return folder;
+    return value;
   }
   return std::nullopt;
 }
@@ -78,6 +80,30 @@ class Apartment {
 
  private:
   HRESULT result_;
+};
+
+// The activation context that a manifest describes, for this thread.
+class ManifestInForce {
+ public:
+  explicit ManifestInForce(const Text& file) {
+    ACTCTXW described = {};
+    described.cbSize = sizeof described;
+    described.lpSource = win32::Wide(file);
+    context_ = CreateActCtxW(&described);
+    if (context_ == INVALID_HANDLE_VALUE || !ActivateActCtx(context_, &cookie_)) {
+      throw UsageError(Concat({file, u" is no manifest"}));
+    }
+  }
+  ~ManifestInForce() {
+    DeactivateActCtx(0, cookie_);
+    ReleaseActCtx(context_);
+  }
+  ManifestInForce(const ManifestInForce&) = delete;
+  ManifestInForce& operator=(const ManifestInForce&) = delete;
+
+ private:
+  HANDLE context_;
+  ULONG_PTR cookie_ = 0;
 };
 
 int PerformEndure(std::span<const Text> words, ContractLog& contract, Console& console) {
@@ -107,7 +133,7 @@ int PerformWithLibrary(std::vector<Text> words, ContractLog& contract, Console& 
     return kExitGood;
   }
   CommandLineParts parts{[&] { return MakeNativeStage(library, contract); }, nullptr};
-  if (const auto folder = TakePicturesFolder(words)) {
+  if (const auto folder = TakeOption(words, kPictures)) {
     parts.look = [&, pictures = DialogPictures(*folder), high_contrast = TakeHighContrast(words)](
                      Stage&, const Text& moment) {
       pictures.Take(moment, high_contrast, [&](const Text& line) { console.PrintLine(line); });
@@ -119,6 +145,8 @@ int PerformWithLibrary(std::vector<Text> words, ContractLog& contract, Console& 
 }
 
 int Perform(std::vector<Text> words, Console& console) {
+  std::optional<ManifestInForce> manifest;
+  if (const auto file = TakeOption(words, kManifest)) manifest.emplace(*file);
   const Apartment apartment;
   ContractLog contract;
   contract.on_breach = [&](const Breach& breach) {
