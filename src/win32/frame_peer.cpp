@@ -13,8 +13,9 @@ WindowPeer::Style FramePeer::GetStyle() const {
 
 void FramePeer::Show(ui::Changes changes) {
   if (changes.Has(ui::Changes::kFont)) SetFont(Win32Toolkit::kFontPoints);
-  // A visual style has a text colour of its own, which need not show on the form's faces.
-  if (making()) SetWindowTheme(window(), L"", L"");
+  // A visual style has a text colour of its own, which need not show on the form's faces. No style
+  // has a class named by a blank; an empty name would not be kept everywhere.
+  if (making()) SetWindowTheme(window(), L" ", L" ");
 }
 
 LRESULT FramePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
