@@ -54,7 +54,12 @@ const MemoryFileSystem::Node* MemoryFileSystem::Find(TextView path) const {
 const MemoryFileSystem::Node& MemoryFileSystem::FindFile(TextView path) const {
   const Node* node = Find(path);
   // In the usual words, as a native file system says it: whoever reports it adds the path.
-  if (node == nullptr) throw RuntimeError(ErrorNumber::kFileNotFound);
+  if (node == nullptr) {
+    std::vector<TextView> folder = SplitHostPath(path);
+    folder.pop_back();
+    const bool is_folder = nodes_.contains(HostPathKey(folder));
+    throw RuntimeError(is_folder ? ErrorNumber::kFileNotFound : ErrorNumber::kPathNotFound);
+  }
   if (node->is_folder) Fail(ErrorNumber::kPathFileAccessError, path);
   return *node;
 }

@@ -56,6 +56,13 @@ fs::path FindEntry(const fs::path& folder, TextView name, TextView path) {
   return exact;
 }
 
+// In the usual words, as a native file system says it: whoever reports it adds the path.
+[[noreturn]] void FailAsMissing(RootedFileSystem& files, TextView path) {
+  const TextView folder = path.substr(0, std::min(path.find_last_of(u"\\/"), path.size()));
+  throw RuntimeError(files.FolderExists(folder) ? ErrorNumber::kFileNotFound
+                                                : ErrorNumber::kPathNotFound);
+}
+
 class StreamReader final : public ByteReader {
  public:
   StreamReader(std::ifstream stream, TextView path) : stream_(std::move(stream)), path_(path) {}
@@ -128,7 +135,7 @@ void RootedFileSystem::MakeFolder(TextView path) {
 }
 
 std::int64_t RootedFileSystem::FileSize(TextView path) {
-  if (!FileExists(path)) Fail(ErrorNumber::kFileNotFound, path);
+  if (!FileExists(path)) FailAsMissing(*this, path);
   std::error_code error;
   const std::uintmax_t size = fs::file_size(RealPath(path), error);
   Check(error, path);
@@ -136,14 +143,14 @@ std::int64_t RootedFileSystem::FileSize(TextView path) {
 }
 
 void RootedFileSystem::RemoveFile(TextView path) {
-  if (!FileExists(path)) Fail(ErrorNumber::kFileNotFound, path);
+  if (!FileExists(path)) FailAsMissing(*this, path);
   std::error_code error;
   fs::remove(RealPath(path), error);
   Check(error, path);
 }
 
 void RootedFileSystem::RenameFile(TextView from, TextView to) {
-  if (!FileExists(from)) Fail(ErrorNumber::kFileNotFound, from);
+  if (!FileExists(from)) FailAsMissing(*this, from);
   if (FolderExists(to)) Fail(ErrorNumber::kPathFileAccessError, to);
   const fs::path real = RealPath(to);
   if (!fs::is_directory(real.parent_path())) Fail(ErrorNumber::kPathNotFound, to);
@@ -161,8 +168,7 @@ void RootedFileSystem::MakeEmptyFile(TextView path) {
 
 std::unique_ptr<ByteReader> RootedFileSystem::OpenForReading(TextView path) {
   if (FolderExists(path)) Fail(ErrorNumber::kPathFileAccessError, path);
-  // In the usual words, as a native file system says it: whoever reports it adds the path.
-  if (!FileExists(path)) throw RuntimeError(ErrorNumber::kFileNotFound);
+  if (!FileExists(path)) FailAsMissing(*this, path);
   std::ifstream stream(RealPath(path), std::ios::binary);
   if (!stream) Fail(ErrorNumber::kPermissionDenied, path);
   return std::make_unique<StreamReader>(std::move(stream), path);

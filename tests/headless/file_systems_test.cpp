@@ -40,6 +40,7 @@ TEST(FileSystems, KeepOneContract) {
     for (const TextView path :
          {u"", u"a.txt", u"\\Host\\a.txt", u"..\\a.txt", u"CC:\\a.txt", u"C:\\Host\\no\\a.txt"}) {
       EXPECT_EQ(number(&FileSystem::MakeEmptyFile, path), ErrorNumber::kPathNotFound);
+      EXPECT_EQ(number(&FileSystem::RemoveFile, path), ErrorNumber::kPathNotFound);
       EXPECT_FALSE(files->FileExists(path));
     }
     files->MakeFolder(u"C:\\Host\\RCData");
@@ -76,7 +77,7 @@ TEST(RootedFileSystem, ReachesNothingOutsideItsFolder) {
   if (error) GTEST_SKIP() << "this system makes no links: " << error.message();
   EXPECT_FALSE(files.FileExists(u"C:\\Host\\link\\secret.txt"));
   EXPECT_EQ(NumberOf([&] { files.RemoveFile(u"C:\\Host\\link\\secret.txt"); }),
-            ErrorNumber::kFileNotFound);
+            ErrorNumber::kPathNotFound);
   EXPECT_EQ(NumberOf([&] { files.MakeEmptyFile(u"C:\\Host\\link\\secret.txt"); }),
             ErrorNumber::kPathFileAccessError);
   EXPECT_EQ(fs::file_size(scratch.path() / "elsewhere" / "secret.txt"), 6u);

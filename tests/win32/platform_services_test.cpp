@@ -123,6 +123,7 @@ TEST(Pictures, OnlyPicturesAreRead) {
   bench.root.Put("cut.gif", "GIF89a");
   bench.root.Put("text.gif", "no picture at all, but some text that is long enough to be read");
   EXPECT_EQ(read("none.gif"), Number(ErrorNumber::kFileNotFound));
+  EXPECT_EQ(read("none/none.gif"), Number(ErrorNumber::kPathNotFound));
   EXPECT_EQ(read("empty.gif"), Number(ErrorNumber::kInvalidPicture));
   EXPECT_EQ(read("cut.gif"), Number(ErrorNumber::kInvalidPicture));
   EXPECT_EQ(read("text.gif"), Number(ErrorNumber::kInvalidPicture));
