@@ -21,6 +21,10 @@ expect txtPassword text = abcdefghijklmnop
 erase txtPassword 1
 type txtPassword !?
 expect txtPassword text = abcdefghijklmno!
+# What is selected makes room, even where the new text ends as the old one did.
+paste txtPassword secret-password1
+paste txtPassword my-secret-password1
+expect txtPassword text = my-secret-passwo
 tab "Misc Options"
 paste txtBlue abcdefghijklmnopq
 expect txtBlue text = abcdefghijklmnop

@@ -74,9 +74,9 @@ ui::Control& HeadlessOperator::Find(TextView name) const {
   return form.At(name);
 }
 
-void HeadlessOperator::Edit(const Gesture& gesture, Text text) {
+void HeadlessOperator::Edit(const Gesture& gesture, Text text, std::size_t from) {
   gesture.mirror().ChangeText(text);
-  gesture.Report(ui::TextEdited{std::move(text)});
+  gesture.Report(ui::TextEdited{std::move(text), from});
 }
 
 void HeadlessOperator::Type(TextView name, TextView text) {
@@ -89,14 +89,15 @@ void HeadlessOperator::Type(TextView name, TextView text) {
   for (const char16_t character : text) {
     gesture.CheckPossible();
     if (gesture.mirror().locked()) return;
-    Edit(gesture, gesture.mirror().text() + character);
+    const Text& before = gesture.mirror().text();
+    Edit(gesture, before + character, before.size());
   }
 }
 
 void HeadlessOperator::SelectAllAndType(TextView name, TextView text) {
   const Gesture gesture(*this, Find(name), {ControlKind::kTextBox});
   if (gesture.mirror().locked()) return;
-  Edit(gesture, Text(text.substr(0, 1)));
+  Edit(gesture, Text(text.substr(0, 1)), 0);
   if (text.size() > 1) Type(name, text.substr(1));
 }
 
@@ -111,8 +112,8 @@ void HeadlessOperator::PasteAtEnd(TextView name, TextView text) {
 void HeadlessOperator::Replace(TextView name, TextView text, bool keep_old) {
   const Gesture gesture(*this, Find(name), {ControlKind::kTextBox});
   if (gesture.mirror().locked()) return;
-  Edit(gesture,
-       Concat({keep_old ? TextView(gesture.mirror().text()) : TextView(), FirstLine(text)}));
+  const TextView kept = keep_old ? TextView(gesture.mirror().text()) : TextView();
+  Edit(gesture, Concat({kept, FirstLine(text)}), kept.size());
 }
 
 void HeadlessOperator::EraseLast(TextView name, int count) {
@@ -121,7 +122,7 @@ void HeadlessOperator::EraseLast(TextView name, int count) {
     gesture.CheckPossible();
     const Text& text = gesture.mirror().text();
     if (text.empty() || gesture.mirror().locked()) return;
-    Edit(gesture, text.substr(0, text.size() - 1));
+    Edit(gesture, text.substr(0, text.size() - 1), text.size());
   }
 }
 

@@ -68,7 +68,8 @@ class HeadlessOperator {
 
   [[nodiscard]] ui::Form& Dialog() const;
   [[nodiscard]] ui::Control& Find(TextView name) const;
-  void Edit(const Gesture& gesture, Text text);
+  // `from` on, up to the end, was selected, or is the end.
+  void Edit(const Gesture& gesture, Text text, std::size_t from);
   void Replace(TextView name, TextView text, bool keep_old);
   void MouseAt(TextView name, bool pressed, std::int16_t button, std::int16_t shift);
 

@@ -29,8 +29,13 @@ struct MouseEvent {
 
 struct TextEdited {  // the operator changed the native text; this is all of it now
   Text text;
+  // What was selected before, 0-based, without the unit at `to`; equal: the insertion point.
+  std::size_t from = 0;
+  std::size_t to = Text::npos;  // beyond the end: to the end
 };
-struct Clicked {};  // a check box or push button was clicked, or its key pressed; an image's key
+struct Clicked {  // a check box or push button was clicked, or its key pressed; an image's key
+  bool repeated = false;  // by a key that is being held
+};
 struct MousePressed {
   MouseEvent event;
 };

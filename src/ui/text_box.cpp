@@ -27,21 +27,17 @@ void TextBox::SetText(TextView text) {
   Changed(Changes::kText);
 }
 
-Text TextBox::ApplyLimit(TextView before, TextView after, int max_length) {
+Text TextBox::ApplyLimit(TextView before, const TextEdited& edit, int max_length) {
+  const TextView after = edit.text;
   const auto limit = static_cast<std::size_t>(std::max(max_length, 0));
-  if (limit == 0 || after.size() <= limit) return Text(after);
+  if (limit == 0 || after.size() <= limit) return edit.text;
 
-  const std::size_t shorter = std::min(before.size(), after.size());
-  std::size_t prefix = 0;
-  while (prefix < shorter && before[prefix] == after[prefix]) ++prefix;
-  std::size_t suffix = 0;
-  while (suffix < shorter - prefix &&
-         before[before.size() - 1 - suffix] == after[after.size() - 1 - suffix]) {
-    ++suffix;
-  }
-
-  const TextView inserted = after.substr(prefix, after.size() - prefix - suffix);
+  const std::size_t to = std::min(edit.to, before.size());
+  const std::size_t prefix = std::min(edit.from, to);
+  const std::size_t suffix = before.size() - to;
   const std::size_t kept = prefix + suffix;
+  if (after.size() < kept) return edit.text;  // an erasure beside the insertion point
+  const TextView inserted = after.substr(prefix, after.size() - kept);
   std::size_t fitting = std::min(inserted.size(), limit > kept ? limit - kept : 0);
   const bool splits_pair =
       fitting > 0 && IsHighSurrogate(inserted[fitting - 1]) && IsLowSurrogate(inserted[fitting]);
@@ -53,7 +49,7 @@ Text TextBox::ApplyLimit(TextView before, TextView after, int max_length) {
 void TextBox::React(const Fact& fact) {
   const auto* const edited = std::get_if<TextEdited>(&fact);
   if (edited == nullptr) return;
-  if (!locked_) text_ = ApplyLimit(text_, edited->text, max_length_);
+  if (!locked_) text_ = ApplyLimit(text_, *edited, max_length_);
   if (text_ != edited->text) Changed(Changes::kText);
 }
 

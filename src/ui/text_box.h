@@ -21,9 +21,9 @@ class TextBox final : public Control {
   [[nodiscard]] Alignment alignment() const noexcept { return alignment_; }
   [[nodiscard]] bool locked() const noexcept { return locked_; }
 
-  // What the operator's edit from `before` to `after` leaves under a limit: of what was inserted,
-  // as much as fits; a text that was already longer may only become shorter.
-  [[nodiscard]] static Text ApplyLimit(TextView before, TextView after, int max_length);
+  // What the operator's edit of `before` leaves under a limit: of what has come in the place of the
+  // selection, as much as fits; a text that was already longer may only become shorter.
+  [[nodiscard]] static Text ApplyLimit(TextView before, const TextEdited& edit, int max_length);
 
  protected:
   void React(const Fact& fact) override;

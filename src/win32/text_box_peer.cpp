@@ -56,11 +56,37 @@ void TextBoxPeer::ShowText() {
 void TextBoxPeer::OnCommand(WORD notification) {
   if (notification != EN_CHANGE) return;
   const bool editing_before = std::exchange(editing_, true);
-  Tell(ui::TextEdited{WindowText(window())});
+  const auto [from, to] = selected_;  // asking for the text handles messages
+  Tell(ui::TextEdited{WindowText(window()), from, to});
   editing_ = editing_before;  // the echo of the model's text comes in the middle of an edit
 }
 
+void TextBoxPeer::NoteSelection(UINT message) {
+  DWORD from = 0;
+  DWORD to = 0;
+  switch (message) {
+    case WM_CHAR:
+    case WM_KEYDOWN:
+    case WM_PASTE:
+    case WM_CUT:
+    case WM_CLEAR:
+    case WM_UNDO:
+    case EM_UNDO:
+    case EM_REPLACESEL:
+    case WM_IME_COMPOSITION:
+      CallOriginal(EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+      selected_ = {from, to};
+      break;
+    case WM_SETTEXT:
+      selected_ = {0, Text::npos};
+      break;
+    default:
+      break;
+  }
+}
+
 LRESULT TextBoxPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
+  NoteSelection(message);
   // Enter and Escape mean nothing here; the class would only beep at them, and not every version of
   // it knows Ctrl+A.
   constexpr WPARAM kCtrlA = 1;

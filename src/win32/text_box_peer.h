@@ -1,6 +1,8 @@
 // The native text box.
 #pragma once
 
+#include <utility>
+
 #include "ui/text_box.h"
 #include "win32/window_peer.h"
 
@@ -21,8 +23,11 @@ class TextBoxPeer final : public WindowPeer {
 
  private:
   void ShowText();
+  // Before a message that may edit the text.
+  void NoteSelection(UINT message);
 
   ui::TextBox& box_;
+  std::pair<std::size_t, std::size_t> selected_;
   bool editing_ = false;  // the operator's edit is with the model
 };
 

@@ -13,46 +13,46 @@ namespace {
 
 TEST(TextBoxLimitTest, TakesOfAnEditWhatFits) {
   struct Case {
-    TextView before, after;
+    TextView before;
+    std::size_t from, to;
+    TextView after;
     int limit;
     TextView left;
   };
   const Case cases[] = {
-      {u"", u"abc", 0, u"abc"},               // no limit
-      {u"ab", u"abc", 3, u"abc"},             // fits
-      {u"abc", u"abcd", 3, u"abc"},           // typed at the end
-      {u"abc", u"xabc", 3, u"abc"},           // typed at the front
-      {u"abc", u"abXc", 3, u"abc"},           // typed in the middle
-      {u"ac", u"a123c", 3, u"a1c"},           // pasted in the middle
-      {u"abc", u"aXYZWc", 4, u"aXYc"},        // pasted over a part
-      {u"abc", u"XYZW", 3, u"XYZ"},           // pasted over all
-      {u"aaa", u"aaaa", 3, u"aaa"},           // wherever it was
-      {u"abcdef", u"abcde", 3, u"abcde"},     // longer by code: may become shorter
-      {u"abcdef", u"abXcdef", 3, u"abcdef"},  // but not longer
-      {u"abcdef", u"abXf", 3, u"abf"},        // nor may anything come in beyond the limit
-      {u"abcdef", u"Xf", 3, u"Xf"},           //
-      {u"ab", u"ab\xD83D\xDE00", 3, u"ab"},   // no half of a surrogate pair
-      {u"ab", u"ab\xD83D\xDE00", 4, u"ab\xD83D\xDE00"},
-      {u"ab", u"ab\xD83Dx", 3, u"ab\xD83D"},  // what is no pair is not split
-      {u"ab", u"abc", -5, u"abc"},
+      {u"", 0, 0, u"abc", 0, u"abc"},               // no limit
+      {u"ab", 2, 2, u"abc", 3, u"abc"},             // fits
+      {u"abc", 3, 3, u"abcd", 3, u"abc"},           // typed at the end
+      {u"abc", 0, 0, u"xabc", 3, u"abc"},           // typed at the front
+      {u"ac", 1, 1, u"a123c", 3, u"a1c"},           // pasted in the middle
+      {u"abc", 1, 3, u"aXYZW", 4, u"aXYZ"},         // pasted over a part
+      {u"abc", 0, 3, u"Xabc", 3, u"Xab"},           // pasted over all, ending as it did
+      {u"abcdef", 6, 6, u"abcde", 3, u"abcde"},     // longer by code: may become shorter
+      {u"abcdef", 2, 2, u"abXcdef", 3, u"abcdef"},  // but not longer
+      {u"abcdef", 2, 5, u"abXf", 3, u"abf"},        // nor may anything come in beyond the limit
+      {u"ab", 2, 2, u"ab\xD83D\xDE00", 3, u"ab"},   // no half of a surrogate pair
+      {u"ab", 2, 2, u"ab\xD83D\xDE00", 4, u"ab\xD83D\xDE00"},
+      {u"ab", 2, 2, u"ab\xD83Dx", 3, u"ab\xD83D"},  // what is no pair is not split
+      {u"ab", 2, 2, u"abc", -5, u"abc"},
+      {u"ab", 7, 1, u"abcd", 3, u"abd"},  // a selection that cannot be
   };
   for (const Case& c : cases) {
-    EXPECT_EQ(ToUtf8(TextBox::ApplyLimit(c.before, c.after, c.limit)), ToUtf8(c.left))
+    const TextEdited edit{Text(c.after), c.from, c.to};
+    EXPECT_EQ(ToUtf8(TextBox::ApplyLimit(c.before, edit, c.limit)), ToUtf8(c.left))
         << ToUtf8(c.before) << " -> " << ToUtf8(c.after) << ", at most " << c.limit;
   }
 }
 
-// Each unit of the text before is another one, and none of them is inserted: what the edit was is
-// then beyond doubt, and so is what it has to leave.
 TEST(TextBoxLimitTest, LeavesAllAroundAnyEditAndTheFrontOfWhatWasInserted) {
   std::mt19937 random(20);
   const auto below = [&](std::size_t bound) { return random() % bound; };
   for (int round = 0; round < 20000; ++round) {
     Text before(below(13), u'a');
-    for (std::size_t i = 0; i < before.size(); ++i) before[i] = static_cast<char16_t>(u'a' + i);
+    for (char16_t& unit : before) unit = static_cast<char16_t>(u'a' + below(2));
     const std::size_t from = below(before.size() + 1);
     const std::size_t removed = below(before.size() - from + 1);
-    const Text inserted(below(9), u'X');
+    Text inserted(below(9), u'a');
+    for (char16_t& unit : inserted) unit = static_cast<char16_t>(u'a' + below(2));
     const Text front = before.substr(0, from);
     const Text back = before.substr(from + removed);
     const std::size_t limit = 1 + below(10);
@@ -60,9 +60,9 @@ TEST(TextBoxLimitTest, LeavesAllAroundAnyEditAndTheFrontOfWhatWasInserted) {
     const std::size_t kept = front.size() + back.size();
     const std::size_t room = limit > kept ? limit - kept : 0;
     const Text expected = front + inserted.substr(0, room) + back;
-    ASSERT_EQ(TextBox::ApplyLimit(before, front + inserted + back, static_cast<int>(limit)),
-              expected)
-        << ToUtf8(before) << " -> " << ToUtf8(front + inserted + back) << ", at most " << limit;
+    const TextEdited edit{front + inserted + back, from, from + removed};
+    ASSERT_EQ(TextBox::ApplyLimit(before, edit, static_cast<int>(limit)), expected)
+        << ToUtf8(before) << " -> " << ToUtf8(edit.text) << ", at most " << limit;
   }
 }
 
