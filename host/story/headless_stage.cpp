@@ -155,15 +155,15 @@ class HeadlessStage final : public Stage {
   void Release(const Text& control, Button button) override {
     Checked([&] { host_.person.Release(control, static_cast<std::int16_t>(button)); });
   }
-  void Strike(const Text& control, ui::KeyStroke stroke) override {
-    Checked([&] { host_.person.Strike(control, stroke); });
+  void Strike(const Text& control, ui::KeyStroke stroke, int times) override {
+    Checked([&] { host_.person.Strike(control, stroke, times); });
   }
   void ChooseFromMenu(const Text& control, int row, const Text& item) override {
     Checked([&] { host_.person.ChooseFromMenu(control, row, item); });
   }
   [[nodiscard]] std::vector<Text> LastMenu() override { return host_.toolkit.menu(); }
-  void PressAccessKey(char16_t key) override {
-    Checked([&] { host_.person.PressAccessKey(key); });
+  void PressAccessKey(char16_t key, int times) override {
+    Checked([&] { host_.person.PressAccessKey(key, times); });
   }
   void CloseWindow() override {
     Checked([&] { host_.person.CloseForm(); });

@@ -101,14 +101,15 @@ class Stage {
   virtual void Key(const Text& control, char16_t character) = 0;
   virtual void Press(const Text& control, Button button) = 0;
   virtual void Release(const Text& control, Button button) = 0;
-  // A key that is no character, or one that is held with Ctrl or Alt.
-  virtual void Strike(const Text& control, ui::KeyStroke stroke) = 0;
+  // A key that is no character, or one that is held with Ctrl or Alt. `times`: so often while it is
+  // held; all but the first are repetitions.
+  virtual void Strike(const Text& control, ui::KeyStroke stroke, int times) = 0;
   // Opens a list's context menu, by a key or (row from 0) by the right mouse button, and chooses an
   // item; Escape for an empty one.
   virtual void ChooseFromMenu(const Text& control, int row, const Text& item) = 0;
   // The items of the menu opened last: "CAPTION | KEY", in parentheses when grey.
   [[nodiscard]] virtual std::vector<Text> LastMenu() = 0;
-  virtual void PressAccessKey(char16_t key) = 0;  // together with Alt
+  virtual void PressAccessKey(char16_t key, int times) = 0;  // together with Alt
   virtual void CloseWindow() = 0;
   // What the operator does in the next file dialog that has no answer yet: picks these full paths
   // (none: cancels). A file dialog without an answer is cancelled.

@@ -59,6 +59,7 @@ Text Complaint(TextView kind, const StoryWord& word) {
   if (kind == u"BUTTON" && !IsOneOf(word, {u"left", u"right", u"middle"})) {
     return wanted(u"left, right or middle");
   }
+  if (kind == u"HELD" && !IsOneOf(word, {u"held"})) return wanted(u"held, or nothing,");
   if (kind == u"IS" && !IsOneOf(word, {u"=", u"!=", u"contains", u"lacks"})) {
     return wanted(u"=, !=, contains or lacks");
   }
@@ -87,8 +88,8 @@ std::optional<Match> MatchForm(TextView pattern, const std::vector<StoryWord>& w
       ++at;
       continue;
     }
-    if (piece == u"BUTTON" && at == words.size()) {
-      match.arguments.emplace_back(u"left");
+    if (at == words.size() && (piece == u"BUTTON" || piece == u"HELD")) {
+      match.arguments.emplace_back(piece == u"BUTTON" ? u"left" : u"");
       continue;
     }
     const bool takes_all = piece == u"TEXTS" || piece == u"ROWS";

@@ -59,11 +59,9 @@ ui::KeyStroke StrokeOf(TextView name) {
     TextView name;
     ui::KeyStroke stroke;
   };
-  constexpr Named kKeys[] = {{u"Up", {ui::kUpKey}},
-                             {u"Down", {ui::kDownKey}},
-                             {u"Home", {ui::kHomeKey}},
-                             {u"End", {ui::kEndKey}},
-                             {u"Del", {ui::kDeleteKey}}};
+  constexpr Named kKeys[] = {{u"Enter", {ui::kEnterKey}}, {u"Up", {ui::kUpKey}},
+                             {u"Down", {ui::kDownKey}},   {u"Home", {ui::kHomeKey}},
+                             {u"End", {ui::kEndKey}},     {u"Del", {ui::kDeleteKey}}};
   if (name.starts_with(u"Alt+")) {
     ui::KeyStroke inner = StrokeOf(name.substr(4));
     inner.shift = static_cast<std::int16_t>(inner.shift | ui::kAltHeld);
@@ -74,6 +72,11 @@ ui::KeyStroke StrokeOf(TextView name) {
     if (key.name == name) return key.stroke;
   }
   throw StoryFailure({u"there is no key ", QuotedForStory(name)});
+}
+
+// How often a key that is pressed once, or held, reaches the control.
+int TimesOf(TextView held) {
+  return held.empty() ? 1 : 5;
 }
 
 // What a person would have to do for it.
@@ -385,7 +388,7 @@ void StoryPlayer::Gesture(const Step& step) {
     case StepKind::kKey:
       return stage_.Key(words[0], CharacterOf(words[1]));
     case StepKind::kStrike:
-      return stage_.Strike(words[0], StrokeOf(words[1]));
+      return stage_.Strike(words[0], StrokeOf(words[1]), TimesOf(words[2]));
     case StepKind::kMenu:
       return stage_.ChooseFromMenu(words[0], -1, words[1]);
     case StepKind::kMenuAtRow:
@@ -393,7 +396,7 @@ void StoryPlayer::Gesture(const Step& step) {
     case StepKind::kMenuLeft:
       return stage_.ChooseFromMenu(words[0], -1, {});
     case StepKind::kAccessKey:
-      return stage_.PressAccessKey(CharacterOf(words[0]));
+      return stage_.PressAccessKey(CharacterOf(words[0]), TimesOf(words[1]));
     case StepKind::kPress:
       return stage_.Press(words[0], ButtonOf(words[1]));
     case StepKind::kRelease:

@@ -137,15 +137,18 @@ class NativeStage final : public Stage {
   }
   void Key(const Text& control, char16_t character) override { robot_.Key(control, character); }
   void Press(const Text& control, Button button) override { robot_.Press(control, button); }
-  void Release(const Text& control, Button button) override { robot_.Release(control, button); }
-  void Strike(const Text& control, ui::KeyStroke stroke) override {
-    robot_.Strike(control, stroke);
+  void Release(const Text& control, Button button) override {
+    held_button_.reset();
+    robot_.Release(control, button);
+  }
+  void Strike(const Text& control, ui::KeyStroke stroke, int times) override {
+    robot_.Strike(control, stroke, times);
   }
   void ChooseFromMenu(const Text& control, int row, const Text& item) override {
     menu_ = robot_.ChooseFromMenu(control, row, item);
   }
   [[nodiscard]] std::vector<Text> LastMenu() override { return menu_; }
-  void PressAccessKey(char16_t key) override { robot_.PressAccessKey(key); }
+  void PressAccessKey(char16_t key, int times) override { robot_.PressAccessKey(key, times); }
   void CloseWindow() override { robot_.CloseForm(); }
   void AnswerFileDialog(const std::vector<Text>& paths) override { answers_.push_back(paths); }
   void DuringNextBox(const std::function<void()>& step) override { during_next_box_ = step; }

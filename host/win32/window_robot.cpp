@@ -22,6 +22,10 @@ using win32::FromWide;
 using win32::Wide;
 using win32::WindowText;
 
+// Of a key's message.
+constexpr LPARAM kWithAlt = 1 << 29;
+constexpr LPARAM kRepeated = 1 << 30;
+
 [[noreturn]] void Fail(const Text& control, const char* what) {
   throw StageError(ToUtf8(control) + " " + what);
 }
@@ -402,13 +406,16 @@ void WindowRobot::PressKey(WORD key) const {
   Send(focus, WM_KEYUP, key, 1);
 }
 
-void WindowRobot::Strike(const Text& control, ui::KeyStroke stroke) const {
+void WindowRobot::Strike(const Text& control, ui::KeyStroke stroke, int times) const {
   Focus(control);
   const bool with_alt = (stroke.shift & ui::kAltHeld) != 0;
   const HeldKey alt(with_alt ? VK_MENU : stroke.key);
   const HeldKey control_key((stroke.shift & ui::kCtrlHeld) != 0 ? VK_CONTROL : stroke.key);
-  Send(Find(control), with_alt ? WM_SYSKEYDOWN : WM_KEYDOWN, stroke.key,
-       with_alt ? 1 | 1 << 29 : 1);
+  const HWND window = Find(control);
+  for (int time = 0; time < times; ++time) {
+    Send(window, with_alt ? WM_SYSKEYDOWN : WM_KEYDOWN, stroke.key,
+         1 | (with_alt ? kWithAlt : 0) | (time > 0 ? kRepeated : 0));
+  }
 }
 
 namespace {
@@ -486,14 +493,17 @@ std::vector<Text> WindowRobot::ChooseFromMenu(const Text& control, int row,
   return walk.items;
 }
 
-void WindowRobot::PressAccessKey(char16_t key) const {
-  constexpr LPARAM kWithAlt = 1 << 29;
+void WindowRobot::PressAccessKey(char16_t key, int times) const {
   const HWND focus = GetFocus();
   if (focus == nullptr) throw StageError("nothing has the keyboard focus");
   Send(focus, WM_SYSKEYDOWN, VK_MENU, kWithAlt);
-  Send(focus, WM_SYSKEYDOWN, ToUpper(key), kWithAlt);
-  // What is not taken ends as a beep, with the answer of the window's own class.
-  Send(focus, WM_SYSCHAR, key, kWithAlt);
+  for (int time = 0; time < times; ++time) {
+    const HWND window = GetFocus();
+    const LPARAM held = kWithAlt | (time > 0 ? kRepeated : 0);
+    Send(window, WM_SYSKEYDOWN, ToUpper(key), held);
+    // What is not taken ends as a beep, with the answer of the window's own class.
+    Send(window, WM_SYSCHAR, key, held);
+  }
 }
 
 void WindowRobot::Press(const Text& control, Button button) const {

@@ -40,13 +40,13 @@ class WindowRobot {
   void Key(const Text& control, char16_t character) const;
   // A key without a character, in whatever has the focus.
   void PressKey(WORD key) const;
-  // A key, with what is held, in a control.
-  void Strike(const Text& control, ui::KeyStroke stroke) const;
+  // A key, with what is held, in a control; `times` as Stage does.
+  void Strike(const Text& control, ui::KeyStroke stroke, int times = 1) const;
   // Chooses from a list's context menu as Stage does; the menu's items. An item that is grey or not
   // there leaves it with nothing chosen and fails.
   std::vector<Text> ChooseFromMenu(const Text& control, int row, const Text& item) const;
   // A letter while Alt is held, in whatever has the focus.
-  void PressAccessKey(char16_t key) const;
+  void PressAccessKey(char16_t key, int times = 1) const;
   void Press(const Text& control, Button button) const;
   // Where the button was pressed, if it was pressed on another window.
   void Release(const Text& control, Button button) const;

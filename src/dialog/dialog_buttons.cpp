@@ -49,7 +49,8 @@ constexpr DialogButton kButtons[] = {
      u'P',
      69,
      u"Previous Game Type",
-     ShowPreviousGameType},
+     ShowPreviousGameType,
+     true},
     {u"cmdRight",
      u">",
      u"fmeMap",
@@ -57,7 +58,8 @@ constexpr DialogButton kButtons[] = {
      u'N',
      71,
      u"Next Game Type",
-     ShowNextGameType},
+     ShowNextGameType,
+     true},
     {u"cmdLoadMaps",
      u"Load Maps",
      u"fmeMap",
@@ -116,6 +118,7 @@ void BuildButtonFace(frmrcBHDGS& dialog, const DialogButton& button) {
   ui::Image& face = ui::CreateButtonFace(dialog, Describe(dialog, button, FaceName(button)),
                                          dialog.session().HostRoot);
   face.SetTabIndex(button.tab_index);
+  face.SetRepeats(button.repeats);
   face.SetAccessibleName(button.spoken);
   ConnectMouse(face, dialog, button);
 }

@@ -18,6 +18,7 @@ struct DialogButton {
   TextView spoken;      // what assistive tools call it
   // What a release of any mouse button does.
   void (*action)(frmrcBHDGS& dialog);
+  bool repeats = false;  // while its key is held
 };
 
 // In the order in which they are built.

@@ -247,11 +247,19 @@ void HeadlessOperator::MouseAt(TextView name, bool pressed, std::int16_t button,
   }
 }
 
-void HeadlessOperator::Strike(TextView name, ui::KeyStroke stroke) {
+void HeadlessOperator::Strike(TextView name, ui::KeyStroke stroke, int times) {
   const Gesture gesture(*this, Find(name),
                         {ControlKind::kListBox, ControlKind::kTextBox, ControlKind::kImage,
                          ControlKind::kCommandButton, ControlKind::kCheckBox});
-  if (gesture.control().FindStroke(stroke) != nullptr) gesture.Report(ui::KeyStruck{stroke});
+  const ControlKind kind = gesture.control().kind();
+  const bool is_button = kind == ControlKind::kImage || kind == ControlKind::kCommandButton;
+  for (int time = 0; time < times; ++time) {
+    if (gesture.control().FindStroke(stroke) != nullptr) {
+      gesture.Report(ui::KeyStruck{stroke});
+    } else if (is_button && stroke == ui::KeyStroke{ui::kEnterKey}) {
+      gesture.Report(ui::Clicked{time > 0});
+    }
+  }
 }
 
 void HeadlessOperator::ChooseFromMenu(TextView name, int row, TextView caption) {
@@ -265,11 +273,11 @@ void HeadlessOperator::ChooseFromMenu(TextView name, int row, TextView caption) 
   if (!caption.empty() && !is_there) Refuse({u"The menu offers no '", caption, u"'"});
 }
 
-void HeadlessOperator::PressAccessKey(char16_t key) {
+void HeadlessOperator::PressAccessKey(char16_t key, int times) {
   ui::Control* const control = Dialog().FindAccessKey(key);
   if (control == nullptr) Refuse({u"No control here has that access key"});
-  Gesture(*this, *control, {ControlKind::kImage, ControlKind::kCommandButton})
-      .Report(ui::Clicked{});
+  const Gesture gesture(*this, *control, {ControlKind::kImage, ControlKind::kCommandButton});
+  for (int time = 0; time < times; ++time) gesture.Report(ui::Clicked{time > 0});
 }
 
 void HeadlessOperator::CloseForm() {

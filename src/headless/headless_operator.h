@@ -50,14 +50,15 @@ class HeadlessOperator {
   void Release(TextView name, std::int16_t button, std::int16_t shift = 0);
 
   // A key that is no character, or one that is held with Ctrl or Alt. Does nothing where no menu
-  // has it.
-  void Strike(TextView name, ui::KeyStroke stroke);
+  // has it; Enter presses a button. `times`: so often while it is held.
+  void Strike(TextView name, ui::KeyStroke stroke, int times = 1);
   // Opens a list's menu, by a key or (row from 0) by the right mouse button, and chooses the item;
   // none for an empty caption. Fails when it is grey or not there.
   void ChooseFromMenu(TextView name, int row, TextView caption);
 
-  void PressAccessKey(char16_t key);  // together with Alt; fails when no control there has it
-  void CloseForm();                   // the form's own close button
+  // Together with Alt, `times` while it is held; fails when no control there has it.
+  void PressAccessKey(char16_t key, int times = 1);
+  void CloseForm();  // the form's own close button
 
   // What the control (or the form, by its name) shows; fails with kInvalidProcedureCall when it
   // does not have the property.

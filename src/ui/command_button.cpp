@@ -14,7 +14,8 @@ void CommandButton::SetPicture(PicturePtr picture) {
 }
 
 void CommandButton::React(const Fact& fact) {
-  if (std::holds_alternative<Clicked>(fact)) Raise(u"Click", on_click);
+  const auto* const clicked = std::get_if<Clicked>(&fact);
+  if (clicked != nullptr && !clicked->repeated) Raise(u"Click", on_click);
 }
 
 }  // namespace quill::ui

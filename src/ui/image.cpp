@@ -24,7 +24,8 @@ void Image::React(const Fact& fact) {
     Raise(u"MouseUp", on_mouse_up, released->event);
   } else if (std::holds_alternative<MouseLost>(fact)) {
     Raise(u"MouseLost", on_mouse_lost);
-  } else if (std::holds_alternative<Clicked>(fact)) {
+  } else if (const auto* const clicked = std::get_if<Clicked>(&fact)) {
+    if (clicked->repeated && !repeats_) return;
     const MouseEvent event{kLeftButton, 0, bounds().width / 2, bounds().height / 2};
     Raise(u"MouseDown", on_mouse_down, event);
     Raise(u"MouseUp", on_mouse_up, event);

@@ -19,6 +19,8 @@ class Image final : public Control {
   std::function<void(const MouseEvent&)> on_mouse_down;
   std::function<void(const MouseEvent&)> on_mouse_up;
   std::function<void()> on_mouse_lost;  // in place of the mouse-up
+  // True: a key that is held presses it again and again. Otherwise once, as at first.
+  void SetRepeats(bool repeats) noexcept { repeats_ = repeats; }
 
  protected:
   void React(const Fact& fact) override;
@@ -29,3 +31,4 @@ class Image final : public Control {
 };
 
 }  // namespace quill::ui
+  bool repeats_ = false;

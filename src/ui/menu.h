@@ -17,6 +17,7 @@ struct KeyStroke {
 inline constexpr std::int16_t kShiftHeld = 1;
 inline constexpr std::int16_t kCtrlHeld = 2;
 inline constexpr std::int16_t kAltHeld = 4;
+inline constexpr char16_t kEnterKey = 0x0D;
 inline constexpr char16_t kEndKey = 0x23;
 inline constexpr char16_t kHomeKey = 0x24;
 inline constexpr char16_t kUpKey = 0x26;

@@ -41,7 +41,7 @@ void CommandButtonPeer::OnCommand(WORD notification) {
 
 LRESULT CommandButtonPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
   if (message == WM_KEYDOWN && wparam == VK_RETURN) {
-    Tell(ui::Clicked{});
+    Tell(ui::Clicked{IsRepeated(lparam)});
     return 0;
   }
   return WindowPeer::Handle(message, wparam, lparam);

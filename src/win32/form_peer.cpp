@@ -378,12 +378,12 @@ void FormPeer::FocusOn(HWND target) {
   }
 }
 
-bool FormPeer::PressAccessKey(WPARAM key) {
+bool FormPeer::PressAccessKey(WPARAM key, bool repeated) {
   const ui::Control* const control = form_.FindAccessKey(static_cast<char16_t>(key));
   WindowPeer* const peer = control != nullptr ? Of(*control) : nullptr;
   if (peer == nullptr || peer->window() == nullptr) return false;
   if (peer->TakesFocus()) FocusOn(peer->window());
-  peer->Tell(ui::Clicked{});
+  peer->Tell(ui::Clicked{repeated});
   return true;
 }
 

@@ -47,7 +47,7 @@ class FormPeer final : public WindowPeer {
   // A key that moves the focus or chooses a tab; false when the control should have it.
   bool Navigate(WindowPeer& from, WPARAM key);
   // Goes to the control of that access key and clicks it; false when there is none.
-  bool PressAccessKey(WPARAM key);
+  bool PressAccessKey(WPARAM key, bool repeated);
   // Captions underline their access keys from the first time on that the operator presses Alt.
   void ShowAccessKeys();
   [[nodiscard]] bool shows_access_keys() const noexcept { return shows_access_keys_; }

@@ -76,7 +76,7 @@ LRESULT ImagePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
   switch (message) {
     case WM_KEYDOWN:
       if (wparam == VK_RETURN) {
-        Tell(ui::Clicked{});
+        Tell(ui::Clicked{IsRepeated(lparam)});
         return 0;
       }
       if (wparam != VK_SPACE) {

@@ -274,7 +274,7 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       if (TakesStroke(wparam) && window_ == nullptr) return 0;
       break;
     case WM_SYSCHAR:
-      if (form_peer().PressAccessKey(wparam)) return 0;
+      if (form_peer().PressAccessKey(wparam, IsRepeated(lparam))) return 0;
       break;
     case WM_GETOBJECT:
       if (static_cast<LONG>(lparam) != OBJID_CLIENT) break;

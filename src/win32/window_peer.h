@@ -64,6 +64,10 @@ class WindowPeer : public ui::Peer {
   // Has the window's own class handle a message.
   LRESULT CallOriginal(UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const {
+  // Whether a key's message comes from holding the key.
+  [[nodiscard]] static bool IsRepeated(LPARAM key_data) noexcept {
+    return (key_data & 1 << 30) != 0;
+  }
     return SendMessageW(window_, message, wparam, lparam);
   }
   // Tells the model, unless the window merely echoes what Show does to it.
