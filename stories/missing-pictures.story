@@ -7,6 +7,9 @@ expect trapped FormLoad_ERROR 53 "File not found"
 expect dialog shown
 expect lstMax count = 0
 expect lstSession count = 2
+# What has no picture is not there.
+expect cmdStartImg shown = false
+cannot push cmdStartImg
 close
 expect dialog hidden
 

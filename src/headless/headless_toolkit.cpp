@@ -102,7 +102,6 @@ std::unique_ptr<ui::Peer> HeadlessToolkit::MakePeer(ui::Control& control) {
 ui::PicturePtr HeadlessToolkit::ReadPicture(TextView path) {
   const SparedAllocations spared;
   Called({u"ReadPicture ", path});
-  if (!files_.FileExists(path)) throw RuntimeError(ErrorNumber::kFileNotFound);
   const std::unique_ptr<ByteReader> reader = files_.OpenForReading(path);
   if (!BeginsAsGif(*reader)) throw RuntimeError(ErrorNumber::kInvalidPicture);
   return std::make_shared<HeadlessPicture>(Text(path));

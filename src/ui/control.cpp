@@ -109,7 +109,7 @@ void Control::SetTabIndex(int index) {
 
 bool Control::IsReachable() const noexcept {
   for (const Control* control = this; control != nullptr; control = control->container_) {
-    if (!control->visible_ || !control->enabled_) return false;
+    if (!control->visible() || !control->enabled_) return false;
   }
   return form_.shown();  // which an unloaded one is not
 }

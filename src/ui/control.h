@@ -68,7 +68,7 @@ class Control {
   [[nodiscard]] bool enabled() const noexcept { return enabled_; }
   void SetEnabled(bool enabled);
   // The control's own flag; a visible control in a hidden frame does not show.
-  [[nodiscard]] bool visible() const noexcept { return visible_; }
+  [[nodiscard]] virtual bool visible() const noexcept { return visible_; }
   void SetVisible(bool visible);
   [[nodiscard]] const Text& tooltip() const noexcept { return tooltip_; }
   void SetTooltip(TextView tooltip);

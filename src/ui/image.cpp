@@ -8,8 +8,9 @@ namespace quill::ui {
 Image::Image(Form& form, Text name) : Control(form, ControlKind::kImage, std::move(name)) {}
 
 void Image::SetPicture(PicturePtr picture) {
+  const bool was_visible = visible();
   picture_ = std::move(picture);
-  Changed(Changes::kPicture);
+  Changed(was_visible == visible() ? Changes::kPicture : Changes::kPicture | Changes::kVisible);
 }
 
 void Image::SetStretch(bool stretch) {

@@ -1,5 +1,6 @@
 // An image: shows a picture, stretched to its own size when asked to. As a tab stop it is a button:
-// its key counts as a press and a release of the left mouse button on its middle.
+// its key counts as a press and a release of the left mouse button on its middle. Without a picture
+// it is not there for the operator.
 #pragma once
 
 #include "ui/control.h"
@@ -10,17 +11,20 @@ class Image final : public Control {
  public:
   Image(Form& form, Text name);
 
+  [[nodiscard]] bool visible() const noexcept override {
+    return Control::visible() && picture_ != nullptr;
+  }
   // Null: empty.
   [[nodiscard]] const PicturePtr& picture() const noexcept { return picture_; }
   void SetPicture(PicturePtr picture);
   [[nodiscard]] bool stretch() const noexcept { return stretch_; }
   void SetStretch(bool stretch);
+  // True: a key that is held presses it again and again. Otherwise once, as at first.
+  void SetRepeats(bool repeats) noexcept { repeats_ = repeats; }
 
   std::function<void(const MouseEvent&)> on_mouse_down;
   std::function<void(const MouseEvent&)> on_mouse_up;
   std::function<void()> on_mouse_lost;  // in place of the mouse-up
-  // True: a key that is held presses it again and again. Otherwise once, as at first.
-  void SetRepeats(bool repeats) noexcept { repeats_ = repeats; }
 
  protected:
   void React(const Fact& fact) override;
@@ -28,7 +32,7 @@ class Image final : public Control {
  private:
   PicturePtr picture_;
   bool stretch_ = false;
+  bool repeats_ = false;
 };
 
 }  // namespace quill::ui
-  bool repeats_ = false;

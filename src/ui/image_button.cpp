@@ -99,4 +99,8 @@ void SetButtonState(Form& dialog, TextView face_name, TextView state, TextView h
   if (unreadable != nullptr) std::rethrow_exception(unreadable);
 }
 
+bool LooksPressed(const Image& face) noexcept {
+  return face.picture() != nullptr && face.picture()->path().ends_with(kPressedPicture);
+}
+
 }  // namespace quill::ui

@@ -46,5 +46,7 @@ Label& CreateButtonCaption(Form& dialog, const ImageButton& button, TextView hos
 // When the picture cannot be read the face keeps its picture, everything else is done, and then the
 // failure is passed on.
 void SetButtonState(Form& dialog, TextView face_name, TextView state, TextView host_root);
+// True when that is the face's picture.
+[[nodiscard]] bool LooksPressed(const Image& face) noexcept;
 
 }  // namespace quill::ui

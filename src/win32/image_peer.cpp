@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "ui/image_button.h"
 #include "win32/drawing_surface.h"
 #include "win32/form_peer.h"
 #include "win32/native_colour.h"
@@ -31,7 +32,8 @@ void ImagePeer::Draw(HDC context, const RECT& area) const {
   if (TakesFocus() && IsHighContrast()) {
     // The operator's colours, which the picture does not know.
     RECT button = area;
-    DrawFrameControl(context, &button, DFC_BUTTON, DFCS_BUTTONPUSH);
+    DrawFrameControl(context, &button, DFC_BUTTON,
+                     DFCS_BUTTONPUSH | (ui::LooksPressed(image_) ? DFCS_PUSHED : 0u));
     return;
   }
   const auto* const picture = static_cast<const NativePicture*>(image_.picture().get());
