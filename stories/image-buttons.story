@@ -69,6 +69,23 @@ end
 expect cmdRight left = 3575
 expect cmdRight top = 270
 
+# A release counts wherever the press was.
+press Frame3 right
+release cmdRight right
+expect txtGametype text = "Capture the Flag"
+
+# The one that follows a double click belongs to the file dialog that this has closed.
+file "{root}\profiles\1\settings\one.mpl"
+| 0[-]0[-]DMK_01A.BMS
+answer double-click "{root}\profiles\1\settings\one.mpl"
+push cmdLoadMaps
+expect file dialog "Load saved map list"
+expect lstSelMaps count = 1
+release cmdRight
+expect txtGametype text = "Capture the Flag"
+release cmdRight
+expect txtGametype text = Flagball
+
 # Pressed once more while pressed: no drift either.
 press cmdStart
 press cmdStart

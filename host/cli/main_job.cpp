@@ -145,7 +145,7 @@ bool MainJob::LoadSettings() {
                             u"\\settings\\", settings_->name});
   stage_.PutFile(path, settings_->bytes);
   Note(u"operator", Concat({u"loads the settings file \"", path, u"\""}));
-  stage_.AnswerFileDialog({path});
+  stage_.AnswerFileDialog({path}, false);
   PressAndRelease(u"cmdLoad");
   if (TellBoxes()) return false;
   Note(u"dialog",

@@ -168,8 +168,9 @@ class HeadlessStage final : public Stage {
   void CloseWindow() override {
     Checked([&] { host_.person.CloseForm(); });
   }
-  void AnswerFileDialog(const std::vector<Text>& paths) override {
+  void AnswerFileDialog(const std::vector<Text>& paths, bool by_double_click) override {
     host_.toolkit.AnswerNextFileDialog(paths);
+    if (by_double_click) host_.toolkit.held_while_box_closes = ui::kLeftButton;
   }
   void DuringNextBox(const std::function<void()>& step) override {
     host_.toolkit.while_message_open = [this, step](const headless::ShownMessage&) {

@@ -112,8 +112,9 @@ class Stage {
   virtual void PressAccessKey(char16_t key, int times) = 0;  // together with Alt
   virtual void CloseWindow() = 0;
   // What the operator does in the next file dialog that has no answer yet: picks these full paths
-  // (none: cancels). A file dialog without an answer is cancelled.
-  virtual void AnswerFileDialog(const std::vector<Text>& paths) = 0;
+  // (none: cancels). A file dialog without an answer is cancelled. By a double click it closes
+  // while the left mouse button is down, which goes up with the next Release.
+  virtual void AnswerFileDialog(const std::vector<Text>& paths, bool by_double_click) = 0;
   // Plays `step` while the next message box, or the next file dialog, is open, before it is closed.
   // A box that `step` itself brings up is another one.
   virtual void DuringNextBox(const std::function<void()>& step) = 0;

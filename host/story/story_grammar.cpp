@@ -68,6 +68,7 @@ constexpr StepForm kForms[] = {
     {u"push NAME BUTTON", kPush, kNone, kGesture},
     {u"close", kClose, kNone, kGesture},
     {u"answer cancel", kAnswerCancel},
+    {u"answer double-click TEXT", kAnswerByDoubleClick},
     {u"answer TEXTS", kAnswer},
 
     {u"during box", kDuringBox, kSteps},

@@ -66,6 +66,7 @@ enum class StepKind : std::uint8_t {
   kPush,
   kClose,
   kAnswerCancel,
+  kAnswerByDoubleClick,
   kAnswer,
   // Blocks.
   kDuringBox,

@@ -251,8 +251,9 @@ bool StoryPlayer::SetUp(const Step& step) {
       rights_.push_back({words[0], Right::Form::kFails, {}});
       return true;
     case StepKind::kAnswer:
+    case StepKind::kAnswerByDoubleClick:
     case StepKind::kAnswerCancel:
-      stage_.AnswerFileDialog(words);
+      stage_.AnswerFileDialog(words, step.kind == StepKind::kAnswerByDoubleClick);
       expectations_.FileDialogAnswered();
       return true;
     default:

@@ -4,6 +4,7 @@
 #include <deque>
 #include <exception>
 #include <filesystem>
+#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -150,7 +151,9 @@ class NativeStage final : public Stage {
   [[nodiscard]] std::vector<Text> LastMenu() override { return menu_; }
   void PressAccessKey(char16_t key, int times) override { robot_.PressAccessKey(key, times); }
   void CloseWindow() override { robot_.CloseForm(); }
-  void AnswerFileDialog(const std::vector<Text>& paths) override { answers_.push_back(paths); }
+  void AnswerFileDialog(const std::vector<Text>& paths, bool by_double_click) override {
+    answers_.push_back({paths, by_double_click});
+  }
   void DuringNextBox(const std::function<void()>& step) override { during_next_box_ = step; }
   void DuringNextFileDialog(const std::function<void()>& step) override {
     during_next_file_dialog_ = step;
@@ -179,6 +182,10 @@ class NativeStage final : public Stage {
   [[nodiscard]] std::optional<Text> PendingCommand() override { return std::nullopt; }
 
  private:
+  struct Answer {
+    std::vector<Text> paths;
+    bool by_double_click = false;
+  };
   struct Display {
     std::function<bool()> go_on;
     std::exception_ptr failure;
@@ -214,12 +221,13 @@ class NativeStage final : public Stage {
     if (box.asks_for_file) {
       file_dialogs_.push_back({box.caption, box.text});
       if (const auto step = std::exchange(during_next_file_dialog_, nullptr)) step();
-      std::vector<Text> paths;
+      Answer answer;
       if (!answers_.empty()) {
-        paths = std::move(answers_.front());
+        answer = std::move(answers_.front());
         answers_.pop_front();
       }
-      return AnswerFileBox(box, paths);
+      if (answer.by_double_click) held_button_.emplace(VK_LBUTTON);
+      return AnswerFileBox(box, answer.paths);
     }
     boxes_.push_back({box.caption, box.text});
     if (const auto step = std::exchange(during_next_box_, nullptr)) step();
@@ -250,7 +258,8 @@ class NativeStage final : public Stage {
   const Text root_;
   PluginSession session_;
   WindowRobot robot_{Text(kForm)};
-  std::deque<std::vector<Text>> answers_;
+  std::deque<Answer> answers_;
+  std::optional<HeldKey> held_button_;
   std::function<void()> during_next_box_;
   std::function<void()> during_next_file_dialog_;
   std::vector<Text> menu_;

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <deque>
+#include <memory>
+#include <utility>
 #include <vector>
 
 #include "support/runtime_error.h"
@@ -78,10 +80,16 @@ void AddOption(ui::Form& form, const Option& option) {
   label.SetBounds(LabelBounds(option));
   ui::Control& control = AddOptionControl(form, frame, option);
   if (option.kind == ui::ControlKind::kCheckBox) {
-    label.on_mouse_up = [&label, &control](const ui::MouseEvent& event) {
+    const auto pressed = std::make_shared<bool>(false);
+    label.on_mouse_down = [pressed](const ui::MouseEvent& event) {
+      if (event.button == ui::kLeftButton) *pressed = true;
+    };
+    label.on_mouse_lost = [pressed] { *pressed = false; };
+    label.on_mouse_up = [pressed, &label, &control](const ui::MouseEvent& event) {
+      if (event.button != ui::kLeftButton || !std::exchange(*pressed, false)) return;
       const bool inside = event.x >= 0 && event.x < label.bounds().width && event.y >= 0 &&
                           event.y < label.bounds().height;
-      if (event.button == ui::kLeftButton && inside) control.Happened(ui::Clicked{});
+      if (inside) control.Happened(ui::Clicked{});
     };
   }
   control.SetBounds(ControlBounds(option));

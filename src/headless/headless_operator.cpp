@@ -237,7 +237,8 @@ void HeadlessOperator::Release(TextView name, std::int16_t button, std::int16_t 
 
 void HeadlessOperator::MouseAt(TextView name, bool pressed, std::int16_t button,
                                std::int16_t shift) {
-  const Gesture gesture(*this, Find(name), {ControlKind::kImage, ControlKind::kLabel});
+  const Gesture gesture(*this, Find(name),
+                        {ControlKind::kImage, ControlKind::kLabel, ControlKind::kFrame});
   const ui::Bounds& bounds = gesture.mirror().bounds();
   const ui::MouseEvent event{button, shift, bounds.width / 2, bounds.height / 2};
   if (pressed) {

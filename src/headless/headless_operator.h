@@ -45,7 +45,7 @@ class HeadlessOperator {
   void DoubleClickRow(TextView name, int row);  // -1: below the last row
   void Key(TextView name, char16_t character);  // into a list; elsewhere typed, or a blank to click
 
-  // Images and labels, at their centre.
+  // Images, labels and frames, at their centre.
   void Press(TextView name, std::int16_t button, std::int16_t shift = 0);
   void Release(TextView name, std::int16_t button, std::int16_t shift = 0);
 

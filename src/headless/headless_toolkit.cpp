@@ -24,18 +24,6 @@ class HeadlessPicture final : public ui::Picture {
   Text path_;
 };
 
-// Counts up for as long as it lives.
-class Counted {
- public:
-  explicit Counted(int& count) noexcept : count_(count) { ++count_; }
-  ~Counted() { --count_; }
-  Counted(const Counted&) = delete;
-  Counted& operator=(const Counted&) = delete;
-
- private:
-  int& count_;
-};
-
 bool BeginsAsGif(ByteReader& reader) {
   std::array<char, 6> bytes{};
   std::size_t filled = 0;
@@ -49,6 +37,23 @@ bool BeginsAsGif(ByteReader& reader) {
 }
 
 }  // namespace
+
+class HeadlessToolkit::OpenBox {
+ public:
+  OpenBox(HeadlessToolkit& toolkit, int& count) noexcept : toolkit_(toolkit), count_(count) {
+    ++count_;
+  }
+  ~OpenBox() {
+    --count_;
+    toolkit_.buttons_of_closed_box = std::exchange(toolkit_.held_while_box_closes, 0);
+  }
+  OpenBox(const OpenBox&) = delete;
+  OpenBox& operator=(const OpenBox&) = delete;
+
+ private:
+  HeadlessToolkit& toolkit_;
+  int& count_;
+};
 
 HeadlessToolkit::~HeadlessToolkit() {
   RunDeferred();
@@ -86,9 +91,10 @@ const ui::PictureBox* HeadlessToolkit::TabBackgroundOf(const ui::TabStrip& strip
 void HeadlessToolkit::ShowMessage(TextView caption, TextView text) {
   const SparedAllocations spared;
   Called({u"ShowMessage ", caption});
-  messages_.push_back({Text(caption), Text(text)});
-  const Counted open(ModalForm() != nullptr ? owned_boxes_ : ownerless_boxes_);
-  if (while_message_open) while_message_open(ShownMessage{Text(caption), Text(text)});
+  const ShownMessage message{Text(caption), VisibleText(text)};
+  messages_.push_back(message);
+  const OpenBox open(*this, ModalForm() != nullptr ? owned_boxes_ : ownerless_boxes_);
+  if (while_message_open) while_message_open(message);
 }
 
 std::unique_ptr<ui::Peer> HeadlessToolkit::MakePeer(ui::Control& control) {
@@ -128,7 +134,7 @@ std::vector<Text> HeadlessToolkit::ShowFileDialog(ui::Form&, const ui::FileDialo
     answer = std::move(answers_.front());
     answers_.pop_front();
   }
-  const Counted open(ModalForm() != nullptr ? owned_boxes_ : ownerless_boxes_);
+  const OpenBox open(*this, ModalForm() != nullptr ? owned_boxes_ : ownerless_boxes_);
   if (while_file_dialog_open) while_file_dialog_open(request);
   return answer;
 }

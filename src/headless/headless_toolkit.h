@@ -36,6 +36,9 @@ class HeadlessToolkit final : public ui::Toolkit {
   // Runs while a message box or a file dialog is open; host calls may come in.
   std::function<void(const ShownMessage& message)> while_message_open;
   std::function<void(const ui::FileDialogRequest& request)> while_file_dialog_open;
+  // The mouse buttons that the operator holds while the next message box or file dialog closes,
+  // their numbers added up.
+  std::int16_t held_while_box_closes = 0;
   // The caption of the item that the operator chooses in the next menu; one that is grey or not
   // there leaves it with nothing chosen, as an empty one does.
   Text menu_choice;
@@ -84,6 +87,7 @@ class HeadlessToolkit final : public ui::Toolkit {
   void UnhookTabBackground(ui::TabStrip& strip) override;
 
  private:
+  class OpenBox;
   struct Display {
     ui::Form* form;
     bool ended = false;

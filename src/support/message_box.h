@@ -5,6 +5,11 @@
 
 namespace quill {
 
+// What a box shows of a text: a zero character, which would end it, becomes visible.
+[[nodiscard]] inline Text VisibleText(TextView text) {
+  return ReplaceAll(text, TextView(u"\0", 1), u"\uFFFD");
+}
+
 class MessageBoxes {
  public:
   virtual ~MessageBoxes() = default;

@@ -33,6 +33,18 @@ constexpr std::array<FactTrait, std::variant_size_v<Fact>> kFactTraits = {{
     {u"Unload", {}},                     // CloseAsked
 }};
 
+// A release of a button that was down when a box closed. `down` forgets each button that is pressed
+// or released.
+bool IsStray(const Fact& fact, std::int16_t& down) noexcept {
+  const auto* const pressed = std::get_if<MousePressed>(&fact);
+  const auto* const released = std::get_if<MouseReleased>(&fact);
+  if (pressed == nullptr && released == nullptr) return false;
+  const std::int16_t button = (pressed != nullptr ? pressed->event : released->event).button;
+  const bool was_down = (down & button) != 0;
+  down = static_cast<std::int16_t>(down & ~button);
+  return was_down && released != nullptr;
+}
+
 }  // namespace
 
 TextView KindName(ControlKind kind) noexcept {
@@ -117,6 +129,7 @@ bool Control::IsReachable() const noexcept {
 void Control::Happened(const Fact& fact) noexcept {
   std::shared_ptr<Form> form = form_.weak_from_this().lock();
   if (form == nullptr) return;  // its destruction makes native controls talk
+  if (IsStray(fact, form_.toolkit().buttons_of_closed_box)) return;
   const KeepAlive alive(std::move(form));
   try {
     if (IsReachable()) {

@@ -96,7 +96,8 @@ class Control {
 
   [[nodiscard]] Peer* peer() const noexcept { return peer_.get(); }
 
-  // The one entry for native events. Ignored while the control cannot be reached or its form is
+  // The one entry for native events. A release of a mouse button that was down when a box closed
+  // belongs to that box and is dropped. Ignored while the control cannot be reached or its form is
   // unloaded; the peer is then told the side that the event was about, so that a native control
   // that has changed itself is put right. Runs the control's rule and its handlers; a failure that
   // no handler trapped goes to the form's report of unhandled failures, labelled with the name of

@@ -58,6 +58,10 @@ struct FileDialogRequest {
 
 class Toolkit : public MessageBoxes {
  public:
+  // The mouse buttons that were down when a message box, file dialog or menu closed last, their
+  // numbers added up. The model takes out what has been pressed or released since.
+  std::int16_t buttons_of_closed_box = 0;
+
   // Makes the native counterpart of `control`, inside that of its container. The control outlives
   // its peer. Never asked for a file dialog, which has no counterpart.
   virtual std::unique_ptr<Peer> MakePeer(Control& control) = 0;

@@ -70,11 +70,6 @@ void ImagePeer::LoseSpace() {
 }
 
 LRESULT ImagePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
-  if (const auto fact = buttons_.FactOf(window(), message, wparam, lparam, toolkit().scale())) {
-    const LRESULT result = PassOnMouse(message, wparam, lparam);
-    Tell(*fact);
-    return result;
-  }
   switch (message) {
     case WM_KEYDOWN:
       if (wparam == VK_RETURN) {

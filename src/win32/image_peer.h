@@ -2,7 +2,6 @@
 #pragma once
 
 #include "ui/image.h"
-#include "win32/mouse_buttons.h"
 #include "win32/window_peer.h"
 
 namespace quill::win32 {
@@ -18,6 +17,7 @@ class ImagePeer final : public WindowPeer {
   void DrawBehind(HDC context, POINT origin) const;
 
  protected:
+  [[nodiscard]] bool CapturesMouse() const noexcept override { return true; }
   [[nodiscard]] Style GetStyle() const override;
   void Show(ui::Changes changes) override;
   LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
@@ -31,7 +31,6 @@ class ImagePeer final : public WindowPeer {
   void LoseSpace();
 
   ui::Image& image_;
-  MouseButtons buttons_;
   bool space_pressed_ = false;
 };
 

@@ -114,11 +114,6 @@ void LabelPeer::Paint() const {
 }
 
 LRESULT LabelPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
-  if (const auto fact = buttons_.FactOf(window(), message, wparam, lparam, toolkit().scale())) {
-    const LRESULT result = PassOnMouse(message, wparam, lparam);
-    Tell(*fact);
-    return result;
-  }
   switch (message) {
     case WM_ERASEBKGND:
       return 1;

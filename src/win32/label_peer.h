@@ -3,7 +3,6 @@
 #pragma once
 
 #include "ui/label.h"
-#include "win32/mouse_buttons.h"
 #include "win32/window_peer.h"
 
 namespace quill::win32 {
@@ -14,6 +13,7 @@ class LabelPeer final : public WindowPeer {
       : WindowPeer(toolkit, label), label_(label) {}
 
  protected:
+  [[nodiscard]] bool CapturesMouse() const noexcept override { return true; }
   [[nodiscard]] Style GetStyle() const override;
   void Show(ui::Changes changes) override;
   LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
@@ -24,7 +24,6 @@ class LabelPeer final : public WindowPeer {
   void DrawWhatLiesBehind(HDC context) const;
 
   ui::Label& label_;
-  MouseButtons buttons_;
 };
 
 }  // namespace quill::win32

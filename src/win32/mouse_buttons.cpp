@@ -43,8 +43,17 @@ std::int16_t ShiftState(WPARAM keys) {
 
 }  // namespace
 
+std::int16_t ButtonsDown() noexcept {
+  const auto down = [](int key, int button) { return GetKeyState(key) < 0 ? button : 0; };
+  return static_cast<std::int16_t>(
+      down(VK_LBUTTON, ui::kLeftButton) + down(VK_RBUTTON, ui::kRightButton) +
+      down(VK_MBUTTON, ui::kMiddleButton) + down(VK_XBUTTON1, ui::kFourthButton) +
+      down(VK_XBUTTON2, ui::kFifthButton));
+}
+
 std::optional<ui::Fact> MouseButtons::FactOf(HWND window, UINT message, WPARAM wparam,
-                                             LPARAM lparam, const ScreenScale& scale) {
+                                             LPARAM lparam, const ScreenScale& scale,
+                                             bool captures) {
   if (message == WM_CAPTURECHANGED) {
     if (std::exchange(pressed_, std::int16_t{0}) == 0) return std::nullopt;
     return ui::MouseLost{};
@@ -54,14 +63,16 @@ std::optional<ui::Fact> MouseButtons::FactOf(HWND window, UINT message, WPARAM w
   const ui::MouseEvent event = {button, ShiftState(wparam), scale.TwipsX(GET_X_LPARAM(lparam)),
                                 scale.TwipsY(GET_Y_LPARAM(lparam))};
   if (!IsRelease(message)) {
-    if (pressed_ == 0) SetCapture(window);
-    pressed_ = static_cast<std::int16_t>(pressed_ | button);
+    if (captures) {
+      if (pressed_ == 0) SetCapture(window);
+      pressed_ = static_cast<std::int16_t>(pressed_ | button);
+    }
     return ui::MousePressed{event};
   }
-  if ((pressed_ & button) == 0) return std::nullopt;
-  const auto still_pressed = static_cast<std::int16_t>(pressed_ & ~button);
-  pressed_ = still_pressed;
-  if (still_pressed == 0) ReleaseCapture();
+  if ((pressed_ & button) != 0) {
+    pressed_ = static_cast<std::int16_t>(pressed_ & ~button);
+    if (pressed_ == 0) ReleaseCapture();
+  }
   return ui::MouseReleased{event};
 }
 

@@ -1,4 +1,4 @@
-// The presses and releases of a label's or an image's mouse buttons, as facts.
+// The presses and releases of mouse buttons on a window, as facts.
 #pragma once
 
 #include <windows.h>
@@ -10,17 +10,20 @@
 
 namespace quill::win32 {
 
-// Once a button is pressed on the window it gets that button's release wherever that is; a release
-// of a press elsewhere (the second click that closed a file dialog on top) is none of its own.
+// The buttons that are down, by the messages that this thread has taken; their numbers added up.
+[[nodiscard]] std::int16_t ButtonsDown() noexcept;
+
 class MouseButtons {
  public:
   // The fact that a message of `window` stands for, if it does for one. To be asked before any
-  // other handling.
+  // other handling. A window that captures gets the release of a button that was pressed on it
+  // wherever that is.
   [[nodiscard]] std::optional<ui::Fact> FactOf(HWND window, UINT message, WPARAM wparam,
-                                               LPARAM lparam, const ScreenScale& scale);
+                                               LPARAM lparam, const ScreenScale& scale,
+                                               bool captures);
 
  private:
-  std::int16_t pressed_ = 0;  // the buttons' numbers added up
+  std::int16_t pressed_ = 0;  // while captured; the buttons' numbers added up
 };
 
 }  // namespace quill::win32

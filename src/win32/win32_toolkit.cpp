@@ -26,6 +26,7 @@
 #include "win32/last_error.h"
 #include "win32/list_box_peer.h"
 #include "win32/modal_display.h"
+#include "win32/mouse_buttons.h"
 #include "win32/native_file_dialog.h"
 #include "win32/native_menu.h"
 #include "win32/native_text.h"
@@ -156,21 +157,24 @@ HWND Win32Toolkit::BoxOwner() const noexcept {
 // meanwhile.
 template <class Box>
 auto Win32Toolkit::WithBox(const Box& show) {
-  struct Count {
-    explicit Count(int& count) : count_(count) { ++count_; }
-    ~Count() { --count_; }
-    Count(const Count&) = delete;
-    Count& operator=(const Count&) = delete;
-    int& count_;
+  struct Open {
+    explicit Open(Win32Toolkit& shown_by) noexcept : toolkit(shown_by) { ++toolkit.open_boxes_; }
+    ~Open() {
+      --toolkit.open_boxes_;
+      toolkit.buttons_of_closed_box = ButtonsDown();
+    }
+    Open(const Open&) = delete;
+    Open& operator=(const Open&) = delete;
+    Win32Toolkit& toolkit;
   };
-  const Count count(open_boxes_);
+  const Open open(*this);
   const SystemResolution resolution;
   return show();
 }
 
 void Win32Toolkit::ShowMessage(TextView caption, TextView text) {
   const Text native_caption(caption);
-  const Text native_text(text);
+  const Text native_text = VisibleText(text);
   const HWND owner = BoxOwner();
   const INT_PTR answer = WithBox([&]() -> INT_PTR {
     if (NeedsScrolling(owner, native_text)) {

@@ -322,6 +322,12 @@ LRESULT CALLBACK WindowPeer::Procedure(HWND window, UINT message, WPARAM wparam,
   if (peer->closing_) return peer->CallOriginal(message, wparam, lparam);
   const Win32Toolkit::EventScope scope(peer->toolkit_);
   try {
+    if (const auto fact = peer->buttons_.FactOf(window, message, wparam, lparam,
+                                                peer->toolkit_.scale(), peer->CapturesMouse())) {
+      peer->Tell(*fact);
+      if (peer->window_ == nullptr) return 0;
+      if (peer->CapturesMouse()) return peer->PassOnMouse(message, wparam, lparam);
+    }
     return peer->Handle(message, wparam, lparam);
   } catch (...) {
     return 0;  // nothing may pass into the system

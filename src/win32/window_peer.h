@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "ui/control.h"
+#include "win32/mouse_buttons.h"
 
 namespace quill::win32 {
 
@@ -58,16 +59,18 @@ class WindowPeer : public ui::Peer {
   // Shows what is not common to all kinds. The window exists; what it sends meanwhile is no fact.
   virtual void Show(ui::Changes) {}
   virtual LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam);
+  // True when a mouse button that is pressed here is to be released here, wherever the mouse is.
+  [[nodiscard]] virtual bool CapturesMouse() const noexcept { return false; }
 
   // The rest of what a message of a mouse button, now known to be a fact, means.
   LRESULT PassOnMouse(UINT message, WPARAM wparam, LPARAM lparam);
-  // Has the window's own class handle a message.
-  LRESULT CallOriginal(UINT message, WPARAM wparam, LPARAM lparam);
-  LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const {
   // Whether a key's message comes from holding the key.
   [[nodiscard]] static bool IsRepeated(LPARAM key_data) noexcept {
     return (key_data & 1 << 30) != 0;
   }
+  // Has the window's own class handle a message.
+  LRESULT CallOriginal(UINT message, WPARAM wparam, LPARAM lparam);
+  LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const {
     return SendMessageW(window_, message, wparam, lparam);
   }
   // Tells the model, unless the window merely echoes what Show does to it.
@@ -111,6 +114,7 @@ class WindowPeer : public ui::Peer {
   HWND window_ = nullptr;
   WNDPROC original_ = nullptr;
   RECT place_ = {};
+  MouseButtons buttons_;
   int showing_ = 0;
   bool making_ = false;
   bool closing_ = false;

@@ -73,8 +73,8 @@ TEST(GoldenFiles, OneSettingsFileAndOneStartPayload) {
   stage->PutFile(in_root(u"a.hsf"), Bytes("scenarios/quick-start.hsf"));
   stage->LoadInterface(1, {u"", u"t"}, [&] {
     stage->RemoteData(SettingsReply(ParseScenario(Bytes("scenarios/quick-start.scenario"))));
-    stage->AnswerFileDialog({in_root(u"a.hsf")});
-    stage->AnswerFileDialog({in_root(u"b.hsf")});
+    stage->AnswerFileDialog({in_root(u"a.hsf")}, false);
+    stage->AnswerFileDialog({in_root(u"b.hsf")}, false);
     for (const TextView button : {u"cmdLoad", u"cmdSave", u"cmdStart"}) {
       stage->Release(Text(button), Button::kLeft);
     }
