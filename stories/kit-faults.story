@@ -31,6 +31,13 @@ kit DecompressString fails 7 "{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{c
 host replies
 expect trapped RemoteData 7 "{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}{crlf}end"
 
+# One with a zero character is shown whole too.
+kit DecompressString fails 7 "Out of{nul}memory"
+host replies
+expect log "kvrrcBHDGS.dll, RemoteData, line {line}: error 7, Out of{nul}memory"
+expect report "7 | Out of{nul}memory | kvrrcBHDGS.dll 1.1.2 | RemoteData | 0 | {line}"
+expect box "DLL Error!" "Error Line: {line}{crlf}Error 7: Out of{u+FFFD}memory{crlf}DLL: kvrrcBHDGS.dll{crlf}Function/Sub: RemoteData{crlf}{crlf}Error Report Sent: Yes"
+
 # A reply that the kit cannot unpack.
 kit DecompressString fails -2147467259 "Unspecified error"
 host replies

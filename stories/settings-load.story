@@ -21,6 +21,7 @@ file "{root}\profiles\1\settings\night.hsf"
 | Map8=1[-]0[-]DMK_01A.BMS
 | map9=0[-]0[-]DMK_01A.BMS
 | Map10=0[-]1[-]XDM.BMS
+| Map11=0[-]0[-]NO{nul}SUCH.BMS
 | [Settings]
 | txtName=Too late
 host opens profile 1 target t
@@ -39,6 +40,7 @@ expect box kvrrcBHDGS
 | NOSUCH.BMS
 | DMK_01A.BMS
 | XDM.BMS
+| NO{u+FFFD}SUCH.BMS
 |
 expect no box
 expect txtName text = Night
@@ -101,6 +103,7 @@ expect box kvrrcBHDGS
 | NOSUCH.BMS
 | DMK_01A.BMS
 | XDM.BMS
+| NO{u+FFFD}SUCH.BMS
 |
 expect txtName text = Night
 file "{root}\profiles\1\settings\night" = "[Settings]{crlf}txtName=Bare{crlf}txtPort=1{crlf}"
