@@ -32,8 +32,13 @@ void ImagePeer::Draw(HDC context, const RECT& area) const {
   if (TakesFocus() && IsHighContrast()) {
     // The operator's colours, which the picture does not know.
     RECT button = area;
-    DrawFrameControl(context, &button, DFC_BUTTON,
-                     DFCS_BUTTONPUSH | (ui::LooksPressed(image_) ? DFCS_PUSHED : 0u));
+    const bool pressed = ui::LooksPressed(image_);
+    DrawFrameControl(context, &button, DFC_BUTTON, DFCS_BUTTONPUSH | (pressed ? DFCS_PUSHED : 0u));
+    if (pressed) {
+      // Schemes of few colours draw both edges alike.
+      InflateRect(&button, -2, -2);
+      FrameRect(context, &button, GetSysColorBrush(COLOR_HIGHLIGHT));
+    }
     return;
   }
   const auto* const picture = static_cast<const NativePicture*>(image_.picture().get());
