@@ -93,11 +93,11 @@ class HostWindow {
     }
   }
 
-  HWND MakeWindow(DWORD style, HWND owner, int width, int height) {
+  HWND MakeWindow(DWORD style, DWORD extended, int width, int height) {
     RECT place = {0, 0, Scaled(width), Scaled(height)};
     AdjustWindowRect(&place, style, FALSE);
-    const HWND made = CreateWindowExW(0, kClass, kTitle, style, CW_USEDEFAULT, CW_USEDEFAULT,
-                                      place.right - place.left, place.bottom - place.top, owner,
+    const HWND made = CreateWindowExW(extended, kClass, kTitle, style, CW_USEDEFAULT, CW_USEDEFAULT,
+                                      place.right - place.left, place.bottom - place.top, nullptr,
                                       nullptr, GetModuleHandleW(nullptr), nullptr);
     if (made == nullptr) throw RuntimeError(ErrorNumber::kCannotCreateObject);
     SetWindowLongPtrW(made, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -129,7 +129,7 @@ class HostWindow {
     font_ = CreateFontW(-Scaled(11), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
                         OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
                         DEFAULT_PITCH | FF_DONTCARE, L"MS Sans Serif");
-    window_ = MakeWindow(WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX, nullptr,
+    window_ = MakeWindow(WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX, 0,
                          kMargin + kLeftWidth + kMargin + kLogWidth + kMargin, kHeight);
     int top = kMargin;
     profile_ = AddField(u"Profile:", top);
@@ -218,6 +218,7 @@ class HostWindow {
       plugin.SetPrivis(names.get(), values.get(), IsChecked(super_));
       plugin.LoadInterface(profile, {u"", target});
     });
+    SetFocus(GetDlgItem(window_, kOpenId));
     Tell(u"host: the dialog is closed");
   }
 
@@ -245,7 +246,9 @@ class HostWindow {
     }
     const bool waits = !IsWindowEnabled(window_);
     if (waits && hide_bar_ == nullptr) {
-      hide_bar_ = MakeWindow(WS_POPUP | WS_CAPTION, nullptr, kLeftWidth / 2 + 2 * kMargin, 50);
+      // Without a caption, by which a window manager would give it the keyboard.
+      hide_bar_ = MakeWindow(WS_POPUP | WS_DLGFRAME, WS_EX_NOACTIVATE | WS_EX_TOOLWINDOW,
+                             kLeftWidth / 2 + 2 * kMargin, 50);
       Add(hide_bar_, L"BUTTON", u"&Hide plug-in", WS_TABSTOP,
           {kMargin, kMargin, kMargin + kLeftWidth / 2, kMargin + kRow}, kHideId);
       RECT place = {};

@@ -107,15 +107,13 @@ class Job:
         return self.hand("search", "--onlyvisible", "--name", title).split()
 
     def enter(self, title):
-        """Clicks on the window's edge; places are relative to it from now on."""
+        """Waits until the window is the active one; places are relative to it from now on."""
         window = until(title, lambda: self.window(f"^{title}$"))[0]
         self.settle()
         place = dict(re.findall(r"(\w+)=(-?\d+)",
                                 self.hand("getwindowgeometry", "--shell", window)))
         self.left, self.top = int(place["X"]), int(place["Y"])
         width, height = int(place["WIDTH"]), int(place["HEIGHT"])
-        self.hand("mousemove", "--sync", self.left + 2, self.top + height // 2, "click", 1)
-        self.settle()
         until(title + " to be active",
               lambda: self.hand("getactivewindow").strip() == window)
         return width, height
@@ -225,6 +223,11 @@ def open_dialog(job):
 
 def play(job):
     size = open_dialog(job)
+    tabs = (job.left, job.top, size[0], PAGE_TOP // TWIPS)
+    first = job.screen.area(*tabs)
+    job.keys("ctrl+Next")
+    assert job.screen.area(*tabs) != first, "the dialog does not hear the keys"
+    job.keys("ctrl+Prior")
     job.click(*KILLS_ARROW_DOWN)  # gives the list the focus
     job.hand("type", "--delay", 60, "250")
     job.settle()
