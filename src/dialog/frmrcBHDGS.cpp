@@ -9,7 +9,6 @@
 #include "dialog/dialog_design.h"
 #include "dialog/option_table.h"
 #include "dialog/rotation.h"
-#include "dialog/shuffle_picture.h"
 #include "dialog/shuffle_rotation.h"
 #include "support/trap.h"
 #include "ui/tab_background.h"
@@ -44,7 +43,7 @@ frmrcBHDGS::frmrcBHDGS(Session& session)
       lstSelMaps(AddMapList(*this, fmeMap, u"lstSelMaps", u"lblSelMaps", u"Selected Maps",
                             {4815, 495, 4440, 2010})),
       lblMapCnt(Add<ui::Label>(u"lblMapCnt", &fmeMap, u"Number of Maps: 0")),
-      cmdRandomize(Add<ui::CommandButton>(u"cmdRandomize", &fmeMap)),
+      cmdRandomize(Add<ui::CommandButton>(u"cmdRandomize", &fmeMap, TextView(), u"SHUFFLE")),
       Picture1(Add<ui::PictureBox>(u"Picture1", nullptr, kFrameColour)),
       cdSettings(Add<ui::FileDialog>(u"cdSettings", nullptr)),
       session_(session),
@@ -60,7 +59,6 @@ frmrcBHDGS::frmrcBHDGS(Session& session)
   cmdRandomize.SetTooltip(u"Randomize Current Maps List");
   cmdRandomize.SetAccessibleName(u"Randomize Current Maps List");
   cmdRandomize.SetAccessKey(u'R');
-  cmdRandomize.SetPicture(MakeShufflePicture(session.toolkit));
   Picture1.SetBounds({0, 0, 495, 495});
   Picture1.SetVisible(false);
   for (const Option& option : Options()) AddOption(*this, option);

@@ -113,18 +113,6 @@ ui::PicturePtr HeadlessToolkit::ReadPicture(TextView path) {
   return std::make_shared<HeadlessPicture>(Text(path));
 }
 
-ui::PicturePtr HeadlessToolkit::MakePicture(int width, int height,
-                                            std::span<const std::uint32_t> pixels) {
-  const SparedAllocations spared;
-  Called({u"MakePicture"});
-  const bool is_whole =
-      width > 0 && height > 0 &&
-      pixels.size() / static_cast<std::size_t>(width) == static_cast<std::size_t>(height) &&
-      pixels.size() % static_cast<std::size_t>(width) == 0;
-  if (!is_whole) throw RuntimeError(ErrorNumber::kInvalidPicture);
-  return std::make_shared<HeadlessPicture>(Text());
-}
-
 std::vector<Text> HeadlessToolkit::ShowFileDialog(ui::Form&, const ui::FileDialogRequest& request) {
   const SparedAllocations spared;
   Called({u"ShowFileDialog ", request.title});

@@ -76,7 +76,6 @@ class HeadlessToolkit final : public ui::Toolkit {
   [[nodiscard]] ui::Metrics GetMetrics() const override { return metrics_; }
   // Looks at the signature only.
   ui::PicturePtr ReadPicture(TextView path) override;
-  ui::PicturePtr MakePicture(int width, int height, std::span<const std::uint32_t> pixels) override;
   std::vector<Text> ShowFileDialog(ui::Form& owner, const ui::FileDialogRequest& request) override;
   int ShowMenu(ui::Control& control, ui::Twips x, ui::Twips y) override;
   void SetScreenPointer(ui::Pointer pointer) override;

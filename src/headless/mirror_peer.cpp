@@ -189,8 +189,6 @@ void MirrorPeer::TakeSelection() {
 void MirrorPeer::TakePicture() {
   if (const auto* image = dynamic_cast<ui::Image*>(&control_)) {
     picture_ = PathOf(image->picture());
-  } else if (const auto* button = dynamic_cast<ui::CommandButton*>(&control_)) {
-    picture_ = PathOf(button->picture());
   }
 }
 
@@ -297,7 +295,7 @@ struct MirrorPeer::Reader {
 constexpr Kinds kListBoxOnly = {ControlKind::kListBox};
 constexpr Kinds kWithText = {ControlKind::kTextBox, ControlKind::kComboBox, ControlKind::kTabStrip};
 constexpr Kinds kWithAlignment = {ControlKind::kTextBox, ControlKind::kLabel};
-constexpr Kinds kWithPicture = {ControlKind::kImage, ControlKind::kCommandButton};
+constexpr Kinds kWithPicture = {ControlKind::kImage};
 
 // A property that is there twice has its meaning from the first row that fits the kind.
 const MirrorPeer::Reader MirrorPeer::Reader::kAll[] = {

@@ -34,7 +34,7 @@ class MirrorPeer final : public ui::Peer {
   // All: name, kind, enabled, visible, shown, tooltip, left, top, width, height, bounds
   // ("left,top,width,height"), order (place among its siblings, 0 at the back), tab_index,
   // container. By kind: text, caption, value, alignment, limit, locked, font, transparent, colour,
-  // picture (full path, empty for one that came with the design and for none), pointer, index
+  // picture (full path, empty for none), pointer, index
   // (chosen or current row; alias current), count, rows (texts, a line each), selected (rows joined
   // by blanks; alias selection), "item N", "data N". In a list box top is the first visible row.
   [[nodiscard]] std::optional<Text> Property(TextView name) const;

@@ -5,13 +5,8 @@
 
 namespace quill::ui {
 
-CommandButton::CommandButton(Form& form, Text name, TextView caption)
-    : Control(form, ControlKind::kCommandButton, std::move(name)), caption_(caption) {}
-
-void CommandButton::SetPicture(PicturePtr picture) {
-  picture_ = std::move(picture);
-  Changed(Changes::kPicture);
-}
+CommandButton::CommandButton(Form& form, Text name, TextView caption, TextView icon)
+    : Control(form, ControlKind::kCommandButton, std::move(name)), caption_(caption), icon_(icon) {}
 
 void CommandButton::React(const Fact& fact) {
   const auto* const clicked = std::get_if<Clicked>(&fact);

@@ -1,4 +1,4 @@
-// A standard push button, with a caption or a picture.
+// A standard push button, with a caption or an icon.
 #pragma once
 
 #include "ui/control.h"
@@ -7,11 +7,12 @@ namespace quill::ui {
 
 class CommandButton final : public Control {
  public:
-  CommandButton(Form& form, Text name, TextView caption = {});
+  // `icon` is the name of one of the library's icons, 32 pixels wide and high at 96 dots per inch;
+  // it is not copied.
+  CommandButton(Form& form, Text name, TextView caption = {}, TextView icon = {});
 
   [[nodiscard]] const Text& caption() const noexcept { return caption_; }
-  [[nodiscard]] const PicturePtr& picture() const noexcept { return picture_; }
-  void SetPicture(PicturePtr picture);
+  [[nodiscard]] TextView icon() const noexcept { return icon_; }
 
   std::function<void()> on_click;
 
@@ -20,7 +21,7 @@ class CommandButton final : public Control {
 
  private:
   Text caption_;
-  PicturePtr picture_;
+  TextView icon_;
 };
 
 }  // namespace quill::ui

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <span>
 #include <vector>
 
 #include "support/message_box.h"
@@ -36,7 +35,7 @@ class Peer {
 class Picture {
  public:
   virtual ~Picture() = default;
-  // Full path of the file it came from; empty for a picture held with the dialog's design.
+  // Full path of the file it came from.
   [[nodiscard]] virtual TextView path() const noexcept = 0;
 };
 using PicturePtr = std::shared_ptr<const Picture>;
@@ -71,8 +70,6 @@ class Toolkit : public MessageBoxes {
   // Reads a GIF picture. Fails with kFileNotFound, or kInvalidPicture for a file that is no
   // picture.
   virtual PicturePtr ReadPicture(TextView path) = 0;
-  // A picture from `width` * `height` pixels, row by row from the top, 0xAARRGGBB.
-  virtual PicturePtr MakePicture(int width, int height, std::span<const std::uint32_t> pixels) = 0;
 
   // Shows a modal file dialog owned by `owner`; the full paths that were picked, none on cancel.
   virtual std::vector<Text> ShowFileDialog(Form& owner, const FileDialogRequest& request) = 0;

@@ -2,7 +2,8 @@
 
 #include <utility>
 
-#include "win32/native_picture.h"
+#include "win32/native_text.h"
+#include "win32/this_module.h"
 #include "win32/win32_toolkit.h"
 
 namespace quill::win32 {
@@ -13,25 +14,20 @@ CommandButtonPeer::~CommandButtonPeer() {
 
 WindowPeer::Style CommandButtonPeer::GetStyle() const {
   return {L"BUTTON", &button_.caption(),
-          BS_PUSHBUTTON | WS_TABSTOP | (button_.picture() != nullptr ? BS_ICON : 0u), 0};
+          BS_PUSHBUTTON | WS_TABSTOP | (!button_.icon().empty() ? BS_ICON : 0u), 0};
 }
 
 void CommandButtonPeer::Show(ui::Changes changes) {
   if (changes.Has(ui::Changes::kFont)) SetFont(Win32Toolkit::kFontPoints);
-  if (changes.Has(ui::Changes::kPicture)) ShowPicture();
+  if (changes.Has(ui::Changes::kPicture) && !button_.icon().empty()) ShowIcon();
 }
 
-void CommandButtonPeer::ShowPicture() {
-  const auto* const picture = static_cast<const NativePicture*>(button_.picture().get());
+void CommandButtonPeer::ShowIcon() {
+  const SIZE size = toolkit().scale().Scaled(SIZE{32, 32});
   const HICON former = std::exchange(
-      icon_,
-      picture != nullptr ? MakeIcon(*picture, toolkit().scale().Scaled(picture->Size())) : nullptr);
-  const auto style = static_cast<DWORD>(GetWindowLongPtrW(window(), GWL_STYLE));
-  const DWORD wanted = icon_ != nullptr ? style | BS_ICON : style & ~static_cast<DWORD>(BS_ICON);
-  if (style != wanted) SetWindowLongPtrW(window(), GWL_STYLE, static_cast<LONG_PTR>(wanted));
-  if (icon_ != nullptr || former != nullptr) {
-    Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon_));
-  }
+      icon_, static_cast<HICON>(LoadImageW(ThisModule(), Wide(Text(button_.icon())), IMAGE_ICON,
+                                           size.cx, size.cy, LR_DEFAULTCOLOR)));
+  Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon_));
   if (former != nullptr) DestroyIcon(former);
 }
 

@@ -21,10 +21,10 @@ class CommandButtonPeer final : public WindowPeer {
   LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
 
  private:
-  void ShowPicture();
+  void ShowIcon();
 
   ui::CommandButton& button_;
-  HICON icon_ = nullptr;  // the picture, as the class takes it
+  HICON icon_ = nullptr;
 };
 
 }  // namespace quill::win32

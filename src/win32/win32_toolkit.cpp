@@ -141,11 +141,6 @@ ui::PicturePtr Win32Toolkit::ReadPicture(TextView path) {
   return picture;
 }
 
-ui::PicturePtr Win32Toolkit::MakePicture(int width, int height,
-                                         std::span<const std::uint32_t> pixels) {
-  return MakePixelPicture(width, height, pixels);
-}
-
 HWND Win32Toolkit::BoxOwner() const noexcept {
   for (auto display = displays_.rbegin(); display != displays_.rend(); ++display) {
     if (!display->modal->ended()) return display->modal->window();

@@ -244,7 +244,6 @@ class TalkingToolkit final : public Toolkit {
   }
   [[nodiscard]] Metrics GetMetrics() const override { return {}; }
   PicturePtr ReadPicture(TextView) override { return nullptr; }
-  PicturePtr MakePicture(int, int, std::span<const std::uint32_t>) override { return nullptr; }
   std::vector<Text> ShowFileDialog(Form&, const FileDialogRequest&) override { return {}; }
   int ShowMenu(Control&, Twips, Twips) override { return -1; }
   void SetScreenPointer(Pointer) override {}

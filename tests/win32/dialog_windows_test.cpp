@@ -81,6 +81,7 @@ TEST_F(DialogWindows, TypingEndsAtTheLimitAndKeepsTheCaret) {
     EXPECT_EQ(context.dialog->Get<ui::TextBox>(u"txtCountry").text(), u"GE");
 
     robot.ClickTab(u"Map Settings");
+    EXPECT_NE(SendMessageW(robot.Find(u"cmdRandomize"), BM_GETIMAGE, IMAGE_ICON, 0), 0);
     robot.Type(u"txtGametype", u"no");
     EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Deathmatch");
   });
