@@ -50,7 +50,7 @@ PluginBench::PluginBench() {
 
 void PluginBench::Reset() {
   toolkit.RunDeferred();
-  script.Mend();
+  script.Repair();
   clock.Set(1);
   person.now = 0;
   toolkit.while_message_open = nullptr;

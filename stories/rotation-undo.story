@@ -98,4 +98,11 @@ repeat 110 times
   keys lstSelMaps Ctrl+Z
 end
 expect lstSelMaps count = 3
+
+# Opened again while it is shown, the rotation is empty, and can be brought back.
+host opens profile 1 target t
+expect trapped LoadInterface 400 "Form already displayed; it cannot be shown modally"
+cannot menu lstSelMaps Redo
+menu lstSelMaps Undo
+expect lstSelMaps count = 3
 push cmdCancel

@@ -99,6 +99,7 @@ void lstAvlMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
       at(), ShowLimitMessage(dialog);
       return;
     }
+    const int before = dialog.session().maps.selected.Count();
     for (int row = 0; row < dialog.lstAvlMaps.Count(); ++row) {
       if (dialog.lstAvlMaps.IsSelected(row)) at(), AddAvailableRow(dialog, row);
       if (IsFull(dialog)) {
@@ -106,7 +107,11 @@ void lstAvlMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
         break;
       }
     }
-    at(), ShowAddedMaps(dialog);
+    if (dialog.session().maps.selected.Count() == before) {
+      at(), dialog.BuildMapList();
+    } else {
+      at(), ShowAddedMaps(dialog);
+    }
   };
   Trapped(dialog.session().reporter, u"lstAvlMaps_KeyPress", add, show_added);
 }

@@ -71,7 +71,8 @@ constexpr Row kRows[] = {
      Place::kBoth,
      true,
      [](const frmrcBHDGS& dialog, const ui::ListBox&) {
-       return dialog.session().maps.history.CanUndo();
+       const MapLists& maps = dialog.session().maps;
+       return maps.history.CanUndo(maps.selected);
      },
      [](frmrcBHDGS& dialog, ui::ListBox&) { UndoRotation(dialog); }},
     {u"Redo",
@@ -80,7 +81,8 @@ constexpr Row kRows[] = {
      Place::kBoth,
      false,
      [](const frmrcBHDGS& dialog, const ui::ListBox&) {
-       return dialog.session().maps.history.CanRedo();
+       const MapLists& maps = dialog.session().maps;
+       return maps.history.CanRedo(maps.selected);
      },
      [](frmrcBHDGS& dialog, ui::ListBox&) { RedoRotation(dialog); }},
     {u"Select All",

@@ -22,8 +22,13 @@ class RotationHistory {
     return !is_known_ || noted_ == rotation.maps();
   }
 
-  [[nodiscard]] bool CanUndo() const noexcept { return !undo_.empty(); }
-  [[nodiscard]] bool CanRedo() const noexcept { return !redo_.empty(); }
+  // Whether there is a step for `rotation`, once its change is noted.
+  [[nodiscard]] bool CanUndo(const SelectedMapList& rotation) const {
+    return !undo_.empty() || !IsNoted(rotation);
+  }
+  [[nodiscard]] bool CanRedo(const SelectedMapList& rotation) const {
+    return !redo_.empty() && IsNoted(rotation);
+  }
   // False when there is nothing to undo or redo. On failure everything stays as it was.
   bool Undo(SelectedMapList& rotation) { return Step(rotation, undo_, redo_); }
   bool Redo(SelectedMapList& rotation) { return Step(rotation, redo_, undo_); }

@@ -45,8 +45,9 @@ void clsPlugin::LoadInterface(std::int32_t Index, std::int32_t, const HostArray&
         at(), session.Index = Index;
         at(), session.TargetId = PDAT.ElementText(1);
         at(), session.maps.selected.Clear();
-        session.maps.history.Forget();
         const DialogInUse dialog((at(), session));
+        // In a dialog that is still shown the former rotation can be brought back.
+        if (!dialog->shown()) session.maps.history.Forget();
         // The answer to a start would be taken for that to the query, so nobody waits for it.
         dialog->start_wait().End();
         if (session.PendingCommand == kStartGameCommand) {

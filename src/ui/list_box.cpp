@@ -197,7 +197,7 @@ void ListBox::TakeTyping(const KeyPressed& key) {
   Text typed = typed_;
   if (key.character == kBackspace) {
     if (!typed.empty()) typed.pop_back();
-  } else if (IsForTyping(key.character)) {
+  } else if (IsForTyping(key.character) || (key.character == u' ' && !typed.empty())) {
     typed += key.character;
   }
   if (typed.size() == typed_.size()) return;

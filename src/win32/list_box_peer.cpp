@@ -298,6 +298,7 @@ LRESULT ListBoxPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       if (list_.menu().empty()) break;
       const bool by_key = lparam == -1;
       const POINT place = {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
+      if (!by_key && SendMessageW(window(), WM_NCHITTEST, 0, lparam) != HTCLIENT) break;
       TellMenuAsked(by_key ? std::nullopt : std::optional(place));
       return 0;
     }

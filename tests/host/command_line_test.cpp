@@ -83,6 +83,13 @@ TEST_F(CommandLine, EachCommandTellsItsOutcomeByItsCode) {
          {u"check", u"--scenario", kScenario, kSettings, kMapList});
   Expect(kExitBad, "FAILS at \"lstMax=50\": Invalid property value (error 380)\n",
          {u"check", folder_.Put("a.hsf", "[Settings]\ntxtName=x\nlstMax=50\n"), kMapList});
+  const Text greyed = folder_.Put("g.hsf", "[Settings]\nchkLoop=2\nchkClays=2\nchkNova=2\n");
+  for (const char* told :
+       {"\"greyed, counts as on\"", "\"greyed, counts as off\"", "\"greyed, sent as 2\""}) {
+    Expect(kExitGood, told, {u"check", greyed});
+  }
+  Expect(kExitBad, "its game type is written 0\n",
+         {u"check", folder_.Put("00.mpl", "00[-]0[-]DMK_01A.BMS\r\n")});
   Expect(kExitBad, ", 1 left out\n", {u"check", folder_.Put("A.MPL", "0[-]0[-]NONE.BMS\r\n")});
 }
 

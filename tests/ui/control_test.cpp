@@ -118,7 +118,8 @@ TEST_F(ControlTest, LabelsAFailureWithTheHandlerThatItLeft) {
   auto& check = form.Add<CheckBox>(u"chkOne", nullptr);
   auto& list = form.Add<ListBox>(u"lstOne", nullptr, Selection::kSingle, ListHeight::kSingleRow);
   auto& face = form.Add<Image>(u"cmdOneImg", nullptr);
-  face.SetPicture(bench.toolkit.MakePicture(1, 1, std::vector<std::uint32_t>(1)));
+  bench.files.SetContents(u"C:\\face.gif", "GIF89a");
+  face.SetPicture(bench.toolkit.ReadPicture(u"C:\\face.gif"));
   auto& caption = form.Add<Label>(u"cmdOne", nullptr);
   list.AddItem(u"0");
   list.AddItem(u"1");

@@ -58,6 +58,15 @@ TEST_F(ListBoxTest, WhatIsTypedAfterASecondBeginsAnew) {
   });
 }
 
+TEST_F(ListBoxTest, ABlankIsPartOfWhatIsTypedButDoesNotBeginIt) {
+  auto& list = Make(Selection::kExtended, ListHeight::kManyRows, 0);
+  for (const char16_t* row : {u"Tunnel A", u"Tunnel B", u"Two"}) list.AddItem(row);
+  bench.WhileShown([&] {
+    bench.hand.Type(u"lst", u" tunnel b");
+    EXPECT_EQ(list.ListIndex(), 1);
+  });
+}
+
 TEST_F(ListBoxTest, ChoosingRunsTheHandlerAndScrollsIntoView) {
   auto& list = Make(Selection::kSingle, ListHeight::kManyRows, 20);
   list.SetListIndex(0);

@@ -223,7 +223,7 @@ def open_dialog(job):
 
 def play(job):
     size = open_dialog(job)
-    tabs = (job.left, job.top, size[0], PAGE_TOP // TWIPS)
+    tabs = (job.left, job.top, size[0], job.pixels(PAGE_TOP))
     first = job.screen.area(*tabs)
     job.keys("ctrl+Next")
     assert job.screen.area(*tabs) != first, "the dialog does not hear the keys"
