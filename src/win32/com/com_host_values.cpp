@@ -33,27 +33,13 @@ bool IsNumeric(VARTYPE type) {
   }
 }
 
-// Fails with kTypeMismatch when there is none.
-Variant DefaultValue(IDispatch* object) {
-  try {
-    return LateBound(object).Call(DISPID_VALUE, {});
-  } catch (const RuntimeError&) {
-    throw RuntimeError(ErrorNumber::kTypeMismatch);
-  }
-}
-
 // Fails with kTypeMismatch for what cannot be compared with a text.
 HostItem ItemOf(const VARIANT& value) {
   const VARIANT& referred = Referred(value);
   HostItem item;
   IDispatch* object = nullptr;
   Variant number;
-  if (ReadObject(referred, object)) {
-    // An object counts as its default value, as long as that is no object again.
-    const Variant held = DefaultValue(object);
-    if (ReadObject(*held.get(), object)) throw RuntimeError(ErrorNumber::kTypeMismatch);
-    return ItemOf(*held.get());
-  }
+  if (ReadObject(referred, object)) return ItemOf(*DefaultValue(object).get());
   switch (const auto type = static_cast<VARTYPE>(referred.vt & ~VT_BYREF)) {
     case VT_EMPTY:
     case VT_NULL:

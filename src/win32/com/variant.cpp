@@ -3,6 +3,7 @@
 #include "support/runtime_error.h"
 #include "win32/com/bstr.h"
 #include "win32/com/com_error.h"
+#include "win32/com/late_bound.h"
 
 namespace quill::com {
 namespace {
@@ -23,10 +24,32 @@ Variant OfReference(VARTYPE type, void* place) noexcept {
 
 }  // namespace
 
-HRESULT ConvertTo(VARTYPE type, const VARIANT& value, Variant& converted) noexcept {
+HRESULT ConvertTo(VARTYPE type, const VARIANT& value, Variant& converted) {
+  Variant held;
+  const VARIANT* source = &value;
+  if (IDispatch* object = nullptr; ReadObject(value, object)) {
+    // The platform would ask the object for its value in the locale of the conversion.
+    try {
+      held = DefaultValue(object);
+    } catch (const RuntimeError&) {
+      return DISP_E_TYPEMISMATCH;
+    }
+    source = &Referred(*held.get());
+  }
   // The platform declares its source writable but only reads it.
-  return ::VariantChangeTypeEx(converted.get(), const_cast<VARIANT*>(&value), LOCALE_INVARIANT,
+  return ::VariantChangeTypeEx(converted.get(), const_cast<VARIANT*>(source), LOCALE_INVARIANT,
                                VARIANT_ALPHABOOL, type);
+}
+
+Variant DefaultValue(IDispatch* object) {
+  Variant held;
+  try {
+    held = LateBound(object).Call(DISPID_VALUE, {});
+  } catch (const RuntimeError&) {
+    throw RuntimeError(ErrorNumber::kTypeMismatch);
+  }
+  if (ReadObject(*held.get(), object)) throw RuntimeError(ErrorNumber::kTypeMismatch);
+  return held;
 }
 
 Variant& Variant::operator=(Variant&& other) noexcept {

@@ -36,9 +36,13 @@ class Variant {
   VARIANT value_;
 };
 
-// `value` as automation converts it to `type`, independent of the user's locale. Returns the
-// platform's result; `converted` is left empty on failure.
-[[nodiscard]] HRESULT ConvertTo(VARTYPE type, const VARIANT& value, Variant& converted) noexcept;
+// `value` as automation converts it to `type`, independent of the user's locale; an object counts
+// as its default value. Returns the platform's result; `converted` is left empty on failure.
+[[nodiscard]] HRESULT ConvertTo(VARTYPE type, const VARIANT& value, Variant& converted);
+
+// The value of the object's default member, asked for in the user's default locale. Fails with
+// kTypeMismatch when there is none, or when it is an object again.
+[[nodiscard]] Variant DefaultValue(IDispatch* object);
 
 // The value behind references to variants; never null. References to other types stay.
 [[nodiscard]] const VARIANT& Referred(const VARIANT& value) noexcept;

@@ -215,13 +215,13 @@ TEST_F(ForeignKit, AnswersOfOtherTypesAreTakenOrReported) {
   }
   // An empty answer is an empty text, a number is its digits, an object its default value: texts
   // that hold no settings.
+  const std::string no_settings =
+      "RemoteData: Error 9: Subscript out of range: the reply has no field 25, only 1, not sent";
   for (const auto& answer :
        {std::function<Variant()>([] { return Variant(); }),
         std::function<Variant()>([] { return Variant::OfInt32(5); }),
         std::function<Variant()>([&] { return OfObject(with_default.get()); })}) {
-    const std::string told = answering(answer);
-    EXPECT_TRUE(told.starts_with("RemoteData: Error ")) << told;
-    EXPECT_FALSE(told.starts_with("RemoteData: Error 438")) << told;
+    EXPECT_EQ(answering(answer), no_settings);
   }
   EXPECT_EQ(logged_.size(), 7u);
 }
