@@ -31,8 +31,18 @@ class ErrorObject final : public DispatchObject {
 
   STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
                              DISPID* ids) override {
-    return FindNames(reserved, names, count, ids,
-                     [](const OLECHAR* name) { return FindName(kMembers, name, kNumber); });
+    const auto find = [](const OLECHAR* name) { return FindName(kMembers, name, kNumber); };
+    HRESULT result = FindNames(reserved, names, count, ids, find);
+    if (result != DISP_E_UNKNOWNNAME || ids[0] != kRaise) return result;
+    // Raise's arguments have the names of the values that they set.
+    result = S_OK;
+    for (UINT i = 1; i < count; ++i) {
+      ids[i] = find(names[i]);
+      if (ids[i] <= kHelpContext && ids[i] != DISPID_UNKNOWN) continue;
+      ids[i] = DISPID_UNKNOWN;
+      result = DISP_E_UNKNOWNNAME;
+    }
+    return result;
   }
   STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID, WORD flags, DISPPARAMS* arguments,
                       VARIANT* result, EXCEPINFO* raised, UINT*) override {
@@ -73,13 +83,23 @@ class ErrorObject final : public DispatchObject {
   }
   // Fails towards the caller, as the error that its arguments describe.
   HRESULT Raise(const DISPPARAMS& given, EXCEPINFO* raised) {
-    const VARIANT* const first = &given.rgvarg[given.cArgs - 1];
-    const std::int32_t number = Int32Of(*first);
+    const VARIANT* values[kLastDllError] = {};
+    for (UINT i = 0; i < given.cArgs; ++i) {
+      // Named ones come first, then the others from the last to the first.
+      const DISPID place = i < given.cNamedArgs ? given.rgdispidNamedArgs[i]
+                                                : static_cast<DISPID>(given.cArgs - 1 - i);
+      if (place < kNumber || place > kHelpContext || values[place] != nullptr) {
+        return DISP_E_PARAMNOTFOUND;
+      }
+      values[place] = &Referred(given.rgvarg[i]);
+    }
+    if (values[kNumber] == nullptr) return DISP_E_PARAMNOTOPTIONAL;
+    const std::int32_t number = Int32Of(*values[kNumber]);
     if (number == 0) return E_INVALIDARG;
     Describe(number, DefaultDescription(number));
-    for (DISPID i = kSource; i < static_cast<DISPID>(given.cArgs); ++i) {
-      const VARIANT& value = Referred(first[-i]);
-      const HRESULT result = value.vt == VT_ERROR ? S_OK : Put(i, value);  // an error: left out
+    for (DISPID i = kSource; i <= kHelpContext; ++i) {
+      if (values[i] == nullptr || values[i]->vt == VT_ERROR) continue;  // left out
+      const HRESULT result = Put(i, *values[i]);
       if (FAILED(result)) return result;
     }
     const HRESULT result =

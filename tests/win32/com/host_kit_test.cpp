@@ -188,6 +188,14 @@ TEST_F(ForeignKit, IsHandedAnErrorObjectLikeAHostsOwn) {
   EXPECT_EQ(raised.source, u"Kit");
   EXPECT_EQ(raised.description, u"File not found");
   EXPECT_EQ(read(), u"53|File not found|Kit|kit.hlp|7|0|");
+  LPOLESTR names[] = {const_cast<LPOLESTR>(L"raise"), const_cast<LPOLESTR>(L"number"),
+                      const_cast<LPOLESTR>(L"Description")};
+  DISPID ids[3] = {};
+  ASSERT_EQ(error->GetIDsOfNames(IID_NULL, names, 3, LOCALE_USER_DEFAULT, ids), S_OK);
+  const std::vector<VARIANT> named = {*Variant::OfInt32(70).get(), *help.get()};
+  EXPECT_EQ(Invoke(*error.get(), ids[0], named, {ids[1], ids[2]}).description, u"kit.hlp");
+  EXPECT_EQ(read(), u"70|kit.hlp|kvrrcBHDGS.dll||0|0|");
+  EXPECT_EQ(Invoke(*error.get(), ids[0], named, {ids[1], ids[1]}).result, DISP_E_PARAMNOTFOUND);
   EXPECT_EQ(Invoke(*error.get(), u"Raise", {}).result, DISP_E_BADPARAMCOUNT);
   // It outlives the call that it was made for.
   EXPECT_EQ(library->CanUnload(), S_FALSE);
