@@ -26,10 +26,10 @@ BOOL CALLBACK IsNoBox(HWND window, LPARAM parameter) noexcept {
   auto& search = *reinterpret_cast<BoxSearch*>(parameter);
   // A tooltip has no caption.
   const bool is_box = GetWindow(window, GW_OWNER) == search.owner && IsWindowVisible(window) &&
-                      IsWindowEnabled(window) &&
                       (GetWindowLongPtrW(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
-  if (is_box) search.found = window;
-  return is_box ? FALSE : TRUE;
+  // A box that waits may have one of its own, as a file dialog that asks whether to overwrite.
+  if (is_box) search.found = IsWindowEnabled(window) ? window : OpenBoxOf(window);
+  return search.found != nullptr ? FALSE : TRUE;
 }
 
 }  // namespace

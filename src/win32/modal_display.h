@@ -7,7 +7,8 @@
 
 namespace quill::win32 {
 
-// The box that takes the operator's input in place of its owner; null: none.
+// The box that takes the operator's input in place of `owner`: one of its own, or a box on that
+// box; null: none.
 [[nodiscard]] HWND OpenBoxOf(HWND owner) noexcept;
 
 class ModalDisplay {

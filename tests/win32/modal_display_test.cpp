@@ -108,12 +108,23 @@ TEST(ModalDisplay, AWaitingWindowThatIsActivatedBringsTheDialogForward) {
     EXPECT_EQ(GetActiveWindow(), bench.robot.FormWindow());
     bench.during_box = [&] {
       const HWND box = host::FindOpenBox().window;
-      SetForegroundWindow(host.get());
-      const HWND form = bench.robot.FormWindow();
-      SendMessageW(form, WM_ACTIVATEAPP, TRUE, 0);  // from another program
-      MSG own;
-      while (PeekMessageW(&own, form, WM_APP, WM_APP, PM_REMOVE)) DispatchMessageW(&own);
-      EXPECT_EQ(GetActiveWindow(), box);
+      const auto come_from_another_program = [&] {
+        SetForegroundWindow(host.get());
+        const HWND form = bench.robot.FormWindow();
+        SendMessageW(form, WM_ACTIVATEAPP, TRUE, 0);
+        MSG own;
+        while (PeekMessageW(&own, form, WM_APP, WM_APP, PM_REMOVE)) DispatchMessageW(&own);
+        return GetActiveWindow();
+      };
+      EXPECT_EQ(come_from_another_program(), box);
+      // As a file dialog that asks whether to overwrite.
+      const HWND question =
+          CreateWindowExW(0, L"STATIC", L"question", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100,
+                          50, box, nullptr, nullptr, nullptr);
+      EnableWindow(box, FALSE);
+      EXPECT_EQ(come_from_another_program(), question);
+      EnableWindow(box, TRUE);
+      DestroyWindow(question);
     };
     bench.toolkit->ShowMessage(u"", u"in front of the dialog");
   });
