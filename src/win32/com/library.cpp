@@ -14,17 +14,6 @@
 #include "win32/win32_toolkit.h"
 
 namespace quill::com {
-namespace {
-
-bool HasEnded(DWORD thread) noexcept {
-  const HANDLE handle = ::OpenThread(SYNCHRONIZE, FALSE, thread);
-  if (handle == nullptr) return true;
-  const bool ended = ::WaitForSingleObject(handle, 0) == WAIT_OBJECT_0;
-  ::CloseHandle(handle);
-  return ended;
-}
-
-}  // namespace
 
 // The platform and, on top of it, the main module; destroyed the other way round.
 struct Library::Runtime {
@@ -47,6 +36,7 @@ constinit Library Library::only_;
 Library::~Library() {
   (void)runtime_.release();
   (void)types_.Detach();
+  if (owner_thread_ != nullptr) ::CloseHandle(owner_thread_);
 }
 
 Library& Library::Get() noexcept {
@@ -62,7 +52,7 @@ bool Library::ReadyToUnload() {
   ending.reset();
   // The host's objects may have come back while they were let go.
   if (LibraryUse::Any() || runtime_ != nullptr) return false;
-  owner_ = 0;
+  Disown();
   if (!is_held_.exchange(false)) return true;
   if (LibraryUse::Any()) {  // another thread has come
     is_held_ = true;
@@ -81,16 +71,29 @@ void Library::StayLoaded() noexcept {
 
 bool Library::Claim() noexcept {
   const DWORD caller = ::GetCurrentThreadId();
-  DWORD owner = owner_;
-  while (owner != caller) {
-    if (owner != 0 && !HasEnded(owner)) return false;
-    if (!owner_.compare_exchange_strong(owner, caller)) continue;
-    // Windows end with their thread, and the host's objects with its apartment: there is nothing
-    // left that could be ended properly.
-    (void)runtime_.release();
-    return true;
+  ::AcquireSRWLockExclusive(&owner_lock_);
+  const bool has_ended = owner_ == 0 || ::WaitForSingleObject(owner_thread_, 0) == WAIT_OBJECT_0;
+  if (owner_ != caller && has_ended) {
+    if (const HANDLE thread = ::OpenThread(SYNCHRONIZE, FALSE, caller)) {
+      if (owner_thread_ != nullptr) ::CloseHandle(owner_thread_);
+      owner_thread_ = thread;
+      owner_ = caller;
+      // Windows end with their thread, and the host's objects with its apartment: there is nothing
+      // left that could be ended properly.
+      (void)runtime_.release();
+    }
   }
-  return true;
+  const bool is_owner = owner_ == caller;
+  ::ReleaseSRWLockExclusive(&owner_lock_);
+  return is_owner;
+}
+
+void Library::Disown() noexcept {
+  ::AcquireSRWLockExclusive(&owner_lock_);
+  ::CloseHandle(owner_thread_);
+  owner_thread_ = nullptr;
+  owner_ = 0;
+  ::ReleaseSRWLockExclusive(&owner_lock_);
 }
 
 mdlBHDGS& Library::Module() {

@@ -42,12 +42,15 @@ class Library {
   ~Library();
   // Makes the calling thread the one that everything belongs to, unless another is that already.
   [[nodiscard]] bool Claim() noexcept;
+  void Disown() noexcept;
   [[nodiscard]] ComPtr<ITypeInfo> TypeInfo(REFGUID id);
 
   static Library only_;
 
   std::atomic<bool> is_held_ = false;
-  std::atomic<DWORD> owner_ = 0;
+  SRWLOCK owner_lock_ = SRWLOCK_INIT;
+  DWORD owner_ = 0;
+  HANDLE owner_thread_ = nullptr;  // kept open: Windows would give the thread's id to another
   ComPtr<ITypeLib> types_;
   std::unique_ptr<Runtime> runtime_;
 };
