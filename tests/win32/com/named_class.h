@@ -16,11 +16,11 @@ class NamedClass {
       : prog_id_(prog_id), former_id_(ReadProgId(RegistrationScope::kMachine, prog_id)) {
     GUID id{};
     EXPECT_EQ(::CoCreateGuid(&id), S_OK);
+    WriteProgId(RegistrationScope::kMachine, prog_id_, GuidText(id));  // throws
     const auto factory = ComPtr<IClassFactory>::Adopt(new Factory(std::move(object)));
     EXPECT_EQ(::CoRegisterClassObject(id, factory.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
                                       &registered_),
               S_OK);
-    WriteProgId(RegistrationScope::kMachine, prog_id_, GuidText(id));
   }
   ~NamedClass() {
     ::CoRevokeClassObject(registered_);

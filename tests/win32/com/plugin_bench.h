@@ -16,6 +16,7 @@
 #include "host/win32/host_folder.h"
 #include "host/win32/kit_classes.h"
 #include "host/win32/window_robot.h"
+#include "host/win32/wine.h"
 #include "tests/doubles/recording_file_kit.h"
 #include "win32/com/bstr.h"
 #include "win32/com/com_ptr.h"
@@ -24,6 +25,16 @@
 #include "win32/com/variant.h"
 
 namespace quill::com {
+
+// The tests register the library and name kits for the whole machine.
+class OnlyUnderWine : public testing::Environment {
+ public:
+  void SetUp() override {
+    if (!host::IsWine()) GTEST_SKIP() << "the machine's own classes may be in use";
+  }
+};
+inline testing::Environment* const only_under_wine =
+    testing::AddGlobalTestEnvironment(new OnlyUnderWine);
 
 struct ComForThread {
   ComForThread() { static_cast<void>(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)); }

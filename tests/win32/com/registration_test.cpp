@@ -1,7 +1,6 @@
 // Registering and unregistering, for the machine and for the user, leaves the registry as it was.
 #include <map>
 
-#include "host/win32/wine.h"
 #include "tests/win32/com/plugin_bench.h"
 #include "win32/com/class_registration.h"
 
@@ -110,9 +109,6 @@ void Put(HKEY root, const Text& key, const Text& value, REGSAM view = 0) {
 
 class Registration : public PluginBench {
  protected:
-  void SetUp() override {
-    if (!host::IsWine()) GTEST_SKIP() << "the class may be in use on this machine";
-  }
   HRESULT Run(const char* entry) const {
     return library->Entry<HRESULT(STDAPICALLTYPE*)()>(entry)();
   }
