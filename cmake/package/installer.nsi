@@ -500,7 +500,9 @@ Section "Quillstart"
   ${If} $Failure == ""
     Call Register
     ${If} $Failure != ""
+      StrCpy $8 $Failure
       Call Unregister
+      StrCpy $Failure $8
     ${EndIf}
   ${EndIf}
   ${If} $Failure != ""
