@@ -2,7 +2,8 @@
 //
 // The interface compiler lays records out with variants of 16 bytes also where pointers have 8, and
 // notes the time of the build. This lays every record out by the alignment that it declares, as
-// importers do, and blanks the time, so that the same source gives the same bytes.
+// importers do, and blanks the time, so that the same source gives the same bytes. It refuses a
+// dual interface that is not noted to inherit IDispatch's functions, which importers count on.
 //
 //   settle_typelib FILE.tlb
 //
@@ -30,7 +31,11 @@ constexpr std::size_t kDescriptionSize = 100;
 constexpr std::size_t kKindAt = 0;     // low 4 bits: 1 = record; from bit 11: declared alignment
 constexpr std::size_t kMembersAt = 4;  // where the member records lie
 constexpr std::size_t kCountsAt = 24;  // high 16 bits: fields
+constexpr std::size_t kFlagsOfTypeAt = 48;
 constexpr std::size_t kInstanceSizeAt = 80;
+constexpr std::size_t kInheritedAt = 88;  // high 16 bits: functions that an interface inherits
+constexpr std::uint32_t kIsDual = 0x40;
+constexpr std::uint32_t kDispatchFunctions = 7;
 constexpr std::uint32_t kRecordKind = 1;
 
 // Places in a field's record.
@@ -54,6 +59,10 @@ class TypeLibrary {
     for (std::uint32_t i = 0; i < types; ++i) {
       const std::size_t description = descriptions + i * kDescriptionSize;
       if ((Read(description + kKindAt) & 0xF) == kRecordKind) LayOut(description, pointer);
+      if ((Read(description + kFlagsOfTypeAt) & kIsDual) != 0 &&
+          Read(description + kInheritedAt) >> 16 != kDispatchFunctions) {
+        throw std::runtime_error("a dual interface does not note the functions it inherits");
+      }
     }
     BlankTime();
   }
