@@ -9,6 +9,7 @@ trap 'rm -f "$log" "$log.raw"' EXIT
 # waits for the last one that holds it.
 logged_run() {
   local program
+  : >"$log.raw"  # there before tail looks for it
   "$here/run" "$@" </dev/null >"$log.raw" 2>&1 &
   program=$!
   # Without a terminal Wine's programs end their lines with carriage returns.
