@@ -170,8 +170,7 @@ HBRUSH FormPeer::FaceBrush() const noexcept {
 }
 
 COLORREF FormPeer::FaceColour() const noexcept {
-  return own_face_ != nullptr ? ToColorRef(hook_->colour_source->back_colour())
-                              : GetSysColor(COLOR_BTNFACE);
+  return hook_ ? ToColorRef(hook_->colour_source->back_colour()) : GetSysColor(COLOR_BTNFACE);
 }
 
 COLORREF FormPeer::TextColour() const noexcept {

@@ -75,7 +75,7 @@ void ModalDisplay::ReleaseOthers() noexcept {
   }
 }
 
-void ModalDisplay::Run() {
+void ModalDisplay::Run() const {
   while (!ended_) {
     MSG message;
     const BOOL got = GetMessageW(&message, nullptr, 0, 0);

@@ -25,7 +25,7 @@ class ModalDisplay {
   void HoldBackOthers() noexcept;
   // Returns when the display has ended, or when the thread is to quit, which the outer loops then
   // learn as well.
-  void Run();
+  void Run() const;
   void End() noexcept;
   [[nodiscard]] bool ended() const noexcept { return ended_; }
   // Lets the other windows take input again, and the operator's former window be the active one.

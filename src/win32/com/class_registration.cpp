@@ -145,7 +145,7 @@ Text ReadEntry(RegistrationScope scope, const Text& key, RegistryView view) {
       ERROR_SUCCESS) {
     return {};
   }
-  return value.c_str();
+  return value.c_str();  // NOLINT(readability-redundant-string-cstr): without the terminator
 }
 
 void RemoveTree(RegistrationScope scope, const Text& key, RegistryView view) {
