@@ -15,6 +15,7 @@
 #include "remote/compressed_frame.h"
 #include "remote/replies.h"
 #include "remote/reply_fields.h"
+#include "remote/request_file.h"
 #include "remote/server_maps_field.h"
 #include "support/base64.h"
 
