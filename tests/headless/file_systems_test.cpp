@@ -41,6 +41,7 @@ TEST(FileSystems, KeepOneContract) {
          {u"", u"a.txt", u"\\Host\\a.txt", u"..\\a.txt", u"CC:\\a.txt", u"C:\\Host\\no\\a.txt"}) {
       EXPECT_EQ(number(&FileSystem::MakeEmptyFile, path), ErrorNumber::kPathNotFound);
       EXPECT_EQ(number(&FileSystem::RemoveFile, path), ErrorNumber::kPathNotFound);
+      EXPECT_EQ(NumberOf([&] { files->OpenForReading(path); }), ErrorNumber::kPathNotFound);
       EXPECT_FALSE(files->FileExists(path));
     }
     files->MakeFolder(u"C:\\Host\\RCData");
