@@ -200,9 +200,9 @@ class Camera:
 def switch_tabs(job, width, height):
     """Nearly every picture taken meanwhile is one of the three pages, whole.
 
-    The page is painted in one go, within some 6 ms, but Wine copies each control to the display by
-    itself (its window surface is flushed whenever a new device context draws on a changed one), so
-    a few pictures show a page in between. A page that stays half painted would be in many."""
+    The page is painted in one go, within some 6 ms, but under Wine a few pictures show a page in
+    between: its drawing seems to reach the display control by control.
+    A page that stays half painted would be in many."""
     camera = Camera(job.environment["DISPLAY"])
     whole = []
     # Below the tabs, where pointer and focus are.
