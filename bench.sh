@@ -3,8 +3,8 @@
 set -euo pipefail
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)"
 cd "$root" || exit 1
-. cmake/setup/packages.sh
-. cmake/setup/steps.sh
+. tools/setup/packages.sh
+. tools/setup/steps.sh
 # A build for use: no warning ends it.
 export QUILL_WARNINGS=shown
 
@@ -36,7 +36,7 @@ begin "looking for what is needed"
 install_or_give_up build bench
 if [ "$mode" = all ]; then
   # The tests' packages too, because the build is configured with its tests.
-  if ! quill_packages_need cross test || ! quill_packages_need wine || ! cmake/wine/setup x64; then
+  if ! quill_packages_need cross test || ! quill_packages_need wine || ! tools/wine/setup x64; then
     cannot "the real library cannot be built or run here, so its figures are left out"
     mode=native
     steps=3
@@ -51,7 +51,7 @@ if [ "$mode" = all ]; then
   done_in
   begin "measuring it under Wine"
   # A program that Wine cannot start says nothing and returns 0.
-  cmake/wine/run build/x64/bench/win32/dialog_speed.exe | tr -d '\r' | tee build/bench-wine.log &&
+  tools/wine/run build/x64/bench/win32/dialog_speed.exe | tr -d '\r' | tee build/bench-wine.log &&
     grep -qx "measured" build/bench-wine.log ||
     give_up "the measuring under Wine" "read the lines above"
   grep -v -x "measured" build/bench-wine.log >build/bench-wine.txt

@@ -22,7 +22,7 @@ endif()
 find_program(QUILL_CCACHE ccache)
 mark_as_advanced(QUILL_CCACHE)
 if(NOT CMAKE_HOST_WIN32)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${PROJECT_SOURCE_DIR}/cmake/compile")
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${PROJECT_SOURCE_DIR}/tools/compile")
 endif()
 if(QUILL_CCACHE)
   # Objects are the same in every build folder, so that one folder's work serves the others.
@@ -50,7 +50,7 @@ else()
     $<$<COMPILE_LANGUAGE:CXX>:-Wno-sign-conversion>
     # The platform's automation interfaces have no virtual destructors: objects delete themselves.
     $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<NOT:$<BOOL:${WIN32}>>>:-Wnon-virtual-dtor>
-    # Not where cmake/compile cannot let them pass for whoever only wants the programs.
+    # Not where tools/compile cannot let them pass for whoever only wants the programs.
     $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<NOT:$<BOOL:${CMAKE_HOST_WIN32}>>>:-Werror>
     # Sections let the linker drop what the library does not use.
     $<$<COMPILE_LANGUAGE:CXX>:-ffunction-sections>

@@ -11,7 +11,7 @@ if(WIN32)
                    EXCLUDE_FROM_ALL SYSTEM)
   target_compile_definitions(gtest PUBLIC GTEST_HAS_NOTIFICATION_=1)
   target_compile_options(gtest PUBLIC
-    -include "${CMAKE_CURRENT_LIST_DIR}/googletest_notification.h")
+    -include "${PROJECT_SOURCE_DIR}/tests/googletest_notification.h")
   target_link_libraries(quill_gtest_main INTERFACE gmock gtest_main gtest)
 else()
   find_package(GTest REQUIRED)

@@ -3,7 +3,7 @@
 string(REGEX REPLACE "\\..*" "" QUILL_TYPE_LIBRARY_MAJOR "${QUILL_TYPE_LIBRARY_VERSION}")
 string(REGEX REPLACE ".*\\." "" QUILL_TYPE_LIBRARY_MINOR "${QUILL_TYPE_LIBRARY_VERSION}")
 set(QUILL_GENERATED_DIR "${PROJECT_BINARY_DIR}/generated")
-configure_file("${PROJECT_SOURCE_DIR}/cmake/version.h.in"
+configure_file("${PROJECT_SOURCE_DIR}/src/support/version.h.in"
                "${QUILL_GENERATED_DIR}/support/version.h" @ONLY)
 
 # Turns layer names into their targets and leaves every other library as it is.
@@ -107,7 +107,7 @@ function(quill_test name)
   endif()
   if(WIN32 AND CMAKE_CROSSCOMPILING)
     add_test(NAME ${name}
-      COMMAND "${PROJECT_SOURCE_DIR}/cmake/wine/gtest-suite" $<TARGET_FILE:${name}_test>)
+      COMMAND "${PROJECT_SOURCE_DIR}/tools/wine/gtest-suite" $<TARGET_FILE:${name}_test>)
     set_tests_properties(${name} PROPERTIES ${properties})
   elseif(WIN32)
     add_test(NAME ${name} COMMAND ${name}_test)

@@ -20,7 +20,7 @@ file(GLOB_RECURSE files RELATIVE "${ROOT}"
 foreach(file IN LISTS files)
   string(REGEX MATCH "^src/([^/]+)/" in_layer "${file}")
   set(layer "${CMAKE_MATCH_1}")
-  if(file MATCHES "^(src|host)/win32/")
+  if(file MATCHES "^(src/(com|win32|server)|host/win32)/")
     set(may_use_platform ON)
   else()
     set(may_use_platform OFF)

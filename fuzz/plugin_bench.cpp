@@ -126,8 +126,8 @@ int PluginBench::TakeFailures() {
       std::ranges::count(messages, u"DLL Error!", &headless::ShownMessage::caption));
 }
 
-void PluginBench::CheckInvariants(const headless::Expectations& expected) const {
-  const std::vector<Text> broken = headless::BrokenInvariants(module, toolkit, expected);
+void PluginBench::CheckInvariants(const host::Expectations& expected) const {
+  const std::vector<Text> broken = host::BrokenInvariants(module, toolkit, expected);
   for (const Text& what : broken) std::fprintf(stderr, "%s\n", ToUtf8(what).c_str());
   Claim(broken.empty());
 }

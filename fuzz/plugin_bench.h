@@ -6,10 +6,10 @@
 #include <functional>
 
 #include "fuzz/fuzz_target.h"
-#include "headless/plugin_invariants.h"
 #include "host/headless/headless_host.h"
 #include "host/remote/scenario.h"
 #include "host/story/breakable_file_kit.h"
+#include "host/watch/plugin_invariants.h"
 
 namespace quill::fuzz {
 
@@ -32,7 +32,7 @@ class PluginBench final : public host::HeadlessHost {
   // away too.
   [[nodiscard]] int TakeFailures();
   // Tells what does not hold and ends the run, if anything.
-  void CheckInvariants(const headless::Expectations& expected = {}) const;
+  void CheckInvariants(const host::Expectations& expected = {}) const;
 
   host::KitScript script;
 

@@ -79,10 +79,9 @@ bool DialogTrial::UsesTeamSabreMaps() const {
   return maps().catalogue.Count() == std::ssize(CatalogueRows());
 }
 
-const headless::LoggedFailure* DialogTrial::FailureOf(TextView label) const {
-  const auto found =
-      std::find_if(failures().begin(), failures().end(),
-                   [&](const headless::LoggedFailure& f) { return f.label == label; });
+const host::LoggedFailure* DialogTrial::FailureOf(TextView label) const {
+  const auto found = std::find_if(failures().begin(), failures().end(),
+                                  [&](const host::LoggedFailure& f) { return f.label == label; });
   return found == failures().end() ? nullptr : &*found;
 }
 

@@ -31,10 +31,10 @@ class DialogTrial final {
   [[nodiscard]] const CodePage& code_page() const { return host_.module.code_page; }
   [[nodiscard]] bool UsesTeamSabreMaps() const;
   // What the plug-in has reported since the dialog was filled, in order.
-  [[nodiscard]] const std::vector<headless::LoggedFailure>& failures() const {
+  [[nodiscard]] const std::vector<host::LoggedFailure>& failures() const {
     return host_.watch.failures;
   }
-  [[nodiscard]] const headless::LoggedFailure* FailureOf(TextView label) const;
+  [[nodiscard]] const host::LoggedFailure* FailureOf(TextView label) const;
 
  private:
   void Fill();

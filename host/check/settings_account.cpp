@@ -55,7 +55,7 @@ class SettingsWatch {
   }
 
   void Ended() {
-    const headless::LoggedFailure* failure = trial_.FailureOf(kTrapLabel);
+    const host::LoggedFailure* failure = trial_.FailureOf(kTrapLabel);
     if (is_one_taken_) {
       if (failure != nullptr) {
         TellFailure(Current(), *failure);
@@ -71,7 +71,7 @@ class SettingsWatch {
       Add({Kind::kLeftOut, 0, u"everything",
            Concat({u"there is no section [", kSettingsSection, u"]"})});
     }
-    for (const headless::LoggedFailure& other : trial_.failures()) {
+    for (const host::LoggedFailure& other : trial_.failures()) {
       if (&other == failure) continue;
       Add({Kind::kLeftOut, 0, other.label, Described(other)});
     }
@@ -82,7 +82,7 @@ class SettingsWatch {
  private:
   [[nodiscard]] const IniOutline::Entry& Current() const { return outline_.entries.at(at_); }
 
-  static Text Described(const headless::LoggedFailure& failure) {
+  static Text Described(const host::LoggedFailure& failure) {
     return Concat({failure.description, u" (error ", Decimal(failure.number), u")"});
   }
 
@@ -169,7 +169,7 @@ class SettingsWatch {
          WhyMissing(trial_.maps(), conditions_, fields.first[0], fields.first[1], file)});
   }
 
-  void TellFailure(const IniOutline::Entry& entry, const headless::LoggedFailure& failure) {
+  void TellFailure(const IniOutline::Entry& entry, const host::LoggedFailure& failure) {
     Add({Kind::kFailed, entry.line, entry.text, Described(failure)});
   }
 

@@ -47,7 +47,7 @@ void HeadlessHost::Open(std::int32_t profile, const HostArray& target,
 std::unique_ptr<FileKit> HeadlessHost::CreateFileKit() {
   if (before_create) before_create(u"CreateFileKit");
   if (make_file_kit) return make_file_kit();
-  return std::make_unique<headless::WatchedFileKit>(host_kit, watch);
+  return std::make_unique<host::WatchedFileKit>(host_kit, watch);
 }
 
 std::unique_ptr<MemoryKit> HeadlessHost::CreateMemoryKit() {

@@ -13,11 +13,11 @@
 #include "headless/headless_toolkit.h"
 #include "headless/memory_file_system.h"
 #include "headless/settable_clock.h"
-#include "headless/watched_file_kit.h"
-#include "headless/watched_file_system.h"
 #include "host/kit/error_journal.h"
 #include "host/kit/file_kit.h"
 #include "host/kit/memory_storage.h"
+#include "host/watch/watched_file_kit.h"
+#include "host/watch/watched_file_system.h"
 #include "plugin/clsPlugin.h"
 
 namespace quill::host {
@@ -51,14 +51,14 @@ class HeadlessHost : private HostServices {
   void Open(std::int32_t profile, const HostArray& target, const std::function<void()>& use);
 
   headless::MemoryFileSystem memory{kRoot};
-  headless::WatchedFileSystem files{memory};
+  host::WatchedFileSystem files{memory};
   headless::HeadlessToolkit toolkit{memory};
   headless::SettableClock clock{1};
   headless::FixedProcessPaths paths;
   MemoryStorage storage{memory};
   ErrorJournal journal{kRoot, memory, storage, SystemTime()};
   HostFileKit host_kit{storage, journal};
-  headless::KitWatch watch;
+  host::KitWatch watch;
   mdlBHDGS module{{toolkit, files, paths, clock, CodePage::Windows1252(), *this}};
   headless::HeadlessOperator person{toolkit, [this]() -> ui::Form* { return module.dialog.get(); }};
 

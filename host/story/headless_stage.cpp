@@ -3,10 +3,10 @@
 
 #include <utility>
 
-#include "headless/plugin_invariants.h"
 #include "host/headless/headless_host.h"
 #include "host/story/breakable_file_kit.h"
 #include "host/story/record_field.h"
+#include "host/watch/plugin_invariants.h"
 #include "support/runtime_error.h"
 
 namespace quill::host {
@@ -219,8 +219,8 @@ class HeadlessStage final : public Stage {
     if (open_boxes_ > 0) return {};  // an operation may be half done
     view_may_be_older_ = view_may_be_older_ || script_.HasLogged();
     const auto look = [&](bool all) {
-      return headless::BrokenInvariants(
-          host_.module, host_.toolkit, {.rotation_is_shown = all, .available_maps_are_shown = all});
+      return host::BrokenInvariants(host_.module, host_.toolkit,
+                                    {.rotation_is_shown = all, .available_maps_are_shown = all});
     };
     try {
       auto broken = look(true);

@@ -1,9 +1,9 @@
 #include "host/win32/kit_classes.h"
 
+#include "com/class_factory.h"
+#include "com/com_error.h"
 #include "plugin/host_services.h"
 #include "support/runtime_error.h"
-#include "win32/com/class_factory.h"
-#include "win32/com/com_error.h"
 
 namespace quill::host {
 namespace {

@@ -6,7 +6,7 @@
 #include <span>
 
 #include "host/win32/kit_object.h"
-#include "win32/com/class_registration.h"
+#include "server/class_registration.h"
 
 namespace quill::host {
 

@@ -4,13 +4,13 @@
 #include <atomic>
 #include <span>
 
+#include "com/bstr.h"
+#include "com/com_error.h"
+#include "com/dispatch_object.h"
+#include "com/late_bound.h"
+#include "com/library_use.h"
+#include "com/variant.h"
 #include "plugin/host_services.h"
-#include "win32/com/bstr.h"
-#include "win32/com/com_error.h"
-#include "win32/com/dispatch_object.h"
-#include "win32/com/late_bound.h"
-#include "win32/com/library_use.h"
-#include "win32/com/variant.h"
 
 namespace quill::host {
 namespace {

@@ -4,10 +4,10 @@
 
 #include <functional>
 
+#include "com/automation.h"
+#include "com/com_ptr.h"
 #include "host/win32/contract_log.h"
 #include "support/file_kit.h"
-#include "win32/com/automation.h"
-#include "win32/com/com_ptr.h"
 
 namespace quill::host {
 

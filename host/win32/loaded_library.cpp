@@ -1,9 +1,9 @@
 #include "host/win32/loaded_library.h"
 
+#include "com/bstr.h"
+#include "com/com_error.h"
+#include "com/identifiers.h"
 #include "support/runtime_error.h"
-#include "win32/com/bstr.h"
-#include "win32/com/com_error.h"
-#include "win32/com/identifiers.h"
 
 namespace quill::host {
 

@@ -1,9 +1,9 @@
 // The plug-in's library in this process, by its own entry points: loaded here, and nothing else.
 #pragma once
 
+#include "com/automation.h"
+#include "com/late_bound.h"
 #include "support/text.h"
-#include "win32/com/automation.h"
-#include "win32/com/late_bound.h"
 
 namespace quill::host {
 

@@ -1,10 +1,10 @@
 #include "host/win32/plugin_client.h"
 
+#include "com/bstr.h"
+#include "com/com_error.h"
+#include "com/variant.h"
+#include "server/record.h"
 #include "support/runtime_error.h"
-#include "win32/com/bstr.h"
-#include "win32/com/com_error.h"
-#include "win32/com/record.h"
-#include "win32/com/variant.h"
 
 namespace quill::host {
 

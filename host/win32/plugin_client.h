@@ -6,9 +6,9 @@
 #include <utility>
 #include <vector>
 
+#include "com/com_ptr.h"
+#include "com/late_bound.h"
 #include "support/text.h"
-#include "win32/com/com_ptr.h"
-#include "win32/com/late_bound.h"
 
 namespace quill::host {
 

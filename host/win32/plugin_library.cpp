@@ -1,9 +1,9 @@
 #include "host/win32/plugin_library.h"
 
+#include "com/com_error.h"
+#include "com/identifiers.h"
 #include "support/host_environment.h"
 #include "support/version.h"
-#include "win32/com/com_error.h"
-#include "win32/com/identifiers.h"
 #include "win32/win32_process_paths.h"
 
 namespace quill::host {

@@ -2,10 +2,10 @@
 
 #include <utility>
 
+#include "com/com_error.h"
+#include "com/dispatch_object.h"
+#include "com/variant.h"
 #include "support/number_text.h"
-#include "win32/com/com_error.h"
-#include "win32/com/dispatch_object.h"
-#include "win32/com/variant.h"
 
 namespace quill::host {
 namespace {

@@ -4,9 +4,9 @@
 
 #include <vector>
 
+#include "com/automation.h"
+#include "com/com_ptr.h"
 #include "host/story/stage.h"
-#include "win32/com/automation.h"
-#include "win32/com/com_ptr.h"
 
 namespace quill::host {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "headless/failing_allocations.h"
+#include "headless/spared_allocations.h"
 #include "support/runtime_error.h"
 #include "ui/picture_box.h"
 #include "ui/tab_strip.h"

@@ -6,7 +6,7 @@
 #include <initializer_list>
 #include <utility>
 
-#include "headless/failing_allocations.h"
+#include "headless/spared_allocations.h"
 #include "support/runtime_error.h"
 #include "ui/check_box.h"
 #include "ui/combo_box.h"

@@ -1,6 +1,6 @@
 #include "win32/accessible_object.h"
 
-#include "win32/com/automation.h"
+#include "com/automation.h"
 
 #include <oleacc.h>
 
@@ -9,13 +9,13 @@
 #include <new>
 #include <utility>
 
+#include "com/com_ptr.h"
+#include "com/library_use.h"
 #include "support/compiler.h"
 #include "ui/check_box.h"
 #include "ui/combo_box.h"
 #include "ui/list_box.h"
 #include "ui/text_box.h"
-#include "win32/com/com_ptr.h"
-#include "win32/com/library_use.h"
 #include "win32/window_peer.h"
 
 namespace quill::win32 {

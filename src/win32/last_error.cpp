@@ -1,6 +1,6 @@
 #include "win32/last_error.h"
 
-#include "win32/com/com_error.h"
+#include "com/com_error.h"
 
 namespace quill::win32 {
 

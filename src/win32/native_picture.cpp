@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "com/com_ptr.h"
 #include "support/runtime_error.h"
-#include "win32/com/com_ptr.h"
 #include "win32/file_handle.h"
 #include "win32/last_error.h"
 

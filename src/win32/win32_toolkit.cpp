@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <ranges>
 #include <string>
 
 #include "ui/check_box.h"
@@ -142,8 +143,8 @@ ui::PicturePtr Win32Toolkit::ReadPicture(TextView path) {
 }
 
 HWND Win32Toolkit::BoxOwner() const noexcept {
-  for (auto display = displays_.rbegin(); display != displays_.rend(); ++display) {
-    if (!display->modal->ended()) return display->modal->window();
+  for (const auto& display : std::ranges::reverse_view(displays_)) {
+    if (!display.modal->ended()) return display.modal->window();
   }
   return nullptr;
 }
@@ -235,11 +236,11 @@ void Win32Toolkit::RunModal(ui::Form& form) {
 }
 
 void Win32Toolkit::EndModal(ui::Form& form) {
-  for (auto display = displays_.rbegin(); display != displays_.rend(); ++display) {
-    if (display->form != &form || display->modal->ended()) continue;
-    display->modal->End();
+  for (const auto& display : std::ranges::reverse_view(displays_)) {
+    if (display.form != &form || display.modal->ended()) continue;
+    display.modal->End();
     if (open_boxes_ > 0) EndMenu();  // a context menu does not outlive the dialog
-    if (open_boxes_ == 0) display->modal->ReleaseOthers();
+    if (open_boxes_ == 0) display.modal->ReleaseOthers();
     return;
   }
 }

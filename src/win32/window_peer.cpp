@@ -247,7 +247,7 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
       if (child(reinterpret_cast<HWND>(lparam)) != nullptr) {
-        const auto context = reinterpret_cast<HDC>(wparam);
+        auto* const context = reinterpret_cast<HDC>(wparam);
         SetBkColor(context, form_peer().FaceColour());
         SetTextColor(context, form_peer().TextColour());
         return reinterpret_cast<LRESULT>(form_peer().FaceBrush());

@@ -109,7 +109,7 @@ struct FileActionsBench : host::HeadlessHost {
   // "label|number|description" of the failures since the last call, "(no line)" where it has none.
   [[nodiscard]] std::vector<std::string> Failures() {
     std::vector<std::string> told;
-    for (const headless::LoggedFailure& failure : std::exchange(watch.failures, {})) {
+    for (const host::LoggedFailure& failure : std::exchange(watch.failures, {})) {
       told.push_back(ToUtf8(Concat({failure.label, u"|", Decimal(failure.number), u"|",
                                     failure.description, failure.line > 0 ? u"" : u" (no line)"})));
     }

@@ -1,5 +1,5 @@
 // What always holds: a plug-in that is broken on purpose is noticed, each time by its own line.
-#include "headless/plugin_invariants.h"
+#include "host/watch/plugin_invariants.h"
 
 #include <gtest/gtest.h>
 
@@ -48,7 +48,7 @@ TEST(PluginInvariants, EachBreachIsNoticed) {
       dialog.BuildMapList();
       breach(bench, dialog);
       std::string all;
-      for (const Text& what : headless::BrokenInvariants(bench.module, bench.toolkit)) {
+      for (const Text& what : host::BrokenInvariants(bench.module, bench.toolkit)) {
         all += ToUtf8(what) + "\n";
       }
       EXPECT_NE(all.find(told), std::string::npos) << told << "\n  gave: " << all;

@@ -30,8 +30,8 @@ TEST(ShuffleRotation, AFailureKeepsTheRotationWhole) {
   FileActionsBench bench;
   BrokenClock clock;
   Session context(bench.toolkit, bench.files, clock, CodePage::Windows1252());
-  headless::KitWatch watched;
-  context.file_kit = std::make_unique<headless::WatchedFileKit>(bench.host_kit, watched);
+  host::KitWatch watched;
+  context.file_kit = std::make_unique<host::WatchedFileKit>(bench.host_kit, watched);
   context.HostRoot = u"C:\\Host";
   const std::shared_ptr<frmrcBHDGS> dialog = TakeDialog(context);
   context.maps.selected.Replace(Rotation(9));

@@ -75,15 +75,14 @@ void FaultBench::Called(Source source, std::initializer_list<TextView> call) {
   throw error_;
 }
 
-FaultBench::Strike FaultBench::RunFailing(Source source, int nth,
-                                          headless::FaultPlan::Extent extent, RuntimeError error,
-                                          const std::function<void()>& use) {
+FaultBench::Strike FaultBench::RunFailing(Source source, int nth, host::FaultPlan::Extent extent,
+                                          RuntimeError error, const std::function<void()>& use) {
   failing_source_ = source;
   error_ = std::move(error);
   first_.clear();
-  plan_ = headless::FaultPlan(nth, extent);
+  plan_ = host::FaultPlan(nth, extent);
   if (source == Source::kAllocator) {
-    const headless::FailingAllocations failing(plan_);
+    const host::FailingAllocations failing(plan_);
     use();
   } else {
     use();
@@ -172,7 +171,7 @@ std::string FaultBench::WholeJob() {
     if (!holds) wrong += std::move(what) + "; ";
   };
   const auto check_invariants = [&](const char* when) {
-    for (const Text& broken : headless::BrokenInvariants(module, toolkit)) {
+    for (const Text& broken : host::BrokenInvariants(module, toolkit)) {
       check(false, std::string(when) + ": " + ToUtf8(broken));
     }
   };

@@ -7,10 +7,10 @@
 #include <utility>
 #include <vector>
 
-#include "headless/failing_allocations.h"
-#include "headless/fault_plan.h"
-#include "headless/plugin_invariants.h"
 #include "host/headless/headless_host.h"
+#include "host/watch/failing_allocations.h"
+#include "host/watch/fault_plan.h"
+#include "host/watch/plugin_invariants.h"
 #include "tests/doubles/host_objects.h"
 
 namespace quill {
@@ -29,7 +29,7 @@ class FaultBench final : public host::HeadlessHost {
     int count = 0;
     Text first;
   };
-  Strike RunFailing(Source source, int nth, headless::FaultPlan::Extent extent, RuntimeError error,
+  Strike RunFailing(Source source, int nth, host::FaultPlan::Extent extent, RuntimeError error,
                     const std::function<void()>& use);
 
   // Opens the dialog for profile 3 and target "abc", shown while `use` runs.
@@ -61,7 +61,7 @@ class FaultBench final : public host::HeadlessHost {
   void Called(Source source, std::initializer_list<TextView> call);
 
   Source failing_source_ = Source::kFileKit;
-  headless::FaultPlan plan_;
+  host::FaultPlan plan_;
   RuntimeError error_{ErrorNumber::kAutomationError};
   Text first_;
 };

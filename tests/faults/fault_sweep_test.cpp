@@ -14,9 +14,9 @@
 namespace quill {
 namespace {
 
-using Extent = headless::FaultPlan::Extent;
-using headless::BrokenInvariants;
-using headless::Expectations;
+using Extent = host::FaultPlan::Extent;
+using host::BrokenInvariants;
+using host::Expectations;
 
 constexpr TextView kSettingsFile = u"C:\\Host\\profiles\\3\\settings\\a.hsf";
 constexpr TextView kMapListFile = u"C:\\Host\\profiles\\3\\settings\\a.mpl";
@@ -338,7 +338,7 @@ class Attempt {
           EXPECT_EQ(bench_.watch.failures.size(), reports.size());
         }
       }
-      for (const headless::LoggedFailure& failure : bench_.watch.failures) {
+      for (const host::LoggedFailure& failure : bench_.watch.failures) {
         EXPECT_TRUE(failure.line > 0 || failure.label == u"Enc64") << ToUtf8(failure.label);
       }
     }

@@ -5,15 +5,15 @@
 #include <optional>
 #include <stdexcept>
 
-#include "headless/failing_allocations.h"
+#include "host/watch/failing_allocations.h"
 #include "support/base64.h"
 #include "support/trap.h"
 
 namespace quill {
 namespace {
 
-using headless::FailingAllocations;
-using headless::FaultPlan;
+using host::FailingAllocations;
+using host::FaultPlan;
 
 // Takes notes without allocating.
 class FrugalKit final : public FileKit {

@@ -8,7 +8,7 @@
 #include <set>
 
 #include "dialog/option_table.h"
-#include "headless/failing_allocations.h"
+#include "host/watch/failing_allocations.h"
 #include "host/win32/leak_watch.h"
 #include "host/win32/window_picture.h"
 #include "tests/win32/native_bench.h"
@@ -275,9 +275,9 @@ TEST_F(DialogWindows, ARepaintThatFailsEndsAndLeavesNothingBehind) {
     for (int cycle = 0; cycle < kCycles; ++cycle) {
       for (const HWND window : {robot.Find(u"cmdStart"), LabelBefore(robot.Find(u"txtName"))}) {
         InvalidateRect(window, nullptr, FALSE);
-        headless::FaultPlan plan(1, headless::FaultPlan::Extent::kFromThereOn);
+        host::FaultPlan plan(1, host::FaultPlan::Extent::kFromThereOn);
         {
-          const headless::FailingAllocations none(plan);
+          const host::FailingAllocations none(plan);
           UpdateWindow(window);
         }
         EXPECT_GT(plan.struck(), 0);

@@ -1,16 +1,16 @@
 // The dialog without a mouse, and as assistive tools hear of it.
 #include <gtest/gtest.h>
 
-#include "win32/com/automation.h"
+#include "com/automation.h"
 
 #include <oleacc.h>
 
 #include <algorithm>
 #include <array>
 
+#include "com/com_ptr.h"
 #include "host/win32/window_picture.h"
 #include "tests/win32/native_bench.h"
-#include "win32/com/com_ptr.h"
 #include "win32/window_peer.h"
 
 namespace quill {

@@ -8,16 +8,16 @@
 #include <optional>
 #include <string>
 
+#include "com/class_factory.h"
+#include "com/com_error.h"
+#include "com/library_use.h"
 #include "host/kit/disk_storage.h"
 #include "host/kit/error_journal.h"
 #include "host/kit/file_kit.h"
 #include "host/win32/kit_classes.h"
 #include "host/win32/kit_library/robot_object.h"
+#include "server/class_registration.h"
 #include "support/host_environment.h"
-#include "win32/com/class_factory.h"
-#include "win32/com/class_registration.h"
-#include "win32/com/com_error.h"
-#include "win32/com/library_use.h"
 #include "win32/win32_file_system.h"
 #include "win32/win32_process_paths.h"
 

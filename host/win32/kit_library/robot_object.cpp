@@ -6,16 +6,16 @@
 #include <span>
 #include <vector>
 
+#include "com/bstr.h"
+#include "com/com_error.h"
+#include "com/dispatch_object.h"
+#include "com/late_bound.h"
+#include "com/library_use.h"
+#include "com/variant.h"
 #include "host/win32/failing_texts.h"
 #include "host/win32/window_picture.h"
 #include "host/win32/window_robot.h"
 #include "support/runtime_error.h"
-#include "win32/com/bstr.h"
-#include "win32/com/com_error.h"
-#include "win32/com/dispatch_object.h"
-#include "win32/com/late_bound.h"
-#include "win32/com/library_use.h"
-#include "win32/com/variant.h"
 
 namespace quill::host {
 namespace {

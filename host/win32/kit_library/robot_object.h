@@ -3,9 +3,9 @@
 // the thread that made it; there is one at a time.
 #pragma once
 
+#include "com/automation.h"
+#include "com/com_ptr.h"
 #include "support/text.h"
-#include "win32/com/automation.h"
-#include "win32/com/com_ptr.h"
 
 namespace quill::host {
 

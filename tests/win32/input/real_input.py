@@ -385,7 +385,7 @@ def display():
 
 
 def main(arch, host, scenario, folder, looks=None):
-    wine = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../../cmake/wine")
+    wine = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../../tools/wine")
     if "QUILL_WINE_SESSION" not in os.environ:
         session = os.path.join(wine, "session")
         os.execv(session, [session, arch, sys.executable, os.path.abspath(__file__), *sys.argv[1:]])

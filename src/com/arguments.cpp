@@ -1,0 +1,93 @@
+#include "com/arguments.h"
+
+#include <algorithm>
+
+namespace quill::com {
+namespace {
+
+bool IsLeftOut(const VARIANT& value) noexcept {
+  const VARIANT& referred = Referred(value);
+  return referred.vt == VT_ERROR && referred.scode == DISP_E_PARAMNOTFOUND;
+}
+
+Variant Converted(const VARIANT& value, VARTYPE type, UINT argument) {
+  Variant converted;
+  const HRESULT result = ConvertTo(type, Referred(value), converted);
+  if (FAILED(result)) {
+    throw ArgumentError{result == DISP_E_OVERFLOW ? DISP_E_OVERFLOW : DISP_E_TYPEMISMATCH,
+                        argument};
+  }
+  return converted;
+}
+
+}  // namespace
+
+Arguments::Arguments(std::span<const Parameter> parameters, const DISPPARAMS& given) {
+  if (given.cNamedArgs > given.cArgs) throw ArgumentError{DISP_E_BADPARAMCOUNT, 0};
+  const UINT positional = given.cArgs - given.cNamedArgs;
+  const auto required = std::ranges::count(parameters, false, &Parameter::optional);
+  if (given.cArgs > parameters.size() || given.cArgs < static_cast<std::size_t>(required)) {
+    throw ArgumentError{DISP_E_BADPARAMCOUNT, 0};
+  }
+
+  // Named ones come first, then the positional ones from the last to the first.
+  for (UINT i = 0; i < positional; ++i) {
+    const UINT argument = given.cArgs - 1 - i;
+    bound_[i] = {&given.rgvarg[argument], argument};
+  }
+  for (UINT argument = 0; argument < given.cNamedArgs; ++argument) {
+    const DISPID parameter = given.rgdispidNamedArgs[argument];
+    if (parameter < 0 || static_cast<std::size_t>(parameter) >= parameters.size() ||
+        bound_[static_cast<std::size_t>(parameter)].value != nullptr) {
+      throw ArgumentError{DISP_E_PARAMNOTFOUND, argument};
+    }
+    bound_[static_cast<std::size_t>(parameter)] = {&given.rgvarg[argument], argument};
+  }
+
+  for (std::size_t i = 0; i < parameters.size(); ++i) {
+    Bound& bound = bound_[i];
+    if (bound.value != nullptr && !IsLeftOut(*bound.value)) continue;
+    if (!parameters[i].optional) throw ArgumentError{DISP_E_PARAMNOTOPTIONAL, bound.argument};
+    bound.value = nullptr;
+  }
+}
+
+const Arguments::Bound& Arguments::At(std::size_t parameter) const {
+  const Bound& bound = bound_.at(parameter);
+  if (bound.value == nullptr) throw ArgumentError{DISP_E_PARAMNOTOPTIONAL, bound.argument};
+  return bound;
+}
+
+TextView Arguments::AsText(std::size_t parameter, Variant& converted) const {
+  const Bound& bound = At(parameter);
+  const VARIANT& referred = Referred(*bound.value);
+  if (referred.vt == VT_BSTR) return ViewOf(referred.bstrVal);
+  if (referred.vt == (VT_BSTR | VT_BYREF) && referred.pbstrVal != nullptr) {
+    return ViewOf(*referred.pbstrVal);
+  }
+  converted = Converted(referred, VT_BSTR, bound.argument);
+  return ViewOf(converted.get()->bstrVal);
+}
+
+std::int32_t Arguments::AsInt32(std::size_t parameter) const {
+  const Bound& bound = At(parameter);
+  return Converted(*bound.value, VT_I4, bound.argument).get()->lVal;
+}
+
+bool Arguments::AsBoolean(std::size_t parameter) const {
+  const Bound& bound = At(parameter);
+  return Converted(*bound.value, VT_BOOL, bound.argument).get()->boolVal != VARIANT_FALSE;
+}
+
+IDispatch* Arguments::AsObject(std::size_t parameter) const {
+  const Bound& bound = At(parameter);
+  IDispatch* object = nullptr;
+  if (!ReadObject(*bound.value, object)) throw ArgumentError{DISP_E_TYPEMISMATCH, bound.argument};
+  return object;
+}
+
+const VARIANT& Arguments::AsVariant(std::size_t parameter) const {
+  return *At(parameter).value;
+}
+
+}  // namespace quill::com

@@ -1,0 +1,197 @@
+#include "com/variant.h"
+
+#include "com/bstr.h"
+#include "com/com_error.h"
+#include "com/late_bound.h"
+#include "support/runtime_error.h"
+
+namespace quill::com {
+namespace {
+
+Variant Converted(const VARIANT& value, VARTYPE type) {
+  Variant converted;
+  const HRESULT result = ConvertTo(type, value, converted);
+  if (FAILED(result)) throw ErrorOf(result);
+  return converted;
+}
+
+Variant OfReference(VARTYPE type, void* place) noexcept {
+  Variant variant;
+  variant.get()->vt = static_cast<VARTYPE>(type | VT_BYREF);
+  variant.get()->byref = place;
+  return variant;
+}
+
+}  // namespace
+
+HRESULT ConvertTo(VARTYPE type, const VARIANT& value, Variant& converted) {
+  Variant held;
+  const VARIANT* source = &value;
+  if (IDispatch* object = nullptr; ReadObject(value, object)) {
+    // The platform would ask the object for its value in the locale of the conversion.
+    try {
+      held = DefaultValue(object);
+    } catch (const RuntimeError&) {
+      return DISP_E_TYPEMISMATCH;
+    }
+    source = &Referred(*held.get());
+  }
+  // The platform declares its source writable but only reads it.
+  return ::VariantChangeTypeEx(converted.get(), const_cast<VARIANT*>(source), LOCALE_INVARIANT,
+                               VARIANT_ALPHABOOL, type);
+}
+
+Variant DefaultValue(IDispatch* object) {
+  Variant held;
+  try {
+    held = LateBound(object).Call(DISPID_VALUE, {});
+  } catch (const RuntimeError&) {
+    throw RuntimeError(ErrorNumber::kTypeMismatch);
+  }
+  if (ReadObject(*held.get(), object)) throw RuntimeError(ErrorNumber::kTypeMismatch);
+  return held;
+}
+
+Variant& Variant::operator=(Variant&& other) noexcept {
+  if (this != &other) {
+    ::VariantClear(&value_);
+    value_ = other.value_;
+    ::VariantInit(&other.value_);
+  }
+  return *this;
+}
+
+Variant Variant::OfText(TextView text) {
+  Variant variant;
+  variant.value_.bstrVal = NewBstr(text);
+  variant.value_.vt = VT_BSTR;
+  return variant;
+}
+
+Variant Variant::OfInt32(std::int32_t number) noexcept {
+  Variant variant;
+  variant.value_.vt = VT_I4;
+  variant.value_.lVal = number;
+  return variant;
+}
+
+Variant Variant::OfBoolean(bool truth) noexcept {
+  Variant variant;
+  variant.value_.vt = VT_BOOL;
+  variant.value_.boolVal = truth ? VARIANT_TRUE : VARIANT_FALSE;
+  return variant;
+}
+
+Variant Variant::ByReference(BSTR* text) noexcept {
+  return OfReference(VT_BSTR, text);
+}
+Variant Variant::ByReference(LONG* number) noexcept {
+  return OfReference(VT_I4, number);
+}
+Variant Variant::ByReference(IDispatch** object) noexcept {
+  return OfReference(VT_DISPATCH, object);
+}
+Variant Variant::ByReference(SAFEARRAY** variants) noexcept {
+  return OfReference(VT_ARRAY | VT_VARIANT, variants);
+}
+
+VARIANT Variant::Detach() noexcept {
+  const VARIANT value = value_;
+  ::VariantInit(&value_);
+  return value;
+}
+
+const VARIANT& Referred(const VARIANT& value) noexcept {
+  // Automation allows a reference to a reference; a few more are followed, but no circle.
+  constexpr int kMostReferences = 8;
+  const VARIANT* referred = &value;
+  for (int i = 0; i < kMostReferences && referred->vt == (VT_BYREF | VT_VARIANT) &&
+                  referred->pvarVal != nullptr;
+       ++i) {
+    referred = referred->pvarVal;
+  }
+  return *referred;
+}
+
+bool ReadObject(const VARIANT& value, IDispatch*& object) noexcept {
+  const VARIANT& referred = Referred(value);
+  IUnknown* unknown = nullptr;
+  switch (referred.vt) {
+    case VT_DISPATCH:
+      object = referred.pdispVal;
+      return true;
+    case VT_DISPATCH | VT_BYREF:
+      object = referred.ppdispVal != nullptr ? *referred.ppdispVal : nullptr;
+      return true;
+    case VT_UNKNOWN:
+      unknown = referred.punkVal;
+      break;
+    case VT_UNKNOWN | VT_BYREF:
+      unknown = referred.ppunkVal != nullptr ? *referred.ppunkVal : nullptr;
+      break;
+    default:
+      return false;
+  }
+  object = nullptr;
+  if (unknown == nullptr) return true;
+  if (FAILED(unknown->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&object)))) {
+    return false;
+  }
+  object->Release();  // the variant keeps the object alive
+  return true;
+}
+
+Text TextOf(const VARIANT& value) {
+  const VARIANT& referred = Referred(value);
+  if (referred.vt == VT_BSTR) return Text(ViewOf(referred.bstrVal));
+  if (referred.vt == (VT_BSTR | VT_BYREF)) {
+    return referred.pbstrVal == nullptr ? Text() : Text(ViewOf(*referred.pbstrVal));
+  }
+  const Variant converted = Converted(referred, VT_BSTR);
+  return Text(ViewOf(converted.get()->bstrVal));
+}
+
+std::int32_t Int32Of(const VARIANT& value) {
+  return Converted(Referred(value), VT_I4).get()->lVal;
+}
+
+bool TruthOf(const VARIANT& value) {
+  const VARIANT& referred = Referred(value);
+  if (referred.vt == VT_EMPTY || referred.vt == VT_NULL) return false;
+  return Converted(referred, VT_BOOL).get()->boolVal != VARIANT_FALSE;
+}
+
+SAFEARRAY* ArrayOf(const VARIANT& value) noexcept {
+  const VARIANT& referred = Referred(value);
+  if ((referred.vt & VT_ARRAY) == 0) return nullptr;
+  if ((referred.vt & VT_BYREF) == 0) return referred.parray;
+  return referred.pparray != nullptr ? *referred.pparray : nullptr;
+}
+
+Text ElementText(SAFEARRAY* array, std::int32_t index) {
+  VARTYPE type = VT_EMPTY;
+  LONG place = index;
+  if (array == nullptr || ::SafeArrayGetDim(array) != 1 ||
+      FAILED(::SafeArrayGetVartype(array, &type))) {
+    throw RuntimeError(ErrorNumber::kSubscriptOutOfRange);
+  }
+  LONG lower = 0;
+  LONG upper = -1;
+  if (FAILED(::SafeArrayGetLBound(array, 1, &lower)) ||
+      FAILED(::SafeArrayGetUBound(array, 1, &upper)) || place < lower || place > upper) {
+    throw RuntimeError(ErrorNumber::kSubscriptOutOfRange);
+  }
+  Variant element;
+  HRESULT result = E_INVALIDARG;
+  if (type == VT_VARIANT) {
+    result = ::SafeArrayGetElement(array, &place, element.get());
+  } else if (type != VT_RECORD && type != VT_DECIMAL) {
+    // The element lies in the variant's value field, whose type is noted once it is there.
+    result = ::SafeArrayGetElement(array, &place, &element.get()->byref);
+    if (SUCCEEDED(result)) element.get()->vt = type;
+  }
+  if (FAILED(result)) throw ErrorOf(result == E_INVALIDARG ? DISP_E_TYPEMISMATCH : result);
+  return TextOf(*element.get());
+}
+
+}  // namespace quill::com

@@ -1,0 +1,132 @@
+#include "server/library.h"
+
+#include "com/bstr.h"
+#include "com/com_error.h"
+#include "com/identifiers.h"
+#include "com/library_use.h"
+#include "server/com_host_services.h"
+#include "support/runtime_error.h"
+#include "win32/system_code_page.h"
+#include "win32/this_module.h"
+#include "win32/win32_clock.h"
+#include "win32/win32_file_system.h"
+#include "win32/win32_process_paths.h"
+#include "win32/win32_toolkit.h"
+
+namespace quill::com {
+
+// The platform and, on top of it, the main module; destroyed the other way round.
+struct Library::Runtime {
+  win32::Win32Toolkit toolkit;
+  win32::Win32FileSystem files;
+  win32::Win32ProcessPaths paths;
+  win32::Win32Clock clock;
+  CodePage code_page = win32::SystemCodePage();
+  ComHostServices services;
+  mdlBHDGS module{Platform{toolkit, files, paths, clock, code_page, services}};
+};
+
+constexpr Library::Library() noexcept = default;
+
+// Complete before the loader runs any code of the library.
+constinit Library Library::only_;
+
+// Runs under the loader's lock, when COM was not asked or would not let go: what is still in use
+// cannot be ended there, so it is left.
+Library::~Library() {
+  (void)runtime_.release();
+  (void)types_.Detach();
+  if (owner_thread_ != nullptr) ::CloseHandle(owner_thread_);
+}
+
+Library& Library::Get() noexcept {
+  return only_;
+}
+
+bool Library::ReadyToUnload() {
+  if (LibraryUse::Any()) return false;
+  // With no object left no member is running, so nothing of the plug-in is on the stack.
+  if (!Claim()) return false;
+  std::unique_ptr<Runtime> ending = std::move(runtime_);
+  types_.Reset();
+  ending.reset();
+  // The host's objects may have come back while they were let go.
+  if (LibraryUse::Any() || runtime_ != nullptr) return false;
+  Disown();
+  if (!is_held_.exchange(false)) return true;
+  if (LibraryUse::Any()) {  // another thread has come
+    is_held_ = true;
+    return false;
+  }
+  ::FreeLibrary(win32::ThisModule());  // not the last reference: whoever asks has one
+  return true;
+}
+
+void Library::StayLoaded() noexcept {
+  if (is_held_.exchange(true)) return;
+  HMODULE self = nullptr;
+  ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<LPCWSTR>(&only_),
+                       &self);
+}
+
+bool Library::Claim() noexcept {
+  const DWORD caller = ::GetCurrentThreadId();
+  ::AcquireSRWLockExclusive(&owner_lock_);
+  const bool has_ended = owner_ == 0 || ::WaitForSingleObject(owner_thread_, 0) == WAIT_OBJECT_0;
+  if (owner_ != caller && has_ended) {
+    if (const HANDLE thread = ::OpenThread(SYNCHRONIZE, FALSE, caller)) {
+      if (owner_thread_ != nullptr) ::CloseHandle(owner_thread_);
+      owner_thread_ = thread;
+      owner_ = caller;
+      // Windows end with their thread, and the host's objects with its apartment: there is nothing
+      // left that could be ended properly.
+      (void)runtime_.release();
+    }
+  }
+  const bool is_owner = owner_ == caller;
+  ::ReleaseSRWLockExclusive(&owner_lock_);
+  return is_owner;
+}
+
+void Library::Disown() noexcept {
+  ::AcquireSRWLockExclusive(&owner_lock_);
+  ::CloseHandle(owner_thread_);
+  owner_thread_ = nullptr;
+  owner_ = 0;
+  ::ReleaseSRWLockExclusive(&owner_lock_);
+}
+
+mdlBHDGS& Library::Module() {
+  if (!Claim()) throw ErrorOf(RPC_E_WRONG_THREAD);
+  if (runtime_ == nullptr) runtime_ = std::make_unique<Runtime>();
+  return runtime_->module;
+}
+
+ComPtr<ITypeInfo> Library::TypeInfo(REFGUID id) {
+  if (!types_) {
+    const Text path = win32::ThisModulePath();
+    const HRESULT loaded = ::LoadTypeLibEx(WideOf(path), REGKIND_NONE, types_.Receive());
+    if (FAILED(loaded)) throw ErrorOf(loaded);
+  }
+  ComPtr<ITypeInfo> info;
+  const HRESULT found = types_->GetTypeInfoOfGuid(id, info.Receive());
+  if (FAILED(found)) throw ErrorOf(found);
+  return info;
+}
+
+ComPtr<ITypeInfo> Library::InterfaceInfo() {
+  return TypeInfo(kInterfaceId);
+}
+ComPtr<ITypeInfo> Library::ClassInfo() {
+  return TypeInfo(kClassId);
+}
+
+ComPtr<IRecordInfo> Library::RecordInfo() {
+  const ComPtr<ITypeInfo> info = TypeInfo(kRecordId);
+  ComPtr<IRecordInfo> record;
+  const HRESULT made = ::GetRecordInfoFromTypeInfo(info.get(), record.Receive());
+  if (FAILED(made)) throw ErrorOf(made);
+  return record;
+}
+
+}  // namespace quill::com

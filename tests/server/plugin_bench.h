@@ -1,0 +1,258 @@
+// The library loaded into this process as COM does it, the host's kits creatable by name, and an
+// operator who acknowledges every box and closes the dialog when a test does not say otherwise.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "com/bstr.h"
+#include "com/com_ptr.h"
+#include "com/identifiers.h"
+#include "com/variant.h"
+#include "host/story/button_pictures.h"
+#include "host/win32/host_folder.h"
+#include "host/win32/kit_classes.h"
+#include "host/win32/window_robot.h"
+#include "host/win32/wine.h"
+#include "server/plugin_interface.h"
+#include "tests/doubles/recording_file_kit.h"
+
+namespace quill::com {
+
+// The tests register the library and name kits for the whole machine.
+class OnlyUnderWine : public testing::Environment {
+ public:
+  void SetUp() override {
+    if (!host::IsWine()) GTEST_SKIP() << "the machine's own classes may be in use";
+  }
+};
+inline testing::Environment* const only_under_wine =
+    testing::AddGlobalTestEnvironment(new OnlyUnderWine);
+
+struct ComForThread {
+  ComForThread() { static_cast<void>(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)); }
+  ~ComForThread() { ::CoUninitialize(); }
+  ComForThread(const ComForThread&) = delete;
+  ComForThread& operator=(const ComForThread&) = delete;
+};
+
+class LoadedLibrary {
+ public:
+  explicit LoadedLibrary(const Text& path = Path()) : module_(::LoadLibraryW(WideOf(path))) {
+    if (module_ == nullptr) throw std::runtime_error("the library cannot be loaded");
+  }
+  ~LoadedLibrary() { ::FreeLibrary(module_); }
+  LoadedLibrary(const LoadedLibrary&) = delete;
+  LoadedLibrary& operator=(const LoadedLibrary&) = delete;
+
+  [[nodiscard]] static const Text& Path() {
+    static const Text path = FromUtf8("Z:" QUILL_PLUGIN_LIBRARY);
+    return path;
+  }
+
+  template <class Function>
+  [[nodiscard]] Function Entry(const char* name) const {
+    const FARPROC found = ::GetProcAddress(module_, name);
+    if (found == nullptr) throw std::runtime_error(std::string("not exported: ") + name);
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(found));
+  }
+  [[nodiscard]] HRESULT GetClassObject(REFCLSID class_id, REFIID wanted, void** object) const {
+    return Entry<HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**)>("DllGetClassObject")(
+        class_id, wanted, object);
+  }
+  [[nodiscard]] HRESULT CanUnload() const {
+    return Entry<HRESULT(STDAPICALLTYPE*)()>("DllCanUnloadNow")();
+  }
+  [[nodiscard]] ComPtr<IClassFactory> Factory() const {
+    ComPtr<IClassFactory> factory;
+    if (FAILED(GetClassObject(kClassId, IID_IClassFactory, factory.ReceiveVoid()))) {
+      throw std::runtime_error("no class factory");
+    }
+    return factory;
+  }
+
+ private:
+  HMODULE module_;
+};
+
+// What a late-bound call came to.
+struct Outcome {
+  HRESULT result = S_OK;
+  Variant value;
+  UINT bad_argument = 99;
+  HRESULT raised = S_OK;
+  Text source;
+  Text description;
+};
+
+[[nodiscard]] inline DISPID IdOf(IDispatch& object, const Text& name) {
+  LPOLESTR wide = const_cast<LPOLESTR>(WideOf(name));
+  DISPID id = DISPID_UNKNOWN;
+  (void)object.GetIDsOfNames(IID_NULL, &wide, 1, LOCALE_USER_DEFAULT, &id);
+  return id;
+}
+
+// `arguments` in calling order; the last ones go by the identifiers in `names`.
+inline Outcome Invoke(IDispatch& object, DISPID id, const std::vector<VARIANT>& arguments,
+                      std::vector<DISPID> names = {}, WORD flags = DISPATCH_METHOD) {
+  std::vector<VARIANT> reversed(arguments.rbegin(), arguments.rend());
+  std::vector<DISPID> reversed_names(names.rbegin(), names.rend());
+  DISPPARAMS parameters{reversed.data(), reversed_names.data(), static_cast<UINT>(reversed.size()),
+                        static_cast<UINT>(reversed_names.size())};
+  Outcome outcome;
+  EXCEPINFO raised{};
+  outcome.result = object.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
+                                 outcome.value.get(), &raised, &outcome.bad_argument);
+  outcome.raised = raised.scode;
+  outcome.source = ViewOf(raised.bstrSource);
+  outcome.description = ViewOf(raised.bstrDescription);
+  for (BSTR text : {raised.bstrSource, raised.bstrDescription, raised.bstrHelpFile}) {
+    ::SysFreeString(text);
+  }
+  return outcome;
+}
+inline Outcome Invoke(IDispatch& object, const Text& name, const std::vector<VARIANT>& arguments) {
+  return Invoke(object, IdOf(object, name), arguments);
+}
+
+[[nodiscard]] inline Variant OfObject(IDispatch* object) {
+  Variant variant;
+  variant.get()->vt = VT_DISPATCH;
+  variant.get()->pdispVal = object;
+  if (object != nullptr) object->AddRef();
+  return variant;
+}
+[[nodiscard]] inline Variant ByReference(Variant& value) {
+  Variant reference;
+  reference.get()->vt = VT_VARIANT | VT_BYREF;
+  reference.get()->pvarVal = value.get();
+  return reference;
+}
+// The same argument in several forms.
+using Forms = std::initializer_list<const Variant*>;
+
+[[nodiscard]] inline Variant OfType(VARTYPE type) {
+  Variant variant;
+  variant.get()->vt = type;
+  return variant;
+}
+[[nodiscard]] inline Variant LeftOut() {
+  Variant variant = OfType(VT_ERROR);
+  variant.get()->scode = DISP_E_PARAMNOTFOUND;
+  return variant;
+}
+[[nodiscard]] inline Variant ArrayOfVariants(const std::vector<Text>& texts, LONG lower = 0) {
+  Variant array = OfType(VT_ARRAY | VT_VARIANT);
+  array.get()->parray =
+      ::SafeArrayCreateVector(VT_VARIANT, lower, static_cast<ULONG>(texts.size()));
+  for (const Text& text : texts) {
+    Variant element = Variant::OfText(text);
+    EXPECT_EQ(::SafeArrayPutElement(array.get()->parray, &lower, element.get()), S_OK);
+    ++lower;
+  }
+  return array;
+}
+
+class PluginBench : public testing::Test {
+ public:
+  struct Box {
+    Text caption;
+    Text text;
+  };
+
+  ComForThread com;
+  RecordingFileKit kit;
+  host::ContractLog contract;
+  std::vector<Text> created_kits;
+  std::vector<Box> boxes;
+  std::function<void()> while_shown;  // once, when the dialog is shown
+  std::vector<Text> picked;           // in every file dialog; none cancels it
+  // Throws to refuse a kit.
+  std::function<void(TextView kit)> before_creation;
+  const host::WindowRobot robot{u"frmrcBHDGS"};
+  std::optional<LoadedLibrary> library;
+
+  PluginBench() {
+    library.emplace();
+    // The plug-in takes this program's folder for the host's root.
+    PutPicture(host::kReleasedPicturePath, host::kReleasedPicture);
+    PutPicture(host::kPressedPicturePath, host::kPressedPicture);
+  }
+  ~PluginBench() override {
+    EXPECT_EQ(library->CanUnload(), S_OK) << "something keeps the library loaded";
+    EXPECT_EQ(host::LivingKitObjects(), 0);
+    EXPECT_EQ(robot.FormWindow(), nullptr);
+    for (const host::Breach& breach : contract.breaches()) {
+      ADD_FAILURE() << host::BreachLine(breach);
+    }
+  }
+
+  void OfferKits() {
+    kits_.emplace(host::KitServices{kit, contract, ::GetCurrentThreadId(), [this](TextView name) {
+                                      created_kits.emplace_back(name);
+                                      if (before_creation) before_creation(name);
+                                    }});
+  }
+  [[nodiscard]] ComPtr<IPlugin> Create() {
+    ComPtr<IPlugin> plugin;
+    const HRESULT made =
+        library->Factory()->CreateInstance(nullptr, kInterfaceId, plugin.ReceiveVoid());
+    if (FAILED(made)) throw std::runtime_error("the class cannot be created");
+    return plugin;
+  }
+  // Opens the dialog, lets `step` happen while it is shown, and hides it.
+  void OpenAndHide(IPlugin& plugin, const std::function<void()>& step) {
+    while_shown = [&] {
+      step();
+      EXPECT_EQ(plugin.HideInterface(nullptr), S_OK);
+    };
+    Variant target = ArrayOfVariants({u"", u"abc"});
+    EXPECT_EQ(plugin.LoadInterface(3, 0, target.get(), nullptr), S_OK);
+  }
+  // What the operator of the shown dialog sees: the letters say which of the eight governed options
+  // are enabled, in the order of the rights.
+  [[nodiscard]] std::string Enabled() const {
+    constexpr const char16_t* kOptions[] = {u"lstSession", u"lstMax",   u"cboMods", u"chkWindow",
+                                            u"chkDedi",    u"chkSkins", u"chkNova", u"txtPort"};
+    std::string enabled;
+    for (const char16_t* option : kOptions) {
+      enabled += robot.Read(option, u"enabled") == u"1" ? 'e' : '-';
+    }
+    return enabled;
+  }
+
+ private:
+  static void PutPicture(TextView path, std::string_view bytes) {
+    const std::filesystem::path file(Concat({host::HostFolderOfProgram(), path}));
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::binary)
+        .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  }
+  void Watch() {
+    const host::OpenBox box = host::FindOpenBox();
+    if (box.window != nullptr && box.asks_for_file) {
+      host::AnswerFileBox(box, picked);
+    } else if (box.window != nullptr) {
+      boxes.push_back({box.caption, box.text});
+      host::AcknowledgeBox(box);
+    } else if (robot.FormShown()) {
+      if (const auto step = std::exchange(while_shown, nullptr)) {
+        step();
+      } else {
+        robot.CloseForm();
+      }
+    }
+  }
+
+  std::optional<host::KitClasses> kits_;
+  const host::Heartbeat heartbeat_{[this] { Watch(); }};
+};
+
+}  // namespace quill::com

@@ -1,0 +1,113 @@
+// An automation object whose members a test writes as functions, as strict or as odd as the objects
+// that scripts and hosts hand over. It knows the user's default locale only.
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <map>
+#include <span>
+#include <vector>
+
+#include "com/automation.h"
+#include "com/com_error.h"
+#include "com/com_ptr.h"
+#include "com/variant.h"
+
+namespace quill::com {
+
+class ScriptedObject final : public IDispatchEx {
+ public:
+  // Arguments come in calling order; a RuntimeError is raised to the caller.
+  using Member = std::function<Variant(std::span<const VARIANT> arguments)>;
+
+  std::map<Text, Member> members;  // in their own spelling; callers may use any letter case
+  Member default_member;
+  Member enumeration;
+  bool answers_extended_only = false;  // both look-up and call
+  WORD takes = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
+  bool is_strict = false;  // refuses calls that ask for more than it takes
+
+  [[nodiscard]] static ComPtr<ScriptedObject> Make() {
+    return ComPtr<ScriptedObject>::Adopt(new ScriptedObject);
+  }
+  [[nodiscard]] ULONG references() const { return references_; }
+
+  STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
+    const bool known = IsEqualIID(wanted, IID_IUnknown) || IsEqualIID(wanted, IID_IDispatch) ||
+                       IsEqualIID(wanted, __uuidof(IDispatchEx));
+    *object = known ? static_cast<IDispatchEx*>(this) : nullptr;
+    if (!known) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
+  STDMETHODIMP_(ULONG) Release() override {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+  }
+  STDMETHODIMP GetTypeInfoCount(UINT* count) override { return *count = 0, S_OK; }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return DISP_E_BADINDEX; }
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID locale, DISPID* ids) override {
+    if (locale != LOCALE_USER_DEFAULT) return DISP_E_UNKNOWNLCID;
+    ids[0] = answers_extended_only ? DISPID_UNKNOWN : Find(names[0]);
+    return ids[0] == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;
+  }
+  STDMETHODIMP Invoke(DISPID id, REFIID, LCID locale, WORD flags, DISPPARAMS* given,
+                      VARIANT* result, EXCEPINFO* raised, UINT*) override {
+    if (locale != LOCALE_USER_DEFAULT) return DISP_E_UNKNOWNLCID;
+    return answers_extended_only ? E_NOTIMPL : Run(id, flags, *given, result, raised);
+  }
+  STDMETHODIMP GetDispID(BSTR name, DWORD, DISPID* id) override {
+    *id = Find(name);
+    return *id == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;
+  }
+  STDMETHODIMP InvokeEx(DISPID id, LCID locale, WORD flags, DISPPARAMS* given, VARIANT* result,
+                        EXCEPINFO* raised, IServiceProvider*) override {
+    if (locale != LOCALE_USER_DEFAULT) return DISP_E_UNKNOWNLCID;
+    return Run(id, flags, *given, result, raised);
+  }
+  STDMETHODIMP DeleteMemberByName(BSTR, DWORD) override { return E_NOTIMPL; }
+  STDMETHODIMP DeleteMemberByDispID(DISPID) override { return E_NOTIMPL; }
+  STDMETHODIMP GetMemberProperties(DISPID, DWORD, DWORD*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetMemberName(DISPID, BSTR*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetNextDispID(DWORD, DISPID, DISPID*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetNameSpaceParent(IUnknown**) override { return E_NOTIMPL; }
+
+ private:
+  ~ScriptedObject() = default;
+
+  [[nodiscard]] DISPID Find(const OLECHAR* name) const {
+    DISPID id = 0;
+    for (const auto& [spelling, member] : members) {
+      ++id;
+      if (EqualIgnoringCase(spelling, reinterpret_cast<const char16_t*>(name))) return id;
+    }
+    return DISPID_UNKNOWN;
+  }
+  HRESULT Run(DISPID id, WORD flags, const DISPPARAMS& given, VARIANT* result, EXCEPINFO* raised) {
+    if ((flags & takes) == 0 || (is_strict && (flags & ~takes) != 0)) return DISP_E_MEMBERNOTFOUND;
+    Member member = id == DISPID_VALUE     ? default_member
+                    : id == DISPID_NEWENUM ? enumeration
+                                           : nullptr;
+    DISPID next = 0;
+    for (const auto& [spelling, candidate] : members) {
+      if (++next == id) member = candidate;
+    }
+    if (!member) return DISP_E_MEMBERNOTFOUND;
+    const std::vector<VARIANT> arguments(std::reverse_iterator(given.rgvarg + given.cArgs),
+                                         std::reverse_iterator(given.rgvarg));
+    const ComPtr<ScriptedObject> kept_alive(this);
+    try {
+      Variant value = member(arguments);
+      if (result != nullptr) *result = value.Detach();
+      return S_OK;
+    } catch (const RuntimeError& error) {
+      return LeaveExcepInfo(error, raised);
+    }
+  }
+
+  std::atomic<ULONG> references_ = 1;
+};
+
+}  // namespace quill::com
