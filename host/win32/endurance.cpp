@@ -1,16 +1,16 @@
+// The three runs, and how each is judged.
 #include "host/win32/endurance.h"
 
 #include <chrono>
-#include <exception>
-#include <string>
 #include <utility>
+#include <vector>
 
 #include "host/remote/settings_reply.h"
 #include "host/win32/host_folder.h"
 #include "host/win32/leak_watch.h"
+#include "host/win32/native_stage.h"
 #include "host/win32/plugin_library.h"
 #include "host/win32/plugin_session.h"
-#include "host/win32/rights_collection.h"
 #include "host/win32/window_robot.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
@@ -38,17 +38,18 @@ class Run {
     Text line = Concat({Decimal(cycles_), u" ", what_, u", ",
                         Decimal(static_cast<std::int64_t>(taken.count() + 0.5)), u" s:"});
     bool is_flat = true;
-    for (const LeakWatch::Course& course : watch_.Courses()) {
-      line += Concat({course.resource == Resource{} ? u" " : u", ", ResourceName(course.resource),
-                      u" ", Decimal(course.before)});
+    const std::vector<LeakWatch::Course> courses = watch_.Courses();
+    for (const LeakWatch::Course& course : courses) {
+      line += Concat({&course == &courses.front() ? u" " : u", ", course.resource, u" ",
+                      Decimal(course.before)});
       if (course.after != course.before) line += Concat({u" -> ", Decimal(course.after)});
       is_flat = is_flat && !course.grew;
     }
     tell_(line);
-    for (const LeakWatch::Course& course : watch_.Courses()) {
+    for (const LeakWatch::Course& course : courses) {
       if (!course.grew) continue;
-      tell_(Concat({u"leak: ", ResourceName(course.resource), u" grew by ",
-                    Decimal(course.after - course.before)}));
+      tell_(Concat(
+          {u"leak: ", course.resource, u" grew by ", Decimal(course.after - course.before)}));
     }
     return is_flat;
   }
@@ -96,121 +97,79 @@ bool LoadAgainAndAgain(const Text& path, int cycles, const Text& root, ContractL
   return run.Judge();
 }
 
-// The dialog, its operator and its host.
-class DialogRuns {
- public:
-  DialogRuns(const LoadedLibrary& library, const Text& root, ContractLog& contract,
-             const Tell& tell)
-      : session_(library, contract, root), tell_(tell) {}
+WindowRobot Robot() {
+  return WindowRobot(u"frmrcBHDGS");
+}
 
-  bool OpenAgainAndAgain(int cycles) {
-    Run run(u"times opened, filled and closed", cycles, tell_);
-    for (int cycle = 0; cycle < cycles; ++cycle) {
-      Open([&] {
-        Deliver(first_reply_);
-        robot_.Choose(u"cboMods", u"Team Sabre");
-        robot_.ClickTab(u"Map Settings");
-        robot_.SelectRows(u"lstAvlMaps", {0, 1, 2});
-        robot_.Key(u"lstAvlMaps", u'+');
-        if (robot_.Read(u"lstSelMaps", u"count") != u"3") Fail(u"the rotation lacks its maps");
-        Close(cycle % 2 == 0);
-      });
+[[noreturn]] void Fail(TextView what) {
+  throw RuntimeError(ErrorNumber::kInternalError, what);
+}
+
+// Opens the dialog; `step` runs inside, once, and closes it.
+void Open(Stage& stage, const std::function<void()>& step) {
+  bool is_begun = false;
+  stage.SetPrivis({}, true);
+  stage.LoadInterface(kProfile, {u"", u"endurance"}, [&] {
+    if (!std::exchange(is_begun, true)) step();
+    return true;
+  });
+  if (Robot().FormWindow() != nullptr) Fail(u"the dialog is still there");
+}
+
+bool OpenAgainAndAgain(Stage& stage, int cycles, const Tell& tell) {
+  const Text reply = SettingsReply(MachineWithMods(true));
+  Run run(u"times opened, filled and closed", cycles, tell);
+  for (int cycle = 0; cycle < cycles; ++cycle) {
+    Open(stage, [&] {
+      stage.RemoteData(reply);
+      Robot().Choose(u"cboMods", u"Team Sabre");
+      Robot().ClickTab(u"Map Settings");
+      Robot().SelectRows(u"lstAvlMaps", {0, 1, 2});
+      Robot().Key(u"lstAvlMaps", u'+');
+      if (Robot().Read(u"lstSelMaps", u"count") != u"3") Fail(u"the rotation lacks its maps");
+      if (cycle % 2 != 0) return Robot().CloseForm();
+      Robot().Press(u"cmdCancel", Button::kLeft);
+      Robot().Release(u"cmdCancel", Button::kLeft);
+    });
+    run.CycleDone();
+  }
+  return run.Judge();
+}
+
+bool ReplyAgainAndAgain(Stage& stage, int replies, const Tell& tell) {
+  const Text reply = SettingsReply(MachineWithMods(false));
+  const auto deliver_damaged = [&] {
+    stage.RemoteData(reply.substr(0, reply.size() / 2));
+    if (stage.TakeBoxes().size() != 1) Fail(u"a damaged reply was not told");
+    // What the host itself notes of it is no leak.
+    (void)stage.TakeLog();
+    (void)stage.TakeReports();
+  };
+  Run run(u"replies into an open dialog", replies, tell);
+  Open(stage, [&] {
+    stage.RemoteData(SettingsReply(MachineWithMods(true)));
+    deliver_damaged();  // the first message box of a process brings in what the system keeps
+    for (int count = 1; count <= replies; ++count) {
+      if (count % kDamagedReply == 0) {
+        deliver_damaged();
+      } else {
+        stage.RemoteData(reply);
+      }
       run.CycleDone();
     }
-    return run.Judge();
-  }
-
-  bool ReplyAgainAndAgain(int replies) {
-    Run run(u"replies into an open dialog", replies, tell_);
-    int damaged = 0;
-    Open([&] {
-      Deliver(first_reply_);
-      // The first message box of a process brings in what the system keeps.
-      Deliver(damaged_reply_);
-      ++damaged;
-      for (int reply = 1; reply <= replies; ++reply) {
-        if (reply % kDamagedReply == 0) {
-          Deliver(damaged_reply_);
-          ++damaged;
-          // The host's own notes of it are no leak.
-          (void)session_.script().TakeLog();
-          (void)session_.script().TakeReports();
-        } else {
-          Deliver(later_reply_);
-        }
-        run.CycleDone();
-      }
-      Close(true);
-    });
-    if (std::exchange(boxes_, 0) != damaged) Fail(u"not every damaged reply was told");
-    return run.Judge();
-  }
-
- private:
-  [[noreturn]] static void Fail(TextView what) {
-    throw RuntimeError(ErrorNumber::kInternalError, what);
-  }
-
-  // Opens the dialog; `step` runs inside, once, and closes it.
-  void Open(const std::function<void()>& step) {
-    const auto names = MakeRightsCollection({});
-    const auto values = MakeRightsCollection({});
-    std::exception_ptr failure;
-    bool is_begun = false;
-    const Heartbeat heartbeat([&] {
-      if (const OpenBox box = FindOpenBox(); box.window != nullptr) {
-        ++boxes_;
-        AcknowledgeBox(box);
-      } else if (robot_.FormShown() && !std::exchange(is_begun, true)) {
-        try {
-          step();
-        } catch (...) {
-          failure = std::current_exception();
-          session_.HostCall([](PluginClient& plugin) { plugin.HideInterface(); });
-        }
-      }
-    });
-    session_.HostCall([&](PluginClient& plugin) {
-      plugin.SetPrivis(names.get(), values.get(), true);
-      plugin.LoadInterface(kProfile, {u"", u"endurance"});
-    });
-    if (failure) std::rethrow_exception(failure);
-    MSG message;
-    while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) ::DispatchMessageW(&message);
-    if (robot_.FormWindow() != nullptr) Fail(u"the dialog is still there");
-  }
-
-  void Deliver(const Text& reply) {
-    session_.HostCall([&](PluginClient& plugin) { plugin.RemoteData(reply); });
-  }
-
-  void Close(bool by_button) {
-    if (by_button) {
-      robot_.Press(u"cmdCancel", Button::kLeft);
-      robot_.Release(u"cmdCancel", Button::kLeft);
-    } else {
-      robot_.CloseForm();
-    }
-  }
-
-  PluginSession session_;
-  const Tell& tell_;
-  const WindowRobot robot_{u"frmrcBHDGS"};
-  const Text first_reply_ = SettingsReply(MachineWithMods(true));
-  const Text later_reply_ = SettingsReply(MachineWithMods(false));
-  const Text damaged_reply_ = later_reply_.substr(0, later_reply_.size() / 2);
-  int boxes_ = 0;
-};
+    Robot().CloseForm();
+  });
+  return run.Judge();
+}
 
 }  // namespace
 
 bool Endure(const Text& path, int cycles, ContractLog& contract, const Tell& tell) {
-  const Text root = FreshHostFolder();
-  bool is_flat = LoadAgainAndAgain(path, cycles, root, contract, tell);
+  bool is_flat = LoadAgainAndAgain(path, cycles, FreshHostFolder(), contract, tell);
   const PluginLibrary library(path);
-  DialogRuns runs(library, root, contract, tell);
-  is_flat = runs.OpenAgainAndAgain(cycles) && is_flat;
-  is_flat = runs.ReplyAgainAndAgain(cycles * kRepliesPerCycle) && is_flat;
+  const auto stage = MakeNativeStage(library, contract);
+  is_flat = OpenAgainAndAgain(*stage, cycles, tell) && is_flat;
+  is_flat = ReplyAgainAndAgain(*stage, cycles * kRepliesPerCycle, tell) && is_flat;
   tell(is_flat ? u"Nothing grew." : u"Something grew.");
   return is_flat;
 }

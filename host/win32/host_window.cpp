@@ -14,7 +14,6 @@
 #include "host/remote/relay.h"
 #include "host/win32/host_folder.h"
 #include "host/win32/plugin_session.h"
-#include "host/win32/rights_collection.h"
 #include "plugin/operator_rights.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
@@ -209,13 +208,11 @@ class HostWindow {
       rights.push_back({Text(OperatorRights()[at].name), Right::Form::kText,
                         IsChecked(rights_[at]) ? u"1" : u"0"});
     }
-    const auto names = MakeRightsCollection(rights);
-    const auto values = MakeRightsCollection({});
     const std::int32_t profile = ToInt32(WindowText(profile_));
     const Text target = WindowText(target_);
     Tell(Concat({u"host: opens profile ", Decimal(profile), u", target \"", target, u"\""}));
     session_.HostCall([&](PluginClient& plugin) {
-      plugin.SetPrivis(names.get(), values.get(), IsChecked(super_));
+      plugin.SetPrivis(rights, IsChecked(super_));
       plugin.LoadInterface(profile, {u"", target});
     });
     SetFocus(GetDlgItem(window_, kOpenId));

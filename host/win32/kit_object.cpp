@@ -1,15 +1,14 @@
+// The kits as tables of their operations, and the watch over how the plug-in calls them.
 #include "host/win32/kit_object.h"
 
 #include <array>
 #include <atomic>
-#include <span>
+#include <vector>
 
-#include "com/bstr.h"
-#include "com/com_error.h"
-#include "com/dispatch_object.h"
 #include "com/late_bound.h"
 #include "com/library_use.h"
 #include "com/variant.h"
+#include "host/win32/member_table.h"
 #include "plugin/host_services.h"
 
 namespace quill::host {
@@ -19,152 +18,76 @@ using com::Variant;
 
 std::atomic<long> living_objects = 0;
 
-// How an argument has to come.
-enum class Form : std::uint8_t {
-  kText,
-  kTextByReference,
-  kNumber,
-  kNumberByReference,
-  kTruth,
-  kObjectByReference,
-  kArrayByReference,
-  kAnyValue,
-};
-
-constexpr VARTYPE TypeOf(Form form) noexcept {
-  switch (form) {
-    case Form::kText:
-      return VT_BSTR;
-    case Form::kTextByReference:
-      return VT_BSTR | VT_BYREF;
-    case Form::kNumber:
-      return VT_I4;
-    case Form::kNumberByReference:
-      return VT_I4 | VT_BYREF;
-    case Form::kTruth:
-      return VT_BOOL;
-    case Form::kObjectByReference:
-      return VT_DISPATCH | VT_BYREF;
-    case Form::kArrayByReference:
-      return VT_ARRAY | VT_VARIANT | VT_BYREF;
-    case Form::kAnyValue:
-      break;
-  }
-  return VT_EMPTY;
-}
-
-// Arguments in calling order.
-using Given = std::span<const VARIANT* const>;
-
-Variant ArrayOfTexts(std::span<const Text> texts) {
-  SAFEARRAY* array = ::SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(texts.size()));
-  if (array == nullptr) throw RuntimeError(ErrorNumber::kOutOfMemory);
-  Variant variant;
-  variant.get()->vt = VT_ARRAY | VT_VARIANT;
-  variant.get()->parray = array;
-  LONG place = 0;
-  for (const Text& text : texts) {
-    Variant element = Variant::OfText(text);
-    if (FAILED(::SafeArrayPutElement(array, &place, element.get()))) {
-      throw RuntimeError(ErrorNumber::kOutOfMemory);
-    }
-    ++place;
-  }
-  return variant;
-}
-
-Variant CallWriteFile(FileKit& kit, Given given) {
-  kit.WriteFile(com::TextOf(*given[0]), com::TextOf(*given[1]));
-  return {};
-}
-
-Variant CallCompress(FileKit& kit, Given given) {
-  return Variant::OfText(kit.CompressString(com::TextOf(*given[0])));
-}
-
-Variant CallDecompress(FileKit& kit, Given given) {
-  return Variant::OfText(kit.DecompressString(com::TextOf(*given[0]), com::Int32Of(*given[1])));
-}
-
-Variant CallGetIniSection(FileKit& kit, Given given) {
-  const auto section = kit.GetIniSection(com::TextOf(*given[0]), com::TextOf(*given[1]));
-  if (!section) return {};
-  std::vector<Text> elements(section->count);
-  for (std::size_t i = 0; i < elements.size(); ++i) elements[i] = section->element(i);
+Variant SectionOf(FileKit& kit, TextView section, TextView path) {
+  const auto found = kit.GetIniSection(section, path);
+  if (!found) return {};
+  std::vector<Text> elements(found->count);
+  for (std::size_t i = 0; i < elements.size(); ++i) elements[i] = found->element(i);
   return ArrayOfTexts(elements);
 }
 
-Variant CallParseIniKey(FileKit& kit, Given given) {
-  const Text line = com::TextOf(*given[0]);
-  if (!com::TruthOf(*given[1])) return Variant::OfText(kit.ParseIniValue(line));
+Variant EntryOf(FileKit& kit, TextView line, bool is_key_wanted) {
+  if (!is_key_wanted) return Variant::OfText(kit.ParseIniValue(line));
   const IniEntry entry = kit.ParseIniKey(line);
-  const std::array<Text, 2> both = {entry.key, entry.value};
-  return ArrayOfTexts(both);
+  return ArrayOfTexts(std::array{entry.key, entry.value});
 }
 
-Variant CallWriteIniKey(FileKit& kit, Given given) {
-  kit.WriteIniKey(com::TextOf(*given[0]), com::TextOf(*given[1]), com::TextOf(*given[2]),
-                  com::TextOf(*given[3]));
-  return {};
-}
-
-Variant CallLogError(FileKit& kit, Given given) {
+// The error is an object with the members of a script's Err.
+RuntimeError ErrorIn(const VARIANT& error) {
   IDispatch* object = nullptr;
-  if (!com::ReadObject(*given[2], object)) throw RuntimeError(ErrorNumber::kTypeMismatch);
-  const com::LateBound error(object);
-  const std::int32_t number = com::Int32Of(*error.Call(u"Number", {}).get());
-  const Text description = com::TextOf(*error.Call(u"Description", {}).get());
-  const VARIANT& line = *given[3];
-  kit.LogError(com::TextOf(*given[0]), com::TextOf(*given[1]), RuntimeError(number, description),
-               line.vt == (VT_I4 | VT_BYREF) ? *line.plVal : com::Int32Of(line));
-  return {};
+  if (!com::ReadObject(error, object)) throw RuntimeError(ErrorNumber::kTypeMismatch);
+  const com::LateBound raised(object);
+  return {com::Int32Of(*raised.Call(u"Number", {}).get()),
+          com::TextOf(*raised.Call(u"Description", {}).get())};
 }
 
-Variant CallSendErrorReport(FileKit& kit, Given given) {
-  SAFEARRAY* array = com::ArrayOf(*given[0]);
-  ErrorReport report;
-  report.number = com::ElementText(array, 0);
-  report.description = com::ElementText(array, 1);
-  report.library = com::ElementText(array, 2);
-  report.label = com::ElementText(array, 3);
-  report.reserved = com::ElementText(array, 4);
+ErrorReport ReportIn(const VARIANT& elements) {
+  SAFEARRAY* const array = com::ArrayOf(elements);
   const Variant line = Variant::OfText(com::ElementText(array, 5));
-  report.line = com::Int32Of(*line.get());
-  return Variant::OfBoolean(kit.SendErrorReport(report));
+  return {com::ElementText(array, 0), com::ElementText(array, 1), com::ElementText(array, 2),
+          com::ElementText(array, 3), com::ElementText(array, 4), com::Int32Of(*line.get())};
 }
 
-struct Operation {
-  TextView name;
-  std::span<const Form> arguments;
-  Variant (*call)(FileKit& kit, Given given);
-};
+constexpr VARTYPE kAnyType = VT_EMPTY;
+constexpr VARTYPE kTextByReference = VT_BSTR | VT_BYREF;
 
-constexpr Form kWriteFile[] = {Form::kTextByReference, Form::kText};
-constexpr Form kCompress[] = {Form::kTextByReference};
-constexpr Form kDecompress[] = {Form::kText, Form::kNumber};
-constexpr Form kGetIniSection[] = {Form::kText, Form::kTextByReference};
-constexpr Form kParseIniKey[] = {Form::kText, Form::kTruth};
-constexpr Form kWriteIniKey[] = {Form::kText, Form::kText, Form::kAnyValue, Form::kTextByReference};
-constexpr Form kLogError[] = {Form::kText, Form::kTextByReference, Form::kObjectByReference,
-                              Form::kNumberByReference};
-constexpr Form kSendErrorReport[] = {Form::kArrayByReference};
+std::vector<Member> FileKitMembers(FileKit& kit) {
+  return {
+      {u"WriteFile",
+       [&kit](TextView path, TextView text) { kit.WriteFile(path, text); },
+       {kTextByReference, VT_BSTR}},
+      {u"CompressString",
+       [&kit](TextView text) { return kit.CompressString(text); },
+       {kTextByReference}},
+      {u"DecompressString",
+       [&kit](TextView text, std::int32_t length) { return kit.DecompressString(text, length); },
+       {VT_BSTR, VT_I4}},
+      {u"GetIniSection",
+       [&kit](TextView section, TextView path) { return SectionOf(kit, section, path); },
+       {VT_BSTR, kTextByReference}},
+      {u"ParseIniKey",
+       [&kit](TextView line, bool is_key_wanted) { return EntryOf(kit, line, is_key_wanted); },
+       {VT_BSTR, VT_BOOL}},
+      {u"WriteIniKey",
+       [&kit](TextView section, TextView key, TextView value, TextView path) {
+         kit.WriteIniKey(section, key, value, path);
+       },
+       {VT_BSTR, VT_BSTR, kAnyType, kTextByReference}},
+      {u"LogError",
+       [&kit](TextView library, TextView label, const VARIANT& error, std::int32_t line) {
+         kit.LogError(library, label, ErrorIn(error), line);
+       },
+       {VT_BSTR, kTextByReference, VT_DISPATCH | VT_BYREF, VT_I4 | VT_BYREF}},
+      {u"SendErrorReport",
+       [&kit](const VARIANT& elements) { return kit.SendErrorReport(ReportIn(elements)); },
+       {VT_ARRAY | VT_VARIANT | VT_BYREF}},
+  };
+}
 
-// An operation's identifier is its position here, counted from 1.
-constexpr Operation kFileKitOperations[] = {
-    {u"WriteFile", kWriteFile, CallWriteFile},
-    {u"CompressString", kCompress, CallCompress},
-    {u"DecompressString", kDecompress, CallDecompress},
-    {u"GetIniSection", kGetIniSection, CallGetIniSection},
-    {u"ParseIniKey", kParseIniKey, CallParseIniKey},
-    {u"WriteIniKey", kWriteIniKey, CallWriteIniKey},
-    {u"LogError", kLogError, CallLogError},
-    {u"SendErrorReport", kSendErrorReport, CallSendErrorReport},
-};
-
-class KitObject final : public com::DispatchObject {
+class KitObject final : public TableObject {
  public:
-  KitObject(const KitServices& services, TextView name, std::span<const Operation> operations)
-      : services_(services), name_(name), operations_(operations) {
+  KitObject(const KitServices& services, TextView name, std::vector<Member> members)
+      : TableObject(name, std::move(members)), services_(services) {
     ++living_objects;
   }
 
@@ -181,69 +104,18 @@ class KitObject final : public com::DispatchObject {
       object = before;
     }
   }
-  STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
-                             DISPID* ids) override {
-    return com::FindNames(reserved, names, count, ids, [&](const OLECHAR* name) {
-      const TextView wanted(reinterpret_cast<const char16_t*>(name));
-      for (std::size_t i = 0; i < operations_.size(); ++i) {
-        if (EqualIgnoringCase(operations_[i].name, wanted)) return static_cast<DISPID>(i) + 1;
-      }
-      return DISPID{DISPID_UNKNOWN};
-    });
-  }
-  STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT* result,
-                      EXCEPINFO* raised, UINT*) override {
-    if (id < 1 || static_cast<std::size_t>(id) > operations_.size()) return DISP_E_MEMBERNOTFOUND;
-    const Operation& operation = operations_[static_cast<std::size_t>(id) - 1];
-    if (is_let_go_) {
-      Breach(operation.name, kUsedTooLate);
+  STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* given,
+                      VARIANT* result, EXCEPINFO* raised, UINT* argument) override {
+    const Member* const member = Find(id);
+    if (member != nullptr && is_let_go_) {
+      Breach(member->name, kUsedTooLate);
       return E_UNEXPECTED;
     }
-    const InCall in_call(*this);
-    try {
-      if (::GetCurrentThreadId() != services_.thread) {
-        Breach(operation.name, kWrongThread);
-      }
-      if (services_.is_call_running && !services_.is_call_running()) {
-        Breach(operation.name, "called while the host calls nothing");
-      }
-      if (given == nullptr || given->cNamedArgs != 0 ||
-          given->cArgs != operation.arguments.size()) {
-        Breach(operation.name, "called with another number of arguments");
-        return DISP_E_BADPARAMCOUNT;
-      }
-      std::array<const VARIANT*, 4> arguments{};
-      for (UINT i = 0; i < given->cArgs; ++i) {
-        arguments[i] = &given->rgvarg[given->cArgs - 1 - i];
-        const VARTYPE wanted = TypeOf(operation.arguments[i]);
-        if (wanted != VT_EMPTY && arguments[i]->vt != wanted) {
-          Breach(operation.name, "argument " + std::to_string(i) + " came as variant type " +
-                                     std::to_string(arguments[i]->vt) + ", not " +
-                                     std::to_string(wanted));
-        }
-      }
-      Variant value =
-          operation.call(services_.file_kit, Given(arguments.data(), operation.arguments.size()));
-      if (result != nullptr) *result = value.Detach();
-      return S_OK;
-    } catch (...) {
-      return com::LeaveExcepInfo(CurrentRuntimeError(), raised, name_);
-    }
+    if (member != nullptr && given != nullptr) CheckCall(*member, *given);
+    return TableObject::Invoke(id, reserved, locale, flags, given, result, raised, argument);
   }
 
  private:
-  // Keeps the object for the time of a call; not counted as a reference of the plug-in.
-  class InCall {
-   public:
-    explicit InCall(KitObject& object) : object_(object) { object_.DispatchObject::AddRef(); }
-    ~InCall() { object_.DispatchObject::Release(); }
-    InCall(const InCall&) = delete;
-    InCall& operator=(const InCall&) = delete;
-
-   private:
-    KitObject& object_;
-  };
-
   ~KitObject() override = default;
 
   void LetGo() override {
@@ -264,10 +136,28 @@ class KitObject final : public com::DispatchObject {
     return !is_let_go_;
   }
 
+  void CheckCall(const Member& member, const DISPPARAMS& given) {
+    if (::GetCurrentThreadId() != services_.thread) Breach(member.name, kWrongThread);
+    if (services_.is_call_running && !services_.is_call_running()) {
+      Breach(member.name, "called while the host calls nothing");
+    }
+    const std::size_t count = member.types.size();
+    if (given.cArgs != count || given.cNamedArgs != 0) {
+      return Breach(member.name, "called with another number of arguments");
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+      const VARTYPE wanted = member.types[i];
+      const VARTYPE came = given.rgvarg[count - 1 - i].vt;
+      if (wanted == kAnyType || wanted == came) continue;
+      Breach(member.name, "argument " + std::to_string(i) + " came as variant type " +
+                              std::to_string(came) + ", not " + std::to_string(wanted));
+    }
+  }
+
   void Breach(TextView member, std::string_view what) {
     if (!services_.are_calls_checked) return;
     services_.contract.Note(Side::kPlugin,
-                            ToUtf8(Concat({name_, u".", member})) + ": " + std::string(what));
+                            ToUtf8(Concat({name(), u".", member})) + ": " + std::string(what));
   }
 
   static constexpr std::string_view kWrongThread = "called on another thread than the host's";
@@ -280,8 +170,6 @@ class KitObject final : public com::DispatchObject {
   std::atomic<bool> is_let_go_ = false;
 
   const KitServices services_;
-  const TextView name_;
-  const std::span<const Operation> operations_;
   const com::LibraryUse in_use_;
 };
 
@@ -296,7 +184,8 @@ void ForgetReleasedKitObjects() noexcept {
 }
 
 com::ComPtr<IDispatch> MakeFileKitObject(const KitServices& services) {
-  return com::ComPtr<IDispatch>::Adopt(new KitObject(services, kFileKitProgId, kFileKitOperations));
+  return com::ComPtr<IDispatch>::Adopt(
+      new KitObject(services, kFileKitProgId, FileKitMembers(services.file_kit)));
 }
 
 com::ComPtr<IDispatch> MakeMemoryKitObject(const KitServices& services) {

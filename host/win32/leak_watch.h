@@ -1,11 +1,21 @@
 // Whether work that is repeated leaves something behind in this process.
 #pragma once
 
+#include <span>
 #include <vector>
 
-#include "host/win32/resource_counters.h"
+#include "support/text.h"
 
 namespace quill::host {
+
+struct Resource {
+  TextView name;
+  long (*count)();  // how much of it this process holds
+  // Of a heap, which the system uses too: so much may be new for each of ten blocks, and for one in
+  // each 25th cycle up to five, if the count does not rise each time. Of anything else nothing may.
+  long allowance = 0;
+};
+[[nodiscard]] std::span<const Resource> Resources() noexcept;
 
 class LeakWatch {
  public:
@@ -15,12 +25,10 @@ class LeakWatch {
   // To be called after each cycle. Counts ten times in all.
   void CycleDone();
 
-  // Per resource the least count of the first half after warming up, and of the second half: what
-  // is taken in turns is seen at its lowest, what leaks goes up all the time. Of a heap, which the
-  // system too makes use of now and then, only what rises from count to count to the end, or by
-  // more than ten blocks of 800 bytes, and one in each 25th cycle up to five, has grown.
+  // Per resource the smallest count of the first half of the samples, and of the second half: what
+  // is taken and given back is seen at its lowest, a leak goes up all the time.
   struct Course {
-    Resource resource;
+    TextView resource;
     long before;
     long after;
     bool grew;
@@ -30,7 +38,8 @@ class LeakWatch {
  private:
   int cycles_;
   int done_ = 0;
-  std::vector<ResourceCounts> samples_;
+  int taken_ = 0;  // of the samples
+  std::vector<std::vector<long>> samples_;
 };
 
 }  // namespace quill::host

@@ -11,7 +11,6 @@
 #include "host/story/button_pictures.h"
 #include "host/win32/host_folder.h"
 #include "host/win32/plugin_session.h"
-#include "host/win32/rights_collection.h"
 #include "host/win32/window_robot.h"
 #include "support/runtime_error.h"
 #include "win32/native_picture.h"
@@ -98,9 +97,7 @@ class NativeStage final : public Stage {
     return Call([&](PluginClient& plugin) { return plugin.Field(field); });
   }
   void SetPrivis(const std::vector<Right>& rights, bool super_admin) override {
-    const auto names = MakeRightsCollection(rights);
-    const auto values = MakeRightsCollection({});
-    Call([&](PluginClient& plugin) { plugin.SetPrivis(names.get(), values.get(), super_admin); });
+    Call([&](PluginClient& plugin) { plugin.SetPrivis(rights, super_admin); });
   }
   void LoadInterface(std::int32_t index, const std::vector<Text>& target,
                      const std::function<bool()>& go_on) override {

@@ -1,21 +1,29 @@
+// The calls with their arguments in the forms that a host in a script language sends.
 #include "host/win32/plugin_client.h"
 
 #include "com/bstr.h"
 #include "com/com_error.h"
 #include "com/variant.h"
+#include "host/win32/member_table.h"
 #include "server/record.h"
+#include "support/number_text.h"
 #include "support/runtime_error.h"
 
 namespace quill::host {
 
 using com::Variant;
 
-Text PluginClient::DllVersion() {
-  const Variant name = Variant::OfText(u"host");
-  return com::TextOf(*plugin_.Call(u"dllVersion", {&name}).get());
-}
-
 namespace {
+
+Variant ItemIn(const std::vector<Right>& rights, TextView key) {
+  for (const Right& right : rights) {
+    if (!EqualIgnoringCase(right.name, key)) continue;
+    if (right.form == Right::Form::kFails) return ArrayOfTexts({});
+    return right.form == Right::Form::kNumber ? Variant::OfInt32(ToInt32(right.value))
+                                              : Variant::OfText(right.value);
+  }
+  throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
+}
 
 // The record in a variant, taken out of it: when Wine clears such a variant, it gives back neither
 // the record's memory nor what the variants inside hold.
@@ -46,6 +54,19 @@ class TakenRecord {
 
 }  // namespace
 
+com::ComPtr<IDispatch> MakeRightsCollection(std::vector<Right> rights) {
+  const auto count = static_cast<std::int32_t>(rights.size());
+  std::vector<Member> members = {
+      {u"Item", [rights = std::move(rights)](TextView key) { return ItemIn(rights, key); }},
+      {u"Count", [count] { return count; }}};
+  return com::ComPtr<IDispatch>::Adopt(new TableObject(u"rcRights", std::move(members)));
+}
+
+Text PluginClient::DllVersion() {
+  const Variant name = Variant::OfText(u"host");
+  return com::TextOf(*plugin_.Call(u"dllVersion", {&name}).get());
+}
+
 Text PluginClient::Field(const Text& name) {
   const TakenRecord taken(plugin_.Call(u"GetData", {}));
   const VARIANT& record = taken.get();
@@ -71,32 +92,18 @@ Text PluginClient::Field(const Text& name) {
   return joined;
 }
 
-void PluginClient::SetPrivis(IDispatch* names, IDispatch* values, bool is_super_admin) {
-  const auto object = [](IDispatch* held) {
-    Variant variant;
-    variant.get()->vt = VT_DISPATCH;
-    variant.get()->pdispVal = held;
-    if (held != nullptr) held->AddRef();
-    return variant;
-  };
-  const Variant name_argument = object(names);
-  const Variant value_argument = object(values);
+void PluginClient::SetPrivis(const std::vector<Right>& rights, bool is_super_admin) {
+  const auto names = MakeRightsCollection(rights);
+  const auto values = MakeRightsCollection({});
+  IDispatch* objects[] = {names.get(), values.get()};
+  const Variant name_argument = Variant::ByReference(&objects[0]);
+  const Variant value_argument = Variant::ByReference(&objects[1]);
   const Variant super = Variant::OfBoolean(is_super_admin);
   plugin_.Call(u"SetPrivis", {&name_argument, &value_argument, &super});
 }
 
 void PluginClient::LoadInterface(std::int32_t index, const std::vector<Text>& target) {
-  Variant array;
-  array.get()->parray = ::SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(target.size()));
-  if (array.get()->parray == nullptr) throw RuntimeError(ErrorNumber::kOutOfMemory);
-  array.get()->vt = VT_ARRAY | VT_VARIANT;
-  LONG place = 0;
-  for (const Text& element : target) {
-    Variant text = Variant::OfText(element);
-    const HRESULT put = ::SafeArrayPutElement(array.get()->parray, &place, text.get());
-    if (FAILED(put)) throw com::ErrorOf(put);
-    ++place;
-  }
+  Variant array = ArrayOfTexts(target);
   Variant by_reference;
   by_reference.get()->vt = VT_VARIANT | VT_BYREF;
   by_reference.get()->pvarVal = array.get();

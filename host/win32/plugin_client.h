@@ -8,9 +8,14 @@
 
 #include "com/com_ptr.h"
 #include "com/late_bound.h"
+#include "host/story/stage.h"
 #include "support/text.h"
 
 namespace quill::host {
+
+// The operator's rights as this host's collection: keyed by name without regard to letter case,
+// with Item and Count, failing with "invalid procedure call" for a missing key.
+[[nodiscard]] com::ComPtr<IDispatch> MakeRightsCollection(std::vector<Right> rights);
 
 class PluginClient {
  public:
@@ -20,8 +25,7 @@ class PluginClient {
   // A field of the information record: text, "true" or "false", the elements of an array joined by
   // "|", or "empty".
   [[nodiscard]] Text Field(const Text& name);
-  // `names` and `values` are collections, or null.
-  void SetPrivis(IDispatch* names, IDispatch* values, bool is_super_admin);
+  void SetPrivis(const std::vector<Right>& rights, bool is_super_admin);
   // `target` becomes an array of variants; returns when the dialog has been hidden or closed.
   void LoadInterface(std::int32_t index, const std::vector<Text>& target);
   void RemoteData(const Text& data);

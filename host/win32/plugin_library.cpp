@@ -1,8 +1,11 @@
+// The entry points that every automation library exports, as a host calls them.
 #include "host/win32/plugin_library.h"
 
+#include "com/bstr.h"
 #include "com/com_error.h"
 #include "com/identifiers.h"
 #include "support/host_environment.h"
+#include "support/runtime_error.h"
 #include "support/version.h"
 #include "win32/win32_process_paths.h"
 
@@ -11,8 +14,45 @@ namespace {
 
 using EntryPoint = HRESULT(STDAPICALLTYPE*)();
 using InstallPoint = HRESULT(STDAPICALLTYPE*)(BOOL, LPCWSTR);
+using ClassPoint = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
 
 }  // namespace
+
+LoadedLibrary::LoadedLibrary(const Text& path) : module_(::LoadLibraryW(com::WideOf(path))) {
+  if (module_ == nullptr) {
+    throw RuntimeError(ErrorNumber::kFileNotFound,
+                       Concat({u"The library cannot be loaded: ", path}));
+  }
+}
+
+LoadedLibrary::~LoadedLibrary() {
+  ::FreeLibrary(module_);
+}
+
+void* LoadedLibrary::FindEntry(const char* name) const {
+  const FARPROC found = ::GetProcAddress(module_, name);
+  if (found == nullptr) {
+    throw RuntimeError(ErrorNumber::kCannotCreateObject,
+                       Concat({u"The library does not export ", FromUtf8(name)}));
+  }
+  return reinterpret_cast<void*>(found);
+}
+
+bool LoadedLibrary::CanUnload() const {
+  return Entry<EntryPoint>("DllCanUnloadNow")() == S_OK;
+}
+
+com::LateBound LoadedLibrary::MakePlugin() const {
+  com::ComPtr<IClassFactory> factory;
+  com::ComPtr<IDispatch> plugin;
+  HRESULT result = Entry<ClassPoint>("DllGetClassObject")(com::kClassId, IID_IClassFactory,
+                                                          factory.ReceiveVoid());
+  if (SUCCEEDED(result)) {
+    result = factory->CreateInstance(nullptr, IID_IDispatch, plugin.ReceiveVoid());
+  }
+  if (FAILED(result)) throw com::ErrorOf(result);
+  return com::LateBound(plugin.get());
+}
 
 PluginLibrary::PluginLibrary(const Text& path) : LoadedLibrary(path) {
   HRESULT result = Entry<EntryPoint>("DllRegisterServer")();

@@ -1,11 +1,39 @@
-// The plug-in's library as this host has it installed for the run: registered for the time it is
-// needed, and left as it was found.
+// The plug-in's library in this process: loaded, called through its entry points, and installed for
+// as long as this host needs it.
 #pragma once
 
-#include "host/win32/loaded_library.h"
+#include "com/automation.h"
+#include "com/late_bound.h"
+#include "support/text.h"
 
 namespace quill::host {
 
+// Loaded by its path, and nothing else: what a host does that wants no registry.
+class LoadedLibrary {
+ public:
+  // Fails with a RuntimeError that names the path.
+  explicit LoadedLibrary(const Text& path);
+  virtual ~LoadedLibrary();
+  LoadedLibrary(const LoadedLibrary&) = delete;
+  LoadedLibrary& operator=(const LoadedLibrary&) = delete;
+
+  // An entry point; fails with a RuntimeError when it is not exported.
+  template <class Function>
+  [[nodiscard]] Function Entry(const char* name) const {
+    return reinterpret_cast<Function>(FindEntry(name));
+  }
+  // The library's own answer: nothing keeps it loaded.
+  [[nodiscard]] bool CanUnload() const;
+  // A new plug-in object, made by the library's own class factory.
+  [[nodiscard]] virtual com::LateBound MakePlugin() const;
+
+ private:
+  [[nodiscard]] void* FindEntry(const char* name) const;
+
+  HMODULE module_;
+};
+
+// Registered while it exists.
 class PluginLibrary final : public LoadedLibrary {
  public:
   // Registers the library at `path` through its own entry point, for the machine or, where that is

@@ -11,8 +11,8 @@
 #include "host/story/breakable_file_kit.h"
 #include "host/win32/contract_log.h"
 #include "host/win32/kit_classes.h"
-#include "host/win32/loaded_library.h"
 #include "host/win32/plugin_client.h"
+#include "host/win32/plugin_library.h"
 #include "win32/win32_file_system.h"
 
 namespace quill::host {

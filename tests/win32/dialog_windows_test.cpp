@@ -286,7 +286,7 @@ TEST_F(DialogWindows, ARepaintThatFailsEndsAndLeavesNothingBehind) {
       watch.CycleDone();
     }
     for (const host::LeakWatch::Course& course : watch.Courses()) {
-      EXPECT_FALSE(course.grew) << ToUtf8(host::ResourceName(course.resource));
+      EXPECT_FALSE(course.grew) << ToUtf8(course.resource);
     }
   });
 }

@@ -358,7 +358,7 @@ TEST(ModalDisplay, OpeningAndClosingLeavesNothingBehind) {
     watch.CycleDone();
   }
   for (const host::LeakWatch::Course& course : watch.Courses()) {
-    EXPECT_FALSE(course.grew) << ToUtf8(host::ResourceName(course.resource));
+    EXPECT_FALSE(course.grew) << ToUtf8(course.resource);
   }
   EXPECT_EQ(GlobalFindAtomW(L"lstRespawn"), 0) << "names are given back";
 }

@@ -1,18 +1,17 @@
+// The robot as a table of its members, and the turns that it takes in the message loop.
 #include "host/win32/kit_library/robot_object.h"
 
 #include <deque>
 #include <filesystem>
 #include <optional>
-#include <span>
 #include <vector>
 
-#include "com/bstr.h"
 #include "com/com_error.h"
-#include "com/dispatch_object.h"
 #include "com/late_bound.h"
 #include "com/library_use.h"
 #include "com/variant.h"
 #include "host/win32/failing_texts.h"
+#include "host/win32/member_table.h"
 #include "host/win32/window_picture.h"
 #include "host/win32/window_robot.h"
 #include "support/runtime_error.h"
@@ -20,12 +19,7 @@
 namespace quill::host {
 namespace {
 
-using com::Int32Of;
-using com::TextOf;
 using com::Variant;
-
-// Arguments in calling order.
-using Given = std::span<const VARIANT>;
 
 // A value of its own, whatever was referred to.
 Variant CopyOf(const VARIANT& value) {
@@ -35,26 +29,16 @@ Variant CopyOf(const VARIANT& value) {
   return copy;
 }
 
-class Robot final : public com::DispatchObject {
+class Robot final : public TableObject {
  public:
-  Robot() { is_alive_ = true; }
+  Robot() : TableObject(kRobotProgId) {
+    Define(Members());
+    is_alive_ = true;
+  }
 
   [[nodiscard]] static bool IsAlive() noexcept { return is_alive_; }
 
-  STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
-                             DISPID* ids) override;
-  STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT* result,
-                      EXCEPINFO* raised, UINT*) override;
-
  private:
-  struct Member {
-    TextView name;
-    std::size_t arguments;
-    bool takes_more;
-    Variant (*call)(Robot& robot, Given given);
-  };
-  static const Member kMembers[];
-
   struct Step {
     com::LateBound object;
     Text member;
@@ -63,21 +47,59 @@ class Robot final : public com::DispatchObject {
 
   ~Robot() override { is_alive_ = false; }
 
-  void Plan(Given given) {
+  std::vector<Member> Members() {
+    return {
+        {u"Plan", [this](const VARIANT& object, const Text& member,
+                         Given arguments) { Plan(object, member, arguments); }},
+        {u"Press", [this](const Text& control) { Press(control, Button::kLeft); }},
+        {u"PressWith", [this](const Text& control, Button button) { Press(control, button); }},
+        {u"Click", [this](const Text& control) { robot_.Click(control); }},
+        {u"Tab", [this](const Text& caption) { robot_.ClickTab(caption); }},
+        {u"Choose", [this](const Text& box, const Text& item) { robot_.Choose(box, item); }},
+        {u"Type", [this](const Text& box, const Text& text) { robot_.Type(box, text); }},
+        {u"Paste", [this](const Text& box, const Text& text) { robot_.Paste(box, text); }},
+        {u"ScrollTo", [this](const Text& list, int row) { robot_.ScrollTo(list, row); }},
+        {u"SelectRow", [this](const Text& list, int row) { robot_.SelectRows(list, {row}); }},
+        {u"DoubleClickRow",
+         [this](const Text& list, int row) { robot_.DoubleClickRow(list, row); }},
+        {u"Picture",
+         [this](const Text& path) {
+           WritePng(TakeWindow(robot_.FormWindow()), std::filesystem::path(path));
+         }},
+        {u"Close", [this] { robot_.CloseForm(); }},
+        {u"Read", [this](const Text& control,
+                         const Text& property) { return robot_.Read(control, property); }},
+        {u"IsShown", [this] { return robot_.FormShown(); }},
+        {u"AnswerFile", [this](const Text& path) { files_.push_back(path); }},
+        {u"Boxes", [this] { return TakeBoxes(); }},
+        {u"RefuseNextText",
+         [] {
+           const HMODULE plugin = GetModuleHandleW(L"kvrrcBHDGS.dll");
+           return plugin != nullptr && RefuseNextText(plugin);
+         }},
+    };
+  }
+
+  void Plan(const VARIANT& called, const Text& member, Given arguments) {
     IDispatch* object = nullptr;
-    if (!com::ReadObject(com::Referred(given[0]), object)) {
+    if (!com::ReadObject(com::Referred(called), object)) {
       throw RuntimeError(ErrorNumber::kObjectRequired);
     }
-    Step step{com::LateBound(object), TextOf(given[1]), {}};
-    for (const VARIANT& argument : given.subspan(2)) step.arguments.push_back(CopyOf(argument));
+    Step step{com::LateBound(object), member, {}};
+    for (const VARIANT& argument : arguments) step.arguments.push_back(CopyOf(argument));
     plan_.push_back(std::move(step));
   }
 
-  Variant TakeBoxes() {
+  void Press(const Text& control, Button button) {
+    robot_.Press(control, button);
+    robot_.Release(control, button);
+  }
+
+  Text TakeBoxes() {
     Text joined;
     for (const Text& box : boxes_) joined += Concat({joined.empty() ? u"" : u"\n", box});
     boxes_.clear();
-    return Variant::OfText(joined);
+    return joined;
   }
 
   void Turn() {
@@ -144,104 +166,6 @@ class Robot final : public com::DispatchObject {
   HWND box_in_hand_ = nullptr;
   const Heartbeat heartbeat_{[this] { Turn(); }};
 };
-
-// A member's identifier is its position here, counted from 1.
-const Robot::Member Robot::kMembers[] = {
-    {u"Plan", 2, true, [](Robot& robot, Given given) { return robot.Plan(given), Variant(); }},
-    {u"Press", 1, false,
-     [](Robot& robot, Given given) {
-       robot.robot_.Press(TextOf(given[0]), Button::kLeft);
-       robot.robot_.Release(TextOf(given[0]), Button::kLeft);
-       return Variant();
-     }},
-    {u"PressWith", 2, false,
-     [](Robot& robot, Given given) {
-       const auto button = static_cast<Button>(Int32Of(given[1]));
-       robot.robot_.Press(TextOf(given[0]), button);
-       robot.robot_.Release(TextOf(given[0]), button);
-       return Variant();
-     }},
-    {u"Click", 1, false,
-     [](Robot& robot, Given given) { return robot.robot_.Click(TextOf(given[0])), Variant(); }},
-    {u"Tab", 1, false,
-     [](Robot& robot, Given given) { return robot.robot_.ClickTab(TextOf(given[0])), Variant(); }},
-    {u"Choose", 2, false,
-     [](Robot& robot, Given given) {
-       return robot.robot_.Choose(TextOf(given[0]), TextOf(given[1])), Variant();
-     }},
-    {u"Type", 2, false,
-     [](Robot& robot, Given given) {
-       return robot.robot_.Type(TextOf(given[0]), TextOf(given[1])), Variant();
-     }},
-    {u"Paste", 2, false,
-     [](Robot& robot, Given given) {
-       return robot.robot_.Paste(TextOf(given[0]), TextOf(given[1])), Variant();
-     }},
-    {u"ScrollTo", 2, false,
-     [](Robot& robot, Given given) {
-       return robot.robot_.ScrollTo(TextOf(given[0]), Int32Of(given[1])), Variant();
-     }},
-    {u"SelectRow", 2, false,
-     [](Robot& robot, Given given) {
-       return robot.robot_.SelectRows(TextOf(given[0]), {Int32Of(given[1])}), Variant();
-     }},
-    {u"DoubleClickRow", 2, false,
-     [](Robot& robot, Given given) {
-       return robot.robot_.DoubleClickRow(TextOf(given[0]), Int32Of(given[1])), Variant();
-     }},
-    {u"Picture", 1, false,
-     [](Robot& robot, Given given) {
-       const std::u16string path = TextOf(given[0]);
-       WritePng(TakeWindow(robot.robot_.FormWindow()), std::filesystem::path(path));
-       return Variant();
-     }},
-    {u"Close", 0, false, [](Robot& robot, Given) { return robot.robot_.CloseForm(), Variant(); }},
-    {u"Read", 2, false,
-     [](Robot& robot, Given given) {
-       return Variant::OfText(robot.robot_.Read(TextOf(given[0]), TextOf(given[1])));
-     }},
-    {u"IsShown", 0, false,
-     [](Robot& robot, Given) { return Variant::OfBoolean(robot.robot_.FormShown()); }},
-    {u"AnswerFile", 1, false,
-     [](Robot& robot, Given given) { return robot.files_.push_back(TextOf(given[0])), Variant(); }},
-    {u"Boxes", 0, false, [](Robot& robot, Given) { return robot.TakeBoxes(); }},
-    {u"RefuseNextText", 0, false,
-     [](Robot&, Given) {
-       const HMODULE plugin = GetModuleHandleW(L"kvrrcBHDGS.dll");
-       return Variant::OfBoolean(plugin != nullptr && RefuseNextText(plugin));
-     }},
-};
-
-STDMETHODIMP Robot::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
-  return com::FindNames(reserved, names, count, ids, [](const OLECHAR* name) {
-    const TextView wanted(reinterpret_cast<const char16_t*>(name));
-    for (std::size_t i = 0; i < std::size(kMembers); ++i) {
-      if (EqualIgnoringCase(kMembers[i].name, wanted)) return static_cast<DISPID>(i) + 1;
-    }
-    return DISPID{DISPID_UNKNOWN};
-  });
-}
-
-STDMETHODIMP Robot::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT* result,
-                           EXCEPINFO* raised, UINT*) {
-  if (id < 1 || static_cast<std::size_t>(id) > std::size(kMembers)) return DISP_E_MEMBERNOTFOUND;
-  const Member& member = kMembers[id - 1];
-  const std::size_t count = given == nullptr ? 0 : given->cArgs;
-  if (count < member.arguments || (count > member.arguments && !member.takes_more) ||
-      (given != nullptr && given->cNamedArgs != 0)) {
-    return DISP_E_BADPARAMCOUNT;
-  }
-  const com::ComPtr<IDispatch> kept_alive(this);
-  try {
-    std::vector<VARIANT> arguments;
-    for (std::size_t i = count; i > 0; --i) arguments.push_back(given->rgvarg[i - 1]);
-    Variant value = member.call(*this, arguments);
-    if (result != nullptr) *result = value.Detach();
-    return S_OK;
-  } catch (...) {
-    return com::LeaveExcepInfo(CurrentRuntimeError(), raised, kRobotProgId);
-  }
-}
 
 }  // namespace
 
