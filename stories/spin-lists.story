@@ -26,6 +26,25 @@ expect lstRespawn index = 30
 scroll lstTime to 100
 expect lstTime index = 100
 
+# The arrow keys, Home and End go by rows from the item in view.
+keys lstTime Up
+expect lstTime index = 99
+keys lstTime Up held
+expect lstTime index = 94
+keys lstTime Down
+expect lstTime index = 95
+keys lstTime End
+expect lstTime index = 100
+keys lstTime Home
+expect lstTime index = 0
+keys lstTime Ctrl+A
+expect lstTime index = 0
+# There already: the item in view is meant.
+expect lstScore index = -1
+keys lstScore Up
+expect lstScore index = 0
+scroll lstScore by 1
+
 # A click on the item in view selects it as in any list.
 select lstScore 0
 expect lstScore index = 0

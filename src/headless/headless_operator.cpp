@@ -54,7 +54,7 @@ class HeadlessOperator::Gesture {
   }
   [[nodiscard]] int RowCount() const { return static_cast<int>(mirror().rows().size()); }
 
-  void Report(const ui::Fact& fact) const { control_.Happened(fact); }
+  bool Report(const ui::Fact& fact) const { return control_.Happened(fact); }
 
  private:
   const HeadlessOperator& hand_;
@@ -252,15 +252,8 @@ void HeadlessOperator::Strike(TextView name, ui::KeyStroke stroke, int times) {
   const Gesture gesture(*this, Find(name),
                         {ControlKind::kListBox, ControlKind::kTextBox, ControlKind::kImage,
                          ControlKind::kCommandButton, ControlKind::kCheckBox});
-  const ControlKind kind = gesture.control().kind();
-  const bool is_button = kind == ControlKind::kImage || kind == ControlKind::kCommandButton;
-  for (int time = 0; time < times; ++time) {
-    if (gesture.control().FindStroke(stroke) != nullptr) {
-      gesture.Report(ui::KeyStruck{stroke});
-    } else if (is_button && stroke == ui::KeyStroke{ui::kEnterKey}) {
-      gesture.Report(ui::Clicked{time > 0});
-    }
-  }
+  gesture.Report(ui::FocusTaken{});
+  for (int time = 0; time < times; ++time) gesture.Report(ui::KeyStruck{stroke, time > 0});
 }
 
 void HeadlessOperator::ChooseFromMenu(TextView name, int row, TextView caption) {
@@ -275,10 +268,11 @@ void HeadlessOperator::ChooseFromMenu(TextView name, int row, TextView caption) 
 }
 
 void HeadlessOperator::PressAccessKey(char16_t key, int times) {
-  ui::Control* const control = Dialog().FindAccessKey(key);
-  if (control == nullptr) Refuse({u"No control here has that access key"});
-  const Gesture gesture(*this, *control, {ControlKind::kImage, ControlKind::kCommandButton});
-  for (int time = 0; time < times; ++time) gesture.Report(ui::Clicked{time > 0});
+  const Gesture gesture(*this, Dialog(), {ControlKind::kForm});
+  for (int time = 0; time < times; ++time) {
+    const bool is_there = gesture.Report(ui::AccessKeyStruck{key, time > 0});
+    if (!is_there) Refuse({u"No control here has that access key"});
+  }
 }
 
 void HeadlessOperator::CloseForm() {

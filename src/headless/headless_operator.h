@@ -49,8 +49,8 @@ class HeadlessOperator {
   void Press(TextView name, std::int16_t button, std::int16_t shift = 0);
   void Release(TextView name, std::int16_t button, std::int16_t shift = 0);
 
-  // A key that is no character, or one that is held with Ctrl or Alt. Does nothing where no menu
-  // has it; Enter presses a button. `times`: so often while it is held.
+  // A key that is no character, or one that is held with Ctrl or Alt, at the control, which takes
+  // the focus. `times`: so often while it is held.
   void Strike(TextView name, ui::KeyStroke stroke, int times = 1);
   // Opens a list's menu, by a key or (row from 0) by the right mouse button, and chooses the item;
   // none for an empty caption. Fails when it is grey or not there.

@@ -26,6 +26,10 @@ class Changes {
     kLimit = 1u << 15,    // limit, lock
     kRowData = 1u << 16,  // numbers of rows that the peer knows already
     kTabIndex = 1u << 17,
+    kFocus = 1u << 18,         // took the keyboard focus; a form: no control of it has the focus
+    kReachedByKey = 1u << 19,  // with kFocus: a text is selected whole, and the focus is marked
+    kTurnBegins = 1u << 20,    // a tab strip: its owner is about to change the pages
+    kTurnEnds = 1u << 21,      // and has done so
   };
 
   constexpr Changes() = default;

@@ -13,4 +13,10 @@ void CommandButton::React(const Fact& fact) {
   if (clicked != nullptr && !clicked->repeated) Raise(u"Click", on_click);
 }
 
+bool CommandButton::ReactToKey(const KeyStruck& key) {
+  if (key.stroke.key != kEnterKey || (key.stroke.shift & kAltHeld) != 0) return false;
+  React(Clicked{key.repeated});
+  return true;
+}
+
 }  // namespace quill::ui

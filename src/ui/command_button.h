@@ -18,6 +18,7 @@ class CommandButton final : public Control {
 
  protected:
   void React(const Fact& fact) override;
+  bool ReactToKey(const KeyStruck& key) override;  // Enter clicks it
 
  private:
   Text caption_;

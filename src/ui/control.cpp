@@ -28,6 +28,10 @@ constexpr std::array<FactTrait, std::variant_size_v<Fact>> kFactTraits = {{
     {u"Scroll", Changes::kTopRow},       // ScrolledTo
     {u"KeyPress", {}},                   // KeyPressed
     {u"KeyDown", {}},                    // KeyStruck
+    {u"KeyUp", {}},                      // KeyReleased
+    {u"KeyDown", {}},                    // AccessKeyStruck
+    {u"GotFocus", {}},                   // FocusTaken
+    {u"LostFocus", {}},                  // FocusLost
     {u"Menu", {}},                       // MenuAsked
     {u"Click", Changes::kSelection},     // TabChosen
     {u"Unload", {}},                     // CloseAsked
@@ -97,16 +101,14 @@ void Control::SetPlace(Twips left, Twips top) {
 void Control::SetEnabled(bool enabled) {
   enabled_ = enabled;
   Changed(Changes::kEnabled);
+  form_.ReachChanged(*this);
 }
 
 void Control::SetVisible(bool visible) {
   visible_ = visible;
-  if (!visible) {
-    Changed(Changes::kVisible);
-    return;
-  }
-  Changed(Changes::kVisible | HeldBack());
-  HeldBackTold();
+  Changed(visible ? Changes::kVisible | HeldBack() : Changes(Changes::kVisible));
+  if (visible) HeldBackTold();
+  form_.ReachChanged(*this);
 }
 
 void Control::SetTooltip(TextView tooltip) {
@@ -119,6 +121,12 @@ void Control::SetTabIndex(int index) {
   Changed(Changes::kTabIndex);
 }
 
+bool Control::IsTabStop() const noexcept {
+  const bool takes_keys = kind_ == ControlKind::kTabStrip ||
+                          (kind_ >= ControlKind::kTextBox && kind_ <= ControlKind::kImage);
+  return takes_keys && tab_index_ >= 0;
+}
+
 bool Control::IsReachable() const noexcept {
   for (const Control* control = this; control != nullptr; control = control->container_) {
     if (!control->visible() || !control->enabled_) return false;
@@ -126,28 +134,41 @@ bool Control::IsReachable() const noexcept {
   return form_.shown();  // which an unloaded one is not
 }
 
-void Control::Happened(const Fact& fact) noexcept {
+bool Control::Happened(const Fact& fact) noexcept {
   std::shared_ptr<Form> form = form_.weak_from_this().lock();
-  if (form == nullptr) return;  // its destruction makes native controls talk
-  if (IsStray(fact, form_.toolkit().buttons_of_closed_box)) return;
+  if (form == nullptr) return true;  // its destruction makes native controls talk
+  if (IsStray(fact, form_.toolkit().buttons_of_closed_box)) return true;
   const KeepAlive alive(std::move(form));
   try {
     if (IsReachable()) {
-      if (const auto* const struck = std::get_if<KeyStruck>(&fact)) {
-        const MenuItem* const item = FindStroke(struck->stroke);
-        if (item != nullptr) Raise(u"KeyDown", item->choose);
-      } else {
-        React(fact);
+      if (const auto* const struck = std::get_if<KeyStruck>(&fact)) return TakeKey(*struck);
+      if (const auto* const access = std::get_if<AccessKeyStruck>(&fact)) {
+        return form_.PressAccessKey(*access);
       }
+      if (std::holds_alternative<FocusTaken>(fact)) form_.FocusArrived(*this);
+      React(fact);
     } else if (const Changes side = kFactTraits[fact.index()].side; side.Any() && visible_) {
       Changed(side);
     }
   } catch (...) {
     ReportUnhandled(fact);
   }
+  return true;
 }
 
 void Control::React(const Fact&) {}
+
+bool Control::ReactToKey(const KeyStruck&) {
+  return false;
+}
+
+bool Control::TakeKey(const KeyStruck& key) {
+  if (const MenuItem* const item = FindStroke(key.stroke)) {
+    Raise(u"KeyDown", item->choose);
+    return true;
+  }
+  return ReactToKey(key) || form_.Navigate(*this, key.stroke);
+}
 
 const MenuItem* Control::FindStroke(KeyStroke stroke) const noexcept {
   for (const Control* control = this; control != nullptr; control = control->container_) {

@@ -76,6 +76,8 @@ class Control {
   // Place in the tab order among the form's controls, from 0; -1: not a tab stop.
   [[nodiscard]] int tab_index() const noexcept { return tab_index_; }
   void SetTabIndex(int index);
+  // True when it has a place in the tab order and is of a kind that takes the keyboard.
+  [[nodiscard]] bool IsTabStop() const noexcept;
   // The letter that, together with Alt, reaches the control and clicks it; 0: none. In upper case.
   [[nodiscard]] char16_t access_key() const noexcept { return access_key_; }
   void SetAccessKey(char16_t key) noexcept { access_key_ = key; }
@@ -101,14 +103,17 @@ class Control {
   // unloaded; the peer is then told the side that the event was about, so that a native control
   // that has changed itself is put right. Runs the control's rule and its handlers; a failure that
   // no handler trapped goes to the form's report of unhandled failures, labelled with the name of
-  // the innermost handler that failed. A failure of that report goes no further.
-  void Happened(const Fact& fact) noexcept;
+  // the innermost handler that failed. A failure of that report goes no further. False for a key
+  // that means nothing here: the native control may have a use for it.
+  bool Happened(const Fact& fact) noexcept;
 
  protected:
   Control(Form& form, ControlKind kind, Text name);
 
   // What follows from a fact. Facts that are not for this kind of control are ignored.
   virtual void React(const Fact& fact);
+  // What a key does here that no menu has; false for one that does nothing.
+  virtual bool ReactToKey(const KeyStruck& key);
   // Shows the menu at that place of the control and does what is chosen.
   void OpenMenu(Twips x, Twips y);
   // Tells the peer, at once; does nothing before the peer exists.
@@ -134,6 +139,8 @@ class Control {
 
  private:
   friend class Form;
+  // In this order: the menu's item, the control's own use, the form's.
+  bool TakeKey(const KeyStruck& key);
   // Remembers the handler that the exception being handled left first.
   void NoteFailure(const char16_t* event) noexcept;
   void ReportUnhandled(const Fact& fact) noexcept;

@@ -60,9 +60,19 @@ struct KeyPressed {  // a character, in a list box
   char16_t character = 0;
   std::uint32_t time = 0;  // milliseconds since some moment; begins again after the highest
 };
-struct KeyStruck {  // one that a menu of the control, or of what it lies in, has
+struct KeyStruck {  // while the control has the focus; see Control::Happened
   KeyStroke stroke;
+  bool repeated = false;  // by a key that is being held
 };
+struct KeyReleased {
+  char16_t key = 0;
+};
+struct AccessKeyStruck {  // a letter together with Alt, told to the form
+  char16_t letter = 0;
+  bool repeated = false;
+};
+struct FocusTaken {};  // by the control; by the form itself: its window was activated
+struct FocusLost {};
 struct MenuAsked {  // the context menu of a list box, at a place relative to it
   Twips x = 0;
   Twips y = 0;
@@ -73,8 +83,9 @@ struct TabChosen {  // 0-based
 };
 struct CloseAsked {};  // the form's own close button, Alt+F4
 
-using Fact = std::variant<TextEdited, Clicked, MousePressed, MouseReleased, MouseLost, ItemChosen,
-                          RowsSelected, RowDoubleClicked, ScrolledTo, KeyPressed, KeyStruck,
-                          MenuAsked, TabChosen, CloseAsked>;
+using Fact =
+    std::variant<TextEdited, Clicked, MousePressed, MouseReleased, MouseLost, ItemChosen,
+                 RowsSelected, RowDoubleClicked, ScrolledTo, KeyPressed, KeyStruck, KeyReleased,
+                 AccessKeyStruck, FocusTaken, FocusLost, MenuAsked, TabChosen, CloseAsked>;
 
 }  // namespace quill::ui

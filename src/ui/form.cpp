@@ -1,6 +1,10 @@
 // A form: its collection, its modal display and its end.
 #include "ui/form.h"
 
+#include <limits>
+
+#include "ui/tab_strip.h"
+
 namespace quill::ui {
 
 Form::Form(Toolkit& toolkit, Text name, TextView caption, Twips client_width, Twips client_height)
@@ -62,6 +66,99 @@ Control* Form::FindAccessKey(char16_t key) const noexcept {
     }
   }
   return nullptr;
+}
+
+bool Form::PressAccessKey(const AccessKeyStruck& key) {
+  Control* const control = FindAccessKey(key.letter);
+  if (control == nullptr) return false;
+  if (control->IsTabStop()) FocusOn(*control);
+  control->Happened(Clicked{key.repeated});
+  return true;
+}
+
+bool Form::Navigate(const Control& from, KeyStroke stroke) {
+  if ((stroke.shift & kAltHeld) != 0) return false;
+  const bool ctrl = (stroke.shift & kCtrlHeld) != 0;
+  const bool forward =
+      stroke.key == kTabKey
+          ? (stroke.shift & kShiftHeld) == 0
+          : stroke.key == kPageDownKey || stroke.key == kRightKey || stroke.key == kDownKey;
+  switch (stroke.key) {
+    case kPageUpKey:
+    case kPageDownKey:
+    case kTabKey:
+      if (ctrl) {
+        for (const auto& control : controls_) {
+          auto* const strip = dynamic_cast<TabStrip*>(control.get());
+          if (strip == nullptr || !strip->IsReachable()) continue;
+          strip->Turn(forward);
+          break;
+        }
+      } else if (stroke.key == kTabKey) {
+        MoveFocus(from.tab_index(), nullptr, forward);
+      }
+      return ctrl || stroke.key == kTabKey;
+    case kLeftKey:
+    case kUpKey:
+    case kRightKey:
+    case kDownKey:
+      // The other kinds have a use for the arrows themselves.
+      if (from.kind() != ControlKind::kCheckBox && from.kind() != ControlKind::kCommandButton &&
+          from.kind() != ControlKind::kImage) {
+        return false;
+      }
+      MoveFocus(from.tab_index(), from.container(), forward);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void Form::MoveFocus(int from_index, const Control* container, bool forward) {
+  Control* next = nullptr;
+  // Unsigned, so that the way past the end is longer than any other, and back to the start longest.
+  unsigned shortest = std::numeric_limits<unsigned>::max();
+  const auto start = static_cast<unsigned>(from_index);
+  for (const auto& control : controls_) {
+    if (!control->IsTabStop() || !control->IsReachable()) continue;
+    if (container != nullptr && control->container() != container) continue;
+    const auto index = static_cast<unsigned>(control->tab_index());
+    const unsigned way = (forward ? index - start : start - index) - 1;
+    if (next != nullptr && way >= shortest) continue;
+    next = control.get();
+    shortest = way;
+  }
+  if (next != nullptr) FocusOn(*next);
+}
+
+void Form::FocusOn(Control& target) {
+  focus_ = &target;
+  focus_waits_ = false;
+  target.Changed(Changes::kFocus | Changes::kReachedByKey);
+}
+
+void Form::FocusArrived(Control& control) {
+  if (control.IsTabStop()) {
+    focus_ = &control;
+    focus_waits_ = false;
+  } else if (&control == this && !focus_waits_) {
+    if (focus_ == nullptr || !focus_->IsReachable()) return MoveFocus(-1, nullptr, true);
+    focus_->Changed(Changes::kFocus);
+  }
+}
+
+void Form::ReachChanged(const Control& control) {
+  const Control* inner = focus_;
+  while (inner != nullptr && inner != &control) inner = inner->container();
+  if (inner == nullptr || !shown_) return;
+  if (focus_->IsReachable()) {
+    if (std::exchange(focus_waits_, false)) focus_->Changed(Changes::kFocus);
+  } else if (inner == focus_ && !inner->visible()) {
+    focus_waits_ = true;
+    Changed(Changes::kFocus);
+  } else {
+    MoveFocus(inner == focus_ ? inner->tab_index() : -1, nullptr, true);
+  }
 }
 
 void Form::ShowModal() {

@@ -60,6 +60,11 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   // operator can reach; null when there is none.
   [[nodiscard]] Control* FindAccessKey(char16_t key) const noexcept;
 
+  // The control that has the keyboard focus while the form's window is active; null at first. It
+  // keeps the focus while it alone is hidden, as a list that is being filled; otherwise one that
+  // can no longer be reached passes it on.
+  [[nodiscard]] Control* focus() const noexcept { return focus_; }
+
   // Shows the form modally and returns when it has been hidden or unloaded. Fails with
   // kFormAlreadyShown while it is shown, and with kObjectNotSet once it is unloaded. The form's
   // visible() is true exactly while it is shown.
@@ -84,6 +89,17 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
  private:
   friend class Control;
   void Adopt(std::unique_ptr<Control> control, Control& container);
+  // Tab, the arrow keys among buttons, and the keys that turn the tab strip.
+  bool Navigate(const Control& from, KeyStroke stroke);
+  // To the next tab stop in the tab order after (or before) that index, round the end; inside
+  // `container` unless that is null.
+  void MoveFocus(int from_index, const Control* container, bool forward);
+  void FocusOn(Control& target);
+  void FocusArrived(Control& control);
+  // Of a control, or of all that lie in it: it was enabled, disabled, shown or hidden.
+  void ReachChanged(const Control& control);
+  // Goes to the control of that access key and clicks it; false when there is none.
+  bool PressAccessKey(const AccessKeyStruck& key);
   // For a display that ended without Hide.
   void DisplayEnded() noexcept;
 
@@ -91,6 +107,8 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   Text caption_;
   std::vector<std::unique_ptr<Control>> controls_;
   Pointer pointer_ = Pointer::kDefault;
+  Control* focus_ = nullptr;
+  bool focus_waits_ = false;  // until its control is shown again
   bool shown_ = false;
   bool unloading_ = false;
   bool unloaded_ = false;

@@ -27,10 +27,37 @@ void Image::React(const Fact& fact) {
     Raise(u"MouseLost", on_mouse_lost);
   } else if (const auto* const clicked = std::get_if<Clicked>(&fact)) {
     if (clicked->repeated && !repeats_) return;
-    const MouseEvent event{kLeftButton, 0, bounds().width / 2, bounds().height / 2};
-    Raise(u"MouseDown", on_mouse_down, event);
-    Raise(u"MouseUp", on_mouse_up, event);
+    Raise(u"MouseDown", on_mouse_down, Middle());
+    Raise(u"MouseUp", on_mouse_up, Middle());
+  } else if (const auto* const key = std::get_if<KeyReleased>(&fact)) {
+    const bool ends = key->key == kSpaceKey && std::exchange(space_held_, false);
+    if (ends) Raise(u"MouseUp", on_mouse_up, Middle());
+  } else if (std::holds_alternative<FocusLost>(fact)) {
+    LoseSpace();
+  } else if (std::holds_alternative<FocusTaken>(fact)) {
+    space_held_ = false;  // of a display that ended meanwhile
   }
+}
+
+bool Image::ReactToKey(const KeyStruck& key) {
+  if (key.stroke.key == kSpaceKey) {
+    if (!std::exchange(space_held_, true)) Raise(u"MouseDown", on_mouse_down, Middle());
+    return true;
+  }
+  if (key.stroke.key != kEnterKey) {
+    LoseSpace();
+    return false;
+  }
+  React(Clicked{key.repeated});
+  return true;
+}
+
+MouseEvent Image::Middle() const noexcept {
+  return {kLeftButton, 0, bounds().width / 2, bounds().height / 2};
+}
+
+void Image::LoseSpace() {
+  if (std::exchange(space_held_, false)) Raise(u"MouseLost", on_mouse_lost);
 }
 
 }  // namespace quill::ui

@@ -1,6 +1,7 @@
 // An image: shows a picture, stretched to its own size when asked to. As a tab stop it is a button:
-// its key counts as a press and a release of the left mouse button on its middle. Without a picture
-// it is not there for the operator.
+// Enter and its access key count as a press and a release of the left mouse button on its middle,
+// the space bar as that button, held as long as it is. Without a picture it is not there for the
+// operator.
 #pragma once
 
 #include "ui/control.h"
@@ -28,11 +29,16 @@ class Image final : public Control {
 
  protected:
   void React(const Fact& fact) override;
+  bool ReactToKey(const KeyStruck& key) override;
 
  private:
+  [[nodiscard]] MouseEvent Middle() const noexcept;
+  void LoseSpace();
+
   PicturePtr picture_;
   bool stretch_ = false;
   bool repeats_ = false;
+  bool space_held_ = false;
 };
 
 }  // namespace quill::ui

@@ -2,6 +2,7 @@
 #include "ui/list_box.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "support/runtime_error.h"
@@ -12,6 +13,15 @@ namespace {
 
 constexpr std::uint32_t kTypedTogether = 1000;  // milliseconds
 constexpr char16_t kBackspace = u'\b';
+
+// How far a key moves a single-row list.
+constexpr int kToTheEnd = std::numeric_limits<int>::max() / 2;
+constexpr struct {
+  char16_t key;
+  int rows;
+} kSpinKeys[] = {{kUpKey, -1},           {kLeftKey, -1},      {kDownKey, 1},
+                 {kRightKey, 1},         {kPageUpKey, -10},   {kPageDownKey, 10},
+                 {kHomeKey, -kToTheEnd}, {kEndKey, kToTheEnd}};
 
 // The signs for adding and removing rows are commands.
 bool IsForTyping(char16_t unit) {
@@ -161,6 +171,18 @@ void ListBox::React(const Fact& fact) {
     if (Holds(asked->row) && !IsSelected(asked->row)) SelectOnly(asked->row);
     OpenMenu(asked->x, asked->y);
   }
+}
+
+bool ListBox::ReactToKey(const KeyStruck& key) {
+  const bool spins = list_height_ == ListHeight::kSingleRow && Count() > 0 &&
+                     (key.stroke.shift & (kCtrlHeld | kAltHeld)) == 0;
+  if (!spins) return false;
+  for (const auto& spin : kSpinKeys) {
+    if (spin.key != key.stroke.key) continue;
+    SelectOnly(std::clamp(top_index_ + spin.rows, 0, Count() - 1));
+    return true;
+  }
+  return false;
 }
 
 void ListBox::TakeSelection(const RowsSelected& fact) {

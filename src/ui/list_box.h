@@ -78,6 +78,9 @@ class ListBox final : public Control {
   // A double click below the last row of an extended list leaves no row current. A menu is that of
   // the selected rows, or of a row that is not selected and becomes so.
   void React(const Fact& fact) override;
+  // A single-row list goes to the row that an arrow, page, home or end key leads to from the row
+  // that is in view.
+  bool ReactToKey(const KeyStruck& key) override;
   [[nodiscard]] Changes HeldBack() const noexcept override {
     return refills_ > 0 ? Changes() : pending_;
   }

@@ -17,10 +17,16 @@ struct KeyStroke {
 inline constexpr std::int16_t kShiftHeld = 1;
 inline constexpr std::int16_t kCtrlHeld = 2;
 inline constexpr std::int16_t kAltHeld = 4;
+inline constexpr char16_t kTabKey = 0x09;
 inline constexpr char16_t kEnterKey = 0x0D;
+inline constexpr char16_t kSpaceKey = 0x20;
+inline constexpr char16_t kPageUpKey = 0x21;
+inline constexpr char16_t kPageDownKey = 0x22;
 inline constexpr char16_t kEndKey = 0x23;
 inline constexpr char16_t kHomeKey = 0x24;
+inline constexpr char16_t kLeftKey = 0x25;
 inline constexpr char16_t kUpKey = 0x26;
+inline constexpr char16_t kRightKey = 0x27;
 inline constexpr char16_t kDownKey = 0x28;
 inline constexpr char16_t kDeleteKey = 0x2E;
 

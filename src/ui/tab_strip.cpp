@@ -14,8 +14,25 @@ void TabStrip::React(const Fact& fact) {
   if (chosen->index < 0 || chosen->index >= static_cast<int>(captions_.size())) {
     return Changed(Changes::kSelection);
   }
-  selected_ = chosen->index;
-  Raise(u"Click", on_click);
+  Choose(chosen->index);
+}
+
+void TabStrip::Turn(bool forward) {
+  const auto count = static_cast<int>(captions_.size());
+  if (count > 0) Choose((selected_ + (forward ? 1 : count - 1)) % count);
+}
+
+// The peer is told twice, so that it can show the pages' change as one.
+void TabStrip::Choose(int index) {
+  selected_ = index;
+  Changed(Changes::kSelection | Changes::kTurnBegins);
+  try {
+    Raise(u"Click", on_click);
+  } catch (...) {
+    Changed(Changes::kTurnEnds);
+    throw;
+  }
+  Changed(Changes::kTurnEnds);
 }
 
 }  // namespace quill::ui

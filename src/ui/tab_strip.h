@@ -17,12 +17,17 @@ class TabStrip final : public Control {
     return captions_.at(static_cast<std::size_t>(selected_));
   }
 
+  // Chooses the next tab or the one before, round the end, as the operator's choice.
+  void Turn(bool forward);
+
   std::function<void()> on_click;
 
  protected:
   void React(const Fact& fact) override;
 
  private:
+  void Choose(int index);
+
   std::vector<Text> captions_;
   int selected_ = 0;
 };

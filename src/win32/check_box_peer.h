@@ -11,7 +11,6 @@ class CheckBoxPeer final : public WindowPeer {
   CheckBoxPeer(Win32Toolkit& toolkit, ui::CheckBox& box) noexcept
       : WindowPeer(toolkit, box), box_(box) {}
 
-  [[nodiscard]] bool TakesFocus() const noexcept override { return true; }
   void OnCommand(WORD notification) override;
 
  protected:

@@ -11,7 +11,6 @@ class ComboBoxPeer final : public WindowPeer {
   ComboBoxPeer(Win32Toolkit& toolkit, ui::ComboBox& box) noexcept
       : WindowPeer(toolkit, box), box_(box) {}
 
-  [[nodiscard]] bool TakesFocus() const noexcept override { return true; }
   void OnCommand(WORD notification) override;
 
  protected:

@@ -35,12 +35,4 @@ void CommandButtonPeer::OnCommand(WORD notification) {
   if (notification == BN_CLICKED) Tell(ui::Clicked{});
 }
 
-LRESULT CommandButtonPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
-  if (message == WM_KEYDOWN && wparam == VK_RETURN) {
-    Tell(ui::Clicked{IsRepeated(lparam)});
-    return 0;
-  }
-  return WindowPeer::Handle(message, wparam, lparam);
-}
-
 }  // namespace quill::win32

@@ -12,13 +12,11 @@ class CommandButtonPeer final : public WindowPeer {
       : WindowPeer(toolkit, button), button_(button) {}
   ~CommandButtonPeer() override;
 
-  [[nodiscard]] bool TakesFocus() const noexcept override { return true; }
   void OnCommand(WORD notification) override;
 
  protected:
   [[nodiscard]] Style GetStyle() const override;
   void Show(ui::Changes changes) override;
-  LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
 
  private:
   void ShowIcon();

@@ -241,10 +241,6 @@ LRESULT FormPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       return 1;
     }
     case WM_ACTIVATE:
-      if (LOWORD(wparam) == WA_INACTIVE) {
-        const HWND focus = GetFocus();
-        if (focus != nullptr && IsChild(window(), focus)) last_focus_ = focus;
-      }
       if (LOWORD(wparam) == WA_INACTIVE && lparam != 0 &&
           !IsWindowEnabled(reinterpret_cast<HWND>(lparam))) {
         PostMessageW(window(), kLookWhatIsActive, 0, 0);
@@ -257,7 +253,7 @@ LRESULT FormPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       ComeForward();
       return 0;
     case WM_SETFOCUS:
-      if (hidden_focus_ == nullptr) RestoreFocus();
+      form_.Happened(ui::FocusTaken{});
       return 0;
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:
@@ -280,122 +276,8 @@ void FormPeer::ComeForward() const noexcept {
   SetForegroundWindow(box != nullptr ? box : window());
 }
 
-void FormPeer::RestoreFocus() {
-  if (last_focus_ != nullptr && IsChild(window(), last_focus_) && IsWindowVisible(last_focus_) &&
-      IsWindowEnabled(last_focus_)) {
-    SetFocus(last_focus_);
-  } else {
-    MoveFocus(nullptr, nullptr, true);
-  }
-}
-
-void FormPeer::FocusArrived(const WindowPeer& peer) noexcept {
-  if (&peer != this) hidden_focus_ = nullptr;
-}
-
-void FormPeer::LosesFocus(const WindowPeer& peer) {
-  if (&peer == this) return;
-  const bool stays_away = peer.control().visible() || !peer.TakesFocus();
-  if (stays_away) {
-    MoveFocus(peer.TakesFocus() ? &peer.control() : nullptr, nullptr, true);
-  } else {
-    // A list is hidden while it is refilled; the operator goes on in it afterwards.
-    hidden_focus_ = peer.window();
-    SetFocus(window());
-  }
-}
-
-void FormPeer::ComesBack(const WindowPeer& peer) {
-  if (hidden_focus_ == nullptr || hidden_focus_ != peer.window()) return;
-  hidden_focus_ = nullptr;
-  const HWND focus = GetFocus();
-  if (focus == window() || focus == nullptr) SetFocus(peer.window());
-}
-
-bool FormPeer::Navigate(WindowPeer& from, WPARAM key) {
-  const bool shift = GetKeyState(VK_SHIFT) < 0;
-  const bool control = GetKeyState(VK_CONTROL) < 0;
-  const auto wants = SendMessageW(from.window(), WM_GETDLGCODE, 0, 0);
-  const ui::Control* const start = &from == this ? nullptr : &from.control();
-  switch (key) {
-    case VK_TAB:
-      if (control) {
-        TurnTab(!shift);
-      } else {
-        MoveFocus(start, nullptr, !shift);
-      }
-      return true;
-    case VK_PRIOR:
-    case VK_NEXT:
-      if (!control) return false;
-      TurnTab(key == VK_NEXT);
-      return true;
-    case VK_LEFT:
-    case VK_UP:
-    case VK_RIGHT:
-    case VK_DOWN:
-      if (start == nullptr || (wants & (DLGC_WANTARROWS | DLGC_WANTALLKEYS)) != 0) return false;
-      MoveFocus(start, start->container(), key == VK_RIGHT || key == VK_DOWN);
-      return true;
-    default:
-      return false;
-  }
-}
-
-void FormPeer::MoveFocus(const ui::Control* from, const ui::Control* within, bool forward) {
-  std::vector<const ui::Control*> stops;
-  for (const auto& control : form_.controls()) {
-    const WindowPeer* const peer = Of(*control);
-    if (control->tab_index() >= 0 && control->IsReachable() && peer != nullptr &&
-        peer->window() != nullptr && peer->TakesFocus() &&
-        (within == nullptr || control->container() == within)) {
-      stops.push_back(control.get());
-    }
-  }
-  if (stops.empty()) return;
-  std::stable_sort(stops.begin(), stops.end(),
-                   [](const auto* a, const auto* b) { return a->tab_index() < b->tab_index(); });
-  if (!forward) std::reverse(stops.begin(), stops.end());
-
-  auto next = stops.begin();
-  if (from != nullptr) {
-    next = std::find_if(stops.begin(), stops.end(), [&](const ui::Control* stop) {
-      return forward ? stop->tab_index() > from->tab_index()
-                     : stop->tab_index() < from->tab_index();
-    });
-    if (next == stops.end()) next = stops.begin();
-  }
-  FocusOn(Of(**next)->window());
-}
-
-void FormPeer::FocusOn(HWND target) {
-  // Once the keyboard is used the operator wants to see where the focus is.
-  SendMessageW(window(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
-  SetFocus(target);
-  if ((SendMessageW(target, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0) {
-    SendMessageW(target, EM_SETSEL, 0, -1);
-  }
-}
-
-bool FormPeer::PressAccessKey(WPARAM key, bool repeated) {
-  const ui::Control* const control = form_.FindAccessKey(static_cast<char16_t>(key));
-  WindowPeer* const peer = control != nullptr ? Of(*control) : nullptr;
-  if (peer == nullptr || peer->window() == nullptr) return false;
-  if (peer->TakesFocus()) FocusOn(peer->window());
-  peer->Tell(ui::Clicked{repeated});
-  return true;
-}
-
 void FormPeer::ShowAccessKeys() {
   if (!std::exchange(shows_access_keys_, true)) RepaintAll();
-}
-
-void FormPeer::TurnTab(bool forward) {
-  for (const auto& control : form_.controls()) {
-    if (control->kind() != ui::ControlKind::kTabStrip || !control->IsReachable()) continue;
-    if (auto* const strip = static_cast<TabStripPeer*>(Of(*control))) strip->Turn(forward);
-    return;
-  }
 }
 
 }  // namespace quill::win32

@@ -1,5 +1,4 @@
-// The native window of a form, and what its controls' windows share: fonts, colours, tooltips, the
-// movement of the keyboard focus.
+// The native window of a form, and what its controls' windows share: fonts, colours, tooltips.
 #pragma once
 
 #include <optional>
@@ -44,17 +43,9 @@ class FormPeer final : public WindowPeer {
   void HookTabBackground(ui::TabStrip& strip, ui::PictureBox& colour_source);
   void UnhookTabBackground(ui::TabStrip& strip) noexcept;
 
-  // A key that moves the focus or chooses a tab; false when the control should have it.
-  bool Navigate(WindowPeer& from, WPARAM key);
-  // Goes to the control of that access key and clicks it; false when there is none.
-  bool PressAccessKey(WPARAM key, bool repeated);
   // Captions underline their access keys from the first time on that the operator presses Alt.
   void ShowAccessKeys();
   [[nodiscard]] bool shows_access_keys() const noexcept { return shows_access_keys_; }
-  // `peer` was hidden or disabled while it held the focus, or is shown again.
-  void LosesFocus(const WindowPeer& peer);
-  void ComesBack(const WindowPeer& peer);
-  void FocusArrived(const WindowPeer& peer) noexcept;
 
  protected:
   [[nodiscard]] Style GetStyle() const override;
@@ -72,10 +63,6 @@ class FormPeer final : public WindowPeer {
   void AttachHook();
   void ReadColours() noexcept;
   void RepaintAll() const noexcept;
-  void FocusOn(HWND target);
-  void MoveFocus(const ui::Control* from, const ui::Control* within, bool forward);
-  void TurnTab(bool forward);
-  void RestoreFocus();
   void ComeForward() const noexcept;
 
   ui::Form& form_;
@@ -85,8 +72,6 @@ class FormPeer final : public WindowPeer {
   std::optional<Hook> hook_;
   bool shows_access_keys_ = false;
   HWND active_before_ = nullptr;
-  HWND last_focus_ = nullptr;    // while another window is active
-  HWND hidden_focus_ = nullptr;  // the control that had the focus when it was hidden
 };
 
 }  // namespace quill::win32

@@ -1,7 +1,5 @@
 #include "win32/image_peer.h"
 
-#include <utility>
-
 #include "ui/image_button.h"
 #include "win32/drawing_surface.h"
 #include "win32/form_peer.h"
@@ -12,7 +10,7 @@
 namespace quill::win32 {
 
 WindowPeer::Style ImagePeer::GetStyle() const {
-  return {Win32Toolkit::kImageClass, nullptr, TakesFocus() ? WS_TABSTOP : 0u, 0};
+  return {Win32Toolkit::kImageClass, nullptr, image_.IsTabStop() ? WS_TABSTOP : 0u, 0};
 }
 
 void ImagePeer::Show(ui::Changes changes) {
@@ -29,7 +27,7 @@ void ImagePeer::DrawBehind(HDC context, POINT origin) const {
 }
 
 void ImagePeer::Draw(HDC context, const RECT& area) const {
-  if (TakesFocus() && IsHighContrast()) {
+  if (image_.IsTabStop() && IsHighContrast()) {
     // The operator's colours, which the picture does not know.
     RECT button = area;
     const bool pressed = ui::LooksPressed(image_);
@@ -66,37 +64,9 @@ void ImagePeer::DrawFocus(HDC context, RECT area) const {
   DrawFocusRect(context, &area);
 }
 
-ui::MouseEvent ImagePeer::Middle() const {
-  return {ui::kLeftButton, 0, image_.bounds().width / 2, image_.bounds().height / 2};
-}
-
-void ImagePeer::LoseSpace() {
-  if (std::exchange(space_pressed_, false)) Tell(ui::MouseLost{});
-}
-
 LRESULT ImagePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
   switch (message) {
-    case WM_KEYDOWN:
-      if (wparam == VK_RETURN) {
-        Tell(ui::Clicked{IsRepeated(lparam)});
-        return 0;
-      }
-      if (wparam != VK_SPACE) {
-        LoseSpace();
-      } else if (!std::exchange(space_pressed_, true)) {
-        Tell(ui::MousePressed{Middle()});
-        return 0;
-      }
-      break;
-    case WM_KEYUP:
-      if (wparam == VK_SPACE && std::exchange(space_pressed_, false)) {
-        Tell(ui::MouseReleased{Middle()});
-        return 0;
-      }
-      break;
     case WM_KILLFOCUS:
-      LoseSpace();
-      [[fallthrough]];
     case WM_SETFOCUS:
       Repaint();
       RepaintInFront();

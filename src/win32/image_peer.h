@@ -11,8 +11,6 @@ class ImagePeer final : public WindowPeer {
   ImagePeer(Win32Toolkit& toolkit, ui::Image& image) noexcept
       : WindowPeer(toolkit, image), image_(image) {}
 
-  [[nodiscard]] bool TakesFocus() const noexcept override { return image_.tab_index() >= 0; }
-
   // Draws the picture where the image lies in its container, relative to the container's `origin`.
   void DrawBehind(HDC context, POINT origin) const;
 
@@ -26,12 +24,8 @@ class ImagePeer final : public WindowPeer {
   void Draw(HDC context, const RECT& area) const;
   void DrawAll(HDC context, const RECT& area) const;  // with the ground
   void DrawFocus(HDC context, RECT area) const;
-  // Space is the left mouse button on the middle: pressed as long as it is held.
-  [[nodiscard]] ui::MouseEvent Middle() const;
-  void LoseSpace();
 
   ui::Image& image_;
-  bool space_pressed_ = false;
 };
 
 }  // namespace quill::win32

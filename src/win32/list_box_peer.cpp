@@ -10,11 +10,6 @@
 #include "win32/win32_toolkit.h"
 
 namespace quill::win32 {
-namespace {
-
-constexpr int kRowsPerPage = 10;  // of a single-row list
-
-}  // namespace
 
 WindowPeer::Style ListBoxPeer::GetStyle() const {
   DWORD style = LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP;
@@ -224,41 +219,6 @@ int ListBoxPeer::RowAt(int y) const {
   return row < Send(LB_GETCOUNT) ? row : -1;
 }
 
-int ListBoxPeer::RowFor(WPARAM key) const {
-  const auto last = static_cast<int>(Send(LB_GETCOUNT)) - 1;
-  const auto top = static_cast<int>(Send(LB_GETTOPINDEX));
-  const auto within = [&](int row) { return std::clamp(row, 0, std::max(last, 0)); };
-  if (last < 0) return -1;
-  switch (key) {
-    case VK_UP:
-    case VK_LEFT:
-      return within(top - 1);
-    case VK_DOWN:
-    case VK_RIGHT:
-      return within(top + 1);
-    case VK_PRIOR:
-      return within(top - kRowsPerPage);
-    case VK_NEXT:
-      return within(top + kRowsPerPage);
-    case VK_HOME:
-      return 0;
-    case VK_END:
-      return last;
-    default:
-      return -1;
-  }
-}
-
-void ListBoxPeer::ScrollTo(int row) {
-  if (Send(LB_GETTOPINDEX) != row) {
-    Send(LB_SETTOPINDEX, static_cast<WPARAM>(row));
-    TellWhenScrolled();
-  } else {
-    // There already: the row that shows is the one that is meant.
-    Tell(ui::RowsSelected{{row}, row});
-  }
-}
-
 void ListBoxPeer::TurnWheel(int delta) {
   wheel_ += delta;
   const int notches = wheel_ / WHEEL_DELTA;
@@ -272,14 +232,6 @@ void ListBoxPeer::TurnWheel(int delta) {
 LRESULT ListBoxPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
   LRESULT result = 0;
   switch (message) {
-    case WM_KEYDOWN: {
-      const int row = is_single_row() && GetKeyState(VK_CONTROL) >= 0 ? RowFor(wparam) : -1;
-      if (row >= 0) {
-        ScrollTo(row);
-        return 0;
-      }
-      break;
-    }
     case WM_MOUSEWHEEL:
       if (!is_single_row()) break;
       TurnWheel(GET_WHEEL_DELTA_WPARAM(wparam));

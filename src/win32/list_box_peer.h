@@ -13,7 +13,6 @@ class ListBoxPeer final : public WindowPeer {
   ListBoxPeer(Win32Toolkit& toolkit, ui::ListBox& list) noexcept
       : WindowPeer(toolkit, list), list_(list) {}
 
-  [[nodiscard]] bool TakesFocus() const noexcept override { return true; }
   void OnCommand(WORD notification) override;
   // A single-row list's row is highlighted only while the list has the focus.
   void OnDrawItem(const DRAWITEMSTRUCT& item) override;
@@ -37,10 +36,7 @@ class ListBoxPeer final : public WindowPeer {
   void FitWidth(int first_row);
   [[nodiscard]] std::vector<int> NativeSelection() const;
 
-  // A single-row list: the row that `key` or the wheel leads to, -1 when it leads nowhere.
-  [[nodiscard]] int RowFor(WPARAM key) const;
-  void ScrollTo(int row);
-  void TurnWheel(int delta);
+  void TurnWheel(int delta);  // of a single-row list
   void TellWhenScrolled();
   // At that place of the screen; none: asked for by a key.
   void TellMenuAsked(std::optional<POINT> screen);

@@ -3,8 +3,6 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
-#include <vector>
-
 #include "win32/form_peer.h"
 #include "win32/native_text.h"
 #include "win32/win32_toolkit.h"
@@ -26,13 +24,15 @@ void TabStripPeer::Show(ui::Changes changes) {
       Send(TCM_INSERTITEMW, static_cast<WPARAM>(place++), reinterpret_cast<LPARAM>(&item));
     }
   }
+  if (changes.Has(ui::Changes::kTurnBegins) && !making()) BeginOnePaint();
   if (changes.Has(ui::Changes::kSelection) && Send(TCM_GETCURSEL) != strip_.selected()) {
     Send(TCM_SETCURSEL, static_cast<WPARAM>(strip_.selected()));
   }
+  if (changes.Has(ui::Changes::kTurnEnds) && !making()) EndOnePaint();
 }
 
 void TabStripPeer::OnNotify(const NMHDR& header) {
-  if (header.code == TCN_SELCHANGE) TellInOnePaint(static_cast<int>(Send(TCM_GETCURSEL)));
+  if (header.code == TCN_SELCHANGE) Tell(ui::TabChosen{static_cast<int>(Send(TCM_GETCURSEL))});
 }
 
 LRESULT TabStripPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -44,30 +44,23 @@ LRESULT TabStripPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
   return WindowPeer::Handle(message, wparam, lparam);
 }
 
-void TabStripPeer::TellInOnePaint(int tab) {
-  std::vector<const ui::Control*> hidden;
+void TabStripPeer::BeginOnePaint() {
+  hidden_pages_.clear();
   for (const ui::Control* const page : strip_.form().children()) {
-    if (!page->visible()) hidden.push_back(page);
+    if (!page->visible()) hidden_pages_.push_back(page);
   }
-  const HWND form = form_peer().window();
-  SendMessageW(form, WM_SETREDRAW, FALSE, 0);
-  Tell(ui::TabChosen{tab});
-  if (!IsWindow(form) || !strip_.form().shown()) return;  // painting would show it again
-  SendMessageW(form, WM_SETREDRAW, TRUE, 0);
-  for (const ui::Control* const page : hidden) {
+  SendMessageW(form_peer().window(), WM_SETREDRAW, FALSE, 0);
+}
+
+void TabStripPeer::EndOnePaint() {
+  if (!strip_.form().shown()) return;  // painting would show it again
+  SendMessageW(form_peer().window(), WM_SETREDRAW, TRUE, 0);
+  for (const ui::Control* const page : hidden_pages_) {
     if (!page->visible()) continue;
     RedrawWindow(Of(*page)->window(), nullptr, nullptr,
                  RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
   }
   RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE);  // the tabs
-}
-
-void TabStripPeer::Turn(bool forward) {
-  const int count = static_cast<int>(strip_.captions().size());
-  if (count == 0) return;
-  const int next = (strip_.selected() + (forward ? 1 : count - 1)) % count;
-  Send(TCM_SETCURSEL, static_cast<WPARAM>(next));
-  TellInOnePaint(next);
 }
 
 }  // namespace quill::win32

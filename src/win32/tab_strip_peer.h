@@ -1,6 +1,8 @@
 // The native tab strip.
 #pragma once
 
+#include <vector>
+
 #include "ui/tab_strip.h"
 #include "win32/window_peer.h"
 
@@ -11,9 +13,6 @@ class TabStripPeer final : public WindowPeer {
   TabStripPeer(Win32Toolkit& toolkit, ui::TabStrip& strip) noexcept
       : WindowPeer(toolkit, strip), strip_(strip) {}
 
-  // Chooses the next tab, or the one before, as a key does.
-  void Turn(bool forward);
-  [[nodiscard]] bool TakesFocus() const noexcept override { return true; }
   void OnNotify(const NMHDR& header) override;
 
  protected:
@@ -23,9 +22,11 @@ class TabStripPeer final : public WindowPeer {
 
  private:
   // The page that is hidden and the one that is shown must not be seen one after the other.
-  void TellInOnePaint(int tab);
+  void BeginOnePaint();
+  void EndOnePaint();
 
   ui::TabStrip& strip_;
+  std::vector<const ui::Control*> hidden_pages_;  // when the paint was held back
 };
 
 }  // namespace quill::win32

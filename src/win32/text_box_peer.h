@@ -13,7 +13,6 @@ class TextBoxPeer final : public WindowPeer {
   TextBoxPeer(Win32Toolkit& toolkit, ui::TextBox& box) noexcept
       : WindowPeer(toolkit, box), box_(box) {}
 
-  [[nodiscard]] bool TakesFocus() const noexcept override { return true; }
   void OnCommand(WORD notification) override;
 
  protected:

@@ -112,6 +112,7 @@ void WindowPeer::Sync(ui::Changes changes) {
   if (window_ != nullptr) Show(changes);
   if (changes.Has(ui::Changes::kTooltip)) ShowTooltip();
   if (changes.Has(ui::Changes::kVisible) && visible) ShowVisible();
+  if (changes.Has(ui::Changes::kFocus)) ShowFocus(changes.Has(ui::Changes::kReachedByKey));
 }
 
 void WindowPeer::TakePlace() {
@@ -129,25 +130,23 @@ RECT WindowPeer::Place() const {
 void WindowPeer::ShowVisible() {
   const bool visible = control_.visible();
   if (((GetWindowLongPtrW(window_, GWL_STYLE) & WS_VISIBLE) != 0) == visible) return;
-  const bool focused = !visible && HoldsFocus();
   ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
-  if (visible) {
-    form_peer().ComesBack(*this);
-  } else if (focused) {
-    form_peer().LosesFocus(*this);
-  }
 }
 
 void WindowPeer::ShowEnabled() {
   if (window_ == nullptr || (IsWindowEnabled(window_) != FALSE) == control_.enabled()) return;
-  const bool focused = !control_.enabled() && HoldsFocus();
   EnableWindow(window_, control_.enabled());
-  if (focused) form_peer().LosesFocus(*this);
 }
 
-bool WindowPeer::HoldsFocus() const noexcept {
-  const HWND focus = GetFocus();
-  return focus != nullptr && (focus == window_ || IsChild(window_, focus));
+void WindowPeer::ShowFocus(bool reached_by_key) const {
+  const bool is_here = control_.form().focus() == &control_ || &control_ == &control_.form();
+  if (!is_here || GetActiveWindow() != form_peer().window()) return;
+  // Once the keyboard is used the operator wants to see where the focus is.
+  if (reached_by_key) {
+    SendMessageW(form_peer().window(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+  }
+  SetFocus(window_);
+  if (reached_by_key && (Send(WM_GETDLGCODE) & DLGC_HASSETSEL) != 0) Send(EM_SETSEL, 0, -1);
 }
 
 void WindowPeer::ShowOrder() {
@@ -199,8 +198,8 @@ void WindowPeer::RepaintInFront() const {
   }
 }
 
-void WindowPeer::Tell(const ui::Fact& fact) {
-  if (showing_ == 0 && !closing_ && window_ != nullptr) control_.Happened(fact);
+bool WindowPeer::Tell(const ui::Fact& fact) {
+  return showing_ == 0 && !closing_ && window_ != nullptr && control_.Happened(fact);
 }
 
 void WindowPeer::OnCommand(WORD) {}
@@ -260,10 +259,17 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       }
       break;
     case WM_SETFOCUS:
-      form_peer().FocusArrived(*this);
+      control_.Happened(ui::FocusTaken{});
+      break;
+    case WM_KILLFOCUS:
+      Tell(ui::FocusLost{});
       break;
     case WM_KEYDOWN:
-      if (TakesStroke(wparam) || form_peer().Navigate(*this, wparam)) return 0;
+      if (TellKey(wparam, lparam)) return 0;
+      break;
+    case WM_KEYUP:
+      Tell(ui::KeyReleased{static_cast<char16_t>(wparam)});
+      if (window_ == nullptr) return 0;
       break;
     case WM_CHAR:
       if (wparam == L'\t') return 0;  // its key has moved the focus
@@ -271,10 +277,13 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_SYSKEYDOWN:
       if (wparam == VK_MENU) form_peer().ShowAccessKeys();
       // Goes on even so: without it the system would take the Alt key alone to have been pressed.
-      if (TakesStroke(wparam) && window_ == nullptr) return 0;
+      if (TellKey(wparam, lparam) && window_ == nullptr) return 0;
       break;
     case WM_SYSCHAR:
-      if (form_peer().PressAccessKey(wparam, IsRepeated(lparam))) return 0;
+      if (control_.form().Happened(
+              ui::AccessKeyStruck{static_cast<char16_t>(wparam), IsRepeated(lparam)})) {
+        return 0;
+      }
       break;
     case WM_GETOBJECT:
       if (static_cast<LONG>(lparam) != OBJID_CLIENT) break;
@@ -298,7 +307,7 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
   return CallOriginal(message, wparam, lparam);
 }
 
-bool WindowPeer::TakesStroke(WPARAM key) {
+bool WindowPeer::TellKey(WPARAM key, LPARAM key_data) {
   const auto held = [](int modifier, std::int16_t flag) {
     return GetKeyState(modifier) < 0 ? flag : std::int16_t{0};
   };
@@ -306,9 +315,7 @@ bool WindowPeer::TakesStroke(WPARAM key) {
       static_cast<char16_t>(key),
       static_cast<std::int16_t>(held(VK_SHIFT, ui::kShiftHeld) + held(VK_CONTROL, ui::kCtrlHeld) +
                                 held(VK_MENU, ui::kAltHeld))};
-  if (control_.FindStroke(stroke) == nullptr) return false;
-  Tell(ui::KeyStruck{stroke});
-  return true;
+  return Tell(ui::KeyStruck{stroke, IsRepeated(key_data)});
 }
 
 LRESULT CALLBACK WindowPeer::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {

@@ -40,8 +40,6 @@ class WindowPeer : public ui::Peer {
 
   [[nodiscard]] HWND window() const noexcept { return window_; }
   [[nodiscard]] const ui::Control& control() const noexcept { return control_; }
-  // True when the keyboard can be here (its state aside).
-  [[nodiscard]] virtual bool TakesFocus() const noexcept { return false; }
 
   // Messages that the window's parent gets on its behalf.
   virtual void OnCommand(WORD notification);
@@ -73,13 +71,12 @@ class WindowPeer : public ui::Peer {
   LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const {
     return SendMessageW(window_, message, wparam, lparam);
   }
-  // Tells the model, unless the window merely echoes what Show does to it.
-  void Tell(const ui::Fact& fact);
+  // Tells the model, unless the window merely echoes what Show does to it. True for a key that the
+  // window's class is not to have.
+  bool Tell(const ui::Fact& fact);
 
   [[nodiscard]] Win32Toolkit& toolkit() const noexcept { return toolkit_; }
   [[nodiscard]] FormPeer& form_peer() const noexcept;
-  // True when the keyboard focus is on the window or inside it.
-  [[nodiscard]] bool HoldsFocus() const noexcept;
   // Where the window goes, in pixels relative to its parent.
   [[nodiscard]] virtual RECT Place() const;
   // Goes there, if it is elsewhere.
@@ -104,8 +101,10 @@ class WindowPeer : public ui::Peer {
   void ShowOrder();
   void ShowEnabled();
   void ShowTooltip();
-  // Whether a menu has the key together with what is held; the model has been told then.
-  bool TakesStroke(WPARAM key);
+  // As the model holds it: at once while the form's window is active, else when it becomes so.
+  void ShowFocus(bool reached_by_key) const;
+  // False when the window's class is to have it.
+  bool TellKey(WPARAM key, LPARAM key_data);
   void DestroyWindowNow() noexcept;
   void Forget() noexcept;
 

@@ -36,7 +36,8 @@ TEST(DialogUnload, RestoresThePointerThenUnhooksAndLetsTheDialogGo) {
         case Way::kCancelRight:
           return bench.person.Release(u"cmdCancelImg", ui::kRightButton);
         case Way::kOwnButton:
-          return dialog.Happened(ui::CloseAsked{});
+          dialog.Happened(ui::CloseAsked{});
+          return;
         case Way::kOrdered:
           return dialog.Unload();
       }

@@ -8,6 +8,7 @@
 #include "ui/command_button.h"
 #include "ui/file_dialog.h"
 #include "ui/frame.h"
+#include "ui/tab_strip.h"
 #include "ui/text_box.h"
 
 namespace quill::ui {
@@ -35,6 +36,58 @@ TEST_F(FormTest, FindsControlsByNameInAnyCaseAndByKind) {
     EXPECT_EQ(form.FindAccessKey(u'n'), &box);
     EXPECT_EQ(form.FindAccessKey(u'm'), nullptr);
     EXPECT_EQ(form.FindAccessKey(0), nullptr);
+  });
+}
+
+TEST_F(FormTest, MovesTheFocusInTabOrderWhereItCanBeReached) {
+  auto& strip = form.Add<TabStrip>(u"strip", nullptr, std::vector<Text>{u"One", u"Two"});
+  auto& frame = form.Add<Frame>(u"fme", nullptr, u"");
+  auto& last = form.Add<CheckBox>(u"chkLast", &frame);
+  auto& box = form.Add<TextBox>(u"txt", nullptr);
+  auto& check = form.Add<CheckBox>(u"chk", &frame);
+  auto& off = form.Add<CheckBox>(u"chkOff", &frame);
+  int index = 0;
+  for (Control* const control :
+       {static_cast<Control*>(&strip), static_cast<Control*>(&frame), static_cast<Control*>(&box),
+        static_cast<Control*>(&check), static_cast<Control*>(&off), static_cast<Control*>(&last)}) {
+    control->SetTabIndex(index++);
+  }
+  off.SetEnabled(false);
+  const auto at = [&](char16_t key, std::int16_t shift = 0) {
+    const bool taken = form.focus()->Happened(KeyStruck{{key, shift}});
+    return taken ? ToUtf8(form.focus()->name()) : "not taken";
+  };
+  bench.WhileShown([&] {
+    form.Happened(FocusTaken{});
+    EXPECT_EQ(form.focus(), &strip);
+    EXPECT_EQ(at(kDownKey), "not taken") << "the native strip has a use for it";
+    EXPECT_EQ(at(kTabKey), "txt");
+    EXPECT_EQ(at(kEnterKey), "not taken");
+    EXPECT_EQ(at(kTabKey), "chk");
+    EXPECT_EQ(at(kTabKey), "chkLast");
+    EXPECT_EQ(at(kTabKey), "strip");
+    EXPECT_EQ(at(kTabKey, kShiftHeld), "chkLast");
+    EXPECT_EQ(at(kRightKey), "chk") << "round inside the frame";
+    EXPECT_EQ(at(kUpKey), "chkLast");
+    EXPECT_EQ(at(kTabKey, kAltHeld), "not taken");
+
+    EXPECT_EQ(at(kPageDownKey, kCtrlHeld), "chkLast");
+    EXPECT_EQ(ToUtf8(strip.SelectedCaption()), "Two");
+    EXPECT_EQ(at(kTabKey, kCtrlHeld), "chkLast");
+    EXPECT_EQ(ToUtf8(strip.SelectedCaption()), "One");
+
+    box.SetAccessKey(u'B');
+    EXPECT_TRUE(form.Happened(AccessKeyStruck{u'b'}));
+    EXPECT_EQ(form.focus(), &box);
+    EXPECT_FALSE(form.Happened(AccessKeyStruck{u'x'}));
+
+    box.SetVisible(false);
+    EXPECT_EQ(form.focus(), &box) << "it is about to be shown again";
+    box.SetVisible(true);
+    box.SetEnabled(false);
+    EXPECT_EQ(form.focus(), &check);
+    frame.SetVisible(false);
+    EXPECT_EQ(form.focus(), &strip);
   });
 }
 
