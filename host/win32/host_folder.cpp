@@ -1,6 +1,9 @@
+// The throw-away folder, the copy that runs there, and what is in it at the start.
 #include "host/win32/host_folder.h"
 
 #include <windows.h>
+
+#include <process.h>
 
 #include <array>
 #include <filesystem>
@@ -34,11 +37,6 @@ fs::path PathOf(TextView text) {
   throw RuntimeError(ErrorNumber::kPathFileAccessError, Concat({what, u": ", path.u16string()}));
 }
 
-void Copy(const fs::path& from, const fs::path& to) {
-  std::error_code error;
-  if (!fs::copy_file(from, to, error)) Fail(u"This file cannot be copied", from);
-}
-
 // A folder that is removed with all that is in it.
 class ThrowAwayFolder {
  public:
@@ -66,22 +64,6 @@ class ThrowAwayFolder {
   fs::path path_;
 };
 
-int RunAndWait(const fs::path& program) {
-  STARTUPINFOW startup = {};
-  startup.cb = sizeof startup;
-  PROCESS_INFORMATION process = {};
-  if (!CreateProcessW(program.c_str(), GetCommandLineW(), nullptr, nullptr, TRUE, 0, nullptr,
-                      nullptr, &startup, &process)) {
-    Fail(u"This program cannot be started", program);
-  }
-  CloseHandle(process.hThread);
-  WaitForSingleObject(process.hProcess, INFINITE);
-  DWORD code = EXIT_FAILURE;
-  GetExitCodeProcess(process.hProcess, &code);
-  CloseHandle(process.hProcess);
-  return static_cast<int>(code);
-}
-
 }  // namespace
 
 Text HostFolderOfProgram() {
@@ -96,9 +78,18 @@ std::optional<int> RunInHostFolder() {
   win32::Win32ProcessPaths paths;
   const ThrowAwayFolder folder;
   if (!std::ofstream(folder.path() / kMarkName)) Fail(u"This folder cannot be used", folder.path());
-  Copy(PathOf(paths.ExecutablePath(32768)), folder.path() / kProgramName);
-  Copy(here / PathOf(kLibraryFileName), folder.path() / PathOf(kLibraryFileName));
-  return RunAndWait(folder.path() / kProgramName);
+  const fs::path library = PathOf(kLibraryFileName);
+  for (const auto& [from, to] :
+       {std::pair(PathOf(paths.ExecutablePath(32768)), fs::path(kProgramName)),
+        std::pair(here / library, library)}) {
+    if (!fs::copy_file(from, folder.path() / to, error)) Fail(u"This file cannot be copied", from);
+  }
+  // This command line as a whole stands for the arguments: the runtime would join them by blanks
+  // and lose their quotation marks.
+  const std::intptr_t code =
+      _wspawnl(_P_WAIT, (folder.path() / kProgramName).c_str(), GetCommandLineW(), nullptr);
+  if (code == -1) Fail(u"This program cannot be started", folder.path() / kProgramName);
+  return static_cast<int>(code);
 }
 
 Text FreshHostFolder() {

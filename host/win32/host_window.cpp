@@ -1,18 +1,18 @@
 // The window's controls, and what the host does with them.
 #include "host/win32/host_window.h"
 
-#include <commctrl.h>
+#include <windows.h>
 
 #include <algorithm>
 #include <functional>
 #include <optional>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "host/cli/scenario_argument.h"
 #include "host/remote/relay.h"
 #include "host/win32/host_folder.h"
+#include "host/win32/host_window_controls.h"
 #include "host/win32/plugin_session.h"
 #include "plugin/operator_rights.h"
 #include "support/number_text.h"
@@ -25,22 +25,9 @@ namespace {
 using win32::Wide;
 using win32::WindowText;
 
-constexpr const wchar_t* kClass = L"QuillstartHost";
-constexpr const wchar_t* kTitle = L"Quillstart reference host";
-constexpr int kOpenId = 101;
-constexpr int kHideId = 102;
-constexpr int kScenarioId = 103;
 constexpr UINT_PTR kRelayTimer = 1;
 constexpr UINT kRelayMilliseconds = 50;
-
-// Pixels at 96 dots per inch.
-constexpr int kMargin = 12;
-constexpr int kRow = 26;
-constexpr int kFieldHeight = 22;
-constexpr int kLabelWidth = 90;
-constexpr int kLeftWidth = 300;
-constexpr int kLogWidth = 520;
-constexpr int kHeight = 440;
+constexpr WPARAM kLogExtent = 2000;  // pixels that the longest line of the log may take
 
 class HostWindow {
  public:
@@ -50,18 +37,17 @@ class HostWindow {
         root_(FreshHostFolder()),
         contract_(contract),
         session_(library, contract, root_) {
-    RegisterWindowClass();
-    MakeControls();
+    AddRights();
+    SendDlgItemMessageW(window_, ID_LOG, LB_SETHORIZONTALEXTENT, kLogExtent, 0);
     TakeScenario(scenario.empty() ? Scenario() : ReadScenario(scenario));
-    SetWindowTextW(scenario_, Wide(scenario));
+    SetDlgItemTextW(window_, ID_SCENARIO, Wide(scenario));
     told_before_ = std::exchange(
         contract.on_breach, [this](const Breach& breach) { Tell(FromUtf8(BreachLine(breach))); });
   }
   ~HostWindow() {
     contract_.on_breach = std::move(told_before_);
     if (hide_bar_ != nullptr) DestroyWindow(hide_bar_);
-    if (IsWindow(window_)) DestroyWindow(window_);
-    DeleteObject(font_);
+    DestroyWindow(window_);
   }
   HostWindow(const HostWindow&) = delete;
   HostWindow& operator=(const HostWindow&) = delete;
@@ -79,98 +65,39 @@ class HostWindow {
   }
 
  private:
-  static void RegisterWindowClass() {
-    WNDCLASSEXW host = {};
-    host.cbSize = sizeof host;
-    host.lpfnWndProc = &Procedure;
-    host.hInstance = GetModuleHandleW(nullptr);
-    host.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    host.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-    host.lpszClassName = kClass;
-    if (RegisterClassExW(&host) == 0 && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) {
-      throw RuntimeError(ErrorNumber::kCannotCreateObject);
-    }
-  }
-
-  HWND MakeWindow(DWORD style, DWORD extended, int width, int height) {
-    RECT place = {0, 0, Scaled(width), Scaled(height)};
-    AdjustWindowRect(&place, style, FALSE);
-    const HWND made = CreateWindowExW(extended, kClass, kTitle, style, CW_USEDEFAULT, CW_USEDEFAULT,
-                                      place.right - place.left, place.bottom - place.top, nullptr,
-                                      nullptr, GetModuleHandleW(nullptr), nullptr);
+  // `name` is that of a dialog in host_window.rc.
+  HWND MakeWindow(const wchar_t* name) {
+    const HWND made = CreateDialogParamW(GetModuleHandleW(nullptr), name, nullptr, &Procedure,
+                                         reinterpret_cast<LPARAM>(this));
     if (made == nullptr) throw RuntimeError(ErrorNumber::kCannotCreateObject);
-    SetWindowLongPtrW(made, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     return made;
   }
 
-  HWND Add(HWND parent, const wchar_t* kind, TextView caption, DWORD style, const RECT& place,
-           int id = 0) {
-    const Text text(caption);
-    const DWORD edge = IsField(kind) ? WS_EX_CLIENTEDGE : 0;
-    const HWND made = CreateWindowExW(
-        edge, kind, Wide(text), WS_CHILD | WS_VISIBLE | style, Scaled(place.left),
-        Scaled(place.top), Scaled(place.right - place.left), Scaled(place.bottom - place.top),
-        parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr),
-        nullptr);
-    SendMessageW(made, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
-    return made;
-  }
-  static bool IsField(const wchar_t* kind) {
-    return kind == std::wstring_view(L"EDIT") || kind == std::wstring_view(L"LISTBOX");
-  }
-
-  [[nodiscard]] int Scaled(int pixels) const { return MulDiv(pixels, dots_per_inch_, 96); }
-
-  void MakeControls() {
-    const HDC screen = GetDC(nullptr);
-    dots_per_inch_ = GetDeviceCaps(screen, LOGPIXELSX);
-    ReleaseDC(nullptr, screen);
-    font_ = CreateFontW(-Scaled(11), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
-                        OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
-                        DEFAULT_PITCH | FF_DONTCARE, L"MS Sans Serif");
-    window_ = MakeWindow(WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX, 0,
-                         kMargin + kLeftWidth + kMargin + kLogWidth + kMargin, kHeight);
-    int top = kMargin;
-    profile_ = AddField(u"Profile:", top);
-    target_ = AddField(u"Target:", top);
-    scenario_ = AddField(u"Scenario:", top);
-    Add(window_, L"BUTTON", u"&Use this scenario", WS_TABSTOP,
-        {kMargin + kLabelWidth, top, kMargin + kLeftWidth, top + kRow}, kScenarioId);
-    top += kRow + kMargin;
-    Add(window_, L"STATIC", u"The operator may:", 0,
-        {kMargin, top, kMargin + kLeftWidth, top + kFieldHeight});
-    top += kFieldHeight;
+  // A check box for each right, behind the line about them.
+  void AddRights() {
+    HWND before = GetDlgItem(window_, ID_RIGHTS_LABEL);
+    RECT row = {8, 91, 208, 103};  // in dialog units
+    int id = ID_FIRST_RIGHT;
     for (const quill::OperatorRight& right : OperatorRights()) {
-      rights_.push_back(AddCheckBox(right.name, top));
+      RECT place = row;
+      MapDialogRect(window_, &place);
+      const HWND box =
+          CreateWindowExW(0, L"BUTTON", Wide(Text(right.name)),
+                          WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_AUTOCHECKBOX, place.left,
+                          place.top, place.right - place.left, place.bottom - place.top, window_,
+                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(id++)), nullptr, nullptr);
+      SendMessageW(box, WM_SETFONT, static_cast<WPARAM>(SendMessageW(window_, WM_GETFONT, 0, 0)),
+                   FALSE);
+      // The Tab key goes through the controls in their order in depth.
+      SetWindowPos(box, before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+      before = box;
+      OffsetRect(&row, 0, 13);
     }
-    super_ = AddCheckBox(u"Super-administrator", top);
-    top += kMargin;
-    const int middle = kMargin + kLeftWidth / 2;
-    Add(window_, L"BUTTON", u"&Open plug-in", WS_TABSTOP | BS_DEFPUSHBUTTON,
-        {kMargin, top, middle - 4, top + kRow}, kOpenId);
-    Add(window_, L"BUTTON", u"&Hide plug-in", WS_TABSTOP,
-        {middle + 4, top, kMargin + kLeftWidth, top + kRow}, kHideId);
-    const int log_left = kMargin + kLeftWidth + kMargin;
-    log_ = Add(window_, L"LISTBOX", u"",
-               WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOINTEGRALHEIGHT | LBS_NOSEL,
-               {log_left, kMargin, log_left + kLogWidth, kHeight - kMargin});
-    SendMessageW(log_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(Scaled(2000)), 0);
   }
 
-  HWND AddField(TextView caption, int& top) {
-    Add(window_, L"STATIC", caption, 0,
-        {kMargin, top + 4, kMargin + kLabelWidth, top + kFieldHeight});
-    const HWND field = Add(window_, L"EDIT", u"", WS_TABSTOP | ES_AUTOHSCROLL,
-                           {kMargin + kLabelWidth, top, kMargin + kLeftWidth, top + kFieldHeight});
-    top += kRow;
-    return field;
-  }
-
-  HWND AddCheckBox(TextView caption, int& top) {
-    const HWND box = Add(window_, L"BUTTON", caption, WS_TABSTOP | BS_AUTOCHECKBOX,
-                         {kMargin, top, kMargin + kLeftWidth, top + 20});
-    top += 20;
-    return box;
+  [[nodiscard]] Text TextOf(int id) const { return WindowText(GetDlgItem(window_, id)); }
+  [[nodiscard]] bool IsChecked(int id) const {
+    return IsDlgButtonChecked(window_, id) == BST_CHECKED;
   }
 
   void TakeScenario(const Scenario& scenario) {
@@ -184,38 +111,32 @@ class HostWindow {
     relay_.emplace(
         root_, session_.storage(), *machine_, [this](const Text& reply) { Deliver(reply); },
         [this](const Text& line) { Tell(line); });
-    const Text profile = Decimal(scenario.index);
-    SetWindowTextW(profile_, Wide(profile));
-    SetWindowTextW(target_, Wide(scenario.target));
-    for (std::size_t at = 0; at < rights_.size(); ++at) {
-      const TextView name = OperatorRights()[at].name;
-      const auto granted =
-          std::find_if(scenario.rights.begin(), scenario.rights.end(), [&](const auto& right) {
-            return EqualIgnoringCase(right.name, name) && right.value == u"1";
-          });
-      SendMessageW(rights_[at], BM_SETCHECK,
-                   granted != scenario.rights.end() ? BST_CHECKED : BST_UNCHECKED, 0);
+    SetDlgItemTextW(window_, ID_PROFILE, Wide(Decimal(scenario.index)));
+    SetDlgItemTextW(window_, ID_TARGET, Wide(scenario.target));
+    int id = ID_FIRST_RIGHT;
+    for (const quill::OperatorRight& right : OperatorRights()) {
+      const bool is_granted = std::ranges::any_of(scenario.rights, [&](const auto& granted) {
+        return EqualIgnoringCase(granted.name, right.name) && granted.value == u"1";
+      });
+      CheckDlgButton(window_, id++, is_granted ? BST_CHECKED : BST_UNCHECKED);
     }
-    SendMessageW(super_, BM_SETCHECK, scenario.super_administrator ? BST_CHECKED : BST_UNCHECKED,
-                 0);
+    CheckDlgButton(window_, ID_SUPER, scenario.super_administrator ? BST_CHECKED : BST_UNCHECKED);
   }
-
-  static bool IsChecked(HWND box) { return SendMessageW(box, BM_GETCHECK, 0, 0) == BST_CHECKED; }
 
   void Open() {
     std::vector<Right> rights;
-    for (std::size_t at = 0; at < rights_.size(); ++at) {
-      rights.push_back({Text(OperatorRights()[at].name), Right::Form::kText,
-                        IsChecked(rights_[at]) ? u"1" : u"0"});
+    int id = ID_FIRST_RIGHT;
+    for (const quill::OperatorRight& right : OperatorRights()) {
+      rights.push_back({Text(right.name), Right::Form::kText, IsChecked(id++) ? u"1" : u"0"});
     }
-    const std::int32_t profile = ToInt32(WindowText(profile_));
-    const Text target = WindowText(target_);
+    const std::int32_t profile = ToInt32(TextOf(ID_PROFILE));
+    const Text target = TextOf(ID_TARGET);
     Tell(Concat({u"host: opens profile ", Decimal(profile), u", target \"", target, u"\""}));
     session_.HostCall([&](PluginClient& plugin) {
-      plugin.SetPrivis(rights, IsChecked(super_));
+      plugin.SetPrivis(rights, IsChecked(ID_SUPER));
       plugin.LoadInterface(profile, {u"", target});
     });
-    SetFocus(GetDlgItem(window_, kOpenId));
+    SetFocus(GetDlgItem(window_, ID_OPEN));
     Tell(u"host: the dialog is closed");
   }
 
@@ -230,8 +151,9 @@ class HostWindow {
 
   void Tell(const Text& line) {
     tell_(line);
-    const LRESULT at = SendMessageW(log_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(line)));
-    SendMessageW(log_, LB_SETTOPINDEX, static_cast<WPARAM>(at), 0);
+    const HWND log = GetDlgItem(window_, ID_LOG);
+    const LRESULT at = SendMessageW(log, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(line)));
+    SendMessageW(log, LB_SETTOPINDEX, static_cast<WPARAM>(at), 0);
   }
 
   // While the dialog is shown this window waits, so a small one that comes after it has the button.
@@ -243,11 +165,7 @@ class HostWindow {
     }
     const bool waits = !IsWindowEnabled(window_);
     if (waits && hide_bar_ == nullptr) {
-      // Without a caption, by which a window manager would give it the keyboard.
-      hide_bar_ = MakeWindow(WS_POPUP | WS_DLGFRAME, WS_EX_NOACTIVATE | WS_EX_TOOLWINDOW,
-                             kLeftWidth / 2 + 2 * kMargin, 50);
-      Add(hide_bar_, L"BUTTON", u"&Hide plug-in", WS_TABSTOP,
-          {kMargin, kMargin, kMargin + kLeftWidth / 2, kMargin + kRow}, kHideId);
+      hide_bar_ = MakeWindow(L"HIDE_BAR");
       RECT place = {};
       GetWindowRect(window_, &place);
       SetWindowPos(hide_bar_, HWND_TOP, place.left, place.bottom, 0, 0,
@@ -260,37 +178,33 @@ class HostWindow {
 
   void Happened(int id) {
     switch (id) {
-      case kOpenId:
+      case ID_OPEN:
         return Open();
-      case kHideId:
+      case ID_HIDE:
         return Hide();
-      case kScenarioId:
-        TakeScenario(ReadScenario(WindowText(scenario_)));
+      case ID_USE_SCENARIO:
+        TakeScenario(ReadScenario(TextOf(ID_SCENARIO)));
         return Tell(u"host: the remote machine has another scenario");
       default:
         return;
     }
   }
 
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    auto* const host = reinterpret_cast<HostWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (host == nullptr) return DefWindowProcW(window, message, wparam, lparam);
+  // A dialog procedure: true for what is dealt with here.
+  static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_INITDIALOG) SetWindowLongPtrW(window, DWLP_USER, lparam);
+    auto* const host = reinterpret_cast<HostWindow*>(GetWindowLongPtrW(window, DWLP_USER));
+    if (host == nullptr) return FALSE;
     try {
-      switch (message) {
-        case WM_COMMAND:
-          if (HIWORD(wparam) == BN_CLICKED) host->Happened(LOWORD(wparam));
-          return 0;
-        case WM_TIMER:
-          host->Pump();
-          return 0;
-        case WM_CLOSE:
-          if (window == host->window_) {
-            host->is_closed_ = true;
-            PostMessageW(window, WM_NULL, 0, 0);
-          }
-          return 0;
-        default:
-          break;
+      if (message == WM_COMMAND && HIWORD(wparam) == BN_CLICKED) {
+        host->Happened(LOWORD(wparam));
+      } else if (message == WM_TIMER) {
+        host->Pump();
+      } else if (message == WM_CLOSE && window == host->window_) {
+        host->is_closed_ = true;
+        PostMessageW(window, WM_NULL, 0, 0);
+      } else {
+        return FALSE;
       }
     } catch (const UsageError& error) {
       host->Tell(Concat({u"host: ", error.message()}));
@@ -299,7 +213,7 @@ class HostWindow {
     } catch (const std::exception& error) {
       host->Tell(Concat({u"host: failed: ", FromUtf8(error.what())}));
     }
-    return DefWindowProcW(window, message, wparam, lparam);
+    return TRUE;
   }
 
   const std::function<void(const Text& line)> tell_;
@@ -311,16 +225,8 @@ class HostWindow {
   Scenario machine_scenario_;
   std::optional<RemoteMachine> machine_;
   std::optional<Relay> relay_;
-  int dots_per_inch_ = 96;
-  HFONT font_ = nullptr;
-  HWND window_ = nullptr;
+  const HWND window_ = MakeWindow(L"HOST_WINDOW");
   HWND hide_bar_ = nullptr;  // null while the dialog is not shown
-  HWND profile_ = nullptr;
-  HWND target_ = nullptr;
-  HWND scenario_ = nullptr;
-  std::vector<HWND> rights_;
-  HWND super_ = nullptr;
-  HWND log_ = nullptr;
   bool is_closed_ = false;
 };
 

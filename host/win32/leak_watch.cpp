@@ -1,7 +1,6 @@
 // What this process holds of the system's resources, kind by kind. The system's own counters are
-// asked first. Where they always answer 0, as under Wine, the process's own tables are read, or
-// every possible handle is tried. Counting takes up to a few tenths of a second and leaves the
-// counts as they were.
+// asked first. Where they always answer 0, as under Wine, every possible handle is tried. Counting
+// takes up to a few tenths of a second and leaves the counts as they were.
 #include "host/win32/leak_watch.h"
 
 #include <windows.h>
@@ -9,34 +8,21 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstring>
 #include <functional>
 
 namespace quill::host {
 namespace {
 
-template <class Function>
-Function NtdllFunction(const char* name) {
-  return reinterpret_cast<Function>(
-      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), name)));
-}
-
-BOOL CALLBACK CountChild(HWND, LPARAM count) {
-  ++*reinterpret_cast<long*>(count);
-  return TRUE;
-}
-
 BOOL CALLBACK CountIfOurs(HWND window, LPARAM count) {
   DWORD process = 0;
   GetWindowThreadProcessId(window, &process);
-  if (process != GetCurrentProcessId()) return TRUE;
-  EnumChildWindows(window, &CountChild, count);
-  return CountChild(window, count);
+  if (process == GetCurrentProcessId()) ++*reinterpret_cast<long*>(count);
+  return TRUE;
 }
 
 long CountWindows() {
   long count = 0;
-  EnumWindows(&CountIfOurs, reinterpret_cast<LPARAM>(&count));
+  EnumChildWindows(GetDesktopWindow(), &CountIfOurs, reinterpret_cast<LPARAM>(&count));
   HWND window = nullptr;
   while ((window = FindWindowExW(HWND_MESSAGE, window, nullptr, nullptr)) != nullptr) {
     CountIfOurs(window, reinterpret_cast<LPARAM>(&count));
@@ -66,39 +52,17 @@ long CountUserObjects() {
   return count;
 }
 
-const char* PointerAt(const char* place) {
-  std::uint64_t pointer = 0;  // of the wide form, in a 32-bit process too
-  std::memcpy(&pointer, place, sizeof pointer);
-  return reinterpret_cast<const char*>(static_cast<std::uintptr_t>(pointer));
-}
-
-// The process's 64-bit block; a 32-bit process reaches it through its thread's.
-const char* WideProcessBlock() {
-  using Function = const char*(WINAPI*)();
-  if constexpr (sizeof(void*) == 8) return NtdllFunction<Function>("RtlGetCurrentPeb")();
-  std::uint32_t thread_block = 0;
-  std::memcpy(&thread_block, NtdllFunction<Function>("NtCurrentTeb")() + 0xF70,
-              sizeof thread_block);
-  return PointerAt(reinterpret_cast<const char*>(static_cast<std::uintptr_t>(thread_block)) + 0x60);
-}
-
+// Under Wine an object is known by its handle's lower half too.
 long CountGdiObjects() {
   if (const DWORD count = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS)) {
     return static_cast<long>(count);
   }
-  struct Entry {
-    std::uint64_t object;
-    std::uint32_t owner;
-    std::uint16_t generation;
-    std::uint8_t type;
-    std::uint8_t flags;
-    std::uint64_t user;
-  };
-  static_assert(sizeof(Entry) == 24);
-  constexpr std::size_t kEntries = 0x4000;
-  const auto* const table = reinterpret_cast<const Entry*>(PointerAt(WideProcessBlock() + 0xF8));
-  return static_cast<long>(
-      std::count_if(table, table + kEntries, [](const Entry& entry) { return entry.type != 0; }));
+  constexpr std::uintptr_t kHandles = 0x4000;
+  long count = 0;
+  for (std::uintptr_t value = 1; value < kHandles; ++value) {
+    if (GetObjectType(reinterpret_cast<HGDIOBJ>(value)) != 0) ++count;
+  }
+  return count;
 }
 
 long CountKernelHandles() {
@@ -128,7 +92,8 @@ long CountAtomUses() {
     WCHAR name[256];
   };
   using Query = LONG(WINAPI*)(ATOM, int, void*, ULONG, ULONG*);
-  static const auto query = NtdllFunction<Query>("NtQueryInformationAtom");
+  static const auto query = reinterpret_cast<Query>(reinterpret_cast<void*>(
+      GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQueryInformationAtom")));
   // They count up by one, and a new one fills the first gap.
   constexpr unsigned kLongestGap = 1024;
   long uses = 0;
@@ -151,8 +116,9 @@ long CountThreadSlots() {
   return kSlots - static_cast<long>(free.size());
 }
 
-template <class Measure>
-long SumOfHeapBlocks(const Measure& measure) {
+// The blocks in use, or their bytes.
+template <bool kBytes>
+long MeasureHeaps() {
   // Allocated before, so that counting does not change the heap.
   static std::array<HANDLE, 256> heaps;
   const DWORD count = std::min<DWORD>(GetProcessHeaps(heaps.size(), heaps.data()), heaps.size());
@@ -161,20 +127,12 @@ long SumOfHeapBlocks(const Measure& measure) {
     if (!HeapLock(heaps[i])) continue;
     PROCESS_HEAP_ENTRY entry = {};
     while (HeapWalk(heaps[i], &entry)) {
-      if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) sum += measure(entry);
+      if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) == 0) continue;
+      sum += kBytes ? static_cast<long>(entry.cbData) : 1;
     }
     HeapUnlock(heaps[i]);
   }
   return sum;
-}
-
-long CountHeapBlocks() {
-  return SumOfHeapBlocks([](const PROCESS_HEAP_ENTRY&) { return 1L; });
-}
-
-long CountHeapBytes() {
-  return SumOfHeapBlocks(
-      [](const PROCESS_HEAP_ENTRY& entry) { return static_cast<long>(entry.cbData); });
 }
 
 // What a heap may grow by: the system uses it too now and then.
@@ -186,8 +144,8 @@ constexpr Resource kResources[] = {
     {u"kernel handles", CountKernelHandles},
     {u"uses of atoms", CountAtomUses},
     {u"thread slots", CountThreadSlots},
-    {u"heap blocks", CountHeapBlocks, 1},
-    {u"heap bytes", CountHeapBytes, kBytesPerBlock},
+    {u"heap blocks", MeasureHeaps<false>, 1},
+    {u"heap bytes", MeasureHeaps<true>, kBytesPerBlock},
 };
 
 void CountResources(std::vector<long>& counts) {

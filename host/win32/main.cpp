@@ -71,15 +71,12 @@ std::optional<Text> TakeOption(std::vector<Text>& words, TextView option) {
 
 class Apartment {
  public:
-  Apartment() : result_(OleInitialize(nullptr)) {
-    if (FAILED(result_)) throw RuntimeError(ErrorNumber::kCannotCreateObject);
+  Apartment() {
+    if (FAILED(OleInitialize(nullptr))) throw RuntimeError(ErrorNumber::kCannotCreateObject);
   }
   ~Apartment() { OleUninitialize(); }
   Apartment(const Apartment&) = delete;
   Apartment& operator=(const Apartment&) = delete;
-
- private:
-  HRESULT result_;
 };
 
 // The activation context that a manifest describes, for this thread.
@@ -122,21 +119,21 @@ int PerformEndure(std::span<const Text> words, ContractLog& contract, Console& c
 
 int PerformWithLibrary(std::vector<Text> words, ContractLog& contract, Console& console) {
   const PluginLibrary library(LibraryBesideProgram());
+  const auto tell = [&](const Text& line) { console.PrintLine(line); };
   if (words.empty() || words[0] == u"window") {
     std::optional<HighContrast> scheme;
     if (TakeHighContrast(words)) {
       scheme.emplace(GetModuleHandleW(L"kvrrcBHDGS.dll"), nullptr);
     }
     if (words.size() > 2) throw UsageError(u"window takes one scenario at most");
-    ShowHostWindow(words.size() == 2 ? words[1] : Text(), library, contract,
-                   [&](const Text& line) { console.PrintLine(line); });
+    ShowHostWindow(words.size() == 2 ? words[1] : Text(), library, contract, tell);
     return kExitGood;
   }
   CommandLineParts parts{[&] { return MakeNativeStage(library, contract); }, nullptr};
   if (const auto folder = TakeOption(words, kPictures)) {
-    parts.look = [&, pictures = DialogPictures(*folder), high_contrast = TakeHighContrast(words)](
+    parts.look = [&, folder = *folder, high_contrast = TakeHighContrast(words)](
                      Stage&, const Text& moment) {
-      pictures.Take(moment, high_contrast, [&](const Text& line) { console.PrintLine(line); });
+      TakeDialogPictures(folder, moment, high_contrast, tell);
     };
   }
   const int code = RunCommandLine(words, parts, console);

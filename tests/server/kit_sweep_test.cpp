@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <map>
 
-#include "host/win32/no_more_windows.h"
 #include "tests/doubles/settings_reply.h"
 #include "tests/server/named_class.h"
 #include "tests/server/plugin_bench.h"
 #include "tests/server/scripted_object.h"
+#include "tests/win32/no_more_windows.h"
 
 namespace quill::com {
 namespace {

@@ -6,8 +6,8 @@
 #include <commctrl.h>
 
 #include "host/win32/leak_watch.h"
-#include "host/win32/no_more_windows.h"
 #include "tests/win32/native_bench.h"
+#include "tests/win32/no_more_windows.h"
 #include "ui/text_box.h"
 
 namespace quill {
