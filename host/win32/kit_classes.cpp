@@ -21,20 +21,6 @@ constexpr KitClass kKits[] = {
      MakeMemoryKitObject},
 };
 
-class KitFactory final : public com::ClassFactory {
- public:
-  KitFactory(const KitServices& services, const KitClass& kit) : services_(services), kit_(kit) {}
-
- private:
-  HRESULT Make(REFIID wanted, void** object) override {
-    if (services_.before_creation) services_.before_creation(kit_.registered.prog_id);
-    return kit_.make(services_)->QueryInterface(wanted, object);
-  }
-
-  const KitServices services_;
-  const KitClass& kit_;
-};
-
 }  // namespace
 
 std::span<const KitClass, 2> KitClassTable() noexcept {
@@ -42,7 +28,10 @@ std::span<const KitClass, 2> KitClassTable() noexcept {
 }
 
 com::ComPtr<IClassFactory> MakeKitFactory(const KitServices& services, const KitClass& kit) {
-  return com::ComPtr<IClassFactory>::Adopt(new KitFactory(services, kit));
+  return com::MakeClassFactory([services, &kit](REFIID wanted, void** object) {
+    if (services.before_creation) services.before_creation(kit.registered.prog_id);
+    return kit.make(services)->QueryInterface(wanted, object);
+  });
 }
 
 KitClasses::KitClasses(const KitServices& services) {

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "com/late_bound.h"
-#include "com/library_use.h"
 #include "com/variant.h"
 #include "host/win32/member_table.h"
 #include "plugin/host_services.h"
@@ -170,7 +169,6 @@ class KitObject final : public TableObject {
   std::atomic<bool> is_let_go_ = false;
 
   const KitServices services_;
-  const com::LibraryUse in_use_;
 };
 
 }  // namespace

@@ -8,18 +8,10 @@
 namespace quill::host {
 
 com::Variant ArrayOfTexts(std::span<const Text> texts) {
-  com::Variant array;
-  array.get()->parray = ::SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(texts.size()));
-  if (array.get()->parray == nullptr) throw RuntimeError(ErrorNumber::kOutOfMemory);
-  array.get()->vt = VT_ARRAY | VT_VARIANT;
-  LONG place = 0;
-  for (const Text& text : texts) {
-    com::Variant element = com::Variant::OfText(text);
-    const HRESULT put = ::SafeArrayPutElement(array.get()->parray, &place, element.get());
-    if (FAILED(put)) throw com::ErrorOf(put);
-    ++place;
-  }
-  return array;
+  std::vector<com::Variant> elements;
+  elements.reserve(texts.size());
+  for (const Text& text : texts) elements.push_back(com::Variant::OfText(text));
+  return com::Variant::OfArray(elements);
 }
 
 const Member* TableObject::Find(DISPID id) const noexcept {
@@ -30,12 +22,7 @@ const Member* TableObject::Find(DISPID id) const noexcept {
 STDMETHODIMP TableObject::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
                                         DISPID* ids) {
   return com::FindNames(reserved, names, count, ids, [&](const OLECHAR* name) {
-    for (std::size_t i = 0; i < members_.size(); ++i) {
-      if (EqualIgnoringCase(members_[i].name, reinterpret_cast<const char16_t*>(name))) {
-        return static_cast<DISPID>(i);
-      }
-    }
-    return DISPID{DISPID_UNKNOWN};
+    return com::FindName(members_, name, 0, &Member::name);
   });
 }
 

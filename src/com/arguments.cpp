@@ -1,3 +1,4 @@
+// The order of arguments in a call is the platform's: named ones come first, the others backwards.
 #include "com/arguments.h"
 
 #include <algorithm>
@@ -30,7 +31,6 @@ Arguments::Arguments(std::span<const Parameter> parameters, const DISPPARAMS& gi
     throw ArgumentError{DISP_E_BADPARAMCOUNT, 0};
   }
 
-  // Named ones come first, then the positional ones from the last to the first.
   for (UINT i = 0; i < positional; ++i) {
     const UINT argument = given.cArgs - 1 - i;
     bound_[i] = {&given.rgvarg[argument], argument};

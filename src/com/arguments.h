@@ -12,7 +12,7 @@
 
 namespace quill::com {
 
-inline constexpr std::size_t kMostParameters = 4;
+inline constexpr std::size_t kMostParameters = 5;
 
 struct Parameter {
   TextView name;
@@ -42,6 +42,10 @@ class Arguments {
   // Null for Nothing. Borrowed: the caller's argument keeps it alive.
   [[nodiscard]] IDispatch* AsObject(std::size_t parameter) const;
   [[nodiscard]] const VARIANT& AsVariant(std::size_t parameter) const;
+  // Null: left out.
+  [[nodiscard]] const VARIANT* Given(std::size_t parameter) const {
+    return bound_.at(parameter).value;
+  }
 
  private:
   struct Bound {

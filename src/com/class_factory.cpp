@@ -1,42 +1,37 @@
+// The one class factory, for all classes.
 #include "com/class_factory.h"
 
+#include <utility>
+
 #include "com/com_error.h"
+#include "com/object.h"
 
 namespace quill::com {
+namespace {
 
-STDMETHODIMP ClassFactory::QueryInterface(REFIID wanted, void** object) {
-  if (object == nullptr) return E_POINTER;
-  const bool known = IsEqualIID(wanted, IID_IUnknown) || IsEqualIID(wanted, IID_IClassFactory);
-  *object = known ? static_cast<IClassFactory*>(this) : nullptr;
-  if (!known) return E_NOINTERFACE;
-  AddRef();
-  return S_OK;
-}
+class ClassFactory final : public Object<IClassFactory> {
+ public:
+  explicit ClassFactory(std::function<HRESULT(REFIID, void**)> make) : make_(std::move(make)) {}
 
-STDMETHODIMP_(ULONG) ClassFactory::AddRef() {
-  return ++references_;
-}
-
-STDMETHODIMP_(ULONG) ClassFactory::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
-}
-
-STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID wanted, void** object) {
-  if (object == nullptr) return E_POINTER;
-  *object = nullptr;
-  if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-  return Guarded(IID_IClassFactory, [&] { return Make(wanted, object); });
-}
-
-STDMETHODIMP ClassFactory::LockServer(BOOL lock) {
-  if (lock != FALSE) {
-    LibraryUse::Begin();
-  } else {
-    LibraryUse::End();
+  STDMETHODIMP CreateInstance(IUnknown* outer, REFIID wanted, void** object) override {
+    if (object == nullptr) return E_POINTER;
+    *object = nullptr;
+    if (outer != nullptr) return CLASS_E_NOAGGREGATION;
+    return Guarded(IID_IClassFactory, [&] { return make_(wanted, object); });
   }
-  return S_OK;
+  STDMETHODIMP LockServer(BOOL lock) override {
+    lock != FALSE ? LibraryUse::Begin() : LibraryUse::End();
+    return S_OK;
+  }
+
+ private:
+  const std::function<HRESULT(REFIID, void**)> make_;
+};
+
+}  // namespace
+
+ComPtr<IClassFactory> MakeClassFactory(std::function<HRESULT(REFIID, void**)> make) {
+  return ComPtr<IClassFactory>::Adopt(new ClassFactory(std::move(make)));
 }
 
 }  // namespace quill::com

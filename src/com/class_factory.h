@@ -1,36 +1,15 @@
-// A class factory, through which COM creates objects; what is left to write is how one is made.
+// Class factories, through which COM creates objects.
 #pragma once
 
-#include <atomic>
+#include <functional>
 
-#include "com/automation.h"
-#include "com/library_use.h"
+#include "com/com_ptr.h"
 
 namespace quill::com {
 
-// Has one reference, that of its maker; it deletes itself with the last one. It refuses
-// aggregation, and keeps the library in use while it exists.
-class ClassFactory : public IClassFactory {
- public:
-  ClassFactory(const ClassFactory&) = delete;
-  ClassFactory& operator=(const ClassFactory&) = delete;
-
-  STDMETHODIMP QueryInterface(REFIID wanted, void** object) override;
-  STDMETHODIMP_(ULONG) AddRef() override;
-  STDMETHODIMP_(ULONG) Release() override;
-  STDMETHODIMP CreateInstance(IUnknown* outer, REFIID wanted, void** object) override;
-  STDMETHODIMP LockServer(BOOL lock) override;
-
- protected:
-  ClassFactory() = default;
-  virtual ~ClassFactory() = default;
-
- private:
-  // Makes an object and asks it for `wanted`; may throw.
-  virtual HRESULT Make(REFIID wanted, void** object) = 0;
-
-  std::atomic<ULONG> references_ = 1;
-  const LibraryUse in_use_;
-};
+// `make` makes an object and asks it for the interface `wanted`; it may throw. The factory refuses
+// aggregation.
+[[nodiscard]] ComPtr<IClassFactory> MakeClassFactory(
+    std::function<HRESULT(REFIID wanted, void** object)> make);
 
 }  // namespace quill::com

@@ -1,3 +1,4 @@
+// Failures on their way through automation: in with a number and a description, and out with both.
 #include "com/com_error.h"
 
 #include <iterator>
@@ -87,12 +88,12 @@ void LeaveErrorInfo(const RuntimeError& error, REFIID interface_id) noexcept {
   ComPtr<ICreateErrorInfo> created;
   if (FAILED(::CreateErrorInfo(created.Receive()))) return;
   (void)created->SetGUID(interface_id);
-  BSTR source = BstrOrNull(kProgId);
-  BSTR description = BstrOrNull(error.description());
-  (void)created->SetSource(source);
-  (void)created->SetDescription(description);
-  ::SysFreeString(source);
-  ::SysFreeString(description);
+  Bstr source;
+  Bstr description;
+  *source.address() = BstrOrNull(kProgId);
+  *description.address() = BstrOrNull(error.description());
+  (void)created->SetSource(source.get());
+  (void)created->SetDescription(description.get());
   ComPtr<IErrorInfo> info;
   if (SUCCEEDED(created->QueryInterface(IID_IErrorInfo, info.ReceiveVoid()))) {
     (void)::SetErrorInfo(0, info.get());

@@ -34,6 +34,8 @@ class ComPtr {
   T* operator->() const noexcept { return object_; }
   explicit operator bool() const noexcept { return object_ != nullptr; }
 
+  // For calls that may put another reference in the place of this one.
+  [[nodiscard]] T** address() noexcept { return &object_; }
   // For calls that hand a reference out.
   [[nodiscard]] T** Receive() noexcept {
     Reset();

@@ -1,36 +1,20 @@
-// The plumbing of small automation objects that are called by name and have no type information:
-// counting, and the look-up of member names.
+// The plumbing of automation objects that are called by name: what they say about themselves, and
+// the look-up of their members' names.
 #pragma once
 
-#include <atomic>
-#include <cstdint>
+#include <algorithm>
+#include <functional>
+#include <iterator>
+#include <ranges>
 
-#include "com/automation.h"
+#include "com/object.h"
 #include "support/text.h"
 
 namespace quill::com {
 
-// An object with one reference, that of its maker; it deletes itself with the last one. What is
-// left to write are GetIDsOfNames and Invoke.
-class DispatchObject : public IDispatch {
+// An object without type information. What is left to write are GetIDsOfNames and Invoke.
+class DispatchObject : public Object<IDispatch> {
  public:
-  DispatchObject(const DispatchObject&) = delete;
-  DispatchObject& operator=(const DispatchObject&) = delete;
-
-  STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    const bool known = IsEqualIID(wanted, IID_IUnknown) || IsEqualIID(wanted, IID_IDispatch);
-    *object = known ? static_cast<IDispatch*>(this) : nullptr;
-    if (!known) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) LetGo();
-    return left;
-  }
   STDMETHODIMP GetTypeInfoCount(UINT* count) override {
     if (count == nullptr) return E_POINTER;
     *count = 0;
@@ -40,43 +24,42 @@ class DispatchObject : public IDispatch {
     if (info != nullptr) *info = nullptr;
     return DISP_E_BADINDEX;
   }
-
- protected:
-  DispatchObject() = default;
-  virtual ~DispatchObject() = default;
-  // Nobody holds the object any more.
-  virtual void LetGo() { delete this; }
-
- private:
-  std::atomic<ULONG> references_ = 1;
 };
 
-// The identifier of the first name in `names` that equals `name` without regard to letter case,
-// counted from `first`; DISPID_UNKNOWN when there is none.
-template <std::size_t kCount>
-[[nodiscard]] DISPID FindName(const TextView (&names)[kCount], const OLECHAR* name, DISPID first) {
+// The identifier of the first row in `rows` whose name (as `projection` gives it) equals `name`
+// without regard to letter case, counted from `first`; DISPID_UNKNOWN when there is none.
+template <std::ranges::forward_range Rows, class Projection = std::identity>
+[[nodiscard]] DISPID FindName(const Rows& rows, const OLECHAR* name, DISPID first,
+                              Projection projection = {}) {
   if (name == nullptr) return DISPID_UNKNOWN;
   const TextView wanted(reinterpret_cast<const char16_t*>(name));
-  for (std::size_t i = 0; i < kCount; ++i) {
-    if (EqualIgnoringCase(names[i], wanted)) return first + static_cast<DISPID>(i);
-  }
-  return DISPID_UNKNOWN;
+  const auto found = std::ranges::find_if(
+      rows, [&](TextView known) { return EqualIgnoringCase(known, wanted); }, projection);
+  if (found == std::ranges::end(rows)) return DISPID_UNKNOWN;
+  return first + static_cast<DISPID>(std::ranges::distance(std::ranges::begin(rows), found));
 }
 
-// The GetIDsOfNames of an object whose members take no named arguments: the first name is looked up
-// with `find`, further names are unknown.
-template <class Find>
+// What GetIDsOfNames answers: the first name is a member's, looked up with `find`; the others are
+// those of its parameters, looked up with `find_parameter`, which takes the member's identifier
+// too.
+template <class Find, class FindParameter>
 [[nodiscard]] HRESULT FindNames(REFIID reserved, LPOLESTR* names, UINT count, DISPID* ids,
-                                Find&& find) noexcept {
+                                const Find& find, const FindParameter& find_parameter) noexcept {
   if (!IsEqualIID(reserved, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
   if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
   ids[0] = find(names[0]);
-  HRESULT result = ids[0] == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;
   for (UINT i = 1; i < count; ++i) {
-    ids[i] = DISPID_UNKNOWN;
-    result = DISP_E_UNKNOWNNAME;
+    ids[i] = ids[0] == DISPID_UNKNOWN ? DISPID_UNKNOWN : find_parameter(ids[0], names[i]);
   }
-  return result;
+  return std::count(ids, ids + count, DISPID_UNKNOWN) == 0 ? S_OK : DISP_E_UNKNOWNNAME;
+}
+
+// The same for members that take no named arguments.
+template <class Find>
+[[nodiscard]] HRESULT FindNames(REFIID reserved, LPOLESTR* names, UINT count, DISPID* ids,
+                                const Find& find) noexcept {
+  return FindNames(reserved, names, count, ids, find,
+                   [](DISPID, const OLECHAR*) { return DISPID{DISPID_UNKNOWN}; });
 }
 
 }  // namespace quill::com

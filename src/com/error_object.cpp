@@ -1,9 +1,10 @@
+// What the file kit is told of a failure, and what a script may do with it.
 #include "com/error_object.h"
 
+#include "com/arguments.h"
 #include "com/bstr.h"
 #include "com/com_error.h"
 #include "com/dispatch_object.h"
-#include "com/library_use.h"
 #include "com/variant.h"
 #include "support/version.h"
 
@@ -23,26 +24,27 @@ enum Member : DISPID {
 };
 constexpr TextView kMembers[] = {u"Number",      u"Source",       u"Description", u"HelpFile",
                                  u"HelpContext", u"LastDllError", u"Clear",       u"Raise"};
+constexpr Parameter kRaiseParameters[] = {{u"Number"},
+                                          {u"Source", true},
+                                          {u"Description", true},
+                                          {u"HelpFile", true},
+                                          {u"HelpContext", true}};
 constexpr VARTYPE kTypes[] = {VT_I4, VT_BSTR, VT_BSTR, VT_BSTR, VT_I4, VT_I4};
 
 class ErrorObject final : public DispatchObject {
  public:
   explicit ErrorObject(const RuntimeError& error) { Describe(error.number(), error.description()); }
 
+  // Raise's parameters have the names of the values that they set.
   STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
                              DISPID* ids) override {
-    const auto find = [](const OLECHAR* name) { return FindName(kMembers, name, kNumber); };
-    HRESULT result = FindNames(reserved, names, count, ids, find);
-    if (result != DISP_E_UNKNOWNNAME || ids[0] != kRaise) return result;
-    // Raise's arguments have the names of the values that they set.
-    result = S_OK;
-    for (UINT i = 1; i < count; ++i) {
-      ids[i] = find(names[i]);
-      if (ids[i] <= kHelpContext && ids[i] != DISPID_UNKNOWN) continue;
-      ids[i] = DISPID_UNKNOWN;
-      result = DISP_E_UNKNOWNNAME;
-    }
-    return result;
+    return FindNames(
+        reserved, names, count, ids,
+        [](const OLECHAR* name) { return FindName(kMembers, name, kNumber); },
+        [](DISPID member, const OLECHAR* name) {
+          return member == kRaise ? FindName(kRaiseParameters, name, kNumber, &Parameter::name)
+                                  : DISPID{DISPID_UNKNOWN};
+        });
   }
   STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID, WORD flags, DISPPARAMS* arguments,
                       VARIANT* result, EXCEPINFO* raised, UINT*) override {
@@ -55,8 +57,7 @@ class ErrorObject final : public DispatchObject {
         return count == 1 ? Put(member, arguments->rgvarg[0]) : DISP_E_BADPARAMCOUNT;
       }
       if (member == kRaise) {
-        if (count < 1 || count > kLastDllError) return DISP_E_BADPARAMCOUNT;
-        return Raise(*arguments, raised);
+        return arguments != nullptr ? Raise(*arguments, raised) : DISP_E_BADPARAMCOUNT;
       }
       if (count != 0) return DISP_E_BADPARAMCOUNT;
       if (member == kClear) Describe(0, u"");
@@ -82,24 +83,15 @@ class ErrorObject final : public DispatchObject {
     return result;
   }
   // Fails towards the caller, as the error that its arguments describe.
-  HRESULT Raise(const DISPPARAMS& given, EXCEPINFO* raised) {
-    const VARIANT* values[kLastDllError] = {};
-    for (UINT i = 0; i < given.cArgs; ++i) {
-      // Named ones come first, then the others from the last to the first.
-      const DISPID place = i < given.cNamedArgs ? given.rgdispidNamedArgs[i]
-                                                : static_cast<DISPID>(given.cArgs - 1 - i);
-      if (place < kNumber || place > kHelpContext || values[place] != nullptr) {
-        return DISP_E_PARAMNOTFOUND;
-      }
-      values[place] = &Referred(given.rgvarg[i]);
-    }
-    if (values[kNumber] == nullptr) return DISP_E_PARAMNOTOPTIONAL;
-    const std::int32_t number = Int32Of(*values[kNumber]);
+  HRESULT Raise(const DISPPARAMS& given, EXCEPINFO* raised) try {
+    const Arguments arguments(kRaiseParameters, given);
+    const std::int32_t number = arguments.AsInt32(kNumber);
     if (number == 0) return E_INVALIDARG;
     Describe(number, DefaultDescription(number));
     for (DISPID i = kSource; i <= kHelpContext; ++i) {
-      if (values[i] == nullptr || values[i]->vt == VT_ERROR) continue;  // left out
-      const HRESULT result = Put(i, *values[i]);
+      const VARIANT* const value = arguments.Given(static_cast<std::size_t>(i));
+      if (value == nullptr) continue;
+      const HRESULT result = Put(i, *value);
       if (FAILED(result)) return result;
     }
     const HRESULT result =
@@ -110,9 +102,10 @@ class ErrorObject final : public DispatchObject {
       raised->dwHelpContext = static_cast<DWORD>(values_[kHelpContext].get()->lVal);
     }
     return result;
+  } catch (const ArgumentError& error) {
+    return error.result;
   }
 
-  const LibraryUse in_use_;
   Variant values_[std::size(kTypes)];
 };
 

@@ -1,6 +1,6 @@
+// Objects differ in how they want to be asked; what each kind refuses stands with the attempt.
 #include "com/late_bound.h"
 
-#include "com/automation.h"
 #include "com/bstr.h"
 #include "com/com_error.h"
 #include "support/compiler.h"

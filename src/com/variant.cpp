@@ -1,4 +1,7 @@
+// The conversions leave to the platform what it converts, but not the choice of the locale.
 #include "com/variant.h"
+
+#include <utility>
 
 #include "com/bstr.h"
 #include "com/com_error.h"
@@ -8,10 +11,13 @@
 namespace quill::com {
 namespace {
 
+void ThrowIfFailed(HRESULT result) {
+  if (FAILED(result)) throw ErrorOf(result);
+}
+
 Variant Converted(const VARIANT& value, VARTYPE type) {
   Variant converted;
-  const HRESULT result = ConvertTo(type, value, converted);
-  if (FAILED(result)) throw ErrorOf(result);
+  ThrowIfFailed(ConvertTo(type, value, converted));
   return converted;
 }
 
@@ -53,11 +59,7 @@ Variant DefaultValue(IDispatch* object) {
 }
 
 Variant& Variant::operator=(Variant&& other) noexcept {
-  if (this != &other) {
-    ::VariantClear(&value_);
-    value_ = other.value_;
-    ::VariantInit(&other.value_);
-  }
+  std::swap(value_, other.value_);
   return *this;
 }
 
@@ -79,6 +81,20 @@ Variant Variant::OfBoolean(bool truth) noexcept {
   Variant variant;
   variant.value_.vt = VT_BOOL;
   variant.value_.boolVal = truth ? VARIANT_TRUE : VARIANT_FALSE;
+  return variant;
+}
+
+Variant Variant::OfArray(std::span<Variant> elements) {
+  Variant variant;
+  variant.value_.parray =
+      ::SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(elements.size()));
+  if (variant.value_.parray == nullptr) throw RuntimeError(ErrorNumber::kOutOfMemory);
+  variant.value_.vt = VT_ARRAY | VT_VARIANT;
+  LONG place = 0;
+  for (Variant& element : elements) {
+    ThrowIfFailed(::SafeArrayPutElement(variant.value_.parray, &place, element.get()));
+    ++place;
+  }
   return variant;
 }
 
@@ -171,13 +187,11 @@ SAFEARRAY* ArrayOf(const VARIANT& value) noexcept {
 Text ElementText(SAFEARRAY* array, std::int32_t index) {
   VARTYPE type = VT_EMPTY;
   LONG place = index;
-  if (array == nullptr || ::SafeArrayGetDim(array) != 1 ||
-      FAILED(::SafeArrayGetVartype(array, &type))) {
-    throw RuntimeError(ErrorNumber::kSubscriptOutOfRange);
-  }
   LONG lower = 0;
   LONG upper = -1;
-  if (FAILED(::SafeArrayGetLBound(array, 1, &lower)) ||
+  if (array == nullptr || ::SafeArrayGetDim(array) != 1 ||
+      FAILED(::SafeArrayGetVartype(array, &type)) ||
+      FAILED(::SafeArrayGetLBound(array, 1, &lower)) ||
       FAILED(::SafeArrayGetUBound(array, 1, &upper)) || place < lower || place > upper) {
     throw RuntimeError(ErrorNumber::kSubscriptOutOfRange);
   }
@@ -190,7 +204,7 @@ Text ElementText(SAFEARRAY* array, std::int32_t index) {
     result = ::SafeArrayGetElement(array, &place, &element.get()->byref);
     if (SUCCEEDED(result)) element.get()->vt = type;
   }
-  if (FAILED(result)) throw ErrorOf(result == E_INVALIDARG ? DISP_E_TYPEMISMATCH : result);
+  ThrowIfFailed(result == E_INVALIDARG ? DISP_E_TYPEMISMATCH : result);
   return TextOf(*element.get());
 }
 

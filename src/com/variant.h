@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "com/automation.h"
 #include "support/text.h"
@@ -20,6 +21,8 @@ class Variant {
   [[nodiscard]] static Variant OfText(TextView text);
   [[nodiscard]] static Variant OfInt32(std::int32_t number) noexcept;
   [[nodiscard]] static Variant OfBoolean(bool truth) noexcept;  // -1 or 0, 16-bit
+  // A new array of variants, with copies of those.
+  [[nodiscard]] static Variant OfArray(std::span<Variant> elements);
   // By reference: what is referred to must outlive the variant, which does not own it.
   [[nodiscard]] static Variant ByReference(BSTR* text) noexcept;
   [[nodiscard]] static Variant ByReference(LONG* number) noexcept;

@@ -1,3 +1,4 @@
+// The entries of a class as one list, which writing goes through; removing takes whole keys.
 #include "server/class_registration.h"
 
 #include <cwchar>
@@ -5,6 +6,7 @@
 
 #include "com/bstr.h"
 #include "com/com_error.h"
+#include "com/owned.h"
 #include "support/runtime_error.h"
 #include "win32/file_handle.h"
 #include "win32/win32_process_paths.h"
@@ -13,18 +15,6 @@ namespace quill::com {
 namespace {
 
 constexpr TextView kClassesKey = u"Software\\Classes\\";
-
-class Key {
- public:
-  explicit Key(HKEY key) noexcept : key_(key) {}
-  ~Key() { ::RegCloseKey(key_); }
-  Key(const Key&) = delete;
-  Key& operator=(const Key&) = delete;
-  [[nodiscard]] HKEY get() const noexcept { return key_; }
-
- private:
-  HKEY key_;
-};
 
 void ThrowIfFailed(LSTATUS status) {
   if (status != ERROR_SUCCESS) throw ErrorOf(HRESULT_FROM_WIN32(static_cast<DWORD>(status)));
@@ -64,14 +54,11 @@ std::vector<Entry> EntriesOf(const RegisteredClass& registered) {
 
 void Write(HKEY root, const Entry& entry) {
   const Text path = Concat({kClassesKey, entry.key});
-  HKEY made = nullptr;
-  ThrowIfFailed(::RegCreateKeyExW(root, WideOf(path), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                                  KEY_WRITE, nullptr, &made, nullptr));
-  const Key key(made);
   const Text name(entry.name);
-  ThrowIfFailed(::RegSetValueExW(key.get(), name.empty() ? nullptr : WideOf(name), 0, REG_SZ,
-                                 reinterpret_cast<const BYTE*>(entry.value.c_str()),
-                                 static_cast<DWORD>((entry.value.size() + 1) * sizeof(char16_t))));
+  // Makes the key where there is none.
+  ThrowIfFailed(::RegSetKeyValueW(root, WideOf(path), name.empty() ? nullptr : WideOf(name), REG_SZ,
+                                  entry.value.c_str(),
+                                  static_cast<DWORD>((entry.value.size() + 1) * sizeof(char16_t))));
 }
 
 // What a view adds to the rights that a key is opened with. A system of 32 bits has one view only.
@@ -81,12 +68,12 @@ REGSAM FlagOf(RegistryView view) noexcept {
 }
 
 // Null: there is no such key. `path` is a full one.
-HKEY OpenKey(RegistrationScope scope, const Text& path, REGSAM rights, RegistryView view) {
+Owned<HKEY> OpenKey(RegistrationScope scope, const Text& path, REGSAM rights, RegistryView view) {
   HKEY opened = nullptr;
   const LSTATUS status =
       ::RegOpenKeyExW(RootOf(scope), WideOf(path), 0, rights | FlagOf(view), &opened);
   if (status != ERROR_FILE_NOT_FOUND) ThrowIfFailed(status);
-  return opened;
+  return Owned<HKEY>(opened);
 }
 
 }  // namespace
@@ -136,13 +123,11 @@ void WriteProgId(RegistrationScope scope, TextView prog_id, const Text& class_id
 }
 
 Text ReadEntry(RegistrationScope scope, const Text& key, RegistryView view) {
-  const HKEY opened = OpenKey(scope, Concat({kClassesKey, key}), KEY_QUERY_VALUE, view);
-  if (opened == nullptr) return {};
-  const Key open(opened);
+  const auto opened = OpenKey(scope, Concat({kClassesKey, key}), KEY_QUERY_VALUE, view);
   Text value(32768, u'\0');
   auto size = static_cast<DWORD>(value.size() * sizeof(char16_t));
-  if (::RegGetValueW(opened, nullptr, nullptr, RRF_RT_REG_SZ, nullptr, value.data(), &size) !=
-      ERROR_SUCCESS) {
+  if (opened == nullptr || ::RegGetValueW(opened.get(), nullptr, nullptr, RRF_RT_REG_SZ, nullptr,
+                                          value.data(), &size) != ERROR_SUCCESS) {
     return {};
   }
   return value.c_str();  // NOLINT(readability-redundant-string-cstr): without the terminator
@@ -150,22 +135,20 @@ Text ReadEntry(RegistrationScope scope, const Text& key, RegistryView view) {
 
 void RemoveTree(RegistrationScope scope, const Text& key, RegistryView view) {
   const Text path = Concat({kClassesKey, key});
-  const HKEY opened =
+  const auto opened =
       OpenKey(scope, path, DELETE | KEY_ENUMERATE_SUB_KEYS | KEY_QUERY_VALUE | KEY_SET_VALUE, view);
   if (opened == nullptr) return;
-  const Key open(opened);
-  ThrowIfFailed(::RegDeleteTreeW(opened, nullptr));
+  ThrowIfFailed(::RegDeleteTreeW(opened.get(), nullptr));
   ThrowIfFailed(::RegDeleteKeyExW(RootOf(scope), WideOf(path), FlagOf(view), 0));
 }
 
 void RemoveIfEmpty(RegistrationScope scope, TextView key) {
   const Text path = Concat({kClassesKey, key});
-  const HKEY opened = OpenKey(scope, path, KEY_QUERY_VALUE, RegistryView::kOwn);
-  if (opened == nullptr) return;
-  const Key open(opened);
+  const auto opened = OpenKey(scope, path, KEY_QUERY_VALUE, RegistryView::kOwn);
   DWORD keys = 0;
   DWORD values = 0;
-  if (::RegQueryInfoKeyW(opened, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values,
+  if (opened != nullptr &&
+      ::RegQueryInfoKeyW(opened.get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values,
                          nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS &&
       keys == 0 && values == 0) {
     (void)::RegDeleteKeyW(RootOf(scope), WideOf(path));
@@ -176,15 +159,16 @@ bool IsElsewhere(const Text& file) {
   if (file.empty()) return false;
   BY_HANDLE_FILE_INFORMATION named{};
   BY_HANDLE_FILE_INFORMATION own{};
+  const auto self = win32::OpenExisting(win32::ThisModulePath());
   try {
-    if (!::GetFileInformationByHandle(win32::OpenExisting(file).get(), &named)) return true;
+    // Paths may name one file in many ways; its number on its volume does not.
+    return !::GetFileInformationByHandle(win32::OpenExisting(file).get(), &named) ||
+           !::GetFileInformationByHandle(self.get(), &own) ||
+           named.dwVolumeSerialNumber != own.dwVolumeSerialNumber ||
+           named.nFileIndexHigh != own.nFileIndexHigh || named.nFileIndexLow != own.nFileIndexLow;
   } catch (const RuntimeError&) {
     return true;
   }
-  const win32::FileHandle self = win32::OpenExisting(win32::ThisModulePath());
-  return !::GetFileInformationByHandle(self.get(), &own) ||
-         named.dwVolumeSerialNumber != own.dwVolumeSerialNumber ||
-         named.nFileIndexHigh != own.nFileIndexHigh || named.nFileIndexLow != own.nFileIndexLow;
 }
 
 }  // namespace quill::com

@@ -1,37 +1,17 @@
+// Hosts write their collections in many ways; each is asked in the way that changes nothing in it.
 #include "server/com_host_values.h"
 
 #include <algorithm>
 #include <vector>
 
 #include "com/bstr.h"
+#include "com/com_ptr.h"
+#include "com/late_bound.h"
 #include "com/variant.h"
 #include "support/runtime_error.h"
 
 namespace quill::com {
 namespace {
-
-bool IsNumeric(VARTYPE type) {
-  switch (type) {
-    case VT_I1:
-    case VT_I2:
-    case VT_I4:
-    case VT_I8:
-    case VT_INT:
-    case VT_UI1:
-    case VT_UI2:
-    case VT_UI4:
-    case VT_UI8:
-    case VT_UINT:
-    case VT_R4:
-    case VT_R8:
-    case VT_CY:
-    case VT_DECIMAL:
-    case VT_BOOL:
-      return true;
-    default:
-      return false;
-  }
-}
 
 // Fails with kTypeMismatch for what cannot be compared with a text.
 HostItem ItemOf(const VARIANT& value) {
@@ -40,23 +20,23 @@ HostItem ItemOf(const VARIANT& value) {
   IDispatch* object = nullptr;
   Variant number;
   if (ReadObject(referred, object)) return ItemOf(*DefaultValue(object).get());
-  switch (const auto type = static_cast<VARTYPE>(referred.vt & ~VT_BYREF)) {
+  switch (referred.vt & ~VT_BYREF) {
     case VT_EMPTY:
     case VT_NULL:
     case VT_DATE:
-      return item;
+      break;
     case VT_BSTR:
       item.kind = HostItem::Kind::kText;
       item.text = TextOf(referred);
-      return item;
-    default:
-      if (!IsNumeric(type) || FAILED(ConvertTo(VT_R8, referred, number))) {
+      break;
+    default:  // a number, or nothing that the platform would convert to one
+      if (FAILED(ConvertTo(VT_R8, referred, number))) {
         throw RuntimeError(ErrorNumber::kTypeMismatch);
       }
       item.kind = HostItem::Kind::kNumber;
       item.number = number.get()->dblVal;
-      return item;
   }
+  return item;
 }
 
 bool IsNothing(const VARIANT& value) {
@@ -110,13 +90,95 @@ std::optional<std::vector<Text>> Enumerated(IDispatch* object) {
 // first.
 std::optional<Text> Spelling(const std::vector<Text>& keys, TextView key) {
   auto found = std::ranges::find(keys, key);
-  if (found == keys.end()) {
-    found = std::ranges::find_if(
-        keys, [&](const Text& listed) { return EqualIgnoringCase(listed, key); });
-  }
-  if (found == keys.end()) return std::nullopt;
-  return *found;
+  const auto is_alike = [&](const Text& listed) { return EqualIgnoringCase(listed, key); };
+  if (found == keys.end()) found = std::ranges::find_if(keys, is_alike);
+  return found != keys.end() ? std::optional(*found) : std::nullopt;
 }
+
+// Whether a collection holds a key is asked before its item is, because some add the key that they
+// are asked for: of the list in Keys, or of ContainsKey, Exists or Contains. Without these a key is
+// missing when the look-up fails, or when it answers with nothing as it does for keys that nobody
+// has.
+class ComHostCollection final : public HostCollection {
+ public:
+  explicit ComHostCollection(IDispatch* collection) noexcept : collection_(collection) {}
+  [[nodiscard]] std::int64_t Count() override {
+    return Int32Of(*collection_.Call(u"Count", {}).get());
+  }
+
+  [[nodiscard]] std::optional<HostItem> Find(TextView key) override {
+    std::optional<Variant> item;
+    if (const std::optional<std::vector<Text>> keys = Keys()) {
+      const std::optional<Text> spelling = Spelling(*keys, key);
+      if (!spelling) return std::nullopt;
+      item = Item(*spelling);
+    } else {
+      const std::optional<bool> holds = Holds(key);
+      if (holds == false) return std::nullopt;
+      item = Item(key);
+      if (item && IsNothing(*item->get()) && !holds && !NothingIsAnItem(key)) return std::nullopt;
+    }
+    if (!item) return std::nullopt;
+    return ItemOf(*item->get());
+  }
+
+ private:
+  // The collection's keys as it spells them; nothing when it does not list them.
+  [[nodiscard]] std::optional<std::vector<Text>> Keys() {
+    const std::optional<DISPID> member = collection_.Find(u"Keys");
+    if (!member) return std::nullopt;
+    Variant listed;
+    try {
+      listed = collection_.Call(*member, {});
+    } catch (const RuntimeError&) {
+      return std::nullopt;
+    }
+    IDispatch* object = nullptr;
+    if (ReadObject(*listed.get(), object) && object != nullptr) return Enumerated(object);
+    SAFEARRAY* const array = ArrayOf(*listed.get());
+    if (array == nullptr) return std::nullopt;
+    return KeysIn(array);
+  }
+
+  // Nothing when the collection cannot tell.
+  [[nodiscard]] std::optional<bool> Holds(TextView key) {
+    const Variant argument = Variant::OfText(key);
+    for (const TextView name : {u"ContainsKey", u"Exists", u"Contains"}) {
+      const std::optional<DISPID> member = collection_.Find(name);
+      if (!member) continue;
+      try {
+        const Variant answer = collection_.Call(*member, {&argument});
+        if (!IsNothing(*answer.get())) return TruthOf(*answer.get());
+      } catch (const RuntimeError&) {
+        // A member of that name that is asked in another way.
+      }
+    }
+    return std::nullopt;
+  }
+
+  // True when an answer of nothing for that key means an item.
+  [[nodiscard]] bool NothingIsAnItem(TextView key) {
+    if (const auto keys = Enumerated(collection_.object()); keys && Spelling(*keys, key))
+      return true;
+    return !Item(Concat({key, u"?"}));
+  }
+
+  // Nothing when the look-up fails.
+  [[nodiscard]] std::optional<Variant> Item(TextView key) {
+    const Variant argument = Variant::OfText(key);
+    const std::optional<DISPID> member = collection_.Find(u"Item");
+    try {
+      return collection_.Call(member.value_or(DISPID_VALUE), {&argument});
+    } catch (const RuntimeError& error) {
+      // Without any way to look an item up the object is no collection.
+      if (!member && error.number() == static_cast<std::int32_t>(ErrorNumber::kMemberNotFound))
+        throw;
+      return std::nullopt;
+    }
+  }
+
+  LateBound collection_;
+};
 
 }  // namespace
 
@@ -131,74 +193,6 @@ Text ComHostArray::ElementText(std::int32_t index) const {
     return TextOf(*script_array.Call(*element, {}).get());
   }
   throw RuntimeError(ErrorNumber::kTypeMismatch);
-}
-
-std::int64_t ComHostCollection::Count() {
-  return Int32Of(*collection_.Call(u"Count", {}).get());
-}
-
-std::optional<HostItem> ComHostCollection::Find(TextView key) {
-  std::optional<Variant> item;
-  if (const std::optional<std::vector<Text>> keys = Keys()) {
-    const std::optional<Text> spelling = Spelling(*keys, key);
-    if (!spelling) return std::nullopt;
-    item = Item(*spelling);
-  } else {
-    const std::optional<bool> holds = Holds(key);
-    if (holds == false) return std::nullopt;
-    item = Item(key);
-    if (item && IsNothing(*item->get()) && !holds && !NothingIsAnItem(key)) return std::nullopt;
-  }
-  if (!item) return std::nullopt;
-  return ItemOf(*item->get());
-}
-
-std::optional<std::vector<Text>> ComHostCollection::Keys() {
-  const std::optional<DISPID> member = collection_.Find(u"Keys");
-  if (!member) return std::nullopt;
-  Variant listed;
-  try {
-    listed = collection_.Call(*member, {});
-  } catch (const RuntimeError&) {
-    return std::nullopt;
-  }
-  IDispatch* object = nullptr;
-  if (ReadObject(*listed.get(), object) && object != nullptr) return Enumerated(object);
-  SAFEARRAY* const array = ArrayOf(*listed.get());
-  if (array == nullptr) return std::nullopt;
-  return KeysIn(array);
-}
-
-std::optional<bool> ComHostCollection::Holds(TextView key) {
-  const Variant argument = Variant::OfText(key);
-  for (const TextView name : {u"ContainsKey", u"Exists", u"Contains"}) {
-    const std::optional<DISPID> member = collection_.Find(name);
-    if (!member) continue;
-    try {
-      const Variant answer = collection_.Call(*member, {&argument});
-      if (!IsNothing(*answer.get())) return TruthOf(*answer.get());
-    } catch (const RuntimeError&) {
-      // A member of that name that is asked in another way.
-    }
-  }
-  return std::nullopt;
-}
-
-bool ComHostCollection::NothingIsAnItem(TextView key) {
-  if (const auto keys = Enumerated(collection_.object()); keys && Spelling(*keys, key)) return true;
-  return !Item(Concat({key, u"?"}));
-}
-
-std::optional<Variant> ComHostCollection::Item(TextView key) {
-  const Variant argument = Variant::OfText(key);
-  const std::optional<DISPID> member = collection_.Find(u"Item");
-  try {
-    return collection_.Call(member.value_or(DISPID_VALUE), {&argument});
-  } catch (const RuntimeError& error) {
-    // Without any way to look an item up the object is no collection.
-    if (!member && error.number() == static_cast<std::int32_t>(ErrorNumber::kMemberNotFound)) throw;
-    return std::nullopt;
-  }
 }
 
 std::shared_ptr<HostCollection> CollectionOf(IDispatch* object) {

@@ -3,26 +3,14 @@
 #include "com/automation.h"
 #include "com/class_factory.h"
 #include "com/com_error.h"
-#include "com/com_ptr.h"
 #include "com/identifiers.h"
 #include "server/library.h"
 #include "server/plugin_object.h"
 #include "server/registration.h"
 
-using quill::com::ComPtr;
 using quill::com::Guarded;
 using quill::com::Library;
 using quill::com::RegistrationScope;
-
-namespace {
-
-class PluginFactory final : public quill::com::ClassFactory {
-  HRESULT Make(REFIID wanted, void** object) override {
-    return quill::com::MakePluginObject(wanted, object);
-  }
-};
-
-}  // namespace
 
 extern "C" {
 
@@ -31,7 +19,7 @@ STDAPI DllGetClassObject(REFCLSID class_id, REFIID wanted, void** object) {
   *object = nullptr;
   if (!IsEqualCLSID(class_id, quill::com::kClassId)) return CLASS_E_CLASSNOTAVAILABLE;
   return Guarded(IID_IUnknown, [&] {
-    const auto factory = ComPtr<IClassFactory>::Adopt(new PluginFactory);
+    const auto factory = quill::com::MakeClassFactory(&quill::com::MakePluginObject);
     Library::Get().StayLoaded();
     return factory->QueryInterface(wanted, object);
   });

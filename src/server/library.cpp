@@ -1,3 +1,4 @@
+// The library's life: which thread it belongs to, when it begins and when it may end.
 #include "server/library.h"
 
 #include "com/bstr.h"
@@ -36,7 +37,6 @@ constinit Library Library::only_;
 Library::~Library() {
   (void)runtime_.release();
   (void)types_.Detach();
-  if (owner_thread_ != nullptr) ::CloseHandle(owner_thread_);
 }
 
 Library& Library::Get() noexcept {
@@ -72,11 +72,11 @@ void Library::StayLoaded() noexcept {
 bool Library::Claim() noexcept {
   const DWORD caller = ::GetCurrentThreadId();
   ::AcquireSRWLockExclusive(&owner_lock_);
-  const bool has_ended = owner_ == 0 || ::WaitForSingleObject(owner_thread_, 0) == WAIT_OBJECT_0;
+  const bool has_ended =
+      owner_ == 0 || ::WaitForSingleObject(owner_thread_.get(), 0) == WAIT_OBJECT_0;
   if (owner_ != caller && has_ended) {
-    if (const HANDLE thread = ::OpenThread(SYNCHRONIZE, FALSE, caller)) {
-      if (owner_thread_ != nullptr) ::CloseHandle(owner_thread_);
-      owner_thread_ = thread;
+    if (Owned<HANDLE> thread(::OpenThread(SYNCHRONIZE, FALSE, caller)); thread != nullptr) {
+      owner_thread_ = std::move(thread);
       owner_ = caller;
       // Windows end with their thread, and the host's objects with its apartment: there is nothing
       // left that could be ended properly.
@@ -90,8 +90,7 @@ bool Library::Claim() noexcept {
 
 void Library::Disown() noexcept {
   ::AcquireSRWLockExclusive(&owner_lock_);
-  ::CloseHandle(owner_thread_);
-  owner_thread_ = nullptr;
+  owner_thread_.reset();
   owner_ = 0;
   ::ReleaseSRWLockExclusive(&owner_lock_);
 }
@@ -112,21 +111,6 @@ ComPtr<ITypeInfo> Library::TypeInfo(REFGUID id) {
   const HRESULT found = types_->GetTypeInfoOfGuid(id, info.Receive());
   if (FAILED(found)) throw ErrorOf(found);
   return info;
-}
-
-ComPtr<ITypeInfo> Library::InterfaceInfo() {
-  return TypeInfo(kInterfaceId);
-}
-ComPtr<ITypeInfo> Library::ClassInfo() {
-  return TypeInfo(kClassId);
-}
-
-ComPtr<IRecordInfo> Library::RecordInfo() {
-  const ComPtr<ITypeInfo> info = TypeInfo(kRecordId);
-  ComPtr<IRecordInfo> record;
-  const HRESULT made = ::GetRecordInfoFromTypeInfo(info.get(), record.Receive());
-  if (FAILED(made)) throw ErrorOf(made);
-  return record;
 }
 
 }  // namespace quill::com

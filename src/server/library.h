@@ -9,6 +9,7 @@
 
 #include "com/automation.h"
 #include "com/com_ptr.h"
+#include "com/owned.h"
 #include "plugin/mdlBHDGS.h"
 
 namespace quill::com {
@@ -30,10 +31,9 @@ class Library {
   // The main module, made on first use. RPC_E_WRONG_THREAD on a thread that may not use it.
   [[nodiscard]] mdlBHDGS& Module();
 
-  // From the type library in this file's resources. Both fail as the platform does.
-  [[nodiscard]] ComPtr<ITypeInfo> InterfaceInfo();
-  [[nodiscard]] ComPtr<ITypeInfo> ClassInfo();
-  [[nodiscard]] ComPtr<IRecordInfo> RecordInfo();
+  // What the type library in this file's resources says of kInterfaceId, kClassId or kRecordId.
+  // Fails as the platform does.
+  [[nodiscard]] ComPtr<ITypeInfo> TypeInfo(REFGUID id);
 
  private:
   struct Runtime;
@@ -43,14 +43,13 @@ class Library {
   // Makes the calling thread the one that everything belongs to, unless another is that already.
   [[nodiscard]] bool Claim() noexcept;
   void Disown() noexcept;
-  [[nodiscard]] ComPtr<ITypeInfo> TypeInfo(REFGUID id);
 
   static Library only_;
 
   std::atomic<bool> is_held_ = false;
   SRWLOCK owner_lock_ = SRWLOCK_INIT;
   DWORD owner_ = 0;
-  HANDLE owner_thread_ = nullptr;  // kept open: Windows would give the thread's id to another
+  Owned<HANDLE> owner_thread_;  // kept open: Windows would give the thread's id to another
   ComPtr<ITypeLib> types_;
   std::unique_ptr<Runtime> runtime_;
 };

@@ -1,15 +1,13 @@
+// Every member twice: bound late, from a table, and bound early.
 #include "server/plugin_object.h"
 
-#include <atomic>
 #include <span>
 
 #include "com/arguments.h"
-#include "com/automation.h"
 #include "com/bstr.h"
 #include "com/com_error.h"
 #include "com/dispatch_object.h"
 #include "com/identifiers.h"
-#include "com/library_use.h"
 #include "plugin/clsPlugin.h"
 #include "server/com_host_values.h"
 #include "server/library.h"
@@ -17,6 +15,11 @@
 #include "server/record.h"
 
 namespace quill::com {
+template <>
+const IID& IdOf<IPlugin>() noexcept {
+  return kInterfaceId;
+}
+
 namespace {
 
 constexpr Parameter kVersionParameters[] = {{u"PNAME"}};
@@ -25,97 +28,62 @@ constexpr Parameter kOpenParameters[] = {{u"Index"}, {u"pHwnd"}, {u"PDAT"}, {u"f
 constexpr Parameter kReplyParameters[] = {{u"Data"}};
 constexpr Parameter kHideParameters[] = {{u"fName", true}};
 
-// Each is a late-bound call of one member.
-Variant CallVersion(clsPlugin& plugin, const Arguments& arguments) {
-  Variant converted;
-  return Variant::OfText(plugin.dllVersion(arguments.AsText(0, converted)));
-}
-
-Variant CallGetData(clsPlugin& plugin, const Arguments&) {
-  const ComPtr<IRecordInfo> info = Library::Get().RecordInfo();
-  const PLUGIN data = plugin.GetData();
+Variant RecordOf(const PLUGIN& data) {
+  ComPtr<IRecordInfo> info;
+  const ComPtr<ITypeInfo> type = Library::Get().TypeInfo(kRecordId);
+  const HRESULT made = ::GetRecordInfoFromTypeInfo(type.get(), info.Receive());
+  if (FAILED(made)) throw ErrorOf(made);
   Variant variant;
-  void* memory = info->RecordCreate();
+  void* const memory = info->RecordCreate();
   if (memory == nullptr) throw RuntimeError(ErrorNumber::kOutOfMemory);
   variant.get()->vt = VT_RECORD;
   variant.get()->pvRecord = memory;
-  variant.get()->pRecInfo = info.get();
-  info->AddRef();
+  variant.get()->pRecInfo = info.Detach();
   FillRecord(data, *static_cast<PluginRecord*>(memory));
   return variant;
-}
-
-Variant CallSetPrivis(clsPlugin& plugin, const Arguments& arguments) {
-  const bool is_super_admin = arguments.AsBoolean(2);
-  plugin.SetPrivis(CollectionOf(arguments.AsObject(0)), CollectionOf(arguments.AsObject(1)),
-                   is_super_admin);
-  return Variant();
-}
-
-Variant CallLoadInterface(clsPlugin& plugin, const Arguments& arguments) {
-  const ComHostArray target(arguments.AsVariant(2));
-  plugin.LoadInterface(arguments.AsInt32(0), arguments.AsInt32(1), target);
-  return Variant();
-}
-
-Variant CallRemoteData(clsPlugin& plugin, const Arguments& arguments) {
-  Variant converted;
-  plugin.RemoteData(arguments.AsText(0, converted));
-  return Variant();
-}
-
-Variant CallHideInterface(clsPlugin& plugin, const Arguments&) {
-  plugin.HideInterface();
-  return Variant();
 }
 
 struct Member {
   TextView name;
   std::span<const Parameter> parameters;
-  Variant (*call)(clsPlugin& plugin, const Arguments& arguments);
+  Variant (*call)(clsPlugin& plugin, const Arguments& arguments);  // late bound
 };
 // A member's identifier is its position here, counted from 1.
 constexpr Member kMembers[] = {
-    {u"dllVersion", kVersionParameters, CallVersion},
-    {u"GetData", {}, CallGetData},
-    {u"SetPrivis", kRightsParameters, CallSetPrivis},
-    {u"LoadInterface", kOpenParameters, CallLoadInterface},
-    {u"RemoteData", kReplyParameters, CallRemoteData},
-    {u"HideInterface", kHideParameters, CallHideInterface},
+    {u"dllVersion", kVersionParameters,
+     [](clsPlugin& plugin, const Arguments& arguments) {
+       Variant converted;
+       return Variant::OfText(plugin.dllVersion(arguments.AsText(0, converted)));
+     }},
+    {u"GetData",
+     {},
+     [](clsPlugin& plugin, const Arguments&) { return RecordOf(plugin.GetData()); }},
+    {u"SetPrivis", kRightsParameters,
+     [](clsPlugin& plugin, const Arguments& arguments) {
+       const bool is_super_admin = arguments.AsBoolean(2);
+       plugin.SetPrivis(CollectionOf(arguments.AsObject(0)), CollectionOf(arguments.AsObject(1)),
+                        is_super_admin);
+       return Variant();
+     }},
+    {u"LoadInterface", kOpenParameters,
+     [](clsPlugin& plugin, const Arguments& arguments) {
+       const ComHostArray target(arguments.AsVariant(2));
+       plugin.LoadInterface(arguments.AsInt32(0), arguments.AsInt32(1), target);
+       return Variant();
+     }},
+    {u"RemoteData", kReplyParameters,
+     [](clsPlugin& plugin, const Arguments& arguments) {
+       Variant converted;
+       plugin.RemoteData(arguments.AsText(0, converted));
+       return Variant();
+     }},
+    {u"HideInterface", kHideParameters,
+     [](clsPlugin& plugin, const Arguments&) { return plugin.HideInterface(), Variant(); }},
 };
 
-bool SameName(TextView name, const OLECHAR* given) {
-  return given != nullptr &&
-         EqualIgnoringCase(name, TextView(reinterpret_cast<const char16_t*>(given)));
-}
-
-class PluginObject final : public IPlugin, public IProvideClassInfo, public ISupportErrorInfo {
+class PluginObject final : public Object<IPlugin, IProvideClassInfo, ISupportErrorInfo> {
  public:
   PluginObject() : plugin_(Library::Get().Module()) {}
-
-  // IUnknown
-  STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    *object = nullptr;
-    if (IsEqualIID(wanted, IID_IUnknown) || IsEqualIID(wanted, IID_IDispatch) ||
-        IsEqualIID(wanted, kInterfaceId)) {
-      *object = static_cast<IPlugin*>(this);
-    } else if (IsEqualIID(wanted, IID_IProvideClassInfo)) {
-      *object = static_cast<IProvideClassInfo*>(this);
-    } else if (IsEqualIID(wanted, IID_ISupportErrorInfo)) {
-      *object = static_cast<ISupportErrorInfo*>(this);
-    } else {
-      return E_NOINTERFACE;
-    }
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
 
   // IDispatch
   STDMETHODIMP GetTypeInfoCount(UINT* count) override {
@@ -128,29 +96,18 @@ class PluginObject final : public IPlugin, public IProvideClassInfo, public ISup
     *info = nullptr;
     if (index != 0) return DISP_E_BADINDEX;
     return Guarded(kInterfaceId, [&] {
-      *info = Library::Get().InterfaceInfo().Detach();
+      *info = Library::Get().TypeInfo(kInterfaceId).Detach();
       return S_OK;
     });
   }
   STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
                              DISPID* ids) override {
-    if (!IsEqualIID(reserved, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
-    if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
-    for (UINT i = 0; i < count; ++i) ids[i] = DISPID_UNKNOWN;
-    const Member* member = nullptr;
-    for (const Member& candidate : kMembers) {
-      if (SameName(candidate.name, names[0])) member = &candidate;
-    }
-    if (member == nullptr) return DISP_E_UNKNOWNNAME;
-    ids[0] = static_cast<DISPID>(member - kMembers) + 1;
-    HRESULT result = S_OK;
-    for (UINT i = 1; i < count; ++i) {
-      for (std::size_t p = 0; p < member->parameters.size(); ++p) {
-        if (SameName(member->parameters[p].name, names[i])) ids[i] = static_cast<DISPID>(p);
-      }
-      if (ids[i] == DISPID_UNKNOWN) result = DISP_E_UNKNOWNNAME;
-    }
-    return result;
+    return FindNames(
+        reserved, names, count, ids,
+        [](const OLECHAR* name) { return FindName(kMembers, name, 1, &Member::name); },
+        [](DISPID member, const OLECHAR* name) {
+          return FindName(kMembers[member - 1].parameters, name, 0, &Parameter::name);
+        });
   }
   STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* given,
                       VARIANT* result, EXCEPINFO* raised, UINT* bad_argument) override {
@@ -214,7 +171,7 @@ class PluginObject final : public IPlugin, public IProvideClassInfo, public ISup
     if (info == nullptr) return E_POINTER;
     *info = nullptr;
     return Guarded(IID_IProvideClassInfo, [&] {
-      *info = Library::Get().ClassInfo().Detach();
+      *info = Library::Get().TypeInfo(kClassId).Detach();
       return S_OK;
     });
   }
@@ -225,8 +182,6 @@ class PluginObject final : public IPlugin, public IProvideClassInfo, public ISup
   }
 
  private:
-  ~PluginObject() = default;
-
   template <class Body>
   [[nodiscard]] HRESULT Call(Body&& body) noexcept {
     const ComPtr<IPlugin> kept_alive(this);
@@ -236,8 +191,6 @@ class PluginObject final : public IPlugin, public IProvideClassInfo, public ISup
     });
   }
 
-  std::atomic<ULONG> references_ = 1;
-  const LibraryUse in_use_;
   clsPlugin plugin_;
 };
 

@@ -1,3 +1,4 @@
+// The record's fields, each filled from the portable one of the same name.
 #include "server/record.h"
 
 #include <optional>
@@ -5,62 +6,58 @@
 
 #include "com/bstr.h"
 #include "com/com_error.h"
-#include "support/runtime_error.h"
 
 namespace quill::com {
 namespace {
 
-struct TextField {
-  const Text PLUGIN::*from;
-  BSTR PluginRecord::*to;
-};
-constexpr TextField kTextFields[] = {
-    {&PLUGIN::Name, &PluginRecord::Name},
-    {&PLUGIN::File, &PluginRecord::File},
-    {&PLUGIN::Version, &PluginRecord::Version},
-    {&PLUGIN::Author, &PluginRecord::Author},
-    {&PLUGIN::Description, &PluginRecord::Description},
-    {&PLUGIN::MinRCVer, &PluginRecord::MinRCVer},
-    {&PLUGIN::MinMemKitVer, &PluginRecord::MinMemKitVer},
-    {&PLUGIN::MinFileKitVer, &PluginRecord::MinFileKitVer},
-    {&PLUGIN::MinKVRVer, &PluginRecord::MinKVRVer},
-    {&PLUGIN::MinRCCVer, &PluginRecord::MinRCCVer},
-};
-
-struct FlagField {
-  const bool PLUGIN::*from;
-  VARIANT_BOOL PluginRecord::*to;
-};
-constexpr FlagField kFlagFields[] = {
-    {&PLUGIN::HasInterface, &PluginRecord::HasInterface},
-    {&PLUGIN::ProfileMenu, &PluginRecord::ProfileMenu},
-    {&PLUGIN::ServerMenu, &PluginRecord::ServerMenu},
-    {&PLUGIN::MainMenu, &PluginRecord::MainMenu},
-};
-
-struct ListField {
-  const std::optional<std::vector<Text>> PLUGIN::*from;
-  VARIANT PluginRecord::*to;
-};
-constexpr ListField kListFields[] = {
-    {&PLUGIN::Game, &PluginRecord::Game},
-    {&PLUGIN::ProfileMenuItems, &PluginRecord::ProfileMenuItems},
-    {&PLUGIN::ServerMenuItems, &PluginRecord::ServerMenuItems},
-    {&PLUGIN::MainMenuItems, &PluginRecord::MainMenuItems},
-};
-
-void FillWithTexts(const std::vector<Text>& texts, VARIANT& variant) {
-  SAFEARRAY* array = ::SafeArrayCreateVector(VT_BSTR, 0, static_cast<ULONG>(texts.size()));
-  if (array == nullptr) throw RuntimeError(ErrorNumber::kOutOfMemory);
-  variant.vt = VT_ARRAY | VT_BSTR;
-  variant.parray = array;
+void Fill(BSTR& field, const Text& text) {
+  field = NewBstr(text);
+}
+void Fill(VARIANT_BOOL& field, bool truth) {
+  field = truth ? VARIANT_TRUE : VARIANT_FALSE;
+}
+void Fill(VARIANT& field, const std::optional<std::vector<Text>>& texts) {
+  if (!texts) return;
+  field.parray = ::SafeArrayCreateVector(VT_BSTR, 0, static_cast<ULONG>(texts->size()));
+  if (field.parray == nullptr) throw RuntimeError(ErrorNumber::kOutOfMemory);
+  field.vt = VT_ARRAY | VT_BSTR;
   LONG place = 0;
-  for (const Text& text : texts) {
-    const Bstr element(text);
-    const HRESULT result = ::SafeArrayPutElement(array, &place, element.get());
+  for (const Text& text : *texts) {
+    const HRESULT result = ::SafeArrayPutElement(field.parray, &place, Bstr(text).get());
     if (FAILED(result)) throw ErrorOf(result);
     ++place;
   }
+}
+
+void Free(BSTR& field) {
+  ::SysFreeString(field);
+}
+void Free(VARIANT_BOOL&) {}
+void Free(VARIANT& field) {
+  ::VariantClear(&field);
+}
+
+// Tells `visit` the places of each field in both records.
+template <class Visit>
+void ForEachField(const Visit& visit) {
+  visit(&PLUGIN::Name, &PluginRecord::Name);
+  visit(&PLUGIN::File, &PluginRecord::File);
+  visit(&PLUGIN::Version, &PluginRecord::Version);
+  visit(&PLUGIN::Author, &PluginRecord::Author);
+  visit(&PLUGIN::Description, &PluginRecord::Description);
+  visit(&PLUGIN::Game, &PluginRecord::Game);
+  visit(&PLUGIN::HasInterface, &PluginRecord::HasInterface);
+  visit(&PLUGIN::ProfileMenu, &PluginRecord::ProfileMenu);
+  visit(&PLUGIN::ServerMenu, &PluginRecord::ServerMenu);
+  visit(&PLUGIN::MainMenu, &PluginRecord::MainMenu);
+  visit(&PLUGIN::ProfileMenuItems, &PluginRecord::ProfileMenuItems);
+  visit(&PLUGIN::ServerMenuItems, &PluginRecord::ServerMenuItems);
+  visit(&PLUGIN::MainMenuItems, &PluginRecord::MainMenuItems);
+  visit(&PLUGIN::MinRCVer, &PluginRecord::MinRCVer);
+  visit(&PLUGIN::MinMemKitVer, &PluginRecord::MinMemKitVer);
+  visit(&PLUGIN::MinFileKitVer, &PluginRecord::MinFileKitVer);
+  visit(&PLUGIN::MinKVRVer, &PluginRecord::MinKVRVer);
+  visit(&PLUGIN::MinRCCVer, &PluginRecord::MinRCCVer);
 }
 
 }  // namespace
@@ -68,14 +65,7 @@ void FillWithTexts(const std::vector<Text>& texts, VARIANT& variant) {
 void FillRecord(const PLUGIN& data, PluginRecord& record) {
   record = PluginRecord{};
   try {
-    for (const TextField& field : kTextFields) record.*field.to = NewBstr(data.*field.from);
-    for (const FlagField& field : kFlagFields) {
-      record.*field.to = data.*field.from ? VARIANT_TRUE : VARIANT_FALSE;
-    }
-    for (const ListField& field : kListFields) {
-      ::VariantInit(&(record.*field.to));
-      if (data.*field.from) FillWithTexts(*(data.*field.from), record.*field.to);
-    }
+    ForEachField([&](auto from, auto to) { Fill(record.*to, data.*from); });
   } catch (...) {
     ClearRecord(record);
     throw;
@@ -83,8 +73,7 @@ void FillRecord(const PLUGIN& data, PluginRecord& record) {
 }
 
 void ClearRecord(PluginRecord& record) noexcept {
-  for (const TextField& field : kTextFields) ::SysFreeString(record.*field.to);
-  for (const ListField& field : kListFields) ::VariantClear(&(record.*field.to));
+  ForEachField([&](auto, auto to) { Free(record.*to); });
   record = PluginRecord{};
 }
 

@@ -1,3 +1,5 @@
+// Writing and removing all that a host finds the library by. The platform registers type libraries
+// itself, but what it removes would be too much.
 #include "server/registration.h"
 
 #include "com/bstr.h"
@@ -75,14 +77,11 @@ HRESULT Register(RegistrationScope scope) noexcept {
 
 HRESULT Unregister(RegistrationScope scope) noexcept {
   // One that cannot be removed does not keep the other.
-  const HRESULT without_class = Guarded(IID_IUnknown, [&] {
-    RemoveClass(scope, kPluginClass);
-    return S_OK;
-  });
-  const HRESULT without_types = Guarded(IID_IUnknown, [&] {
-    UnregisterTypes(scope);
-    return S_OK;
-  });
+  const auto attempt = [](const auto& remove) {
+    return Guarded(IID_IUnknown, [&] { return remove(), S_OK; });
+  };
+  const HRESULT without_class = attempt([&] { RemoveClass(scope, kPluginClass); });
+  const HRESULT without_types = attempt([&] { UnregisterTypes(scope); });
   return FAILED(without_class) ? without_class : without_types;
 }
 

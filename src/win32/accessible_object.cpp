@@ -1,16 +1,16 @@
+// The answers to assistive tools: the model's where it knows better, the system's for all else.
 #include "win32/accessible_object.h"
 
 #include "com/automation.h"
 
 #include <oleacc.h>
 
-#include <atomic>
 #include <iterator>
 #include <new>
 #include <utility>
 
 #include "com/com_ptr.h"
-#include "com/library_use.h"
+#include "com/object.h"
 #include "support/compiler.h"
 #include "ui/check_box.h"
 #include "ui/combo_box.h"
@@ -29,10 +29,6 @@ constexpr std::uint8_t kRoles[] = {
     ROLE_SYSTEM_TEXT,       ROLE_SYSTEM_CHECKBUTTON, ROLE_SYSTEM_LIST,     ROLE_SYSTEM_COMBOBOX,
     ROLE_SYSTEM_PUSHBUTTON, ROLE_SYSTEM_GRAPHIC,     ROLE_SYSTEM_GRAPHIC};
 
-bool IsSelf(const VARIANT& child) {
-  return child.vt == VT_I4 && child.lVal == CHILDID_SELF;
-}
-
 bool IsImageButton(const ui::Control& control) {
   return control.kind() == ui::ControlKind::kImage && control.tab_index() >= 0;
 }
@@ -43,36 +39,19 @@ HRESULT Give(TextView text, BSTR* out) {
   return *out != nullptr ? S_OK : E_OUTOFMEMORY;
 }
 
-// Holds the window, not the peer: the window may go first. Counts itself, as the tool may hold it
-// for longer than the host holds the library.
-class AccessibleObject final : public IAccessible {
+// Holds the window, not the peer: the tool may hold the object for longer than the window exists,
+// and for longer than the host holds the library.
+class AccessibleObject final : public com::Object<IAccessible> {
  public:
   AccessibleObject(HWND window, ComPtr<IAccessible> standard) noexcept
       : window_(window), standard_(std::move(standard)) {}
-  AccessibleObject(const AccessibleObject&) = delete;
-  AccessibleObject& operator=(const AccessibleObject&) = delete;
 
   STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    if (IsEqualIID(wanted, QUILL_ID_OF(IUnknown)) || IsEqualIID(wanted, QUILL_ID_OF(IDispatch)) ||
-        IsEqualIID(wanted, QUILL_ID_OF(IAccessible))) {
-      *object = this;
-      AddRef();
-      return S_OK;
-    }
     // How the children are told one by one is the system's business.
-    if (IsEqualIID(wanted, QUILL_ID_OF(IEnumVARIANT)) ||
-        IsEqualIID(wanted, QUILL_ID_OF(IOleWindow))) {
-      return standard_->QueryInterface(wanted, object);
-    }
-    *object = nullptr;
-    return E_NOINTERFACE;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
+    const bool is_systems = IsEqualIID(wanted, QUILL_ID_OF(IEnumVARIANT)) ||
+                            IsEqualIID(wanted, QUILL_ID_OF(IOleWindow));
+    return is_systems ? standard_->QueryInterface(wanted, object)
+                      : Object::QueryInterface(wanted, object);
   }
 
   STDMETHODIMP GetTypeInfoCount(UINT* count) override { return standard_->GetTypeInfoCount(count); }
@@ -192,19 +171,16 @@ class AccessibleObject final : public IAccessible {
   }
 
  private:
-  ~AccessibleObject() = default;
-
   // The control, when it is what is asked about; null for its children, and once its window is
   // gone.
   [[nodiscard]] const ui::Control* Own(const VARIANT& child) const noexcept {
-    const WindowPeer* const peer = IsSelf(child) ? WindowPeer::Of(window_) : nullptr;
+    const bool is_self = child.vt == VT_I4 && child.lVal == CHILDID_SELF;
+    const WindowPeer* const peer = is_self ? WindowPeer::Of(window_) : nullptr;
     return peer != nullptr ? &peer->control() : nullptr;
   }
 
   HWND window_;
   ComPtr<IAccessible> standard_;
-  std::atomic<ULONG> references_ = 1;
-  com::LibraryUse use_;
 };
 
 }  // namespace

@@ -1,3 +1,4 @@
+// A message-only window, because messages to a thread alone are lost in other programs' loops.
 #include "win32/deferred_tasks.h"
 
 #include <utility>
@@ -13,7 +14,6 @@ constexpr UINT kRunTasks = WM_APP;
 
 DeferredTasks::~DeferredTasks() {
   RunAll();
-  if (window_ != nullptr) DestroyWindow(window_);
 }
 
 void DeferredTasks::Add(std::function<void()> task) {
@@ -23,13 +23,13 @@ void DeferredTasks::Add(std::function<void()> task) {
 
 void DeferredTasks::Post() noexcept {
   if (window_ == nullptr) {
-    window_ = CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                              ThisModule(), nullptr);
+    window_.reset(CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                  ThisModule(), nullptr));
     if (window_ == nullptr) return;  // the tasks then run with the destructor
-    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure));
+    SetWindowLongPtrW(window_.get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    SetWindowLongPtrW(window_.get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure));
   }
-  if (!posted_) posted_ = PostMessageW(window_, kRunTasks, 0, 0) != FALSE;
+  if (!posted_) posted_ = PostMessageW(window_.get(), kRunTasks, 0, 0) != FALSE;
 }
 
 void DeferredTasks::RunAll() noexcept {

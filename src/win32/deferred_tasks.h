@@ -6,6 +6,8 @@
 #include <functional>
 #include <vector>
 
+#include "com/owned.h"
+
 namespace quill::win32 {
 
 class DeferredTasks {
@@ -31,7 +33,7 @@ class DeferredTasks {
   void Post() noexcept;
   void Run() noexcept;
 
-  HWND window_ = nullptr;
+  com::Owned<HWND> window_;
   std::vector<std::function<void()>> tasks_;
   int events_ = 0;  // being handled, one inside the other
   bool posted_ = false;

@@ -1,4 +1,7 @@
+// Opening files: the system's limits on paths, and its reasons for refusing.
 #include "win32/file_handle.h"
+
+#include <algorithm>
 
 #include "win32/last_error.h"
 
@@ -20,6 +23,14 @@ std::wstring FullPath(const std::wstring& path) {
   }
 }
 
+Owned<HANDLE> Open(TextView path, DWORD access, DWORD sharing, DWORD disposition) {
+  const std::wstring native = NativePath(path);
+  const HANDLE file = CreateFileW(native.c_str(), access, sharing, nullptr, disposition,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) throw FileFailure(GetLastError());
+  return Owned<HANDLE>(file);
+}
+
 }  // namespace
 
 std::wstring NativePath(TextView path) {
@@ -33,13 +44,23 @@ std::wstring NativePath(TextView path) {
   return L"\\\\?\\" + native;
 }
 
-FileHandle OpenExisting(TextView path) {
-  FileHandle file(CreateFileW(NativePath(path).c_str(), GENERIC_READ,
-                              FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                              OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN,
-                              nullptr));
-  if (!file.valid()) throw FileFailure(GetLastError());
-  return file;
+Owned<HANDLE> OpenExisting(TextView path) {
+  return Open(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+              OPEN_EXISTING);
+}
+
+Owned<HANDLE> MakeEmpty(TextView path) {
+  return Open(path, GENERIC_WRITE, FILE_SHARE_READ, CREATE_ALWAYS);
+}
+
+std::size_t ReadFrom(const Owned<HANDLE>& file, char* bytes, std::size_t size) {
+  constexpr std::size_t kLargestRead = 1u << 30;  // a read takes 32 bits
+  DWORD read = 0;
+  if (!ReadFile(file.get(), bytes, static_cast<DWORD>(std::min(size, kLargestRead)), &read,
+                nullptr)) {
+    throw RuntimeError(ErrorNumber::kDeviceIoError);
+  }
+  return read;
 }
 
 }  // namespace quill::win32

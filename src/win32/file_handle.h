@@ -1,30 +1,14 @@
-// A kernel file handle that closes itself, and the native form of paths.
+// Files of the machine, and the native form of paths.
 #pragma once
 
-#include <windows.h>
-
 #include <string>
-#include <utility>
 
+#include "com/owned.h"
 #include "support/text.h"
 
 namespace quill::win32 {
 
-class FileHandle {
- public:
-  explicit FileHandle(HANDLE handle) noexcept : handle_(handle) {}
-  FileHandle(FileHandle&& other) noexcept
-      : handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE)) {}
-  FileHandle& operator=(FileHandle&&) = delete;
-  ~FileHandle() {
-    if (valid()) CloseHandle(handle_);
-  }
-  [[nodiscard]] bool valid() const noexcept { return handle_ != INVALID_HANDLE_VALUE; }
-  [[nodiscard]] HANDLE get() const noexcept { return handle_; }
-
- private:
-  HANDLE handle_;
-};
+using com::Owned;
 
 // `path` as file calls take it; a long one gets the prefix that lifts the system's length limit.
 // Fails with kPathNotFound for an empty path and for one with a zero unit in it, which the system
@@ -33,6 +17,11 @@ class FileHandle {
 
 // Opens an existing file for reading; others may write, rename and delete it meanwhile. Fails as
 // FileSystem does.
-[[nodiscard]] FileHandle OpenExisting(TextView path);
+[[nodiscard]] Owned<HANDLE> OpenExisting(TextView path);
+// Makes a file, or empties the one that is there; others may read it meanwhile. Fails likewise.
+[[nodiscard]] Owned<HANDLE> MakeEmpty(TextView path);
+
+// Reads at most `size` bytes; how many were read, 0 at the end. Fails with kDeviceIoError.
+[[nodiscard]] std::size_t ReadFrom(const Owned<HANDLE>& file, char* bytes, std::size_t size);
 
 }  // namespace quill::win32

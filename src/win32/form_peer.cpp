@@ -121,10 +121,7 @@ RECT FormPeer::Place() const {
   const int width = frame.right - frame.left;
   const int height = frame.bottom - frame.top;
   // In the middle of the screen that the operator is looking at.
-  MONITORINFO monitor = {};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(MonitorFromWindow(GetActiveWindow(), MONITOR_DEFAULTTOPRIMARY), &monitor);
-  const RECT& area = monitor.rcWork;
+  const RECT area = WorkAreaFor(GetActiveWindow());
   const int left = std::max<int>(area.left, (area.left + area.right - width) / 2);
   const int top = std::max<int>(area.top, (area.top + area.bottom - height) / 2);
   return {left, top, left + width, top + height};

@@ -1,3 +1,4 @@
+// Which windows of the thread wait for the one that is shown, and which have to stay usable.
 #include "win32/modal_display.h"
 
 #include <array>

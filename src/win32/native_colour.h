@@ -15,6 +15,11 @@ namespace quill::win32 {
 
 // True when the operator has asked the system for colours of high contrast; nothing is then drawn
 // in a colour of one's own.
-[[nodiscard]] bool IsHighContrast() noexcept;
+[[nodiscard]] inline bool IsHighContrast() noexcept {
+  HIGHCONTRASTW contrast = {};
+  contrast.cbSize = sizeof contrast;
+  return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+         (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
 
 }  // namespace quill::win32

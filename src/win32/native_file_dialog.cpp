@@ -1,3 +1,4 @@
+// The request as the system's dialogs take it, and their buffer as paths.
 #include "win32/native_file_dialog.h"
 
 #include <commdlg.h>
@@ -14,23 +15,13 @@ namespace {
 // Room for a selection of many files.
 constexpr std::size_t kBufferSize = 65536;
 
-class KeepCurrentFolder {
- public:
-  KeepCurrentFolder() {
-    folder_.resize(GetCurrentDirectoryW(0, nullptr));
-    if (!folder_.empty()) {
-      folder_.resize(GetCurrentDirectoryW(static_cast<DWORD>(folder_.size()), folder_.data()));
-    }
+std::wstring CurrentFolder() {
+  std::wstring folder(GetCurrentDirectoryW(0, nullptr), L'\0');
+  if (!folder.empty()) {
+    folder.resize(GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data()));
   }
-  ~KeepCurrentFolder() {
-    if (!folder_.empty()) SetCurrentDirectoryW(folder_.c_str());
-  }
-  KeepCurrentFolder(const KeepCurrentFolder&) = delete;
-  KeepCurrentFolder& operator=(const KeepCurrentFolder&) = delete;
-
- private:
-  std::wstring folder_;
-};
+  return folder;
+}
 
 // "description|pattern" as zero-ended strings with a zero behind the last.
 std::wstring NativeFilter(TextView filter) {
@@ -80,8 +71,10 @@ std::vector<Text> AskForFiles(HWND owner, const ui::FileDialogRequest& request) 
   dialog.lpstrTitle = request.title.empty() ? nullptr : Wide(request.title);
   dialog.Flags = request.flags;
 
-  const KeepCurrentFolder keep;
+  // The dialog's own flag for it, OFN_NOCHANGEDIR, has no effect on opening files.
+  const std::wstring folder = CurrentFolder();
   const BOOL picked = request.save ? GetSaveFileNameW(&dialog) : GetOpenFileNameW(&dialog);
+  if (!folder.empty()) SetCurrentDirectoryW(folder.c_str());
   if (picked) return PathsIn(buffer);
   const DWORD reason = CommDlgExtendedError();
   if (reason == 0) return {};

@@ -1,11 +1,12 @@
+// GIF files by the platform's own decoder, which older and newer systems have alike.
 #include "win32/native_picture.h"
 
 #include <ocidl.h>
 #include <ole2.h>
 #include <olectl.h>
+#include <shlwapi.h>
 
-#include <algorithm>
-#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -17,47 +18,37 @@
 namespace quill::win32 {
 namespace {
 
-constexpr std::size_t kLargestPictureFile = 16u << 20;
+constexpr LONGLONG kLargestPictureFile = 16u << 20;
 constexpr int kHimetricPerInch = 2540;
 
 [[noreturn]] void RefusePicture() {
   throw RuntimeError(ErrorNumber::kInvalidPicture);
 }
 
+// The bytes of a file that begins as a GIF picture does.
 std::vector<char> ReadWhole(TextView path) {
-  const FileHandle file = OpenExisting(path);
+  const auto file = OpenExisting(path);
   LARGE_INTEGER size = {};
   if (!GetFileSizeEx(file.get(), &size)) throw FileFailure(GetLastError());
-  if (size.QuadPart <= 0 || size.QuadPart > static_cast<LONGLONG>(kLargestPictureFile)) {
-    RefusePicture();
-  }
+  if (size.QuadPart <= 0 || size.QuadPart > kLargestPictureFile) RefusePicture();
   std::vector<char> bytes(static_cast<std::size_t>(size.QuadPart));
-  DWORD read = 0;
-  if (!ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr)) {
-    throw RuntimeError(ErrorNumber::kDeviceIoError);
-  }
-  bytes.resize(read);
+  bytes.resize(ReadFrom(file, bytes.data(), bytes.size()));
+  const std::string_view content(bytes.data(), bytes.size());
+  if (!content.starts_with("GIF87a") && !content.starts_with("GIF89a")) RefusePicture();
   return bytes;
 }
 
 com::ComPtr<IPicture> LoadPictureFrom(const std::vector<char>& bytes) {
-  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
-  if (memory == nullptr) throw std::bad_alloc();
-  if (void* const target = GlobalLock(memory)) {
-    std::copy(bytes.begin(), bytes.end(), static_cast<char*>(target));
-    GlobalUnlock(memory);
-  }
-  com::ComPtr<IStream> stream;
-  if (FAILED(CreateStreamOnHGlobal(memory, TRUE, stream.Receive()))) {
-    GlobalFree(memory);
-    throw std::bad_alloc();
-  }
+  const auto size = static_cast<UINT>(bytes.size());
+  const auto stream = com::ComPtr<IStream>::Adopt(
+      SHCreateMemStream(reinterpret_cast<const BYTE*>(bytes.data()), size));
+  if (!stream) throw std::bad_alloc();
   com::ComPtr<IPicture> picture;
   SHORT type = PICTYPE_UNINITIALIZED;
   // An empty or odd stream can be answered with success and a picture of no type.
-  if (FAILED(OleLoadPicture(stream.get(), static_cast<LONG>(bytes.size()), FALSE, IID_IPicture,
-                            reinterpret_cast<void**>(picture.Receive()))) ||
-      picture.get() == nullptr || FAILED(picture->get_Type(&type)) || type != PICTYPE_BITMAP) {
+  if (FAILED(OleLoadPicture(stream.get(), static_cast<LONG>(size), FALSE, IID_IPicture,
+                            picture.ReceiveVoid())) ||
+      !picture || FAILED(picture->get_Type(&type)) || type != PICTYPE_BITMAP) {
     RefusePicture();
   }
   return picture;
@@ -93,10 +84,7 @@ class GifPicture final : public NativePicture {
 }  // namespace
 
 std::shared_ptr<const NativePicture> ReadGifPicture(TextView path) {
-  const std::vector<char> bytes = ReadWhole(path);
-  const std::string_view content(bytes.data(), bytes.size());
-  if (!content.starts_with("GIF87a") && !content.starts_with("GIF89a")) RefusePicture();
-  return std::make_shared<GifPicture>(Text(path), LoadPictureFrom(bytes));
+  return std::make_shared<GifPicture>(Text(path), LoadPictureFrom(ReadWhole(path)));
 }
 
 }  // namespace quill::win32

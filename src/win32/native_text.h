@@ -6,6 +6,7 @@
 #include <string>
 
 #include "support/text.h"
+#include "ui/text_box.h"
 
 namespace quill::win32 {
 
@@ -18,6 +19,14 @@ static_assert(sizeof(wchar_t) == sizeof(char16_t));
 
 [[nodiscard]] inline Text FromWide(std::wstring_view text) {
   return Text(text.begin(), text.end());
+}
+
+// The system numbers alignments alike for its static texts, for its text fields and for drawing.
+[[nodiscard]] constexpr DWORD AlignmentStyle(ui::Alignment alignment) noexcept {
+  static_assert(SS_CENTER == ES_CENTER && SS_CENTER == DT_CENTER && SS_LEFT == ES_LEFT);
+  static_assert(SS_RIGHT == ES_RIGHT && SS_RIGHT == DT_RIGHT && SS_LEFT == DT_LEFT);
+  constexpr DWORD kStyles[] = {SS_LEFT, SS_RIGHT, SS_CENTER};  // in the order of ui::Alignment
+  return kStyles[static_cast<std::size_t>(alignment)];
 }
 
 // The text of a window; empty for one that has none.

@@ -1,3 +1,4 @@
+// What the screen's resolution makes of sizes, and which resolution counts.
 #include "win32/screen_scale.h"
 
 #include <utility>
@@ -7,32 +8,19 @@ namespace {
 
 constexpr int kPointsPerInch = 72;
 
-// Of Windows 10 and later.
-using SetContext = HANDLE(WINAPI*)(HANDLE context);  // SetThreadDpiAwarenessContext
-using AwarenessOf = int(WINAPI*)(HANDLE context);    // GetAwarenessFromDpiAwarenessContext
-constexpr INT_PTR kSystemAware = -2;                 // DPI_AWARENESS_CONTEXT_SYSTEM_AWARE
-constexpr int kPerMonitorAware = 2;                  // DPI_AWARENESS_PER_MONITOR_AWARE
-
-struct Offered {
-  bool is_known = false;
-  SetContext set_context = nullptr;
-  AwarenessOf awareness_of = nullptr;
-};
-constinit Offered offered;
-
-const Offered& WhatIsOffered() noexcept {
-  if (!std::exchange(offered.is_known, true)) {
-    const HMODULE user = GetModuleHandleW(L"user32.dll");
-    const auto find = [&](const char* name) {
-      return reinterpret_cast<void*>(GetProcAddress(user, name));
-    };
-    offered.set_context = reinterpret_cast<SetContext>(find("SetThreadDpiAwarenessContext"));
-    offered.awareness_of =
-        reinterpret_cast<AwarenessOf>(find("GetAwarenessFromDpiAwarenessContext"));
-  }
-  return offered;
-}
 constexpr int kUsualDotsPerInch = 96;
+
+// A function of Windows 10 and later; null where there is none.
+template <class Function>
+Function Offered(const char* name) noexcept {
+  return reinterpret_cast<Function>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), name)));
+}
+
+HANDLE SetContext(HANDLE context) noexcept {
+  const auto set = Offered<HANDLE(WINAPI*)(HANDLE)>("SetThreadDpiAwarenessContext");
+  return set != nullptr ? set(context) : nullptr;
+}
 
 }  // namespace
 
@@ -75,16 +63,26 @@ int ScreenScale::FontHeight(int points) const noexcept {
 }
 
 SystemResolution::SystemResolution() noexcept {
-  const auto& [is_known, set_context, awareness_of] = WhatIsOffered();
-  if (set_context == nullptr || awareness_of == nullptr) return;
-  former_ = set_context(reinterpret_cast<HANDLE>(kSystemAware));
+  constexpr INT_PTR kSystemAware = -2;  // DPI_AWARENESS_CONTEXT_SYSTEM_AWARE
+  constexpr int kPerMonitorAware = 2;   // DPI_AWARENESS_PER_MONITOR_AWARE
+  const auto awareness_of = Offered<int(WINAPI*)(HANDLE)>("GetAwarenessFromDpiAwarenessContext");
+  if (awareness_of == nullptr) return;
+  former_ = SetContext(reinterpret_cast<HANDLE>(kSystemAware));
+  // The context tells what it was only by being replaced.
   if (former_ != nullptr && awareness_of(former_) != kPerMonitorAware) {
-    set_context(std::exchange(former_, nullptr));
+    SetContext(std::exchange(former_, nullptr));
   }
 }
 
 SystemResolution::~SystemResolution() {
-  if (former_ != nullptr) WhatIsOffered().set_context(former_);
+  if (former_ != nullptr) SetContext(former_);
+}
+
+RECT WorkAreaFor(HWND window) noexcept {
+  MONITORINFO monitor = {};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &monitor);
+  return monitor.rcWork;
 }
 
 }  // namespace quill::win32

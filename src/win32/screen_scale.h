@@ -47,4 +47,7 @@ class SystemResolution {
   HANDLE former_ = nullptr;  // the thread's context until then; null: nothing was changed
 };
 
+// The work area of the screen that the window is on; of the primary one for null.
+[[nodiscard]] RECT WorkAreaFor(HWND window) noexcept;
+
 }  // namespace quill::win32

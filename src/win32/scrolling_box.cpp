@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "com/owned.h"
+#include "win32/fonts.h"
 #include "win32/modal_display.h"
 #include "win32/native_text.h"
 #include "win32/screen_scale.h"
@@ -22,61 +24,23 @@ constexpr SIZE kAroundSystemText = {0, 140};  // what the system's box is taller
 constexpr int kTextId = 0xFFFF;  // as in the system's box
 constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
 
-class MessageFont {
- public:
-  MessageFont() noexcept {
-    NONCLIENTMETRICSW metrics = {};
-    metrics.cbSize = sizeof metrics;
-    if (SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0)) {
-      font_ = CreateFontIndirectW(&metrics.lfMessageFont);
-    }
-  }
-  ~MessageFont() {
-    if (font_ != nullptr) DeleteObject(font_);
-  }
-  MessageFont(const MessageFont&) = delete;
-  MessageFont& operator=(const MessageFont&) = delete;
-
-  [[nodiscard]] WPARAM parameter() const noexcept { return reinterpret_cast<WPARAM>(font_); }
-
-  // Of the text, broken into lines where the system's box breaks it.
-  [[nodiscard]] SIZE Measure(const Text& text, const RECT& work) const noexcept {
-    RECT area = {0, 0, (work.right - work.left) / 8 * 5, 0};
-    const HDC screen = GetDC(nullptr);
-    if (screen == nullptr || font_ == nullptr) return {};
-    const HGDIOBJ before = SelectObject(screen, font_);
-    DrawTextW(screen, Wide(text), -1, &area,
-              DT_CALCRECT | DT_WORDBREAK | DT_EXPANDTABS | DT_NOPREFIX | DT_EXTERNALLEADING);
-    SelectObject(screen, before);
-    ReleaseDC(nullptr, screen);
-    return {area.right, area.bottom};
-  }
-
- private:
-  HFONT font_ = nullptr;
-};
-
-RECT WorkArea(HWND owner) noexcept {
-  MONITORINFO info = {};
-  info.cbSize = sizeof info;
-  GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY), &info);
-  return info.rcWork;
+// The font of the system's box; null: it does not tell.
+com::Owned<HFONT> MakeMessageFont() noexcept {
+  NONCLIENTMETRICSW metrics = {};
+  metrics.cbSize = sizeof metrics;
+  return com::Owned<HFONT>(
+      SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0)
+          ? CreateFontIndirectW(&metrics.lfMessageFont)
+          : nullptr);
 }
 
-// A text field breaks lines at carriage return and line feed together only.
-Text WithWholeLineBreaks(const Text& text) {
-  Text whole;
-  whole.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool is_return = text[i] == u'\r';
-    if (!is_return && text[i] != u'\n') {
-      whole += text[i];
-      continue;
-    }
-    whole += kLineBreak;
-    if (is_return && i + 1 < text.size() && text[i + 1] == u'\n') ++i;
-  }
-  return whole;
+// Of the text, broken into lines where the system's box breaks it.
+SIZE Measure(HFONT font, const Text& text, const RECT& work) noexcept {
+  RECT area = {0, 0, (work.right - work.left) / 8 * 5, 0};
+  const FontContext screen(nullptr, font);
+  DrawTextW(screen.get(), Wide(text), -1, &area,
+            DT_CALCRECT | DT_WORDBREAK | DT_EXPANDTABS | DT_NOPREFIX | DT_EXTERNALLEADING);
+  return {area.right, area.bottom};
 }
 
 LRESULT CALLBACK CopyWithoutSelection(HWND field, UINT message, WPARAM wparam, LPARAM lparam,
@@ -97,7 +61,10 @@ LRESULT CALLBACK CopyWithoutSelection(HWND field, UINT message, WPARAM wparam, L
 class ScrollingBox {
  public:
   ScrollingBox(HWND owner, const Text& caption, const Text& text)
-      : owner_(owner), caption_(caption), text_(WithWholeLineBreaks(text)) {}
+      : owner_(owner), caption_(caption), text_(ReplaceAll(text, kLineBreak, u"\n")) {
+    // A text field breaks lines at carriage return and line feed together only.
+    text_ = ReplaceAll(ReplaceAll(text_, u"\r", u"\n"), u"\n", kLineBreak);
+  }
   ScrollingBox(const ScrollingBox&) = delete;
   ScrollingBox& operator=(const ScrollingBox&) = delete;
 
@@ -134,7 +101,7 @@ class ScrollingBox {
     const ScreenScale scale;
     const SIZE margin = scale.Scaled(kMargin);
     const SIZE button = scale.Scaled(kButton);
-    const RECT work = WorkArea(owner_);
+    const RECT work = WorkAreaFor(owner_);
     const SIZE room = {work.right - work.left, work.bottom - work.top};
 
     // As wide as the text and its bar need, and seven eighths of the work area tall.
@@ -144,7 +111,7 @@ class ScrollingBox {
     const SIZE frame = {outer.right - outer.left, outer.bottom - outer.top};
     const LONG bar = GetSystemMetrics(SM_CXVSCROLL) + margin.cx;
     const SIZE inner = {
-        std::min(font_.Measure(text_, work).cx + bar + 2 * margin.cx, room.cx - frame.cx),
+        std::min(Measure(font_.get(), text_, work).cx + bar + 2 * margin.cx, room.cx - frame.cx),
         room.cy / 8 * 7 - frame.cy};
     const SIZE field = {inner.cx - 2 * margin.cx, inner.cy - button.cy - 3 * margin.cy};
 
@@ -171,22 +138,23 @@ class ScrollingBox {
         CreateWindowExW(0, kind, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | style, place.left,
                         place.top, place.right, place.bottom, window,
                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), ThisModule(), nullptr);
-    if (added != nullptr) SendMessageW(added, WM_SETFONT, font_.parameter(), FALSE);
+    if (added != nullptr)
+      SendMessageW(added, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
     return added;
   }
 
   HWND owner_;
   const Text& caption_;
   Text text_;
-  MessageFont font_;
+  const com::Owned<HFONT> font_ = MakeMessageFont();
   std::optional<ModalDisplay> others_;
 };
 
 }  // namespace
 
 bool NeedsScrolling(HWND owner, const Text& text) noexcept {
-  const RECT work = WorkArea(owner);
-  const LONG height = MessageFont().Measure(text, work).cy;
+  const RECT work = WorkAreaFor(owner);
+  const LONG height = Measure(MakeMessageFont().get(), text, work).cy;
   return height + ScreenScale().Scaled(kAroundSystemText).cy > work.bottom - work.top;
 }
 

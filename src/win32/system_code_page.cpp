@@ -1,3 +1,4 @@
+// The system converts byte by byte; what it has no single-byte page for is read as Windows-1252.
 #include "win32/system_code_page.h"
 
 #include <windows.h>

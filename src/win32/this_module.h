@@ -3,8 +3,13 @@
 
 #include <windows.h>
 
+// The linker's name for where the module lies in memory.
+extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier)
+
 namespace quill::win32 {
 
-[[nodiscard]] HINSTANCE ThisModule() noexcept;
+[[nodiscard]] inline HINSTANCE ThisModule() noexcept {
+  return reinterpret_cast<HINSTANCE>(&__ImageBase);
+}
 
 }  // namespace quill::win32

@@ -1,3 +1,4 @@
+// The system's two clocks: one that is never set, and the one on the wall.
 #include "win32/win32_clock.h"
 
 #include <windows.h>

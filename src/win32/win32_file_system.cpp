@@ -1,8 +1,7 @@
+// The machine's files, with its error codes as the failures that callers know.
 #include "win32/win32_file_system.h"
 
-#include <windows.h>
-
-#include <algorithm>
+#include <utility>
 
 #include "win32/file_handle.h"
 #include "win32/last_error.h"
@@ -10,35 +9,33 @@
 namespace quill::win32 {
 namespace {
 
-// INVALID_FILE_ATTRIBUTES for what does not exist and for what cannot be a path.
-DWORD Attributes(TextView path) {
-  if (path.empty() || path.find(u'\0') != TextView::npos) return INVALID_FILE_ATTRIBUTES;
-  return GetFileAttributesW(NativePath(path).c_str());
+// Whether that exists, as a folder or as a file. What cannot be a path does not.
+bool Exists(TextView path, bool as_folder) {
+  if (path.empty() || path.find(u'\0') != TextView::npos) return false;
+  const DWORD attributes = GetFileAttributesW(NativePath(path).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES &&
+         ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) == as_folder;
 }
 
 class FileReader final : public ByteReader {
  public:
-  explicit FileReader(FileHandle file) noexcept : file_(std::move(file)) {}
-
+  explicit FileReader(Owned<HANDLE> file) noexcept : file_(std::move(file)) {}
   std::size_t Read(std::span<char> buffer) override {
-    constexpr std::size_t kLargestRead = 1u << 30;
-    const auto wanted = static_cast<DWORD>(std::min(buffer.size(), kLargestRead));
-    DWORD read = 0;
-    if (!ReadFile(file_.get(), buffer.data(), wanted, &read, nullptr)) {
-      throw RuntimeError(ErrorNumber::kDeviceIoError);
-    }
-    return read;
+    return ReadFrom(file_, buffer.data(), buffer.size());
   }
 
  private:
-  FileHandle file_;
+  Owned<HANDLE> file_;
 };
 
 }  // namespace
 
 bool Win32FileSystem::FolderExists(TextView path) {
-  const DWORD attributes = Attributes(path);
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  return Exists(path, true);
+}
+
+bool Win32FileSystem::FileExists(TextView path) {
+  return Exists(path, false);
 }
 
 void Win32FileSystem::MakeFolder(TextView path) {
@@ -47,11 +44,6 @@ void Win32FileSystem::MakeFolder(TextView path) {
   // A folder that exists already, or a file of that name, is an access error to callers.
   if (code == ERROR_ALREADY_EXISTS) throw RuntimeError(ErrorNumber::kPathFileAccessError);
   throw FileFailure(code);
-}
-
-bool Win32FileSystem::FileExists(TextView path) {
-  const DWORD attributes = Attributes(path);
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
 std::int64_t Win32FileSystem::FileSize(TextView path) {
@@ -76,9 +68,7 @@ void Win32FileSystem::RenameFile(TextView from, TextView to) {
 }
 
 void Win32FileSystem::MakeEmptyFile(TextView path) {
-  const FileHandle file(CreateFileW(NativePath(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ,
-                                    nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!file.valid()) throw FileFailure(GetLastError());
+  (void)MakeEmpty(path);
 }
 
 std::unique_ptr<ByteReader> Win32FileSystem::OpenForReading(TextView path) {

@@ -1,3 +1,4 @@
+// Paths of modules, in as many units as a caller has room for.
 #include "win32/win32_process_paths.h"
 
 #include <windows.h>

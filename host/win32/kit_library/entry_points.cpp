@@ -59,18 +59,14 @@ KitServices ServicesOfKits() {
   return served;
 }
 
-class RobotFactory final : public com::ClassFactory {
-  HRESULT Make(REFIID wanted, void** object) override {
-    return MakeRobotObject()->QueryInterface(wanted, object);
-  }
-};
-
 com::ComPtr<IClassFactory> FactoryOf(REFCLSID class_id) {
   for (const KitClass& kit : KitClassTable()) {
     if (IsEqualCLSID(class_id, kit.registered.id)) return MakeKitFactory(ServicesOfKits(), kit);
   }
   if (!IsEqualCLSID(class_id, kRobotClass.id)) return {};
-  return com::ComPtr<IClassFactory>::Adopt(new RobotFactory);
+  return com::MakeClassFactory([](REFIID wanted, void** object) {
+    return MakeRobotObject()->QueryInterface(wanted, object);
+  });
 }
 
 template <class Body>

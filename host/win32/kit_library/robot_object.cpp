@@ -157,7 +157,6 @@ class Robot final : public TableObject {
 
   inline static bool is_alive_ = false;
 
-  const com::LibraryUse in_use_;
   const WindowRobot robot_{u"frmrcBHDGS"};
   std::deque<Step> plan_;
   std::deque<Text> files_;

@@ -2,8 +2,7 @@
 //
 // The interface compiler lays records out with variants of 16 bytes also where pointers have 8, and
 // notes the time of the build. This lays every record out by the alignment that it declares, as
-// importers do, and blanks the time, so that the same source gives the same bytes. It refuses a
-// dual interface that is not noted to inherit IDispatch's functions, which importers count on.
+// importers do, and blanks the time, so that the same source gives the same bytes.
 //
 //   settle_typelib FILE.tlb
 //
@@ -16,15 +15,13 @@
 #include <iterator>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace {
 
 // Places in the file.
 constexpr std::size_t kFlagsAt = 0x14;  // low 4 bits: 1 = 32-bit, 3 = 64-bit system
 constexpr std::size_t kTypeCountAt = 0x20;
-constexpr std::size_t kHeaderSize = 0x54;
-constexpr std::uint32_t kHasHelpLibrary = 0x100;  // one more number ends the header
+constexpr std::size_t kHeaderSize = 0x54;  // one number more with a help library, which we have not
 
 // Places in a type description.
 constexpr std::size_t kDescriptionSize = 100;
@@ -42,104 +39,71 @@ constexpr std::uint32_t kRecordKind = 1;
 constexpr std::size_t kFieldTypeAt = 4;  // low 16 bits: automation type
 constexpr std::size_t kFieldOffsetAt = 16;
 
-class TypeLibrary {
- public:
-  explicit TypeLibrary(std::vector<char> bytes) : bytes_(std::move(bytes)) {
-    if (bytes_.size() < kHeaderSize || std::string(bytes_.data(), 4) != "MSFT") {
-      throw std::runtime_error("not a type library");
+std::string file;
+
+std::uint32_t Read(std::size_t at) {
+  std::uint32_t value = 0;
+  for (std::size_t i = 4; i-- > 0;)
+    value = value << 8 | static_cast<unsigned char>(file.at(at + i));
+  return value;
+}
+
+void Write(std::size_t at, std::uint32_t value) {
+  for (std::size_t i = 0; i < 4; ++i) file.at(at + i) = static_cast<char>(value >> (8 * i));
+}
+
+std::uint32_t SizeOf(std::uint32_t type, std::uint32_t pointer) {
+  switch (type) {
+    case 8:  // text
+      return pointer;
+    case 11:  // truth value
+      return 2;
+    case 12:  // variant: eight bytes, then two pointers
+      return 8 + 2 * pointer;
+    default:
+      throw std::runtime_error("a record field of type " + std::to_string(type) +
+                               ", whose size is not known here");
+  }
+}
+
+void LayOut(std::size_t description, std::uint32_t pointer) {
+  const std::uint32_t declared = Read(description + kKindAt) >> 11 & 0x1F;
+  std::size_t field = Read(description + kMembersAt) + 4;  // behind the total length
+  std::uint32_t offset = 0;
+  std::uint32_t alignment = 1;
+  for (std::uint32_t left = Read(description + kCountsAt) >> 16; left > 0; --left) {
+    const std::uint32_t size = SizeOf(Read(field + kFieldTypeAt) & 0xFFFF, pointer);
+    const std::uint32_t step = std::min({size, declared, std::uint32_t{8}});
+    offset = (offset + step - 1) / step * step;
+    Write(field + kFieldOffsetAt, offset);
+    offset += size;
+    alignment = std::max(alignment, step);
+    field += Read(field) & 0xFFFF;
+  }
+  Write(description + kInstanceSizeAt, (offset + alignment - 1) / alignment * alignment);
+}
+
+void Settle() {
+  if (!file.starts_with("MSFT")) throw std::runtime_error("not a type library");
+  const std::uint32_t pointer = (Read(kFlagsAt) & 0xF) == 3 ? 8 : 4;
+  const std::uint32_t types = Read(kTypeCountAt);
+  std::size_t description = Read(kHeaderSize + std::size_t{4} * types);
+  for (std::uint32_t i = 0; i < types; ++i, description += kDescriptionSize) {
+    if ((Read(description + kKindAt) & 0xF) == kRecordKind) LayOut(description, pointer);
+    // Importers place a dual interface's functions by this note.
+    if ((Read(description + kFlagsOfTypeAt) & kIsDual) != 0 &&
+        Read(description + kInheritedAt) >> 16 != kDispatchFunctions) {
+      throw std::runtime_error("a dual interface does not note the functions it inherits");
     }
   }
-
-  void Settle() {
-    const std::uint32_t flags = Read(kFlagsAt);
-    const std::uint32_t pointer = (flags & 0xF) == 3 ? 8 : 4;
-    const std::uint32_t types = Read(kTypeCountAt);
-    const std::size_t offsets = kHeaderSize + ((flags & kHasHelpLibrary) != 0 ? 4 : 0);
-    const std::size_t descriptions = Read(offsets + std::size_t{4} * types);
-    for (std::uint32_t i = 0; i < types; ++i) {
-      const std::size_t description = descriptions + i * kDescriptionSize;
-      if ((Read(description + kKindAt) & 0xF) == kRecordKind) LayOut(description, pointer);
-      if ((Read(description + kFlagsOfTypeAt) & kIsDual) != 0 &&
-          Read(description + kInheritedAt) >> 16 != kDispatchFunctions) {
-        throw std::runtime_error("a dual interface does not note the functions it inherits");
-      }
-    }
-    BlankTime();
-  }
-
-  [[nodiscard]] const std::vector<char>& bytes() const { return bytes_; }
-
- private:
-  struct Field {
-    std::uint32_t size;
-    std::uint32_t alignment;
-  };
-
-  static Field FieldOf(std::uint32_t type, std::uint32_t pointer) {
-    switch (type) {
-      case 2:   // 16-bit integer
-      case 11:  // truth value
-        return {2, 2};
-      case 3:  // 32-bit integer
-        return {4, 4};
-      case 8:  // text
-        return {pointer, pointer};
-      case 12:  // variant: eight bytes, then two pointers
-        return {8 + 2 * pointer, 8};
-      default:
-        throw std::runtime_error("a record field of type " + std::to_string(type) +
-                                 ", whose size is not known here");
-    }
-  }
-
-  void LayOut(std::size_t description, std::uint32_t pointer) {
-    const std::uint32_t fields = Read(description + kCountsAt) >> 16;
-    std::size_t field = Read(description + kMembersAt) + 4;  // behind the total length
-    std::uint32_t offset = 0;
-    std::uint32_t alignment = 1;
-    const std::uint32_t declared = Read(description + kKindAt) >> 11 & 0x1F;
-    for (std::uint32_t i = 0; i < fields; ++i) {
-      const Field layout = FieldOf(Read(field + kFieldTypeAt) & 0xFFFF, pointer);
-      const std::uint32_t step = std::min(layout.alignment, declared);
-      offset = (offset + step - 1) / step * step;
-      Write(field + kFieldOffsetAt, offset);
-      offset += layout.size;
-      alignment = std::max(alignment, step);
-      field += Read(field) & 0xFFFF;
-    }
-    Write(description + kInstanceSizeAt, (offset + alignment - 1) / alignment * alignment);
-  }
-
-  void BlankTime() {
-    const std::string made_by = "Created by WIDL version ";
-    auto place = std::search(bytes_.begin(), bytes_.end(), made_by.begin(), made_by.end());
-    if (place == bytes_.end()) return;
-    const std::string at = " at ";
-    place = std::search(place, bytes_.end(), at.begin(), at.end());
-    while (place != bytes_.end() && *place != '\n' && *place != 'W' && *place != '\0') {
-      *place++ = ' ';
-    }
-    // The next custom value, an unsigned number, is the time again, in seconds.
-    const std::string number = {'\x13', '\0'};
-    place = std::search(place, bytes_.end(), number.begin(), number.end());
-    if (place != bytes_.end()) Write(static_cast<std::size_t>(place - bytes_.begin()) + 2, 0);
-  }
-
-  [[nodiscard]] std::uint32_t Read(std::size_t at) const {
-    if (at + 4 > bytes_.size()) throw std::runtime_error("the file ends too early");
-    std::uint32_t value = 0;
-    for (std::size_t i = 4; i-- > 0;)
-      value = value << 8 | static_cast<unsigned char>(bytes_[at + i]);
-    return value;
-  }
-
-  void Write(std::size_t at, std::uint32_t value) {
-    (void)Read(at);
-    for (std::size_t i = 0; i < 4; ++i) bytes_[at + i] = static_cast<char>(value >> (8 * i));
-  }
-
-  std::vector<char> bytes_;
-};
+  // "Created by WIDL version X at TIME"; the next custom value, an unsigned number, is the time
+  // again, in seconds.
+  std::size_t place = file.find(" at ", file.find("Created by WIDL version "));
+  if (place == std::string::npos) return;
+  while (file.at(place) != '\n' && file[place] != 'W' && file[place] != '\0') file[place++] = ' ';
+  place = file.find(std::string{'\x13', '\0'}, place);
+  if (place != std::string::npos) Write(place + 2, 0);
+}
 
 }  // namespace
 
@@ -150,12 +114,13 @@ int main(int count, char** arguments) {
   }
   try {
     std::ifstream in(arguments[1], std::ios::binary);
-    TypeLibrary library(std::vector<char>(std::istreambuf_iterator<char>(in), {}));
+    file.assign(std::istreambuf_iterator<char>(in), {});
     in.close();
-    library.Settle();
+    Settle();
     std::ofstream out(arguments[1], std::ios::binary | std::ios::trunc);
-    out.write(library.bytes().data(), static_cast<std::streamsize>(library.bytes().size()));
-    if (!out.flush()) throw std::runtime_error("cannot write the file");
+    if (!out.write(file.data(), static_cast<std::streamsize>(file.size())).flush()) {
+      throw std::runtime_error("cannot write the file");
+    }
     return 0;
   } catch (const std::exception& error) {
     std::fprintf(stderr, "settle_typelib: %s: %s\n", arguments[1], error.what());
