@@ -38,20 +38,13 @@ void PlainFileKit::LogError(TextView, TextView label, const RuntimeError& error,
 }
 
 PlainHost::PlainHost() {
-  auto plain = std::make_unique<PlainFileKit>();
-  kit = plain.get();
-  context.file_kit = std::move(plain);
-  context.HostRoot = u"C:\\Host";
-  context.Index = 3;
-  files.MakeFolders(u"C:\\Host\\imgs");
-  files.SetContents(u"C:\\Host\\imgs\\butup.gif", "GIF89a");
-  files.SetContents(u"C:\\Host\\imgs\\butdown.gif", "GIF89a");
-}
-
-// A handler may need what else is here; the forms go first.
-PlainHost::~PlainHost() {
-  context.dialog.reset();
-  toolkit.RunDeferred();
+  make_file_kit = [this] {
+    auto plain = std::make_unique<PlainFileKit>();
+    kit = plain.get();
+    return plain;
+  };
+  static_cast<void>(plug_in());
+  module.Index = 3;
 }
 
 frmrcBHDGS& PlainHost::Dialog() {

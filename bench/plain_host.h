@@ -1,16 +1,12 @@
-// The dialog on a host that costs as little as possible, so that what is measured is ours: files in
-// memory, windows without a screen, and a file kit that keeps lines and compresses nothing.
+// The host without a screen with a file kit that costs as little as possible, so that what is
+// measured is ours: it keeps lines and compresses nothing.
 #pragma once
 
 #include <functional>
 #include <memory>
 #include <unordered_map>
 
-#include "dialog/frmrcBHDGS.h"
-#include "headless/headless_operator.h"
-#include "headless/headless_toolkit.h"
-#include "headless/memory_file_system.h"
-#include "headless/settable_clock.h"
+#include "host/headless/headless_host.h"
 
 namespace quill::bench {
 
@@ -37,16 +33,11 @@ class PlainFileKit final : public FileKit {
   std::unordered_map<Text, std::size_t> places_;  // of each key's line
 };
 
-struct PlainHost {
-  headless::MemoryFileSystem files;
-  headless::HeadlessToolkit toolkit{files};
-  headless::SettableClock clock{1};
-  Session context{toolkit, files, clock, CodePage::Windows1252()};
+struct PlainHost : host::HeadlessHost {
+  Session& context = module;
   PlainFileKit* kit = nullptr;
-  headless::HeadlessOperator person{toolkit, [this] { return context.dialog.get(); }};
 
   PlainHost();
-  ~PlainHost();
 
   // The dialog, created hidden, with two mods of which the second, with all maps, is chosen.
   frmrcBHDGS& Dialog();

@@ -15,8 +15,8 @@ void RunAction(benchmark::State& state, void (*action)(frmrcBHDGS&)) {
   host.Select(kRotationLimit);
   const Text folder = SettingsFolder(host.context);
   const Text file = Concat({folder, u"\\night.hsf"});
-  host.files.MakeFolders(folder);
-  host.files.SetContents(file, "[Settings]");
+  host.memory.MakeFolders(folder);
+  host.memory.SetContents(file, "[Settings]");
   const auto answer = [&] { host.toolkit.AnswerNextFileDialog({file}); };
   answer();
   SaveSettings(dialog);

@@ -171,9 +171,9 @@ class Play {
       case 5:
         return bench_.clock.Set(Byte());
       case 6:
-        return bench_.script.Break({Text(Pick(kOperations)), 75, u"broken", Byte() % 2 == 0});
+        return bench_.watch.Break({Text(Pick(kOperations)), 75, u"broken", Byte() % 2 == 0});
       case 7:
-        return bench_.script.Repair();
+        return bench_.watch.faults.clear();
       default:
         host_calls_in_ = Byte() % 4;
     }
@@ -190,7 +190,7 @@ class Play {
     if (!is_older_) return;
     // A server map whose game type is no number cannot be looked for.
     is_older_ = Attempt([&] {
-                  return !BrokenInvariants(bench_.module, bench_.toolkit).empty();
+                  return !host::BrokenInvariants(bench_.module, bench_.toolkit).empty();
                 }).value_or(true);
   }
 

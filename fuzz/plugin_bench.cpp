@@ -8,25 +8,6 @@
 #include "plugin/operator_rights.h"
 
 namespace quill::fuzz {
-namespace {
-
-class Rights final : public HostCollection {
- public:
-  explicit Rights(unsigned granted) : granted_(granted) {}
-  [[nodiscard]] std::int64_t Count() override { return 1; }
-  [[nodiscard]] std::optional<HostItem> Find(TextView key) override {
-    const auto rights = OperatorRights();
-    const auto found = std::ranges::find(rights, key, &OperatorRight::name);
-    const bool granted = (granted_ >> (found - rights.begin()) & 1) != 0;
-    return HostItem{.kind = HostItem::Kind::kText, .text = granted ? u"1" : u"0"};
-  }
-
- private:
-  unsigned granted_;
-};
-
-}  // namespace
-
 const host::Scenario& Machine() {
   static const host::Scenario machine = [] {
     host::Scenario made;
@@ -44,13 +25,9 @@ PluginBench& PluginBench::Fresh() {
   return bench;
 }
 
-PluginBench::PluginBench() {
-  make_file_kit = [this] { return std::make_unique<host::BreakableFileKit>(host_kit, script); };
-}
-
 void PluginBench::Reset() {
   toolkit.RunDeferred();
-  script.Repair();
+  watch.faults.clear();
   clock.Set(1);
   person.now = 0;
   toolkit.while_message_open = nullptr;
@@ -84,17 +61,15 @@ void PluginBench::Reset() {
   toolkit.SetScreenPointer(ui::Pointer::kDefault);
   static_cast<void>(TakeFailures());
   static_cast<void>(toolkit.TakeFileDialogs());
-  static_cast<void>(script.TakeLog());
-  static_cast<void>(script.TakeReports());
+  watch.failures.clear();
+  watch.reports.clear();
   for (const Text& path : memory.FilePaths()) {
     if (!path.ends_with(u".gif")) memory.RemoveFile(path);
   }
 }
 
 void PluginBench::Open(std::function<bool()> pump) {
-  auto outer = std::exchange(toolkit.pump, std::move(pump));
-  plug_in().LoadInterface(3, 0, host::HostTexts({u"", u"abc"}));
-  toolkit.pump = std::move(outer);
+  Display(3, host::HostTexts({u"", u"abc"}), std::move(pump));
 }
 
 void PluginBench::WhileFilled(const std::function<void()>& use) {
@@ -111,7 +86,12 @@ void PluginBench::WhileFilled(const std::function<void()>& use) {
 }
 
 void PluginBench::SetRights(unsigned granted_bits) {
-  plug_in().SetPrivis(std::make_shared<Rights>(granted_bits), nullptr, false);
+  std::vector<host::Right> rights;
+  for (const OperatorRight& right : OperatorRights()) {
+    const bool is_granted = (granted_bits >> rights.size() & 1) != 0;
+    rights.push_back({Text(right.name), host::Right::Form::kText, is_granted ? u"1" : u"0"});
+  }
+  plug_in().SetPrivis(std::make_shared<host::HostRights>(std::move(rights)), nullptr, false);
 }
 
 void PluginBench::Use(TextView button, TextView path) {

@@ -8,7 +8,6 @@
 #include "fuzz/fuzz_target.h"
 #include "host/headless/headless_host.h"
 #include "host/remote/scenario.h"
-#include "host/story/breakable_file_kit.h"
 #include "host/watch/plugin_invariants.h"
 
 namespace quill::fuzz {
@@ -34,10 +33,8 @@ class PluginBench final : public host::HeadlessHost {
   // Tells what does not hold and ends the run, if anything.
   void CheckInvariants(const host::Expectations& expected = {}) const;
 
-  host::KitScript script;
-
  private:
-  PluginBench();
+  PluginBench() = default;
   // No files but the pictures, no faults, and a hidden dialog with its initial values.
   void Reset();
 };

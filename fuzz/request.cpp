@@ -13,12 +13,12 @@ namespace {
 void CheckPayload(TextView payload) {
   static const host::KnownMaps known;
   const host::StartRequest request = host::DecodeStartPayload(
-      payload, [](const host::StartMap& map, TextView mod) { return known.Doubt(map, mod); });
+      payload, [](const SelectedMap& map, TextView mod) { return known.Doubt(map, mod); });
   Claim(!host::ExplainStartRequest(request).empty());
   if (request.HasErrors()) return;
   Claim(request.fields.size() == 26 && !request.flags.empty());
-  Claim(!request.maps.empty() && request.maps.size() <= host::kMaxRotation);
-  for (const host::StartMap& map : request.maps) {
+  Claim(!request.maps.empty() && request.maps.size() <= kRotationLimit);
+  for (const SelectedMap& map : request.maps) {
     Claim(map.game_type >= 0 && map.game_type <= 8 && !map.file.empty());
   }
 }

@@ -20,7 +20,7 @@ int RunDecodeCommand(const Arguments& arguments, const CommandLineParts&, Consol
     if (envelope.command != kStartCommand) return kExitGood;
     const StartRequest request = DecodeStartPayload(
         ReadFrame(envelope.frame),
-        [&](const StartMap& map, TextView mod) { return known.Doubt(map, mod); });
+        [&](const SelectedMap& map, TextView mod) { return known.Doubt(map, mod); });
     console.Print(Concat({u"\n", ExplainStartRequest(request)}));
     return request.HasErrors() ? kExitBad : kExitGood;
   } catch (const RuntimeError& error) {

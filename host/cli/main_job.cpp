@@ -7,6 +7,7 @@
 
 #include "host/remote/wire.h"
 #include "support/number_text.h"
+#include "support/runtime_error.h"
 
 namespace quill::host {
 namespace {
@@ -17,22 +18,6 @@ constexpr int kGameTypes = 9;
 
 }  // namespace
 
-std::optional<std::string> MainJob::StageFiles::ReadWhole(TextView path) {
-  return stage_.FileContent(Text(path));
-}
-
-void MainJob::StageFiles::Replace(TextView path, std::string_view bytes) {
-  results_.Replace(path, bytes);
-}
-
-void MainJob::StageFiles::Append(TextView path, std::string_view bytes) {
-  results_.Append(path, bytes);
-}
-
-void MainJob::StageFiles::Remove(TextView path) {
-  stage_.PutFile(Text(path), std::nullopt);
-}
-
 MainJob::MainJob(const Scenario& scenario, Stage& stage, FileStorage& results,
                  CommandLauncher& launcher, std::string record_name, EventSink tell,
                  std::function<void(Stage& stage, const Text& moment)> look)
@@ -42,12 +27,11 @@ MainJob::MainJob(const Scenario& scenario, Stage& stage, FileStorage& results,
       tell_(std::move(tell)),
       look_(std::move(look)),
       record_path_(Concat({stage.HostRoot(), kStartRecordPath})),
-      files_(stage, results),
       machine_(scenario,
                RemoteMachineParts{results, launcher, record_path_, std::move(record_name), tell_}),
       relay_(
-          stage.HostRoot(), files_, machine_, [this](const Text& reply) { Receive(reply); },
-          tell_) {}
+          stage.HostRoot(), stage.storage(), results, machine_,
+          [this](const Text& reply) { Receive(reply); }, tell_) {}
 
 void MainJob::LoadSettingsFirst(Text name, std::string bytes) {
   settings_ = SettingsFile{std::move(name), std::move(bytes)};
@@ -55,22 +39,18 @@ void MainJob::LoadSettingsFirst(Text name, std::string bytes) {
 
 bool MainJob::Run() {
   results_.Remove(record_path_);
-  std::vector<Right> rights;
-  for (const OperatorRight& right : scenario_.rights) {
-    rights.push_back({right.name, Right::Form::kText, right.value});
-  }
   Note(u"host", Concat({u"plug-in ", stage_.PluginField(u"Name"), u" ", stage_.DllVersion(),
                         u", on the ", FromUtf8(stage_.Name()), u" layer"}));
   Note(u"host",
-       Concat({u"hands over ", Decimal(static_cast<std::int64_t>(rights.size())), u" rights of ",
+       Concat({u"hands over ", Decimal(std::ssize(scenario_.rights)), u" rights of ",
                scenario_.super_administrator ? u"a super-administrator" : u"an operator"}));
-  stage_.SetPrivis(rights, scenario_.super_administrator);
+  stage_.SetPrivis(scenario_.rights, scenario_.super_administrator);
   Note(u"host", Concat({u"opens the plug-in for profile ", Decimal(scenario_.index), u", target \"",
                         scenario_.target, u"\""}));
   stage_.LoadInterface(scenario_.index, {u"", scenario_.target}, [this] { return GoOn(); });
   TellBoxes();
   Note(u"host", u"the dialog is closed");
-  for (const Text& entry : stage_.TakeLog()) Note(u"log", entry);
+  for (const Text& entry : stage_.kit_watch().TakeLog()) Note(u"log", entry);
   return is_started_;
 }
 
@@ -92,7 +72,7 @@ bool MainJob::GoOn() {
     } else {
       phase_ = Phase::kGivenUp;
       Note(u"operator", u"no answer will come, presses Cancel");
-      PressAndRelease(u"cmdCancel");
+      Push(u"cmdCancel");
     }
   } catch (...) {
     is_busy_ = false;
@@ -122,7 +102,7 @@ void MainJob::Operate() {
   }
   if (stage_.Read(u"txtName", u"text").empty()) {
     Note(u"operator", u"types a server name");
-    stage_.Type(u"txtName", u"Unnamed Server");
+    stage_.Make(u"type NAME TEXT", {u"txtName", u"Unnamed Server"});
   }
   if (!settings_) {
     ChooseMod();
@@ -136,7 +116,7 @@ void MainJob::Operate() {
   }
   Look(u"rotation");
   Note(u"operator", u"presses Start Game");
-  PressAndRelease(u"cmdStart");
+  Push(u"cmdStart");
   TellBoxes();
 }
 
@@ -146,7 +126,7 @@ bool MainJob::LoadSettings() {
   stage_.PutFile(path, settings_->bytes);
   Note(u"operator", Concat({u"loads the settings file \"", path, u"\""}));
   stage_.AnswerFileDialog({path}, false);
-  PressAndRelease(u"cmdLoad");
+  Push(u"cmdLoad");
   if (TellBoxes()) return false;
   Note(u"dialog",
        Concat({u"now: server \"", stage_.Read(u"txtName", u"text"), u"\", mod \"",
@@ -160,10 +140,10 @@ void MainJob::ChooseMod() {
   if (count == 0) return;
   const Text mod = stage_.Read(u"cboMods", Concat({u"item ", Decimal(count - 1)}));
   try {
-    stage_.Choose(u"cboMods", mod);
+    stage_.Make(u"choose NAME TEXT", {u"cboMods", mod});
     Note(u"operator", Concat({u"chooses the mod \"", mod, u"\""}));
-  } catch (const StageError& error) {
-    Note(u"operator", Concat({u"cannot choose a mod: ", FromUtf8(error.what())}));
+  } catch (const RuntimeError& error) {
+    Note(u"operator", Concat({u"cannot choose a mod: ", error.description()}));
   }
 }
 
@@ -171,9 +151,9 @@ void MainJob::ChooseMod() {
 // by "+". A machine's own maps come last, so the rotation has maps of both kinds.
 void MainJob::ComposeRotation() {
   Note(u"operator", u"turns to the tab \"Map Settings\"");
-  stage_.ClickTab(u"Map Settings");
+  stage_.Make(u"tab TEXT", {u"Map Settings"});
   for (int step = 0; step < kGameTypes; ++step) {
-    if (step != 0) PressAndRelease(u"cmdRight");
+    if (step != 0) Push(u"cmdRight");
     const Text type = stage_.Read(u"txtGametype", u"text");
     const int count = Count(u"lstAvlMaps");
     Text what;
@@ -181,11 +161,11 @@ void MainJob::ComposeRotation() {
       what = u"finds no maps";
     } else if (step % 2 == 0) {
       what = u"adds the last map by a double click";
-      stage_.DoubleClickRow(u"lstAvlMaps", count - 1);
+      stage_.Make(u"double-click NAME NUMBER", {u"lstAvlMaps", Decimal(count - 1)});
     } else {
       what = u"adds the first and the last map by \"+\"";
-      stage_.SelectRows(u"lstAvlMaps", {0, count - 1});
-      stage_.Key(u"lstAvlMaps", u'+');
+      stage_.Make(u"select NAME ROWS", {u"lstAvlMaps", u"0", Decimal(count - 1)});
+      stage_.Make(u"key NAME TEXT", {u"lstAvlMaps", u"+"});
     }
     Note(u"operator", Concat({type, u": ", what}));
     TellBoxes();
@@ -193,9 +173,8 @@ void MainJob::ComposeRotation() {
   Note(u"dialog", stage_.Read(u"lblMapCnt", u"caption"));
 }
 
-void MainJob::PressAndRelease(const Text& control) {
-  stage_.Press(control, Button::kLeft);
-  stage_.Release(control, Button::kLeft);
+void MainJob::Push(const Text& button) {
+  stage_.Make(u"push NAME BUTTON", {button, u"left"});
 }
 
 bool MainJob::TellBoxes() {

@@ -36,20 +36,6 @@ class MainJob {
   [[nodiscard]] bool has_record() const { return results_.ReadWhole(record_path_).has_value(); }
 
  private:
-  // The stage's files as the relay takes and keeps them; what it keeps goes to the results.
-  class StageFiles final : public FileStorage {
-   public:
-    StageFiles(Stage& stage, FileStorage& results) : stage_(stage), results_(results) {}
-    std::optional<std::string> ReadWhole(TextView path) override;
-    void Replace(TextView path, std::string_view bytes) override;
-    void Append(TextView path, std::string_view bytes) override;
-    void Remove(TextView path) override;
-
-   private:
-    Stage& stage_;
-    FileStorage& results_;
-  };
-
   // One step from inside the modal display; false when there is nothing left to do.
   bool GoOn();
   void Receive(const Text& reply);
@@ -58,7 +44,7 @@ class MainJob {
   bool LoadSettings();
   void ChooseMod();
   void ComposeRotation();
-  void PressAndRelease(const Text& control);
+  void Push(const Text& button);
   // True when one of them told of a failure inside the plug-in.
   bool TellBoxes();
   void Note(TextView who, TextView what);
@@ -77,7 +63,6 @@ class MainJob {
   std::optional<SettingsFile> settings_;
   std::function<void(Stage& stage, const Text& moment)> look_;
   const Text record_path_;
-  StageFiles files_;
   RemoteMachine machine_;
   Relay relay_;
   enum class Phase { kOpening, kFilled, kStarted, kGivenUp } phase_ = Phase::kOpening;

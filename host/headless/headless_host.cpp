@@ -1,3 +1,4 @@
+// Its parts put together.
 #include "host/headless/headless_host.h"
 
 #include <utility>
@@ -7,13 +8,6 @@
 #include "support/runtime_error.h"
 
 namespace quill::host {
-
-Text HostTexts::ElementText(std::int32_t index) const {
-  if (index < 0 || static_cast<std::size_t>(index) >= texts_.size()) {
-    throw RuntimeError(ErrorNumber::kSubscriptOutOfRange);
-  }
-  return texts_[static_cast<std::size_t>(index)];
-}
 
 HeadlessHost::HeadlessHost() {
   memory.MakeFolders(Concat({kRoot, u"\\imgs"}));
@@ -32,26 +26,42 @@ clsPlugin& HeadlessHost::plug_in() {
   return *plug_in_;
 }
 
+void HeadlessHost::Display(std::int32_t profile, const HostArray& target,
+                           std::function<bool()> pump) {
+  struct Restored {
+    std::function<bool()>& pump;
+    std::function<bool()> outer;
+    ~Restored() { pump = std::move(outer); }
+  } const restored{toolkit.pump, std::exchange(toolkit.pump, std::move(pump))};
+  plug_in().LoadInterface(profile, 0, target);
+}
+
 void HeadlessHost::Open(std::int32_t profile, const HostArray& target,
                         const std::function<void()>& use) {
-  bool used = false;
-  auto outer = std::exchange(toolkit.pump, [&] {
+  Display(profile, target, [&, used = false]() mutable {
     if (std::exchange(used, true)) return false;
     use();
     return true;
   });
-  plug_in().LoadInterface(profile, 0, target);
-  toolkit.pump = std::move(outer);
+}
+
+// Fails in the words of a host that offers an object by name and then cannot make it.
+void HeadlessHost::BeforeCreating(TextView call, TextView object) {
+  if (before_create) before_create(call);
+  if (!watch.TakeFault(call)) return;
+  constexpr auto kNumber = ErrorNumber::kCannotCreateObject;
+  throw RuntimeError(
+      kNumber, Concat({DefaultDescription(static_cast<std::int32_t>(kNumber)), u": ", object}));
 }
 
 std::unique_ptr<FileKit> HeadlessHost::CreateFileKit() {
-  if (before_create) before_create(u"CreateFileKit");
+  BeforeCreating(u"CreateFileKit", kFileKitProgId);
   if (make_file_kit) return make_file_kit();
-  return std::make_unique<host::WatchedFileKit>(host_kit, watch);
+  return std::make_unique<WatchedFileKit>(host_kit, watch);
 }
 
 std::unique_ptr<MemoryKit> HeadlessHost::CreateMemoryKit() {
-  if (before_create) before_create(u"CreateMemoryKit");
+  BeforeCreating(u"CreateMemoryKit", kMemoryKitProgId);
   return std::make_unique<HostMemoryKit>();
 }
 

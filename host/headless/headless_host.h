@@ -13,6 +13,7 @@
 #include "headless/headless_toolkit.h"
 #include "headless/memory_file_system.h"
 #include "headless/settable_clock.h"
+#include "host/headless/host_objects.h"
 #include "host/kit/error_journal.h"
 #include "host/kit/file_kit.h"
 #include "host/kit/memory_storage.h"
@@ -21,17 +22,6 @@
 #include "plugin/clsPlugin.h"
 
 namespace quill::host {
-
-// The host's array of texts.
-class HostTexts final : public HostArray {
- public:
-  explicit HostTexts(std::vector<Text> texts) : texts_(std::move(texts)) {}
-  // Fails with kSubscriptOutOfRange beyond the last text.
-  [[nodiscard]] Text ElementText(std::int32_t index) const override;
-
- private:
-  std::vector<Text> texts_;
-};
 
 class HeadlessHost : private HostServices {
  public:
@@ -46,8 +36,10 @@ class HeadlessHost : private HostServices {
 
   // The plug-in's object, created by the first call.
   [[nodiscard]] clsPlugin& plug_in();
-  // Opens the dialog. `use` is the only event while it is shown, and what the toolkit played
-  // before goes on afterwards.
+  // Opens the dialog, with the toolkit's events from `pump` while it is shown. What the toolkit
+  // played before goes on afterwards.
+  void Display(std::int32_t profile, const HostArray& target, std::function<bool()> pump);
+  // The same, with `use` as the only event.
   void Open(std::int32_t profile, const HostArray& target, const std::function<void()>& use);
 
   headless::MemoryFileSystem memory{kRoot};
@@ -68,6 +60,7 @@ class HeadlessHost : private HostServices {
   std::function<std::unique_ptr<FileKit>()> make_file_kit;
 
  private:
+  void BeforeCreating(TextView call, TextView object);
   std::unique_ptr<FileKit> CreateFileKit() override;
   std::unique_ptr<MemoryKit> CreateMemoryKit() override;
 

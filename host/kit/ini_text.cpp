@@ -4,33 +4,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/kit/text_line.h"
 #include "support/runtime_error.h"
 
 namespace quill::host {
 namespace {
-
-constexpr TextView kBlanks = u" \t";
-
-TextView Stripped(TextView text) {
-  const std::size_t begin = text.find_first_not_of(kBlanks);
-  if (begin == TextView::npos) return {};
-  return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
-}
-
-struct IniLine {
-  TextView content;  // without its line end
-  TextView end;      // CR LF, LF, CR, or nothing at the end of the text
-};
-
-// Takes the first line off `rest`, which is not empty.
-IniLine TakeLine(TextView& rest) {
-  const std::size_t length = std::min(rest.find_first_of(u"\r\n"), rest.size());
-  std::size_t end = length;
-  if (end < rest.size()) end += rest.substr(end).starts_with(u"\r\n") ? 2 : 1;
-  const IniLine line{rest.substr(0, length), rest.substr(length, end - length)};
-  rest.remove_prefix(end);
-  return line;
-}
 
 bool IsComment(TextView stripped) {
   return !stripped.empty() && (stripped[0] == u';' || stripped[0] == u'#');
@@ -41,11 +19,11 @@ std::optional<TextView> SectionName(TextView stripped) {
   if (stripped.empty() || stripped[0] != u'[') return std::nullopt;
   const std::size_t end = stripped.find(u']');
   if (end == TextView::npos) return std::nullopt;
-  return Stripped(stripped.substr(1, end - 1));
+  return WithoutBlanks(stripped.substr(1, end - 1));
 }
 
 TextView KeyOf(TextView line) {
-  return Stripped(line.substr(0, line.find(u'=')));
+  return WithoutBlanks(line.substr(0, line.find(u'=')));
 }
 
 [[noreturn]] void Refuse(TextView what, TextView text, TextView why) {
@@ -59,13 +37,13 @@ bool HasLineBreak(TextView text) {
 
 void CheckEntry(TextView section, TextView key, TextView value) {
   if (HasLineBreak(section)) Refuse(u"The section name", section, u"has a line break in it");
-  if (Stripped(section).empty()) Refuse(u"The section name", section, u"is blank");
+  if (WithoutBlanks(section).empty()) Refuse(u"The section name", section, u"is blank");
   if (section.find(u']') != TextView::npos) {
     Refuse(u"The section name", section, u"has a bracket in it");
   }
   if (HasLineBreak(key)) Refuse(u"The key", key, u"has a line break in it");
-  if (Stripped(key).empty()) Refuse(u"The key", key, u"is blank");
-  if (Stripped(key) != key) Refuse(u"The key", key, u"has blanks at its ends");
+  if (WithoutBlanks(key).empty()) Refuse(u"The key", key, u"is blank");
+  if (WithoutBlanks(key) != key) Refuse(u"The key", key, u"has blanks at its ends");
   if (key.find(u'=') != TextView::npos) Refuse(u"The key", key, u"has an equals sign in it");
   if (IsComment(key) || key[0] == u'[') Refuse(u"The key", key, u"would not be read as a key");
   if (HasLineBreak(value)) Refuse(u"The value", value, u"has a line break in it");
@@ -74,12 +52,12 @@ void CheckEntry(TextView section, TextView key, TextView value) {
 }  // namespace
 
 IniOutline OutlineIni(TextView text, TextView section) {
-  const TextView wanted = Stripped(section);
+  const TextView wanted = WithoutBlanks(section);
   IniOutline outline;
   bool in_section = false;
   for (std::size_t number = 1; !text.empty(); ++number) {
     const TextView line = TakeLine(text).content;
-    const TextView stripped = Stripped(line);
+    const TextView stripped = WithoutBlanks(line);
     if (stripped.empty() || IsComment(stripped)) continue;
     if (const auto name = SectionName(stripped)) {
       in_section = !outline.has_section && EqualIgnoringCase(*name, wanted);
@@ -111,7 +89,7 @@ IniEntry SplitIniEntry(TextView entry) {
 
 Text WithIniEntry(TextView text, TextView section, TextView key, TextView value) {
   CheckEntry(section, key, value);
-  const TextView wanted = Stripped(section);
+  const TextView wanted = WithoutBlanks(section);
   Text changed;
   changed.reserve(text.size() + section.size() + key.size() + value.size() + 16);
   TextView line_end;  // of the first line
@@ -119,9 +97,9 @@ Text WithIniEntry(TextView text, TextView section, TextView key, TextView value)
   bool in_section = false;
   bool is_placed = false;
   for (TextView rest = text; !rest.empty();) {
-    const IniLine line = TakeLine(rest);
+    const TextLine line = TakeLine(rest);
     if (line_end.empty()) line_end = line.end;
-    const TextView stripped = Stripped(line.content);
+    const TextView stripped = WithoutBlanks(line.content);
     const bool counts = !stripped.empty() && !IsComment(stripped);
     const auto name = counts ? SectionName(stripped) : std::nullopt;
     if (name) {

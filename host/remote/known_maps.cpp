@@ -14,10 +14,10 @@ KnownMaps::KnownMaps() {
 
 KnownMaps::KnownMaps(const Scenario& scenario) : KnownMaps() {
   knows_own_ = true;
-  for (const OwnMap& map : scenario.maps) own_.insert({ToLower(map.file), map.game_type});
+  for (const SelectedMap& map : scenario.maps) own_.insert({ToLower(map.file), map.game_type});
 }
 
-Text KnownMaps::Doubt(const StartMap& map, TextView mod) const {
+Text KnownMaps::Doubt(const SelectedMap& map, TextView mod) const {
   const Key key{ToLower(map.file), map.game_type};
   if (map.server_map) {
     if (!knows_own_ || own_.contains(key)) return {};

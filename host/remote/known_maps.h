@@ -17,7 +17,7 @@ class KnownMaps {
 
   // What is doubtful about the map under that mod; empty when nothing is. File names compare in any
   // letter case.
-  [[nodiscard]] Text Doubt(const StartMap& map, TextView mod) const;
+  [[nodiscard]] Text Doubt(const SelectedMap& map, TextView mod) const;
 
  private:
   struct Key {

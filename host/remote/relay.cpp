@@ -29,9 +29,10 @@ class Flag {
 
 }  // namespace
 
-Relay::Relay(TextView host_root, FileStorage& storage, RemoteMachine& machine, Deliver deliver,
-             EventSink tell)
-    : storage_(storage),
+Relay::Relay(TextView host_root, FileStorage& requests, FileStorage& kept, RemoteMachine& machine,
+             Deliver deliver, EventSink tell)
+    : requests_(requests),
+      kept_(kept),
       machine_(machine),
       deliver_(std::move(deliver)),
       tell_(std::move(tell)),
@@ -51,11 +52,11 @@ bool Relay::Pump() {
 }
 
 bool Relay::TakeRequest(Watched& watched) try {
-  const std::optional<std::string> bytes = storage_.ReadWhole(watched.path);
+  const std::optional<std::string> bytes = requests_.ReadWhole(watched.path);
   // An empty file is one that the plug-in has made and not filled yet.
   if (!bytes || bytes->empty()) return false;
-  storage_.Replace(watched.kept_path, *bytes);
-  storage_.Remove(watched.path);
+  kept_.Replace(watched.kept_path, *bytes);
+  requests_.Remove(watched.path);
   watched.last_error.clear();
   tell_(Concat({u"relay: took a request ", watched.command}));
   machine_.Receive(DecodeTextFile(*bytes).text);

@@ -15,15 +15,16 @@ class Relay {
  public:
   using Deliver = std::function<void(const Text& reply)>;
 
-  // Watches `host_root`\RCData. Storage and machine outlive the relay.
-  Relay(TextView host_root, FileStorage& storage, RemoteMachine& machine, Deliver deliver,
-        EventSink tell);
+  // Watches `host_root`\RCData among the requests. All of them outlive the relay; `requests` and
+  // `kept` may be one.
+  Relay(TextView host_root, FileStorage& requests, FileStorage& kept, RemoteMachine& machine,
+        Deliver deliver, EventSink tell);
 
   // Takes what lies in the request folder, then delivers at most one reply that is due. True when
   // anything happened. May be called from within a delivery (a reply that opens a message box):
   // requests are then still taken, but replies wait, because they are handled one at a time.
   //
-  // A request that was taken is kept beside its file, as sent_kvrBHDGS_<command word>.txt. A
+  // A request that was taken is kept as sent_kvrBHDGS_<command word>.txt in the same folder. A
   // request file that cannot be read is told about once and left alone.
   bool Pump();
 
@@ -38,7 +39,8 @@ class Relay {
   bool TakeRequest(Watched& watched);
   bool DeliverReply();
 
-  FileStorage& storage_;
+  FileStorage& requests_;
+  FileStorage& kept_;
   RemoteMachine& machine_;
   Deliver deliver_;
   EventSink tell_;

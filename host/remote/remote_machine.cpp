@@ -48,7 +48,7 @@ void RemoteMachine::Receive(TextView request) try {
 void RemoteMachine::Start(const RequestEnvelope& envelope) {
   const StartRequest request = DecodeStartPayload(
       ReadFrame(envelope.frame),
-      [&](const StartMap& map, TextView mod) { return known_maps_.Doubt(map, mod); });
+      [&](const SelectedMap& map, TextView mod) { return known_maps_.Doubt(map, mod); });
   for (const StartFinding& finding : request.findings) {
     parts_.tell(
         Concat({finding.is_error ? u"remote: error: " : u"remote: warning: ", finding.text}));

@@ -67,7 +67,7 @@ void AddMaps(const StartRequest& request, Text& text) {
   text += Concat({u"\nRotation: ", Decimal(static_cast<std::int64_t>(request.maps.size())),
                   request.maps.size() == 1 ? u" map\n" : u" maps\n"});
   std::int64_t number = 0;
-  for (const StartMap& map : request.maps) {
+  for (const SelectedMap& map : request.maps) {
     text += Line(Concat({Right(Decimal(++number), 4), u"  ",
                          Cell(kGameTypeNames[static_cast<std::size_t>(map.game_type)], 21),
                          Cell(map.name, 28), Cell(map.file, 14),

@@ -2,45 +2,33 @@
 #include "host/remote/scenario.h"
 
 #include <algorithm>
+#include <cmath>
 #include <set>
+#include <span>
 
 #include "dialog/game_types.h"
 #include "host/kit/text_file.h"
+#include "host/kit/text_line.h"
 #include "host/remote/wire.h"
+#include "maps/map_entry.h"
+#include "plugin/operator_rights.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
 
 namespace quill::host {
 namespace {
 
-constexpr TextView kRightNames[] = {u"Change GS Session Type",
-                                    u"Change GS Max Players",
-                                    u"Change GS Game Mod",
-                                    u"Change GS Windowed Mode",
-                                    u"Change GS Dedicated Mode",
-                                    u"Change GS Custom Skins Option",
-                                    u"Change GS Req Nova Login Option",
-                                    u"Change GS Game Port"};
-
 constexpr Setting kSuperAdministrator = {u"Super Administrator", 0, SettingForm::kSwitch, u"0"};
 
+// In the order of StartAction.
 constexpr TextView kStartActions[] = {u"succeed", u"fail", u"run", u"never answer",
                                       u"answer rubbish"};
-constexpr StartAction kStartActionOf[] = {StartAction::kSucceed, StartAction::kFail,
-                                          StartAction::kRun, StartAction::kNever,
-                                          StartAction::kRubbish};
 
 [[noreturn]] void Fail(TextView what) {
   throw RuntimeError(ErrorNumber::kInvalidProcedureCall, what);
 }
 
-// Blanks and tabs at the ends do not count; a value in double quotes is what stands between them.
-TextView Stripped(TextView text) {
-  const std::size_t begin = text.find_first_not_of(u" \t");
-  if (begin == TextView::npos) return {};
-  return text.substr(begin, text.find_last_not_of(u" \t") - begin + 1);
-}
-
+// A value in double quotes is what stands between them.
 TextView Unquoted(TextView text) {
   const bool is_quoted = text.size() >= 2 && text.front() == u'"' && text.back() == u'"';
   return is_quoted ? text.substr(1, text.size() - 2) : text;
@@ -54,28 +42,53 @@ std::int32_t WholeNumber(TextView name, TextView text) {
   return number;
 }
 
-const Setting& FindSetting(std::span<const Setting> settings, TextView name) {
-  const auto found = std::find_if(settings.begin(), settings.end(), [&](const Setting& setting) {
-    return EqualIgnoringCase(setting.name, name);
-  });
-  if (found == settings.end()) Fail(Concat({u"there is no setting \"", name, u"\" here"}));
-  return *found;
+std::chrono::milliseconds Delay(TextView text) {
+  const double seconds = IsNumber(text) ? std::stod(ToUtf8(text)) : -1;
+  if (seconds < 0 || seconds > 86'400) {
+    Fail(Concat({u"Delay must be a number of seconds from 0 to 86400, not \"", text, u"\""}));
+  }
+  return std::chrono::milliseconds(std::llround(seconds * 1000));
 }
+
+StartAction Action(TextView text) {
+  const auto* action = std::ranges::find_if(
+      kStartActions, [&](TextView name) { return EqualIgnoringCase(name, text); });
+  if (action != std::end(kStartActions)) return StartAction(action - std::begin(kStartActions));
+  Fail(Concat(
+      {u"Action must be succeed, fail, run, never answer or answer rubbish, not \"", text, u"\""}));
+}
+
+// The entries that are no settings of the machine.
+struct Key {
+  TextView section;
+  TextView name;
+  void (*set)(Scenario& scenario, TextView value);
+};
+constexpr Key kKeys[] = {
+    {u"Profile", u"Index", [](Scenario& s, TextView v) { s.index = WholeNumber(u"Index", v); }},
+    {u"Profile", u"Target", [](Scenario& s, TextView v) { s.target = v; }},
+    {u"Operator", kSuperAdministrator.name,
+     [](Scenario& s, TextView v) {
+       s.super_administrator = SettingValue(kSuperAdministrator, v) == u"1";
+     }},
+    {u"Start", u"Action", [](Scenario& s, TextView v) { s.start.action = Action(v); }},
+    {u"Start", u"Number",
+     [](Scenario& s, TextView v) {
+       s.start.number = WholeNumber(u"Number", v);
+       if (s.start.number == 0) Fail(u"Number 0 stands for a failure: write Action = fail");
+     }},
+    {u"Start", u"Delay", [](Scenario& s, TextView v) { s.start.delay = Delay(v); }},
+    {u"Start", u"Command", [](Scenario& s, TextView v) { s.start.command = v; }},
+    {u"Start", u"Text", [](Scenario& s, TextView v) { s.start.text = v; }},
+};
 
 // Takes the lines of one file in order.
 class ScenarioReader {
  public:
   Scenario Read(TextView text) {
-    int number = 0;
-    while (!text.empty()) {
-      ++number;
-      const std::size_t length = std::min(text.find_first_of(u"\r\n"), text.size());
-      const TextView line = Stripped(text.substr(0, length));
-      text.remove_prefix(length);
-      if (text.starts_with(kLineBreak)) text.remove_prefix(1);
-      if (!text.empty()) text.remove_prefix(1);
+    for (int number = 1; !text.empty(); ++number) {
       try {
-        TakeLine(line);
+        ReadLine(WithoutBlanks(TakeLine(text).content));
       } catch (const RuntimeError& error) {
         Fail(Concat({u"line ", Decimal(number), u": ", error.description()}));
       }
@@ -85,45 +98,31 @@ class ScenarioReader {
   }
 
  private:
-  using TakeEntry = void (ScenarioReader::*)(TextView line);
   struct Section {
     TextView name;
-    TakeEntry take;
+    void (ScenarioReader::*take)(TextView line);
   };
+  static const Section kSections[8];
 
-  void TakeLine(TextView line) {
+  void ReadLine(TextView line) {
     if (line.empty() || line[0] == u';' || line[0] == u'#') return;
     if (line[0] == u'[') {
       BeginSection(line);
-    } else if (take_ == nullptr) {
+    } else if (section_ == nullptr) {
       Fail(u"there is no section before this line");
     } else {
-      (this->*take_)(line);
+      (this->*section_->take)(line);
     }
   }
 
   void BeginSection(TextView line) {
-    static constexpr Section kSections[] = {
-        {u"Profile", &ScenarioReader::TakeProfile},
-        {u"Operator", &ScenarioReader::TakeRight},
-        {u"Settings", &ScenarioReader::TakeSetting},
-        {u"Fixed Values", &ScenarioReader::TakeFixedValue},
-        {u"Mods", &ScenarioReader::TakeMod},
-        {u"Maps", &ScenarioReader::TakeMap},
-        {u"Raw Fields", &ScenarioReader::TakeRawField},
-        {u"Start", &ScenarioReader::TakeStart},
-    };
     if (line.back() != u']') Fail(u"the section's name does not end with \"]\"");
-    const TextView name = Stripped(line.substr(1, line.size() - 2));
-    for (const Section& section : kSections) {
-      if (!EqualIgnoringCase(section.name, name)) continue;
-      NoteOnce(Text(section.name), Concat({u"the section [", section.name, u"]"}));
-      section_ = section.name;
-      take_ = section.take;
-      if (section.name == u"Fixed Values") scenario_.has_fixed_values = true;
-      return;
-    }
-    Fail(Concat({u"there is no section [", name, u"]"}));
+    const TextView name = WithoutBlanks(line.substr(1, line.size() - 2));
+    section_ = std::ranges::find_if(
+        kSections, [&](const Section& section) { return EqualIgnoringCase(section.name, name); });
+    if (section_ == std::end(kSections)) Fail(Concat({u"there is no section [", name, u"]"}));
+    NoteOnce({}, Concat({u"the section [", section_->name, u"]"}));
+    if (section_->name == u"Fixed Values") scenario_.has_fixed_values = true;
   }
 
   struct Entry {
@@ -135,54 +134,46 @@ class ScenarioReader {
   Entry SplitEntry(TextView line) {
     const std::size_t equals = line.find(u'=');
     if (equals == TextView::npos) Fail(u"a line of this section reads name = value");
-    const Entry entry{Stripped(line.substr(0, equals)),
-                      Unquoted(Stripped(line.substr(equals + 1)))};
-    NoteOnce(Concat({section_, u"\n", ToLower(entry.key)}), Concat({u"\"", entry.key, u"\""}));
+    const Entry entry{WithoutBlanks(line.substr(0, equals)),
+                      Unquoted(WithoutBlanks(line.substr(equals + 1)))};
+    NoteOnce(ToLower(entry.key), Concat({u"\"", entry.key, u"\""}));
     return entry;
   }
 
-  void NoteOnce(Text what, TextView name) {
-    if (!seen_.insert(std::move(what)).second) Fail(Concat({name, u" is given twice"}));
+  void NoteOnce(TextView what, TextView name) {
+    const bool is_new = seen_.insert(Concat({section_->name, u"\n", what})).second;
+    if (!is_new) Fail(Concat({name, u" is given twice"}));
   }
 
-  void TakeProfile(TextView line) {
-    const Entry entry = SplitEntry(line);
-    if (EqualIgnoringCase(entry.key, u"Index")) {
-      scenario_.index = WholeNumber(u"Index", entry.value);
-    } else if (EqualIgnoringCase(entry.key, u"Target")) {
-      scenario_.target = entry.value;
-    } else {
-      Fail(Concat({u"a profile has Index and Target, not \"", entry.key, u"\""}));
+  void TakeKey(TextView line) {
+    const auto [name, value] = SplitEntry(line);
+    for (const Key& key : kKeys) {
+      if (key.section != section_->name || !EqualIgnoringCase(key.name, name)) continue;
+      return key.set(scenario_, value);
     }
+    const auto rights = OperatorRights();
+    const bool is_right = section_->name == u"Operator" &&
+                          std::ranges::any_of(rights, [&](const OperatorRight& right) {
+                            return EqualIgnoringCase(right.name, name);
+                          });
+    if (!is_right) Fail(Concat({u"there is no \"", name, u"\" in [", section_->name, u"]"}));
+    scenario_.rights.push_back({Text(name), Right::Form::kText, Text(value)});
   }
 
-  void TakeRight(TextView line) {
-    const Entry entry = SplitEntry(line);
-    if (EqualIgnoringCase(entry.key, kSuperAdministrator.name)) {
-      scenario_.super_administrator = SettingValue(kSuperAdministrator, entry.value) == u"1";
-      return;
-    }
-    const bool is_known =
-        std::any_of(std::begin(kRightNames), std::end(kRightNames),
-                    [&](TextView name) { return EqualIgnoringCase(name, entry.key); });
-    if (!is_known) Fail(Concat({u"there is no right \"", entry.key, u"\""}));
-    scenario_.rights.push_back({Text(entry.key), Text(entry.value)});
+  void TakeSetting(TextView line) {
+    const auto [name, value] = SplitEntry(line);
+    scenario_.Set(name, value);
   }
 
-  void TakeSetting(TextView line) { TakeField(CurrentSettings(), line); }
-
-  void TakeFixedValue(TextView line) { TakeField(FixedSettings(), line); }
-
-  void TakeField(std::span<const Setting> settings, TextView line) {
-    const Entry entry = SplitEntry(line);
-    const Setting& setting = FindSetting(settings, entry.key);
-    scenario_.fields[static_cast<std::size_t>(setting.field)] = SettingValue(setting, entry.value);
+  void TakeFixedValue(TextView line) {
+    const auto [name, value] = SplitEntry(line);
+    scenario_.SetFixed(name, value);
   }
 
   void TakeMod(TextView line) {
     const TextView mod = Unquoted(line);
     if (mod.find(kListSeparator) != TextView::npos) Fail(u"a mod's name has no \"|\" in it");
-    NoteOnce(Concat({section_, u"\n", mod}), Concat({u"the mod \"", mod, u"\""}));
+    NoteOnce(mod, Concat({u"the mod \"", mod, u"\""}));
     scenario_.mods.emplace_back(mod);
   }
 
@@ -192,65 +183,16 @@ class ScenarioReader {
     if (colon == TextView::npos || open == TextView::npos || open < colon || line.back() != u'>') {
       Fail(u"a map reads game type: Display Name <FILE.BMS>");
     }
-    const TextView type = Stripped(line.substr(0, colon));
-    const std::optional<int> code = FindGameType(type);
-    if (!code) Fail(Concat({u"there is no game type \"", type, u"\""}));
-    const TextView name = Stripped(line.substr(colon + 1, open - colon - 1));
-    const TextView file = Stripped(line.substr(open + 1, line.size() - open - 2));
-    if (name.empty() || file.empty()) Fail(u"a map has a display name and a file name");
-    NoteOnce(Concat({section_, u"\n", Decimal(*code), u"\n", ToLower(file)}),
-             Concat({u"the map ", file}));
-    scenario_.maps.push_back({Text(name), Text(file), *code});
+    const MapEntry entry = SplitMapEntry(line.substr(colon + 1));
+    if (entry.name.empty() || entry.file.empty()) Fail(u"a map has a display name and a file name");
+    scenario_.AddMap(WithoutBlanks(line.substr(0, colon)), entry.name, entry.file);
+    NoteOnce(Concat({Decimal(scenario_.maps.back().game_type), u"\n", ToLower(entry.file)}),
+             Concat({u"the map ", entry.file}));
   }
 
   void TakeRawField(TextView line) {
-    const Entry entry = SplitEntry(line);
-    constexpr std::int32_t kHighestRawField = 99;
-    const std::int32_t field = WholeNumber(u"the field's number", entry.key);
-    if (field < 0 || field > kHighestRawField) Fail(u"a field's number lies from 0 to 99");
-    scenario_.raw_fields[field] = entry.value;
-  }
-
-  void TakeStart(TextView line) {
-    const Entry entry = SplitEntry(line);
-    StartBehaviour& start = scenario_.start;
-    if (EqualIgnoringCase(entry.key, u"Action")) {
-      const auto* action =
-          std::find_if(std::begin(kStartActions), std::end(kStartActions),
-                       [&](TextView name) { return EqualIgnoringCase(name, entry.value); });
-      if (action == std::end(kStartActions)) {
-        Fail(Concat({u"Action must be succeed, fail, run, never answer or answer rubbish, not \"",
-                     entry.value, u"\""}));
-      }
-      start.action = kStartActionOf[action - std::begin(kStartActions)];
-    } else if (EqualIgnoringCase(entry.key, u"Number")) {
-      start.number = WholeNumber(u"Number", entry.value);
-      if (start.number == 0) Fail(u"Number 0 stands for a failure: write Action = fail");
-    } else if (EqualIgnoringCase(entry.key, u"Delay")) {
-      start.delay = Delay(entry.value);
-    } else if (EqualIgnoringCase(entry.key, u"Command")) {
-      start.command = entry.value;
-    } else if (EqualIgnoringCase(entry.key, u"Text")) {
-      start.text = entry.value;
-    } else {
-      Fail(Concat(
-          {u"a start has Action, Number, Delay, Command and Text, not \"", entry.key, u"\""}));
-    }
-  }
-
-  // Seconds with up to three decimal places.
-  static std::chrono::milliseconds Delay(TextView text) {
-    constexpr std::int32_t kLongestDelay = 86'400;
-    const std::size_t point = std::min(text.find(u'.'), text.size());
-    const TextView decimals = text.substr(std::min(point + 1, text.size()));
-    const bool is_fine = IsNumber(text) && text.front() != u'-' && decimals.size() <= 3 &&
-                         !IsGreaterThan(text, kLongestDelay);
-    if (!is_fine) {
-      Fail(Concat({u"Delay must be a number of seconds from 0 to 86400, not \"", text, u"\""}));
-    }
-    Text milliseconds = Concat({text.substr(0, point), decimals});
-    milliseconds.append(3 - decimals.size(), u'0');
-    return std::chrono::milliseconds(ToInt32(milliseconds));
+    const auto [name, value] = SplitEntry(line);
+    scenario_.SetRawField(WholeNumber(u"the field's number", name), value);
   }
 
   void CheckStart() const {
@@ -267,10 +209,29 @@ class ScenarioReader {
   }
 
   Scenario scenario_;
-  TextView section_;
-  TakeEntry take_ = nullptr;
+  const Section* section_ = nullptr;
   std::set<Text> seen_;
 };
+
+const ScenarioReader::Section ScenarioReader::kSections[] = {
+    {u"Profile", &ScenarioReader::TakeKey},
+    {u"Operator", &ScenarioReader::TakeKey},
+    {u"Settings", &ScenarioReader::TakeSetting},
+    {u"Fixed Values", &ScenarioReader::TakeFixedValue},
+    {u"Mods", &ScenarioReader::TakeMod},
+    {u"Maps", &ScenarioReader::TakeMap},
+    {u"Raw Fields", &ScenarioReader::TakeRawField},
+    {u"Start", &ScenarioReader::TakeKey},
+};
+
+void SetIn(std::span<const Setting> settings, TextView name, TextView value, Scenario& scenario) {
+  for (const Setting& setting : settings) {
+    if (!EqualIgnoringCase(setting.name, name)) continue;
+    scenario.fields[static_cast<std::size_t>(setting.field)] = SettingValue(setting, value);
+    return;
+  }
+  Fail(Concat({u"there is no setting \"", name, u"\" here"}));
+}
 
 }  // namespace
 
@@ -280,6 +241,26 @@ Scenario::Scenario() {
       fields[static_cast<std::size_t>(setting.field)] = setting.initial;
     }
   }
+}
+
+void Scenario::Set(TextView setting, TextView value) {
+  SetIn(CurrentSettings(), setting, value, *this);
+}
+
+void Scenario::SetFixed(TextView setting, TextView value) {
+  SetIn(FixedSettings(), setting, value, *this);
+  has_fixed_values = true;
+}
+
+void Scenario::SetRawField(std::int32_t field, TextView text) {
+  if (field < 0 || field > 99) Fail(u"a field's number lies from 0 to 99");
+  raw_fields[field] = text;
+}
+
+void Scenario::AddMap(TextView game_type, TextView name, TextView file) {
+  const std::optional<int> code = FindGameType(game_type);
+  if (!code) Fail(Concat({u"there is no game type \"", game_type, u"\""}));
+  maps.push_back({Text(name), Text(file), *code, true});
 }
 
 Scenario ParseScenario(std::string_view bytes) {

@@ -22,7 +22,9 @@
 #include <string_view>
 #include <vector>
 
+#include "host/headless/host_objects.h"
 #include "host/remote/setting_table.h"
+#include "maps/selected_map_list.h"
 #include "support/text.h"
 
 namespace quill::host {
@@ -44,32 +46,28 @@ struct StartBehaviour {
   Text text;
 };
 
-struct OwnMap {
-  Text name;
-  Text file;
-  int game_type = 0;  // code, 0 to 8
-};
-
-struct OperatorRight {
-  Text name;
-  Text value;
-};
-
 struct Scenario {
   Scenario();  // every setting at its initial value, no mods, no maps
 
   std::int32_t index = 1;
   Text target = u"server-1";
   bool super_administrator = false;
-  std::vector<OperatorRight> rights;
+  std::vector<Right> rights;
 
   // By field number; texts before Base64. The fields of mods and maps stay empty here.
   std::array<Text, kFieldCountWithFixed> fields;
   bool has_fixed_values = false;
   std::vector<Text> mods;
-  std::vector<OwnMap> maps;
+  std::vector<SelectedMap> maps;
   std::map<int, Text> raw_fields;
+  std::optional<int> field_count;  // the reply is cut, or filled up with empty fields, to so many
   StartBehaviour start;
+
+  // What a person has written. Each fails with kInvalidProcedureCall and says what would be right.
+  void Set(TextView setting, TextView value);
+  void SetFixed(TextView setting, TextView value);  // from now on the reply has fixed values
+  void SetRawField(std::int32_t field, TextView text);
+  void AddMap(TextView game_type, TextView name, TextView file);
 };
 
 // The scenario in a file's bytes (see text_file.h for encodings). Fails with kInvalidProcedureCall

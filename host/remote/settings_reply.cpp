@@ -4,27 +4,19 @@
 #include <algorithm>
 #include <vector>
 
+#include "host/kit/text_line.h"
 #include "host/remote/wire.h"
+#include "maps/map_entry.h"
 
 namespace quill::host {
 namespace {
 
-Text ModsField(const Scenario& scenario) {
-  Text mods;
-  for (const Text& mod : scenario.mods) {
-    if (&mod != &scenario.mods.front()) mods += kListSeparator;
-    mods += mod;
-  }
-  return EncodeField(mods);
-}
-
 Text MapsField(const Scenario& scenario) {
-  Text maps;
-  for (const OwnMap& map : scenario.maps) {
-    if (&map != &scenario.maps.front()) maps += kListSeparator;
-    maps += EncodeField(Concat({map.name, u" <", map.file, u">", Decimal(map.game_type)}));
+  std::vector<Text> maps;
+  for (const SelectedMap& map : scenario.maps) {
+    maps.push_back(EncodeField(JoinMapEntry(map.name, map.file) + Decimal(map.game_type)));
   }
-  return maps;
+  return Joined(maps, kListSeparator);
 }
 
 }  // namespace
@@ -39,19 +31,15 @@ Text SettingsPayload(const Scenario& scenario) {
       fields[field] = setting.form == SettingForm::kText ? EncodeField(value) : value;
     }
   }
-  fields[kModsField] = ModsField(scenario);
+  fields[kModsField] = EncodeField(Joined(scenario.mods, kListSeparator));
   fields[kMapsField] = MapsField(scenario);
   for (const auto& [field, text] : scenario.raw_fields) {
     fields.resize(std::max(fields.size(), static_cast<std::size_t>(field) + 1));
     fields[static_cast<std::size_t>(field)] = text;
   }
 
-  Text payload;
-  for (std::size_t field = 0; field < fields.size(); ++field) {
-    if (field != 0) payload += kFieldSeparator;
-    payload += fields[field];
-  }
-  return payload;
+  if (scenario.field_count) fields.resize(static_cast<std::size_t>(*scenario.field_count));
+  return Joined(fields, kFieldSeparator);
 }
 
 Text SettingsReply(const Scenario& scenario) {

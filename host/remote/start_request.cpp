@@ -13,58 +13,19 @@
 namespace quill::host {
 namespace {
 
-enum class Form : std::uint8_t {
-  kText,    // Base64; empty for a blank text
-  kName,    // Base64; never empty
-  kNumber,  // low to high; one less than low: nothing chosen
-  kSwitch,  // 0 or 1
-  kPing,    // a number from 0 to 65535 as the operator typed it
-  kPort,    // the same, from 1
-  kFlags,
-  kModAndMaps,
-};
-
-struct FieldLayout {
-  TextView name;
-  Form form;
-  int low = 0;
-  int high = 0;  // of texts: the most characters that the dialog lets an operator type
-  std::span<const TextView> names = {};
-};
-
 constexpr std::array<TextView, 2> kSessionTypes = {u"Tiodioksi", u"LAN IP"};
 constexpr std::array<TextView, 4> kDelays = {u"no delay", u"1 minute", u"2 minutes", u"3 minutes"};
 
-constexpr FieldLayout kLayout[] = {
-    {u"Host message", Form::kText, 0, 85},
-    {u"Server name", Form::kName, 0, 26},
-    {u"Country code", Form::kText, 0, 2},
-    {u"Password", Form::kText, 0, 16},
-    {u"Session type", Form::kNumber, 1, 2, kSessionTypes},
-    {u"Max players", Form::kNumber, 1, 50},
-    {u"Start delay", Form::kNumber, 0, 3, kDelays},
-    {u"Loop maps", Form::kSwitch},
-    {u"Max kills", Form::kNumber, 1, 500},
-    {u"Game score", Form::kNumber, 1, 500},
-    {u"Zone timer", Form::kNumber, 1, 60},
-    {u"Respawn time", Form::kNumber, 0, 120},
-    {u"Time limit", Form::kNumber, 0, 100},
-    {u"Nova login required", Form::kSwitch},
-    {u"Custom skins", Form::kSwitch},
-    {u"Run windowed", Form::kSwitch},
-    {u"Run dedicated", Form::kSwitch},
-    {u"Blue team password", Form::kText, 0, 16},
-    {u"Red team password", Form::kText, 0, 16},
-    {u"Min ping check", Form::kSwitch},
-    {u"Min ping", Form::kPing},
-    {u"Max ping check", Form::kSwitch},
-    {u"Max ping", Form::kPing},
-    {u"Option flags", Form::kFlags},
-    {u"Game port", Form::kPort},
-    {u"Mod and maps", Form::kModAndMaps},
+class Decoder;
+
+struct FieldLayout {
+  TextView name;
+  Text (Decoder::*meaning)(const FieldLayout& layout, TextView sent);
+  // Of texts the fewest characters and the most that the dialog lets an operator type.
+  int low = 0;
+  int high = 0;
+  std::span<const TextView> names = {};  // of the numbers from `low` on
 };
-constexpr std::size_t kModField = 25;
-static_assert(std::size(kLayout) == kModField + 1);
 
 struct FlagLayout {
   std::uint32_t bit;
@@ -88,55 +49,24 @@ class Decoder {
  public:
   explicit Decoder(const MapDoubt& doubt) : doubt_(doubt) {}
 
-  StartRequest Run(TextView payload) {
-    const std::size_t bar = payload.find(kListSeparator);
-    if (bar == TextView::npos) request_.AddError(u"the payload has no \"|\" before the map list");
-    const std::vector<TextView> fields = Split(payload.substr(0, bar), kFieldSeparator);
-    if (fields.size() != std::size(kLayout)) {
-      request_.AddError(
-          Concat({u"the payload has ", Decimal(static_cast<std::int64_t>(fields.size())),
-                  u" fields instead of 26"}));
-    }
-    for (number_ = 0; number_ < std::min(fields.size(), std::size(kLayout)); ++number_) {
-      const FieldLayout& layout = kLayout[number_];
-      request_.fields.push_back({layout.name, Text(fields[number_]), {}});
-      request_.fields.back().meaning = Meaning(layout, fields[number_]);
-    }
-    if (bar != TextView::npos) ReadMaps(payload.substr(bar + 1));
-    return std::move(request_);
-  }
+  StartRequest Run(TextView payload);
 
  private:
+  static const FieldLayout kLayout[26];
+
   // Notes what is wrong with the field at hand.
   void FieldFinding(bool is_error, TextView what) {
     request_.findings.push_back(
-        {is_error, Concat({u"field ", Decimal(static_cast<std::int64_t>(number_)), u" (",
-                           kLayout[number_].name, u") ", what})});
+        {is_error, Concat({u"field ", Decimal(std::ssize(request_.fields) - 1), u" (",
+                           request_.fields.back().name, u") ", what})});
   }
   void FieldError(TextView what) { FieldFinding(true, what); }
   void FieldWarning(TextView what) { FieldFinding(false, what); }
 
-  Text Meaning(const FieldLayout& layout, TextView sent) {
-    switch (layout.form) {
-      case Form::kText:
-      case Form::kName:
-        return TextMeaning(layout, sent);
-      case Form::kNumber:
-        return NumberMeaning(layout, sent);
-      case Form::kSwitch:
-        if (sent == u"1") return u"yes";
-        if (sent == u"0") return u"no";
-        FieldError(Concat({u"must be 0 or 1, not ", Quoted(sent)}));
-        return {};
-      case Form::kPing:
-        return TypedNumberMeaning(sent, 0);
-      case Form::kPort:
-        return TypedNumberMeaning(sent, 1);
-      case Form::kFlags:
-        return FlagsMeaning(sent);
-      case Form::kModAndMaps:
-        return ModMeaning(sent);
-    }
+  Text SwitchMeaning(const FieldLayout&, TextView sent) {
+    if (sent == u"1") return u"yes";
+    if (sent == u"0") return u"no";
+    FieldError(Concat({u"must be 0 or 1, not ", Quoted(sent)}));
     return {};
   }
 
@@ -151,20 +81,22 @@ class Decoder {
     }
   }
 
+  // In Base64. A text of blanks is sent as none at all, unless one is required.
   Text TextMeaning(const FieldLayout& layout, TextView sent) {
     Text text;
     if (!Decode(sent, text)) return {};
-    if (layout.form == Form::kName) {
-      if (text.empty()) FieldError(u"is empty");
-    } else if (!sent.empty() && IsBlank(text)) {
+    if (std::ssize(text) < layout.low) {
+      FieldError(u"is empty");
+    } else if (layout.low == 0 && !sent.empty() && IsBlank(text)) {
       FieldError(u"holds blanks only and should have been left empty");
     }
-    if (text.size() > static_cast<std::size_t>(layout.high)) {
+    if (std::ssize(text) > layout.high) {
       FieldWarning(Concat({u"is longer than ", Decimal(layout.high), u" characters"}));
     }
     return Quoted(text);
   }
 
+  // One less than the lowest number: nothing chosen.
   Text NumberMeaning(const FieldLayout& layout, TextView sent) {
     std::int32_t number = 0;
     if (!ParseWholeNumber(sent, number)) {
@@ -175,37 +107,36 @@ class Decoder {
       FieldWarning(u"has no value chosen");
       return u"nothing chosen";
     }
-    if (number < layout.low || number > layout.high) {
-      FieldError(Concat({u"is ", Decimal(number), u", outside ", Decimal(layout.low), u" to ",
-                         Decimal(layout.high)}));
-      return {};
-    }
+    if (number < layout.low || number > layout.high) return OutsideOf(layout, sent);
     if (layout.names.empty()) return Decimal(number);
     return Text(layout.names[static_cast<std::size_t>(number - layout.low)]);
   }
 
-  Text TypedNumberMeaning(TextView sent, std::int32_t low) {
-    constexpr std::int32_t kHighest = 65535;
+  // As the operator typed it.
+  Text TypedNumberMeaning(const FieldLayout& layout, TextView sent) {
     if (!IsNumber(sent)) {
       FieldError(Concat({u"is no number: ", Quoted(sent)}));
       return {};
     }
-    std::int32_t number = -1;
+    std::int32_t number = layout.low - 1;
     try {
       number = ToInt32(sent);
     } catch (const RuntimeError&) {
       // Beyond 32 bits: out of range like any other number that is too large.
     }
-    if (number < low || number > kHighest) {
-      FieldError(Concat({u"is ", sent, u", outside ", Decimal(low), u" to 65535"}));
-      return {};
-    }
+    if (number < layout.low || number > layout.high) return OutsideOf(layout, sent);
     const Text meaning = Decimal(number);
     if (meaning != sent) FieldWarning(Concat({u"is ", Quoted(sent), u", taken as ", meaning}));
     return meaning;
   }
 
-  Text FlagsMeaning(TextView sent) {
+  Text OutsideOf(const FieldLayout& layout, TextView sent) {
+    FieldError(
+        Concat({u"is ", sent, u", outside ", Decimal(layout.low), u" to ", Decimal(layout.high)}));
+    return {};
+  }
+
+  Text FlagsMeaning(const FieldLayout&, TextView sent) {
     std::int32_t number = 0;
     if (!ParseWholeNumber(sent, number) || number < 0) {
       FieldError(Concat({u"is no set of flags: ", Quoted(sent)}));
@@ -227,7 +158,7 @@ class Decoder {
     return u"see below";
   }
 
-  Text ModMeaning(TextView sent) {
+  Text ModMeaning(const FieldLayout&, TextView sent) {
     if (!Decode(sent, request_.mod)) return {};
     if (request_.mod.empty()) FieldWarning(u"names no mod");
     return Quoted(request_.mod);
@@ -238,8 +169,8 @@ class Decoder {
     if (list[0] != u'-') request_.AddError(u"the map list does not begin with \"-\"");
     const std::vector<TextView> entries = Split(list.substr(list[0] == u'-' ? 1 : 0), u"-");
     for (std::size_t at = 0; at < entries.size(); ++at) {
-      const Text label = Concat({u"map ", Decimal(static_cast<std::int64_t>(at + 1)), u" "});
-      StartMap map;
+      const Text label = Concat({u"map ", Decimal(std::int64_t(at) + 1), u" "});
+      SelectedMap map;
       if (const Text error = ReadMap(entries[at], map); !error.empty()) {
         request_.AddError(Concat({label, error}));
         continue;
@@ -249,14 +180,14 @@ class Decoder {
       }
       request_.maps.push_back(std::move(map));
     }
-    if (entries.size() > kMaxRotation) {
-      request_.AddError(Concat({u"there are ", Decimal(static_cast<std::int64_t>(entries.size())),
-                                u" maps, more than 255"}));
+    if (std::ssize(entries) > kRotationLimit) {
+      request_.AddError(
+          Concat({u"there are ", Decimal(std::ssize(entries)), u" maps, more than 255"}));
     }
   }
 
   // What is wrong with the entry; empty when it is in `map`.
-  static Text ReadMap(TextView entry, StartMap& map) {
+  static Text ReadMap(TextView entry, SelectedMap& map) {
     const std::vector<TextView> parts = Split(entry, kFieldSeparator);
     if (parts.size() != 4) return u"does not have the four parts of a map";
     try {
@@ -280,8 +211,55 @@ class Decoder {
 
   const MapDoubt& doubt_;
   StartRequest request_;
-  std::size_t number_ = 0;  // of the field at hand
 };
+
+const FieldLayout Decoder::kLayout[] = {
+    {u"Host message", &Decoder::TextMeaning, 0, 85},
+    {u"Server name", &Decoder::TextMeaning, 1, 26},
+    {u"Country code", &Decoder::TextMeaning, 0, 2},
+    {u"Password", &Decoder::TextMeaning, 0, 16},
+    {u"Session type", &Decoder::NumberMeaning, 1, 2, kSessionTypes},
+    {u"Max players", &Decoder::NumberMeaning, 1, 50},
+    {u"Start delay", &Decoder::NumberMeaning, 0, 3, kDelays},
+    {u"Loop maps", &Decoder::SwitchMeaning},
+    {u"Max kills", &Decoder::NumberMeaning, 1, 500},
+    {u"Game score", &Decoder::NumberMeaning, 1, 500},
+    {u"Zone timer", &Decoder::NumberMeaning, 1, 60},
+    {u"Respawn time", &Decoder::NumberMeaning, 0, 120},
+    {u"Time limit", &Decoder::NumberMeaning, 0, 100},
+    {u"Nova login required", &Decoder::SwitchMeaning},
+    {u"Custom skins", &Decoder::SwitchMeaning},
+    {u"Run windowed", &Decoder::SwitchMeaning},
+    {u"Run dedicated", &Decoder::SwitchMeaning},
+    {u"Blue team password", &Decoder::TextMeaning, 0, 16},
+    {u"Red team password", &Decoder::TextMeaning, 0, 16},
+    {u"Min ping check", &Decoder::SwitchMeaning},
+    {u"Min ping", &Decoder::TypedNumberMeaning, 0, 65535},
+    {u"Max ping check", &Decoder::SwitchMeaning},
+    {u"Max ping", &Decoder::TypedNumberMeaning, 0, 65535},
+    {u"Option flags", &Decoder::FlagsMeaning},
+    {u"Game port", &Decoder::TypedNumberMeaning, 1, 65535},
+    {u"Mod and maps", &Decoder::ModMeaning},
+};
+
+StartRequest Decoder::Run(TextView payload) {
+  const std::size_t bar = payload.find(kListSeparator);
+  if (bar == TextView::npos) request_.AddError(u"the payload has no \"|\" before the map list");
+  const std::vector<TextView> fields = Split(payload.substr(0, bar), kFieldSeparator);
+  if (fields.size() != std::size(kLayout)) {
+    request_.AddError(
+        Concat({u"the payload has ", Decimal(std::ssize(fields)), u" fields instead of 26"}));
+  }
+  for (std::size_t at = 0; at < fields.size(); ++at) {
+    const bool is_known = at < std::size(kLayout);
+    request_.fields.push_back({is_known ? kLayout[at].name : TextView(), Text(fields[at]), {}});
+    if (!is_known) continue;
+    Text meaning = (this->*kLayout[at].meaning)(kLayout[at], fields[at]);
+    request_.fields.back().meaning = std::move(meaning);
+  }
+  if (bar != TextView::npos) ReadMaps(payload.substr(bar + 1));
+  return std::move(request_);
+}
 
 }  // namespace
 

@@ -6,6 +6,7 @@
 #include <functional>
 #include <vector>
 
+#include "maps/selected_map_list.h"
 #include "support/text.h"
 
 namespace quill::host {
@@ -24,13 +25,6 @@ struct StartFlag {
   bool is_on = false;   // the option
 };
 
-struct StartMap {
-  Text name;
-  Text file;
-  int game_type = 0;  // code, 0 to 8
-  bool server_map = false;
-};
-
 struct StartFinding {
   // Errors make a request one that cannot be started; the rest are warnings.
   bool is_error = false;
@@ -38,10 +32,10 @@ struct StartFinding {
 };
 
 struct StartRequest {
-  std::vector<StartField> fields;  // 0 to 25 in order, as many as the payload has
+  std::vector<StartField> fields;  // in order, as many as the payload has; the mod without the maps
   std::vector<StartFlag> flags;    // all of them, when the flags could be read
   Text mod;
-  std::vector<StartMap> maps;  // in the order of the rotation; what is no map is left out
+  std::vector<SelectedMap> maps;  // in the order of the rotation; what is no map is left out
   std::vector<StartFinding> findings;
 
   [[nodiscard]] bool HasErrors() const noexcept;
@@ -49,10 +43,8 @@ struct StartRequest {
   void AddWarning(Text text) { findings.push_back({false, std::move(text)}); }
 };
 
-inline constexpr std::size_t kMaxRotation = 255;
-
 // What is doubtful about a map under a mod; empty when nothing is.
-using MapDoubt = std::function<Text(const StartMap& map, TextView mod)>;
+using MapDoubt = std::function<Text(const SelectedMap& map, TextView mod)>;
 
 [[nodiscard]] StartRequest DecodeStartPayload(TextView payload, const MapDoubt& doubt);
 

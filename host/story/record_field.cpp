@@ -1,6 +1,10 @@
 // The record's fields as one table.
 #include "host/story/record_field.h"
 
+#include <variant>
+
+#include "headless/shown_words.h"
+#include "host/kit/text_line.h"
 #include "support/runtime_error.h"
 
 namespace quill::host {
@@ -8,16 +12,24 @@ namespace {
 
 using Texts = std::optional<std::vector<Text>>;
 
-struct TextField {
+struct Field {
   TextView name;
-  Text PLUGIN::*value;
+  std::variant<Text PLUGIN::*, bool PLUGIN::*, Texts PLUGIN::*> value;
 };
-constexpr TextField kTexts[] = {
+constexpr Field kFields[] = {
     {u"Name", &PLUGIN::Name},
     {u"File", &PLUGIN::File},
     {u"Version", &PLUGIN::Version},
     {u"Author", &PLUGIN::Author},
     {u"Description", &PLUGIN::Description},
+    {u"Game", &PLUGIN::Game},
+    {u"HasInterface", &PLUGIN::HasInterface},
+    {u"ProfileMenu", &PLUGIN::ProfileMenu},
+    {u"ServerMenu", &PLUGIN::ServerMenu},
+    {u"MainMenu", &PLUGIN::MainMenu},
+    {u"ProfileMenuItems", &PLUGIN::ProfileMenuItems},
+    {u"ServerMenuItems", &PLUGIN::ServerMenuItems},
+    {u"MainMenuItems", &PLUGIN::MainMenuItems},
     {u"MinRCVer", &PLUGIN::MinRCVer},
     {u"MinMemKitVer", &PLUGIN::MinMemKitVer},
     {u"MinFileKitVer", &PLUGIN::MinFileKitVer},
@@ -25,49 +37,24 @@ constexpr TextField kTexts[] = {
     {u"MinRCCVer", &PLUGIN::MinRCCVer},
 };
 
-struct TruthField {
-  TextView name;
-  bool PLUGIN::*value;
-};
-constexpr TruthField kTruths[] = {
-    {u"HasInterface", &PLUGIN::HasInterface},
-    {u"ProfileMenu", &PLUGIN::ProfileMenu},
-    {u"ServerMenu", &PLUGIN::ServerMenu},
-    {u"MainMenu", &PLUGIN::MainMenu},
-};
+Text Shown(const Text& text) {
+  return text;
+}
 
-struct ArrayField {
-  TextView name;
-  Texts PLUGIN::*value;
-};
-constexpr ArrayField kArrays[] = {
-    {u"Game", &PLUGIN::Game},
-    {u"ProfileMenuItems", &PLUGIN::ProfileMenuItems},
-    {u"ServerMenuItems", &PLUGIN::ServerMenuItems},
-    {u"MainMenuItems", &PLUGIN::MainMenuItems},
-};
+Text Shown(bool value) {
+  return Text(headless::TruthWord(value));
+}
 
-Text Joined(const Texts& texts) {
-  if (!texts) return u"empty";
-  Text joined;
-  for (const Text& text : *texts) {
-    if (&text != texts->data()) joined += u'|';
-    joined += text;
-  }
-  return joined;
+Text Shown(const Texts& texts) {
+  return texts ? Joined(*texts, u"|") : Text(u"empty");
 }
 
 }  // namespace
 
 Text RecordField(const PLUGIN& record, TextView field) {
-  for (const TextField& text : kTexts) {
-    if (text.name == field) return record.*text.value;
-  }
-  for (const TruthField& truth : kTruths) {
-    if (truth.name == field) return record.*truth.value ? u"true" : u"false";
-  }
-  for (const ArrayField& array : kArrays) {
-    if (array.name == field) return Joined(record.*array.value);
+  for (const auto& [name, value] : kFields) {
+    if (name != field) continue;
+    return std::visit([&](auto member) { return Shown(record.*member); }, value);
   }
   throw RuntimeError(ErrorNumber::kMemberNotFound,
                      Concat({u"the record has no field \"", field, u"\""}));

@@ -3,8 +3,8 @@
 // real library and its native windows; a story cannot tell them apart.
 //
 // Controls are named as in the dialog; rows and positions are 0-based. A gesture that a real
-// operator could not make (the control is hidden, disabled, not there) fails with StageError, and
-// so does the reading of something that the stage cannot see.
+// operator could not make (the control is hidden, disabled, not there) fails with a RuntimeError,
+// and so does the reading of something that the stage cannot see.
 //
 // A new stage's host has its two button pictures, no other files, and offers both service objects.
 // The plug-in is loaded by the first host call.
@@ -13,46 +13,23 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "host/headless/host_objects.h"
+#include "host/kit/file_storage.h"
+#include "host/story/story_words.h"
+#include "host/watch/watched_file_kit.h"
 #include "support/text.h"
-#include "ui/menu.h"
 
 namespace quill::host {
 
-class StageError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
-// A message box as the operator saw it.
+// A message box as the operator saw it; of a file dialog its title and the folder it began in.
 struct SeenBox {
   Text caption;
   Text text;
   friend bool operator==(const SeenBox&, const SeenBox&) = default;
-};
-
-// One right of the operator, as the host's collection holds it.
-struct Right {
-  // kFails: the item is none that could be compared with a text, such as an array.
-  enum class Form : std::uint8_t { kText, kNumber, kFails };
-  Text name;
-  Form form = Form::kText;
-  Text value;
-};
-
-enum class Button : std::uint8_t { kLeft = 1, kRight = 2, kMiddle = 4 };
-
-// How the next call of one kit operation goes wrong.
-struct KitFault {
-  // For example u"CompressString"; u"CreateFileKit" and u"CreateMemoryKit" stand for the creation
-  // of the two service objects, which fails whatever the number.
-  Text operation;
-  std::int32_t number = 0;  // 0: no failure, but SendErrorReport answers false
-  Text description;
-  bool from_there_on = false;  // every later call of it too
 };
 
 class Stage {
@@ -63,13 +40,12 @@ class Stage {
   // --- set-up, before and between host calls -------------------------------------------------
   // The host's root folder, without a trailing backslash.
   [[nodiscard]] virtual Text HostRoot() = 0;
-  // A file under the host's root, by its host path; nothing as content removes it. Missing folders
-  // are made.
-  virtual void PutFile(const Text& path, const std::optional<std::string>& bytes) = 0;
-  [[nodiscard]] virtual std::optional<std::string> FileContent(const Text& path) = 0;
-  // Faults of different operations stand side by side; a new one of the same replaces the old one.
-  virtual void BreakKit(const KitFault& fault) = 0;
-  virtual void RepairKit() = 0;  // forgets all faults
+  // The files under the host's root, by their host paths.
+  [[nodiscard]] virtual FileStorage& storage() = 0;
+  // A file with these bytes; missing folders are made.
+  virtual void PutFile(const Text& path, std::string_view bytes) = 0;
+  // How the host's file kit fails, and what the plug-in handed to its error log and report store.
+  [[nodiscard]] virtual KitWatch& kit_watch() = 0;
   virtual void SetClock(std::uint64_t ticks) = 0;
 
   // --- host calls ----------------------------------------------------------------------------
@@ -88,60 +64,33 @@ class Stage {
   virtual void HideInterface() = 0;
 
   // --- the operator --------------------------------------------------------------------------
-  virtual void Type(const Text& control, const Text& text) = 0;    // at the end of what is there
-  virtual void Paste(const Text& control, const Text& text) = 0;   // in place of what is there
-  virtual void EraseLast(const Text& control, int count) = 0;      // backspace at the end
-  virtual void Choose(const Text& control, const Text& item) = 0;  // in a drop-down list
-  virtual void ScrollBy(const Text& control, int rows) = 0;        // one step at a time
-  virtual void ScrollTo(const Text& control, int row) = 0;         // by the thumb
-  virtual void ClickTab(const Text& caption) = 0;
-  virtual void Click(const Text& control) = 0;  // check box, push button
-  virtual void SelectRows(const Text& control, const std::vector<int>& rows) = 0;
-  virtual void DoubleClickRow(const Text& control, int row) = 0;  // -1: below the last row
-  virtual void Key(const Text& control, char16_t character) = 0;
-  virtual void Press(const Text& control, Button button) = 0;
-  virtual void Release(const Text& control, Button button) = 0;
-  // A key that is no character, or one that is held with Ctrl or Alt. `times`: so often while it is
-  // held; all but the first are repetitions.
-  virtual void Strike(const Text& control, ui::KeyStroke stroke, int times) = 0;
-  // Opens a list's context menu, by a key or (row from 0) by the right mouse button, and chooses an
-  // item; Escape for an empty one.
-  virtual void ChooseFromMenu(const Text& control, int row, const Text& item) = 0;
-  // The items of the menu opened last: "CAPTION | KEY", in parentheses when grey.
-  [[nodiscard]] virtual std::vector<Text> LastMenu() = 0;
-  virtual void PressAccessKey(char16_t key, int times) = 0;  // together with Alt
-  virtual void CloseWindow() = 0;
+  // Makes the gesture with that pattern (see operator_gestures.h); `words` are what its words in
+  // capitals stand for.
+  virtual void Make(TextView pattern, const Words& words) = 0;
   // What the operator does in the next file dialog that has no answer yet: picks these full paths
   // (none: cancels). A file dialog without an answer is cancelled. By a double click it closes
-  // while the left mouse button is down, which goes up with the next Release.
+  // while the left mouse button is down, which goes up with the next release.
   virtual void AnswerFileDialog(const std::vector<Text>& paths, bool by_double_click) = 0;
   // Plays `step` while the next message box, or the next file dialog, is open, before it is closed.
   // A box that `step` itself brings up is another one.
-  virtual void DuringNextBox(const std::function<void()>& step) = 0;
-  virtual void DuringNextFileDialog(const std::function<void()>& step) = 0;
+  virtual void DuringNextBox(bool asks_for_file, const std::function<void()>& step) = 0;
 
   // --- what can be seen ----------------------------------------------------------------------
-  // Property names: text, caption, value, index, top, count, item N, data N, selected (rows joined
-  // by " "), tooltip, enabled, visible, shown, picture (file name), pointer (of the dialog), left,
-  // top and so on in twips.
+  // A property by its name in docs/story-language.md; also "item N", "data N", and "pointer" of the
+  // dialog. Truth values and pointers are named as in headless/shown_words.h.
   [[nodiscard]] virtual Text Read(const Text& control, const Text& property) = 0;
   [[nodiscard]] virtual bool DialogShown() = 0;
-  [[nodiscard]] virtual Text DialogPointer() = 0;  // "default" or "busy"
   [[nodiscard]] virtual Text ScreenPointer() = 0;
-  // Boxes shown since the last call, in order; taking empties the list.
+  // The items of the menu opened last: "CAPTION | KEY", in parentheses when grey.
+  [[nodiscard]] virtual std::vector<Text> LastMenu() = 0;
+  // Those shown since the last call, in order; taking empties the list.
   [[nodiscard]] virtual std::vector<SeenBox> TakeBoxes() = 0;
-  // The file dialogs shown since the last call, in order; as the text the folder that each began
-  // in.
   [[nodiscard]] virtual std::vector<SeenBox> TakeFileDialogs() = 0;
-  // What the plug-in handed to the host's error log and report store since the last call, as
-  // LogLine and ReportLine of breakable_file_kit.h write it.
-  [[nodiscard]] virtual std::vector<Text> TakeLog() = 0;
-  [[nodiscard]] virtual std::vector<Text> TakeReports() = 0;
   // What of the plug-in does not hold that always does, in words; nothing where that cannot be
   // seen.
   [[nodiscard]] virtual std::vector<Text> Broken() { return {}; }
   // The command whose reply the plug-in awaits; nothing where that cannot be seen from outside.
-  [[nodiscard]] virtual std::optional<Text> PendingCommand() = 0;
+  [[nodiscard]] virtual std::optional<Text> PendingCommand() { return std::nullopt; }
 };
 
 }  // namespace quill::host

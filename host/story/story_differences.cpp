@@ -5,18 +5,9 @@
 #include <utility>
 
 #include "host/kit/text_file.h"
+#include "host/kit/text_line.h"
 
 namespace quill::host {
-namespace {
-
-TextView Stripped(TextView text) {
-  const std::size_t begin = text.find_first_not_of(u" \t\r");
-  if (begin == TextView::npos) return {};
-  return text.substr(begin, text.find_last_not_of(u" \t\r") - begin + 1);
-}
-
-}  // namespace
-
 bool StoryDifference::Means(const Step& other) const {
   return step == other.source || step == Decimal(other.line);
 }
@@ -24,11 +15,10 @@ bool StoryDifference::Means(const Step& other) const {
 ParsedDifferences ParseDifferences(std::string_view bytes) {
   ParsedDifferences parsed;
   const Text text = DecodeTextFile(bytes).text;
-  int line = 0;
-  for (const TextView raw : Split(text, u"\n")) {
-    ++line;
+  TextView rest = text;
+  for (int line = 1; !rest.empty(); ++line) {
     const auto fault = [&](TextView what) { parsed.faults.push_back({line, Text(what)}); };
-    const TextView entry = Stripped(raw);
+    const TextView entry = WithoutBlanks(TakeLine(rest).content);
     if (entry.empty() || entry.starts_with(u'#')) continue;
     const std::size_t first = entry.find(u" | ");
     const std::size_t last = entry.rfind(u" | ");
@@ -36,9 +26,9 @@ ParsedDifferences ParseDifferences(std::string_view bytes) {
       fault(u"a difference is written: story file | step or line number | reason");
       continue;
     }
-    StoryDifference difference{line, Text(Stripped(entry.substr(0, first))),
-                               Text(Stripped(entry.substr(first + 3, last - first - 3))),
-                               Text(Stripped(entry.substr(last + 3)))};
+    StoryDifference difference{line, Text(WithoutBlanks(entry.substr(0, first))),
+                               Text(WithoutBlanks(entry.substr(first + 3, last - first - 3))),
+                               Text(WithoutBlanks(entry.substr(last + 3)))};
     if (difference.story.empty() || difference.step.empty() || difference.reason.empty()) {
       fault(u"a difference names a story file, a step and a reason");
       continue;

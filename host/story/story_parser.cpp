@@ -6,20 +6,17 @@
 #include <utility>
 
 #include "host/kit/text_file.h"
+#include "host/kit/text_line.h"
 #include "host/remote/wire.h"
-#include "host/story/story_words.h"
+#include "host/story/story_steps.h"
 
 namespace quill::host {
 namespace {
 
 // How deep blocks may lie in blocks.
 constexpr std::size_t kDeepest = 8;
-
-TextView Stripped(TextView text) {
-  const std::size_t begin = text.find_first_not_of(u" \t");
-  if (begin == TextView::npos) return {};
-  return text.substr(begin, text.find_last_not_of(u" \t") - begin + 1);
-}
+// Ends the pattern of a step that takes lines with "|".
+constexpr TextView kLines = u"LINES";
 
 bool IsFilledIn(TextView word) {
   return word.size() > 1 && word[0] >= u'A' && word[0] <= u'Z' && word[1] >= u'A' &&
@@ -46,57 +43,73 @@ bool IsRowRange(TextView text) {
   return ParseWholeNumber(text.substr(dash + 1), last) && last >= first;
 }
 
-// What is wrong with a word that is filled in; empty when nothing is.
-Text Complaint(TextView kind, const StoryWord& word) {
-  const auto wanted = [&](TextView what) {
-    return Concat({what, u" is wanted, not ", QuotedForStory(word.text)});
-  };
+bool IsWholeNumber(const StoryWord& word) {
   std::int32_t number = 0;
-  if (kind == u"NAME" && !IsName(word)) return wanted(u"a name");
-  if (kind == u"NUMBER" && (word.is_quoted || !ParseWholeNumber(word.text, number))) {
-    return wanted(u"a whole number");
+  return !word.is_quoted && ParseWholeNumber(word.text, number);
+}
+
+// What the words in capitals take, where that is not any text.
+struct FillIn {
+  TextView name;
+  TextView wanted;
+  bool (*takes)(const StoryWord& word);
+};
+constexpr FillIn kFillIns[] = {
+    {u"NAME", u"a name", IsName},
+    {u"NUMBER", u"a whole number", IsWholeNumber},
+    {u"BUTTON", u"left, right or middle",
+     [](const StoryWord& word) {
+       return IsOneOf(word, {u"left", u"right", u"middle"});
+     }},
+    {u"HELD", u"held, or nothing,", [](const StoryWord& word) { return IsOneOf(word, {u"held"}); }},
+    {u"IS", u"=, !=, contains or lacks",
+     [](const StoryWord& word) {
+       return IsOneOf(word, {u"=", u"!=", u"contains", u"lacks"});
+     }},
+    {u"ROWS", u"a row, a range of rows, \"none\" or \"all\"",
+     [](const StoryWord& word) {
+       return IsOneOf(word, {u"none", u"all"}) || IsRowRange(word.text);
+     }},
+};
+
+constexpr TextView kLineMarkComplaint =
+    u"{line} can stand in expected boxes, log and report entries only";
+
+// What is wrong with a word that is filled in; empty when nothing is.
+Text Complaint(TextView name, const StoryWord& word) {
+  const auto* fill_in = std::ranges::find(kFillIns, name, &FillIn::name);
+  if (fill_in != std::end(kFillIns) && !fill_in->takes(word)) {
+    return Concat({fill_in->wanted, u" is wanted, not ", QuotedForStory(word.text)});
   }
-  if (kind == u"BUTTON" && !IsOneOf(word, {u"left", u"right", u"middle"})) {
-    return wanted(u"left, right or middle");
-  }
-  if (kind == u"HELD" && !IsOneOf(word, {u"held"})) return wanted(u"held, or nothing,");
-  if (kind == u"IS" && !IsOneOf(word, {u"=", u"!=", u"contains", u"lacks"})) {
-    return wanted(u"=, !=, contains or lacks");
-  }
-  if (kind == u"ROWS" && !IsOneOf(word, {u"none", u"all"}) && !IsRowRange(word.text)) {
-    return wanted(u"a row, a range of rows, \"none\" or \"all\"");
-  }
-  if (kind != u"PATTERN" && word.text.find(kLineMark) != Text::npos) {
-    return u"{line} can stand in expected boxes, log and report entries only";
-  }
-  return {};
+  const bool has_mark = name != u"PATTERN" && word.text.find(kLineMark) != Text::npos;
+  return has_mark ? Text(kLineMarkComplaint) : Text();
 }
 
 // A line that has the words of a form.
 struct Match {
-  std::vector<Text> arguments;
+  Words words;
   Text complaint;  // about the first word that is filled in wrongly
 };
 
 std::optional<Match> MatchForm(TextView pattern, const std::vector<StoryWord>& words) {
   Match match;
-  const std::vector<TextView> wanted = Split(pattern, u" ");
   std::size_t at = 0;
-  for (const TextView piece : wanted) {
+  for (const TextView piece : Split(pattern, u" ")) {
+    if (piece.ends_with(kLines)) continue;
     if (!IsFilledIn(piece)) {
       if (at == words.size() || words[at].is_quoted || words[at].text != piece) return std::nullopt;
       ++at;
       continue;
     }
     if (at == words.size() && (piece == u"BUTTON" || piece == u"HELD")) {
-      match.arguments.emplace_back(piece == u"BUTTON" ? u"left" : u"");
+      match.words.emplace_back(piece == u"BUTTON" ? u"left" : u"");
       continue;
     }
     const bool takes_all = piece == u"TEXTS" || piece == u"ROWS";
     do {
       if (at == words.size()) return std::nullopt;
       if (match.complaint.empty()) match.complaint = Complaint(piece, words[at]);
-      match.arguments.push_back(words[at++].text);
+      match.words.push_back(words[at++].text);
     } while (takes_all && at < words.size());
   }
   if (at != words.size()) return std::nullopt;
@@ -107,17 +120,13 @@ class Parser {
  public:
   ParsedStory Run(std::string_view bytes) {
     const Text text = DecodeTextFile(bytes).text;
-    TextView rest = text;
-    while (!rest.empty()) {
-      const std::size_t end = std::min(rest.find_first_of(u"\r\n"), rest.size());
+    for (TextView rest = text; !rest.empty();) {
       ++line_;
       try {
-        ReadLine(Stripped(rest.substr(0, end)));
-      } catch (const StorySyntaxError& error) {
-        Fault(line_, FromUtf8(error.what()));
+        ReadLine(WithoutBlanks(TakeLine(rest).content));
+      } catch (const StoryFailure& failure) {
+        Fault(line_, failure.message());
       }
-      const bool has_both = rest.substr(end).starts_with(kLineBreak);
-      rest.remove_prefix(std::min(rest.size(), end + (has_both ? 2 : 1)));
     }
     CloseBlock();
     for (const Step* open : open_) Fault(open->line, u"\"end\" is missing");
@@ -134,20 +143,23 @@ class Parser {
     std::vector<StoryWord> words = SplitStoryWords(line);
     if (words.empty()) return;
     CloseBlock();
-    const bool must_be_refused = !words[0].is_quoted && words[0].text == u"cannot";
-    if (must_be_refused) words.erase(words.begin());
-    Step step = ReadStep(words, must_be_refused);
+    Step step;
+    step.line = line_;
     step.source = line;
+    step.must_be_refused = !words[0].is_quoted && words[0].text == u"cannot";
+    if (step.must_be_refused) words.erase(words.begin());
+    ReadStep(words, step);
     Add(std::move(step));
   }
 
   // One blank behind the bar belongs to the bar.
   void ReadBlockLine(TextView line) {
-    if (block_ == nullptr) throw StorySyntaxError(u"no line above takes lines with \"|\"");
+    if (block_ == nullptr) throw StoryFailure({u"no line above takes lines with \"|\""});
     if (line.starts_with(u' ')) line.remove_prefix(1);
     Text text = ResolveBraces(line);
-    if (block_->kind != StepKind::kExpectBoxOfLines && text.find(kLineMark) != Text::npos) {
-      throw StorySyntaxError(u"{line} can stand in expected boxes, log and report entries only");
+    const bool takes_marks = block_->form->pattern.ends_with(u"PATTERN-LINES");
+    if (!takes_marks && text.find(kLineMark) != Text::npos) {
+      throw StoryFailure({kLineMarkComplaint});
     }
     block_->block.push_back(std::move(text));
   }
@@ -159,7 +171,7 @@ class Parser {
     block_ = nullptr;
   }
 
-  Step ReadStep(const std::vector<StoryWord>& words, bool must_be_refused) {
+  static void ReadStep(const std::vector<StoryWord>& words, Step& step) {
     Text complaint;
     for (const StepForm& form : StepForms()) {
       std::optional<Match> match = MatchForm(form.pattern, words);
@@ -168,19 +180,14 @@ class Parser {
         if (complaint.empty()) complaint = match->complaint;
         continue;
       }
-      if (must_be_refused && !form.is_gesture) {
-        throw StorySyntaxError(u"\"cannot\" takes a gesture of the operator");
+      if (step.must_be_refused && form.kind != StepKind::kGesture) {
+        throw StoryFailure({u"\"cannot\" takes a gesture of the operator"});
       }
-      body_ = form.body;
-      Step step;
-      step.kind = form.kind;
-      step.line = line_;
-      step.arguments = std::move(match->arguments);
-      step.must_be_refused = must_be_refused;
-      return step;
+      step.form = &form;
+      step.words = std::move(match->words);
+      return;
     }
-    if (!complaint.empty()) throw StorySyntaxError(complaint);
-    throw StorySyntaxError(KnownForms(words));
+    throw StoryFailure({complaint.empty() ? KnownForms(words) : complaint});
   }
 
   static Text KnownForms(const std::vector<StoryWord>& words) {
@@ -188,39 +195,36 @@ class Parser {
     for (const StepForm& form : StepForms()) {
       const TextView first = form.pattern.substr(0, form.pattern.find(u' '));
       if (words.empty() || words[0].is_quoted || words[0].text != first) continue;
-      known += Concat({known.empty() ? u"" : u"; ", form.pattern});
+      known += Concat({known.empty() ? u"this line is none of: " : u"; ", form.pattern});
     }
-    if (known.empty()) return u"no line begins like this";
-    return Concat({u"this line is none of: ", known});
+    return known.empty() ? Text(u"no line begins like this") : known;
   }
 
   void Add(Step step) {
-    switch (step.kind) {
-      case StepKind::kTitle:
-        if (!parsed_.story.title.empty()) throw StorySyntaxError(u"the story has a title already");
-        parsed_.story.title = step.arguments[0];
-        return;
-      case StepKind::kEnd:
-        if (open_.empty()) throw StorySyntaxError(u"there is nothing to end here");
-        if (open_.back()->steps.empty()) Fault(open_.back()->line, u"the block is empty");
-        open_.pop_back();
-        return;
-      default:
-        break;
+    const StepForm& form = *step.form;
+    if (form.kind == StepKind::kTitle) {
+      if (!parsed_.story.title.empty()) throw StoryFailure({u"the story has a title already"});
+      parsed_.story.title = step[0];
+      return;
     }
-    if (body_ == StepBody::kSteps && open_.size() == kDeepest) {
-      throw StorySyntaxError(u"blocks lie too deep in one another");
+    if (form.kind == StepKind::kEnd) {
+      if (open_.empty()) throw StoryFailure({u"there is nothing to end here"});
+      if (open_.back()->steps.empty()) Fault(open_.back()->line, u"the block is empty");
+      open_.pop_back();
+      return;
+    }
+    if (form.kind == StepKind::kBlock && open_.size() == kDeepest) {
+      throw StoryFailure({u"blocks lie too deep in one another"});
     }
     auto& steps = open_.empty() ? parsed_.story.steps : open_.back()->steps;
     steps.push_back(std::move(step));
     // A vector that grows moves only steps that are complete: the open ones are its last.
-    if (body_ == StepBody::kLines) block_ = &steps.back();
-    if (body_ == StepBody::kSteps) open_.push_back(&steps.back());
+    if (form.pattern.ends_with(kLines)) block_ = &steps.back();
+    if (form.kind == StepKind::kBlock) open_.push_back(&steps.back());
   }
 
   ParsedStory parsed_;
   int line_ = 0;
-  StepBody body_ = StepBody::kNone;
   Step* block_ = nullptr;    // takes lines with "|"
   std::vector<Step*> open_;  // blocks, the innermost last
 };

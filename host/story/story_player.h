@@ -8,13 +8,17 @@
 #include <set>
 #include <vector>
 
-#include "host/story/reply_draft.h"
+#include "host/remote/scenario.h"
 #include "host/story/stage.h"
 #include "host/story/story.h"
 #include "host/story/story_differences.h"
-#include "host/story/story_expectations.h"
+#include "host/story/story_sightings.h"
 
 namespace quill::host {
+
+// A machine called "Story Server" with the mods "None" and "Team Sabre", no maps of its own, no
+// fixed values, and every other setting at its initial value.
+[[nodiscard]] Scenario StoryServer();
 
 class StoryPlayer {
  public:
@@ -29,6 +33,19 @@ class StoryPlayer {
   // Once. Throws nothing that a step throws.
   void Play();
 
+  // --- for the rows of the table of steps ----------------------------------------------------
+  Stage& stage;
+  StorySightings sightings{stage};
+  Scenario reply = StoryServer();  // the machine that the next reply comes from
+  std::vector<Right> rights;       // for the next "host sets rights"
+  std::int64_t gestures = 0;       // keys and clicks so far
+
+  void PlayAll(const std::vector<Step>& steps);
+  // The steps behind the one at hand are played inside the display until it ends.
+  void Open(std::int32_t index, const std::vector<Text>& target);
+  // Plays the block's steps while the next message box, or file dialog, is open.
+  void PlayDuringBox(bool asks_for_file, const Step& block);
+
  private:
   struct Sequence {
     const std::vector<Step>& steps;
@@ -36,30 +53,14 @@ class StoryPlayer {
     [[nodiscard]] bool IsOver() const { return next == steps.size(); }
   };
 
-  void PlayAll(Sequence sequence);
-  // Plays it in `sequence`, which the modal display that it may open goes on with.
-  void PlayStep(const Step& step, Sequence& sequence);
-  void Perform(const Step& step, Sequence& sequence);
-  // Each returns false when the step is none of its kind.
-  bool SetUp(const Step& step);
-  bool ChangeReply(const Step& step);
-  bool CallHost(const Step& step, Sequence& sequence);
-  void Gesture(const Step& step);
-  void MakeRefused(const Step& step);
-  void Open(std::int32_t index, const std::vector<Text>& target, Sequence& sequence);
-  void PlayDuringBox(const Step& step);
-  void Repeat(const Step& step);
-  void SelectRows(const Step& step);
+  void PlayNext(Sequence& sequence);
+  void PlayStep(const Step& step);
   [[nodiscard]] Step Resolved(const Step& step) const;
 
   const Story& story_;
-  Stage& stage_;
   std::vector<StoryDifference> differences_;
   OnFailure on_failure_;
-  StoryExpectations expectations_;
-  std::int64_t gestures_ = 0;
-  ReplyDraft reply_;
-  std::vector<Right> rights_;
+  Sequence* at_hand_ = nullptr;            // of the step that is being played
   std::vector<const Step*> awaiting_box_;  // blocks that no box has come for
   std::set<int> differing_;                // lines of the list whose step has been played
 };

@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <optional>
 
-#include "host/story/story.h"
-
 namespace quill::host {
 namespace {
 
@@ -40,16 +38,15 @@ std::optional<char16_t> UnitByCode(TextView name) {
 }
 
 void AppendBrace(TextView name, Text& target) {
-  for (const Brace& brace : kBraces) {
-    if (brace.name == name) {
-      target += brace.text;
-      return;
-    }
+  const auto* brace = std::ranges::find(kBraces, name, &Brace::name);
+  if (brace != std::end(kBraces)) {
+    target += brace->text;
+    return;
   }
   const std::optional<char16_t> unit = UnitByCode(name);
-  if (!unit) throw StorySyntaxError(Concat({u"{", name, u"} stands for nothing"}));
+  if (!unit) throw StoryFailure({u"{", name, u"} stands for nothing"});
   if (*unit == kRootMark || *unit == kLineMark) {
-    throw StorySyntaxError(Concat({u"{", name, u"} cannot be used in a story"}));
+    throw StoryFailure({u"{", name, u"} cannot be used in a story"});
   }
   target += *unit;
 }
@@ -64,7 +61,7 @@ Text ResolveBraces(TextView text) {
   Text resolved;
   for (std::size_t at = 0; at < text.size(); ++at) {
     if (text[at] == kRootMark || text[at] == kLineMark) {
-      throw StorySyntaxError(u"the characters U+E000 and U+E001 cannot be used in a story");
+      throw StoryFailure({u"the characters U+E000 and U+E001 cannot be used in a story"});
     }
     if (text[at] != u'{') {
       resolved += text[at];
@@ -72,8 +69,7 @@ Text ResolveBraces(TextView text) {
     }
     const std::size_t end = text.find(u'}', at);
     if (end == TextView::npos) {
-      throw StorySyntaxError(
-          u"a brace is not closed; write {brace} for one that stands for itself");
+      throw StoryFailure({u"a brace is not closed; write {brace} for one that stands for itself"});
     }
     AppendBrace(text.substr(at + 1, end - at - 1), resolved);
     at = end;
@@ -92,17 +88,17 @@ std::vector<StoryWord> SplitStoryWords(TextView line) {
     TextView text;
     if (is_quoted) {
       const std::size_t quote = line.find(u'"', at + 1);
-      if (quote == TextView::npos) throw StorySyntaxError(u"a quote is not closed");
+      if (quote == TextView::npos) throw StoryFailure({u"a quote is not closed"});
       text = line.substr(at + 1, quote - at - 1);
       end = quote + 1;
       if (end < line.size() && !IsBlankOrTab(line[end])) {
-        throw StorySyntaxError(u"a blank is missing behind a quote; write {quote} inside of one");
+        throw StoryFailure({u"a blank is missing behind a quote; write {quote} inside of one"});
       }
     } else {
       end = std::min(line.find_first_of(u" \t", at), line.size());
       text = line.substr(at, end - at);
       if (text.find(u'"') != TextView::npos) {
-        throw StorySyntaxError(u"a quote stands inside a word; write {quote} for one");
+        throw StoryFailure({u"a quote stands inside a word; write {quote} for one"});
       }
     }
     words.push_back({ResolveBraces(text), is_quoted});
@@ -113,14 +109,9 @@ std::vector<StoryWord> SplitStoryWords(TextView line) {
 Text QuotedForStory(TextView text) {
   Text quoted = u"\"";
   while (!text.empty()) {
-    const Brace* found = nullptr;
-    for (const Brace& brace : kBraces) {
-      if (text.starts_with(brace.text)) {
-        found = &brace;
-        break;
-      }
-    }
-    if (found != nullptr) {
+    const auto* found = std::ranges::find_if(
+        kBraces, [&](const Brace& brace) { return text.starts_with(brace.text); });
+    if (found != std::end(kBraces)) {
       quoted += Concat({u"{", found->name, u"}"});
       text.remove_prefix(found->text.size());
       continue;

@@ -109,8 +109,8 @@ class HostWindow {
                            ToUtf8(Concat({root_, u"\\start-record.txt"})),
                            [this](const Text& line) { Tell(line); }});
     relay_.emplace(
-        root_, session_.storage(), *machine_, [this](const Text& reply) { Deliver(reply); },
-        [this](const Text& line) { Tell(line); });
+        root_, session_.storage(), session_.storage(), *machine_,
+        [this](const Text& reply) { Deliver(reply); }, [this](const Text& line) { Tell(line); });
     SetDlgItemTextW(window_, ID_PROFILE, Wide(Decimal(scenario.index)));
     SetDlgItemTextW(window_, ID_TARGET, Wide(scenario.target));
     int id = ID_FIRST_RIGHT;
@@ -159,8 +159,8 @@ class HostWindow {
   // While the dialog is shown this window waits, so a small one that comes after it has the button.
   void Pump() {
     relay_->Pump();
-    for (const Text& entry : session_.script().TakeLog()) Tell(Concat({u"error log: ", entry}));
-    for (const Text& report : session_.script().TakeReports()) {
+    for (const Text& entry : session_.kit_watch().TakeLog()) Tell(Concat({u"error log: ", entry}));
+    for (const Text& report : session_.kit_watch().TakeReports()) {
       Tell(Concat({u"error report: ", report}));
     }
     const bool waits = !IsWindowEnabled(window_);

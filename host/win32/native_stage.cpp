@@ -1,3 +1,4 @@
+// The host, the operator and the eyes of a stage over the real library.
 #include "host/win32/native_stage.h"
 
 #include <algorithm>
@@ -8,7 +9,9 @@
 #include <system_error>
 #include <utility>
 
+#include "headless/shown_words.h"
 #include "host/story/button_pictures.h"
+#include "host/story/operator_gestures.h"
 #include "host/win32/host_folder.h"
 #include "host/win32/plugin_session.h"
 #include "host/win32/window_robot.h"
@@ -22,18 +25,22 @@ constexpr TextView kForm = u"frmrcBHDGS";
 // Copies of the host's button pictures, to recognise them by when the host has lost its own.
 constexpr TextView kKeptPictures = u"\\kept-pictures";
 
-template <class Call>
-auto Checked(Call&& call) {
-  try {
-    return call();
-  } catch (const RuntimeError& error) {
-    throw StageError(ToUtf8(error.description()));
-  }
-}
+// Lets go of the button that a double click in a file dialog left down, and keeps the last menu.
+class StageOperator final : public WindowRobot {
+ public:
+  using WindowRobot::WindowRobot;
 
-Text TruthName(const Text& shown) {
-  return shown == u"1" ? u"true" : u"false";
-}
+  void Release(const Text& control, std::int16_t button) {
+    held_button.reset();
+    WindowRobot::Release(control, button);
+  }
+  void ChooseFromMenu(const Text& control, int row, const Text& item) {
+    menu = WindowRobot::ChooseFromMenu(control, row, item);
+  }
+
+  std::optional<HeldKey> held_button;
+  std::vector<Text> menu;
+};
 
 class NativeStage final : public Stage {
   // As in a host's own message loop, what was posted is handled before the next call.
@@ -58,7 +65,7 @@ class NativeStage final : public Stage {
   template <class Made>
   auto Call(Made&& call) {
     const LoopAfterCall loop(*this);
-    return Checked([&] { return session_.HostCall(call); });
+    return session_.HostCall(call);
   }
 
  public:
@@ -70,22 +77,13 @@ class NativeStage final : public Stage {
   [[nodiscard]] std::string Name() const override { return "native"; }
   [[nodiscard]] Text HostRoot() override { return root_; }
 
-  void PutFile(const Text& path, const std::optional<std::string>& bytes) override {
-    Checked([&] {
-      if (bytes) {
-        std::error_code error;
-        std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
-        session_.storage().Replace(path, *bytes);
-      } else {
-        session_.storage().Remove(path);
-      }
-    });
+  [[nodiscard]] FileStorage& storage() override { return session_.storage(); }
+  void PutFile(const Text& path, std::string_view bytes) override {
+    std::error_code error;
+    std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
+    session_.storage().Replace(path, bytes);
   }
-  [[nodiscard]] std::optional<std::string> FileContent(const Text& path) override {
-    return Checked([&] { return session_.storage().ReadWhole(path); });
-  }
-  void BreakKit(const KitFault& fault) override { session_.script().Break(fault); }
-  void RepairKit() override { session_.script().Repair(); }
+  [[nodiscard]] KitWatch& kit_watch() override { return session_.kit_watch(); }
   void SetClock(std::uint64_t) override {
     throw StageError("the library reads the machine's own clock");
   }
@@ -119,64 +117,29 @@ class NativeStage final : public Stage {
     Call([](PluginClient& plugin) { plugin.HideInterface(); });
   }
 
-  void Type(const Text& control, const Text& text) override { robot_.Type(control, text); }
-  void Paste(const Text& control, const Text& text) override { robot_.Paste(control, text); }
-  void EraseLast(const Text& control, int count) override { robot_.EraseLast(control, count); }
-  void Choose(const Text& control, const Text& item) override { robot_.Choose(control, item); }
-  void ScrollBy(const Text& control, int rows) override { robot_.ScrollBy(control, rows); }
-  void ScrollTo(const Text& control, int row) override { robot_.ScrollTo(control, row); }
-  void ClickTab(const Text& caption) override { robot_.ClickTab(caption); }
-  void Click(const Text& control) override { robot_.Click(control); }
-  void SelectRows(const Text& control, const std::vector<int>& rows) override {
-    robot_.SelectRows(control, rows);
-  }
-  void DoubleClickRow(const Text& control, int row) override {
-    robot_.DoubleClickRow(control, row);
-  }
-  void Key(const Text& control, char16_t character) override { robot_.Key(control, character); }
-  void Press(const Text& control, Button button) override { robot_.Press(control, button); }
-  void Release(const Text& control, Button button) override {
-    held_button_.reset();
-    robot_.Release(control, button);
-  }
-  void Strike(const Text& control, ui::KeyStroke stroke, int times) override {
-    robot_.Strike(control, stroke, times);
-  }
-  void ChooseFromMenu(const Text& control, int row, const Text& item) override {
-    menu_ = robot_.ChooseFromMenu(control, row, item);
-  }
-  [[nodiscard]] std::vector<Text> LastMenu() override { return menu_; }
-  void PressAccessKey(char16_t key, int times) override { robot_.PressAccessKey(key, times); }
-  void CloseWindow() override { robot_.CloseForm(); }
+  void Make(TextView pattern, const Words& words) override { MakeGesture(person_, pattern, words); }
   void AnswerFileDialog(const std::vector<Text>& paths, bool by_double_click) override {
     answers_.push_back({paths, by_double_click});
   }
-  void DuringNextBox(const std::function<void()>& step) override { during_next_box_ = step; }
-  void DuringNextFileDialog(const std::function<void()>& step) override {
-    during_next_file_dialog_ = step;
+  void DuringNextBox(bool asks_for_file, const std::function<void()>& step) override {
+    (asks_for_file ? during_next_file_dialog_ : during_next_box_) = step;
   }
 
   [[nodiscard]] Text Read(const Text& control, const Text& property) override {
-    return Checked([&] {
-      const Text shown = robot_.Read(control, property, ReadablePictures());
-      const bool is_truth =
-          property == u"enabled" || property == u"visible" || property == u"shown";
-      return is_truth ? TruthName(shown) : shown;
-    });
+    // Without a window nothing is busy.
+    if (property == u"pointer" && person_.FormWindow() == nullptr) {
+      return Text(headless::PointerWord(false));
+    }
+    return person_.Read(control, property, ReadablePictures());
   }
-  [[nodiscard]] bool DialogShown() override { return robot_.FormShown(); }
-  [[nodiscard]] Text DialogPointer() override {
-    return robot_.FormWindow() == nullptr ? Text(u"default") : Read(Text(kForm), u"pointer");
-  }
-  // Over a window of the dialog both pointers look the same.
-  [[nodiscard]] Text ScreenPointer() override { return DialogPointer(); }
+  [[nodiscard]] bool DialogShown() override { return person_.FormShown(); }
+  // Over a window of the dialog its own pointer and the screen's look the same.
+  [[nodiscard]] Text ScreenPointer() override { return Read(Text(kForm), u"pointer"); }
+  [[nodiscard]] std::vector<Text> LastMenu() override { return person_.menu; }
   [[nodiscard]] std::vector<SeenBox> TakeBoxes() override { return std::exchange(boxes_, {}); }
   [[nodiscard]] std::vector<SeenBox> TakeFileDialogs() override {
     return std::exchange(file_dialogs_, {});
   }
-  [[nodiscard]] std::vector<Text> TakeLog() override { return session_.script().TakeLog(); }
-  [[nodiscard]] std::vector<Text> TakeReports() override { return session_.script().TakeReports(); }
-  [[nodiscard]] std::optional<Text> PendingCommand() override { return std::nullopt; }
 
  private:
   struct Answer {
@@ -223,7 +186,7 @@ class NativeStage final : public Stage {
         answer = std::move(answers_.front());
         answers_.pop_front();
       }
-      if (answer.by_double_click) held_button_.emplace(VK_LBUTTON);
+      if (answer.by_double_click) person_.held_button.emplace(VK_LBUTTON);
       return AnswerFileBox(box, answer.paths);
     }
     boxes_.push_back({box.caption, box.text});
@@ -235,7 +198,7 @@ class NativeStage final : public Stage {
   // shown.
   void GoOn() {
     if (displays_.empty() || displays_.back().boxes != boxes_in_hand_.size()) return;
-    const HWND form = robot_.FormWindow();
+    const HWND form = person_.FormWindow();
     if (form == nullptr || !IsWindowVisible(form)) return;
     if (boxes_in_hand_.empty() && !IsWindowEnabled(form)) return;
     const std::size_t depth = displays_.size();
@@ -254,12 +217,10 @@ class NativeStage final : public Stage {
 
   const Text root_;
   PluginSession session_;
-  WindowRobot robot_{Text(kForm)};
+  StageOperator person_{Text(kForm)};
   std::deque<Answer> answers_;
-  std::optional<HeldKey> held_button_;
   std::function<void()> during_next_box_;
   std::function<void()> during_next_file_dialog_;
-  std::vector<Text> menu_;
   std::vector<SeenBox> boxes_;
   std::vector<SeenBox> file_dialogs_;
   std::vector<Display> displays_;  // the innermost last

@@ -4,6 +4,7 @@
 #include "com/bstr.h"
 #include "com/com_error.h"
 #include "com/variant.h"
+#include "headless/shown_words.h"
 #include "host/win32/member_table.h"
 #include "server/record.h"
 #include "support/number_text.h"
@@ -79,7 +80,9 @@ Text PluginClient::Field(const Text& name) {
   const VARIANT inside = field.Detach();
   const VARIANT& value = com::Referred(inside);
   if ((value.vt & VT_TYPEMASK) == VT_EMPTY) return u"empty";
-  if ((value.vt & VT_TYPEMASK) == VT_BOOL) return com::TruthOf(value) ? u"true" : u"false";
+  if ((value.vt & VT_TYPEMASK) == VT_BOOL) {
+    return Text(headless::TruthWord(com::TruthOf(value)));
+  }
   SAFEARRAY* elements = com::ArrayOf(value);
   if (elements == nullptr) return com::TextOf(value);
   Text joined;

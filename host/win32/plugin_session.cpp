@@ -28,7 +28,7 @@ PluginSession::PluginSession(const LoadedLibrary& library, ContractLog& contract
       contract_(contract),
       storage_([](TextView path) { return std::filesystem::path(Text(path)); }),
       journal_(root, files_, storage_, SystemTime()),
-      classes_({breakable_kit_, contract, thread_, [this](TextView kit) { KitIsCreated(kit); },
+      classes_({watched_kit_, contract, thread_, [this](TextView kit) { KitIsCreated(kit); },
                 [this] { return running_calls_ != 0; }}) {}
 
 PluginSession::~PluginSession() {
@@ -64,7 +64,7 @@ void PluginSession::KitIsCreated(TextView prog_id) {
                                       " out of turn: the file kit comes first, each comes once");
   }
   created_kits_.emplace_back(prog_id);
-  if (script_.TakeFault(is_memory_kit ? u"CreateMemoryKit" : u"CreateFileKit")) {
+  if (kit_watch_.TakeFault(is_memory_kit ? u"CreateMemoryKit" : u"CreateFileKit")) {
     throw RuntimeError(ErrorNumber::kCannotCreateObject);
   }
 }

@@ -8,7 +8,7 @@
 #include "host/kit/disk_storage.h"
 #include "host/kit/error_journal.h"
 #include "host/kit/file_kit.h"
-#include "host/story/breakable_file_kit.h"
+#include "host/watch/watched_file_kit.h"
 #include "host/win32/contract_log.h"
 #include "host/win32/kit_classes.h"
 #include "host/win32/plugin_client.h"
@@ -34,7 +34,7 @@ class PluginSession {
   }
 
   [[nodiscard]] DiskStorage& storage() noexcept { return storage_; }
-  [[nodiscard]] KitScript& script() noexcept { return script_; }
+  [[nodiscard]] KitWatch& kit_watch() noexcept { return kit_watch_; }
 
  private:
   class RunningCall {
@@ -58,8 +58,8 @@ class PluginSession {
   DiskStorage storage_;
   ErrorJournal journal_;
   HostFileKit kit_{storage_, journal_};
-  KitScript script_;
-  BreakableFileKit breakable_kit_{kit_, script_};
+  KitWatch kit_watch_;
+  WatchedFileKit watched_kit_{kit_, kit_watch_};
   KitClasses classes_;
   std::optional<PluginClient> plugin_;
   std::vector<Text> created_kits_;

@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 
+#include "headless/shown_words.h"
 #include "host/win32/window_picture.h"
 #include "win32/drawing_surface.h"
 #include "win32/native_picture.h"
@@ -107,16 +108,15 @@ struct ButtonMessages {
   UINT up;
   WPARAM key;
 };
-ButtonMessages MessagesOf(Button button) {
+ButtonMessages MessagesOf(std::int16_t button) {
   switch (button) {
-    case Button::kRight:
+    case ui::kRightButton:
       return {WM_RBUTTONDOWN, WM_RBUTTONUP, MK_RBUTTON};
-    case Button::kMiddle:
+    case ui::kMiddleButton:
       return {WM_MBUTTONDOWN, WM_MBUTTONUP, MK_MBUTTON};
-    case Button::kLeft:
-      break;
+    default:
+      return {WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON};
   }
-  return {WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON};
 }
 
 Text RowText(HWND window, UINT length_message, UINT text_message, int row) {
@@ -506,7 +506,7 @@ void WindowRobot::PressAccessKey(char16_t key, int times) const {
   }
 }
 
-void WindowRobot::Press(const Text& control, Button button) const {
+void WindowRobot::Press(const Text& control, std::int16_t button) const {
   const HWND window = Reach(control);
   const auto place = OpenPlace(FormWindow(), window);
   if (!place.has_value()) Fail(control, "is covered");
@@ -514,7 +514,7 @@ void WindowRobot::Press(const Text& control, Button button) const {
   Send(window, messages.down, messages.key, At(*place));
 }
 
-void WindowRobot::Release(const Text& control, Button button) const {
+void WindowRobot::Release(const Text& control, std::int16_t button) const {
   const HWND window = Reach(control);
   const auto place = OpenPlace(FormWindow(), window);
   if (!place.has_value()) Fail(control, "is covered");
@@ -545,17 +545,23 @@ Text WindowRobot::ReadTooltip(HWND window) const {
   return {};
 }
 
+namespace {
+Text Truth(bool value) {
+  return Text(headless::TruthWord(value));
+}
+}  // namespace
+
 Text WindowRobot::Read(const Text& control, const Text& property,
                        const std::vector<Text>& pictures) const {
   const HWND window = Find(control);
   const bool is_list = IsClass(window, u"ListBox");
   const bool is_box = IsClass(window, u"ComboBox");
   const bool is_strip = IsClass(window, u"SysTabControl32");
-  if (property == u"enabled") return Decimal(HasStyle(window, WS_DISABLED) ? 0 : 1);
-  if (property == u"visible") return Decimal(HasStyle(window, WS_VISIBLE) ? 1 : 0);
-  if (property == u"shown") return Decimal(IsWindowVisible(window) ? 1 : 0);
+  if (property == u"enabled") return Truth(!HasStyle(window, WS_DISABLED));
+  if (property == u"visible") return Truth(HasStyle(window, WS_VISIBLE));
+  if (property == u"shown") return Truth(IsWindowVisible(window) != FALSE);
   if (property == u"tooltip") return ReadTooltip(window);
-  if (property == u"pointer") return IsBusyOver(control) ? u"busy" : u"default";
+  if (property == u"pointer") return Text(headless::PointerWord(IsBusyOver(control)));
   if (property == u"picture") return PictureIn(window, pictures);
   if (property == u"value") return Decimal(Send(window, BM_GETCHECK));
   if (property == u"count") {

@@ -8,12 +8,22 @@
 
 #include <array>
 #include <functional>
+#include <string_view>
 #include <vector>
 
 #include "host/story/stage.h"
+#include "support/runtime_error.h"
 #include "support/text.h"
+#include "ui/fact.h"
+#include "ui/menu.h"
 
 namespace quill::host {
+
+class StageError : public RuntimeError {
+ public:
+  explicit StageError(std::string_view reason)
+      : RuntimeError(ErrorNumber::kInvalidProcedureCall, FromUtf8(reason)) {}
+};
 
 class WindowRobot {
  public:
@@ -47,9 +57,9 @@ class WindowRobot {
   std::vector<Text> ChooseFromMenu(const Text& control, int row, const Text& item) const;
   // A letter while Alt is held, in whatever has the focus.
   void PressAccessKey(char16_t key, int times = 1) const;
-  void Press(const Text& control, Button button) const;
+  void Press(const Text& control, std::int16_t button = ui::kLeftButton) const;
   // Where the button was pressed, if it was pressed on another window.
-  void Release(const Text& control, Button button) const;
+  void Release(const Text& control, std::int16_t button = ui::kLeftButton) const;
   void CloseForm() const;
 
   // The properties that Stage::Read names, as far as a window shows them. A picture is recognised

@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <utility>
 
+#include "headless/shown_words.h"
 #include "headless/spared_allocations.h"
 #include "support/runtime_error.h"
 #include "ui/check_box.h"
@@ -25,7 +26,7 @@ using ui::Changes;
 using ui::ControlKind;
 
 Text Truth(bool value) {
-  return value ? u"true" : u"false";
+  return Text(TruthWord(value));
 }
 
 Text PathOf(const ui::PicturePtr& picture) {
@@ -349,7 +350,7 @@ const MirrorPeer::Reader MirrorPeer::Reader::kAll[] = {
     {u"pointer",
      {ControlKind::kForm},
      [](const MirrorPeer& m) {
-       return Text(m.pointer_ == ui::Pointer::kBusy ? u"busy" : u"default");
+       return Text(PointerWord(m.pointer_ == ui::Pointer::kBusy));
      }},
     {u"index", kWithRows, [](const MirrorPeer& m) { return Decimal(m.current_); }},
     {u"caret", kListBoxOnly, [](const MirrorPeer& m) { return Decimal(m.current_); }},

@@ -76,13 +76,13 @@ TEST(GoldenFiles, OneSettingsFileAndOneStartPayload) {
     stage->AnswerFileDialog({in_root(u"a.hsf")}, false);
     stage->AnswerFileDialog({in_root(u"b.hsf")}, false);
     for (const TextView button : {u"cmdLoad", u"cmdSave", u"cmdStart"}) {
-      stage->Release(Text(button), Button::kLeft);
+      stage->Make(u"release NAME BUTTON", {Text(button), u"left"});
     }
     return false;
   });
-  EXPECT_EQ(stage->FileContent(in_root(u"b.hsf")), Bytes("tests/golden/settings.hsf"));
+  EXPECT_EQ(stage->storage().ReadWhole(in_root(u"b.hsf")), Bytes("tests/golden/settings.hsf"));
   const std::string request =
-      stage->FileContent(in_root(u"RCData\\reply_kvrBHDGS_StartGameRem.txt")).value_or("");
+      stage->storage().ReadWhole(in_root(u"RCData\\reply_kvrBHDGS_StartGameRem.txt")).value_or("");
   std::string golden = Bytes("tests/golden/start-payload.txt");
   std::erase(golden, '\n');
   EXPECT_EQ(ToUtf8(ReadFrame(ParseRequestEnvelope(FromUtf8(request)).frame)), golden);

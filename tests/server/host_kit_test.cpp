@@ -247,8 +247,8 @@ TEST_F(ForeignKit, AnElementThatIsNoTextEndsALoadOnlyWhenItIsReached) {
   };
   picked = {u"C:\\any.hsf"};
   Open([&] {
-    robot.Press(u"cmdLoad", host::Button::kLeft);
-    robot.Release(u"cmdLoad", host::Button::kLeft);
+    robot.Press(u"cmdLoad");
+    robot.Release(u"cmdLoad");
     EXPECT_EQ(robot.Read(u"txtName", u"text"), u"Taken");
     EXPECT_EQ(robot.Read(u"txtPort", u"text"), u"17479");
   });

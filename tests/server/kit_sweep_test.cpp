@@ -77,8 +77,8 @@ class KitSweep : public PluginBench {
     Reply(Concat({Decimal(static_cast<std::int64_t>(payload.size())), kFrameMarker, payload}));
   }
   void Push(const Text& button) {
-    robot.Press(button, host::Button::kLeft);
-    robot.Release(button, host::Button::kLeft);
+    robot.Press(button);
+    robot.Release(button);
   }
   // Opens the dialog, fills it, selects maps, saves, loads and starts, as far as it gets.
   void Job(bool with_bad_reply = false, bool with_files = true) {

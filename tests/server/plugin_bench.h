@@ -223,7 +223,7 @@ class PluginBench : public testing::Test {
                                             u"chkDedi",    u"chkSkins", u"chkNova", u"txtPort"};
     std::string enabled;
     for (const char16_t* option : kOptions) {
-      enabled += robot.Read(option, u"enabled") == u"1" ? 'e' : '-';
+      enabled += robot.Read(option, u"enabled") == u"true" ? 'e' : '-';
     }
     return enabled;
   }

@@ -172,8 +172,8 @@ TEST_F(TypeLibrary, IsAllThatAnEarlyBoundHostNeedsForTheMainJob) {
     EXPECT_EQ(robot.Read(u"txtName", u"text"), u"Night Server");
     robot.ClickTab(u"Map Settings");
     robot.DoubleClickRow(u"lstAvlMaps", 0);
-    robot.Press(u"cmdStart", host::Button::kLeft);
-    robot.Release(u"cmdStart", host::Button::kLeft);
+    robot.Press(u"cmdStart");
+    robot.Release(u"cmdStart");
     EXPECT_EQ(Reply(plugin.get(), u"1"), S_OK);
   };
   EXPECT_EQ(Open(plugin.get()), S_OK) << "returns when the start was answered";

@@ -16,8 +16,6 @@
 namespace quill {
 namespace {
 
-using host::Button;
-
 class DialogWindows : public testing::Test, public NativeBench {
  protected:
   Text Seen(const Text& control, const Text& property) const {
@@ -179,18 +177,18 @@ TEST_F(DialogWindows, ImageButtonsShowThePressAndActOnTheRelease) {
     robot.ClickTab(u"Map Settings");
     EXPECT_EQ(Seen(u"cmdRightImg", u"picture"), u"butup.gif");
     const Text left = Seen(u"cmdRight", u"left");
-    robot.Press(u"cmdRight", Button::kLeft);
+    robot.Press(u"cmdRight");
     EXPECT_EQ(Seen(u"cmdRightImg", u"picture"), u"butdown.gif");
     EXPECT_NE(Seen(u"cmdRight", u"left"), left);
     // Over something else; the press decides where the release belongs.
-    robot.Release(u"lstAvlMaps", Button::kLeft);
+    robot.Release(u"lstAvlMaps");
     EXPECT_EQ(Seen(u"cmdRightImg", u"picture"), u"butup.gif");
     EXPECT_EQ(Seen(u"cmdRight", u"left"), left);
     EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Team Deathmatch");
 
-    robot.Press(u"cmdLeftImg", Button::kRight);
+    robot.Press(u"cmdLeftImg", ui::kRightButton);
     EXPECT_EQ(Seen(u"cmdLeftImg", u"picture"), u"butup.gif");
-    robot.Release(u"cmdLeftImg", Button::kRight);
+    robot.Release(u"cmdLeftImg", ui::kRightButton);
     EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Deathmatch");
 
     const auto extra = [&](const Text& control, WORD button) {
@@ -204,7 +202,7 @@ TEST_F(DialogWindows, ImageButtonsShowThePressAndActOnTheRelease) {
     extra(u"cmdLeft", XBUTTON2);
     EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Deathmatch");
 
-    robot.Press(u"cmdLeftImg", Button::kLeft);
+    robot.Press(u"cmdLeftImg");
     EXPECT_EQ(Seen(u"cmdLeftImg", u"picture"), u"butdown.gif");
     ReleaseCapture();
     EXPECT_EQ(Seen(u"cmdLeftImg", u"picture"), u"butup.gif") << "the mouse was taken away";
@@ -218,8 +216,8 @@ TEST_F(DialogWindows, AClosingHandlerEndsTheDisplayAndTheWindowsGoLater) {
     bool hidden = false;
     Show([&](frmrcBHDGS&) {
       watched = context.dialog;
-      robot.Press(button, Button::kMiddle);
-      robot.Release(button, Button::kMiddle);
+      robot.Press(button, ui::kMiddleButton);
+      robot.Release(button, ui::kMiddleButton);
       hidden = robot.FormWindow() != nullptr && !robot.FormShown();
     });
     EXPECT_TRUE(hidden);
@@ -236,7 +234,8 @@ TEST_F(DialogWindows, TabsTurnPagesAndTheFocusLeavesAHiddenPage) {
   Show([&](frmrcBHDGS&) {
     const auto expect_page = [&](TextView page) {
       for (const TextView frame : {u"fmeServer", u"fmeMap", u"fmeMisc"}) {
-        EXPECT_EQ(Seen(Text(frame), u"visible"), frame == page ? u"1" : u"0") << ToUtf8(frame);
+        EXPECT_EQ(Seen(Text(frame), u"visible"), frame == page ? u"true" : u"false")
+            << ToUtf8(frame);
       }
     };
     expect_page(u"fmeServer");
@@ -319,8 +318,8 @@ TEST_F(DialogWindows, BoxesBelongToTheDialogAndFilesArePicked) {
     wchar_t before[MAX_PATH] = {};
     wchar_t after[MAX_PATH] = {};
     GetCurrentDirectoryW(MAX_PATH, before);
-    robot.Press(u"cmdLoadMaps", Button::kLeft);
-    robot.Release(u"cmdLoadMaps", Button::kLeft);
+    robot.Press(u"cmdLoadMaps");
+    robot.Release(u"cmdLoadMaps");
     GetCurrentDirectoryW(MAX_PATH, after);
     EXPECT_STREQ(before, after);
     EXPECT_EQ(Seen(u"lstSelMaps", u"count"), u"1");

@@ -51,8 +51,9 @@ class Robot final : public TableObject {
     return {
         {u"Plan", [this](const VARIANT& object, const Text& member,
                          Given arguments) { Plan(object, member, arguments); }},
-        {u"Press", [this](const Text& control) { Press(control, Button::kLeft); }},
-        {u"PressWith", [this](const Text& control, Button button) { Press(control, button); }},
+        {u"Press", [this](const Text& control) { Press(control, ui::kLeftButton); }},
+        {u"PressWith",
+         [this](const Text& control, std::int16_t button) { Press(control, button); }},
         {u"Click", [this](const Text& control) { robot_.Click(control); }},
         {u"Tab", [this](const Text& caption) { robot_.ClickTab(caption); }},
         {u"Choose", [this](const Text& box, const Text& item) { robot_.Choose(box, item); }},
@@ -90,7 +91,7 @@ class Robot final : public TableObject {
     plan_.push_back(std::move(step));
   }
 
-  void Press(const Text& control, Button button) {
+  void Press(const Text& control, std::int16_t button) {
     robot_.Press(control, button);
     robot_.Release(control, button);
   }
