@@ -8,6 +8,19 @@
 #include "win32/win32_toolkit.h"
 
 namespace quill::win32 {
+namespace {
+
+// Wine shows an unfinished page after the drawing of any device context that began its last drawing
+// more than 50 ms ago, which most did. Each begins anew with a point outside, which draws nothing.
+BOOL CALLBACK Freshen(HWND window, LPARAM) {
+  for (const HDC context : {GetDC(window), GetWindowDC(window)}) {
+    SetPixelV(context, -1, -1, 0);
+    ReleaseDC(window, context);
+  }
+  return TRUE;
+}
+
+}  // namespace
 
 WindowPeer::Style TabStripPeer::GetStyle() const {
   return {WC_TABCONTROLW, nullptr, TCS_TABS | TCS_FOCUSONBUTTONDOWN | WS_TABSTOP, 0};
@@ -57,7 +70,11 @@ void TabStripPeer::EndOnePaint() {
   SendMessageW(form_peer().window(), WM_SETREDRAW, TRUE, 0);
   for (const ui::Control* const page : hidden_pages_) {
     if (!page->visible()) continue;
-    RedrawWindow(Of(*page)->window(), nullptr, nullptr,
+    const HWND shown = Of(*page)->window();
+    Freshen(shown, 0);
+    EnumChildWindows(shown, &Freshen, 0);
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, 0, 0);  // likewise for a thread's last wait
+    RedrawWindow(shown, nullptr, nullptr,
                  RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
   }
   RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE);  // the tabs
