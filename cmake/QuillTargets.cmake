@@ -129,7 +129,9 @@ function(quill_fuzzer name)
   target_link_libraries(fuzz_${name} PRIVATE quill_compile_options quill_fuzz_engine ${links})
   target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
   add_dependencies(fuzzers fuzz_${name})
-  add_test(NAME fuzz.${name} COMMAND fuzz_${name} -runs=0 "${PROJECT_SOURCE_DIR}/fuzz/corpus/${name}")
+  # File by file, because without instrumentation the engine refuses a folder.
+  add_test(NAME fuzz.${name} COMMAND sh -c "exec \"$0\" \"$1\"/*" $<TARGET_FILE:fuzz_${name}>
+                                     "${PROJECT_SOURCE_DIR}/fuzz/corpus/${name}")
 endfunction()
 
 # quill_benchmark(<name> SOURCES <file>... LINKS <layer or library>...): program bench_<name>.

@@ -9,7 +9,7 @@
 namespace quill::fuzz {
 namespace {
 
-constexpr std::size_t kMostBytes = 96;
+constexpr std::size_t kMostBytes = 64;
 constexpr int kMostOpenBoxes = 3;
 
 constexpr TextView kTextBoxes[] = {u"txtMessage", u"txtName",    u"txtCountry", u"txtBlue",
@@ -76,6 +76,7 @@ class Play {
 
   void Run() {
     while (!AtEnd()) Step();
+    bench_.Reset();
   }
 
  private:
@@ -196,7 +197,7 @@ class Play {
 
   const std::uint8_t* next_;
   const std::uint8_t* end_;
-  PluginBench& bench_ = PluginBench::Fresh();
+  PluginBench& bench_ = PluginBench::OfAll();
   unsigned host_calls_in_ = 0;  // for the boxes to come
   int boxes_ = 0;               // open, with a host call in them
   bool is_older_ = false;

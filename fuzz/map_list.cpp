@@ -6,7 +6,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace quill;
   using namespace quill::fuzz;
   static const host::TrialConditions conditions = {Machine(), true, std::nullopt};
-  PluginBench& bench = PluginBench::Fresh();
+  PluginBench& bench = PluginBench::OfAll();
   bench.memory.SetContents(u"C:\\Host\\given.mpl", BytesOf(data, size));
   bench.WhileFilled([&] {
     bench.person.ClickTab(u"Map Settings");
@@ -19,5 +19,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto account = host::AccountOfMapList(BytesOf(data, size), conditions);
     Claim(account.maps == std::size_t(bench.module.maps.selected.Count()));
   });
+  bench.Reset();
   return 0;
 }

@@ -19,10 +19,13 @@ const host::Scenario& Machine() {
   return machine;
 }
 
-PluginBench& PluginBench::Fresh() {
+PluginBench& PluginBench::OfAll() {
   static PluginBench bench;
-  bench.Reset();
   return bench;
+}
+
+PluginBench::PluginBench() {
+  Reset();
 }
 
 void PluginBench::Reset() {

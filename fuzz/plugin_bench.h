@@ -17,8 +17,11 @@ namespace quill::fuzz {
 
 class PluginBench final : public host::HeadlessHost {
  public:
-  // The one for all inputs, after a reset.
-  [[nodiscard]] static PluginBench& Fresh();
+  // The one for all inputs. Each input resets it at its end, so that it leaves no memory behind:
+  // the engine would take that for a leak and run the input once more.
+  [[nodiscard]] static PluginBench& OfAll();
+  // No files but the pictures, no faults, and a hidden dialog with its initial values.
+  void Reset();
 
   // Opens the dialog, fills it by the machine's reply, runs `use` and hides it.
   void WhileFilled(const std::function<void()>& use);
@@ -34,9 +37,7 @@ class PluginBench final : public host::HeadlessHost {
   void CheckInvariants(const host::Expectations& expected = {}) const;
 
  private:
-  PluginBench() = default;
-  // No files but the pictures, no faults, and a hidden dialog with its initial values.
-  void Reset();
+  PluginBench();
 };
 
 }  // namespace quill::fuzz

@@ -9,7 +9,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace quill::fuzz;
   static const Text good_reply = host::SettingsReply(Machine());
   const Text payload = TextOf(data, size);
-  PluginBench& bench = PluginBench::Fresh();
+  PluginBench& bench = PluginBench::OfAll();
   bench.SetRights(size == 0 ? 0U : data[0]);
   bench.module.PendingCommand = kLoadFormCommand;
   bench.plug_in().RemoteData(host::WriteFrame(payload));
@@ -32,5 +32,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   bench.plug_in().RemoteData(good_reply);
   Claim(bench.TakeFailures() == 0);
+  bench.Reset();
   return 0;
 }

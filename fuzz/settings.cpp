@@ -23,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace quill;
   using namespace quill::fuzz;
   static const host::TrialConditions conditions = {Machine(), true, std::nullopt};
-  PluginBench& bench = PluginBench::Fresh();
+  PluginBench& bench = PluginBench::OfAll();
   bench.memory.SetContents(kGiven, BytesOf(data, size));
   bench.WhileFilled([&] {
     bench.Use(u"cmdLoad", kGiven);
@@ -36,7 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       Claim(failures != 0 || account.maps == std::size_t(rotation.Count()));
     }
     // Saving writes the file anew for each key: a part of the inputs must do.
-    if (failures != 0 || size % 8 != 0 || HasSurrogates(TextOf(data, size))) return;
+    if (failures != 0 || size % 16 != 0 || HasSurrogates(TextOf(data, size))) return;
     const auto maps = rotation.maps();
     bench.Use(u"cmdSave", kSaved);
     bench.Use(u"cmdLoad", kSaved);
@@ -45,5 +45,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Claim(bench.TakeFailures() == 0);
     Claim(bench.memory.Contents(kSaved) == bench.memory.Contents(kSavedAgain));
   });
+  bench.Reset();
   return 0;
 }

@@ -89,10 +89,9 @@ void Conclude(DialogTrial& trial, FileAccount& account) {
   account.mod = trial.dialog().Get<ui::ComboBox>(kModOption).text();
   account.with_team_sabre_maps = trial.UsesTeamSabreMaps();
   for (const AccountLine& line : account.lines) {
-    using Kind = AccountLine::Kind;
-    if (line.kind == Kind::kMapFound) ++account.maps;
-    const bool is_lost =
-        line.kind == Kind::kMapMissing || line.kind == Kind::kLeftOut || line.kind == Kind::kFailed;
+    using enum AccountLine::Kind;
+    if (line.kind == kMapFound) ++account.maps;
+    const bool is_lost = line.kind == kMapMissing || line.kind == kLeftOut || line.kind == kFailed;
     if (is_lost) account.left_out += line.count;
   }
   if (account.maps > std::size_t{kRotationLimit}) {

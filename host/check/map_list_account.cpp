@@ -12,7 +12,7 @@ namespace {
 
 using Kind = AccountLine::Kind;
 
-constexpr TextView kTrapLabel = u"cmdLoadMaps";
+constexpr TextView kMapListTrap = u"cmdLoadMaps";
 
 Text WhySkipped(TextView line) {
   if (line.find(u'\n') != TextView::npos) return u"a line feed alone does not end a line";
@@ -74,7 +74,7 @@ void TakeLoaded(const DialogTrial& trial, FileAccount& account) {
     line.subject = JoinMapEntry(map.name, map.file);
     line.value = MapOrigin(map);
   }
-  if (position != selected.Count() || has_failed != (trial.FailureOf(kTrapLabel) != nullptr)) {
+  if (position != selected.Count() || has_failed != (trial.FailureOf(kMapListTrap) != nullptr)) {
     throw RuntimeError(ErrorNumber::kInternalError,
                        u"the dialog has loaded something else than its rules say");
   }

@@ -18,7 +18,7 @@ namespace {
 
 using Kind = AccountLine::Kind;
 
-constexpr TextView kTrapLabel = u"cmdLoad";
+constexpr TextView kSettingsTrap = u"cmdLoad";
 constexpr std::int32_t kGreyed = 2;
 constexpr std::array<TextView, 2> kStates = {u"off", u"on"};
 
@@ -55,7 +55,7 @@ class SettingsWatch {
   }
 
   void Ended() {
-    const host::LoggedFailure* failure = trial_.FailureOf(kTrapLabel);
+    const host::LoggedFailure* failure = trial_.FailureOf(kSettingsTrap);
     if (is_one_taken_) {
       if (failure != nullptr) {
         TellFailure(Current(), *failure);

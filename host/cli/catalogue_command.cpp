@@ -9,12 +9,6 @@
 namespace quill::host {
 namespace {
 
-Text Padded(TextView text, std::size_t width) {
-  Text padded(text);
-  if (padded.size() < width) padded.resize(width, u' ');
-  return padded;
-}
-
 // True when only the standard catalogue is wanted.
 bool WantsStandard(const Arguments& arguments) {
   const Text mod = arguments.Option(u"--mod").value_or(u"Team Sabre");

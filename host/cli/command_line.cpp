@@ -66,12 +66,6 @@ bool IsHelp(const Text& word) {
   return word == u"--help" || word == u"-h";
 }
 
-Text Padded(TextView text, std::size_t width) {
-  Text padded(text);
-  padded.resize(std::max(width, text.size()), u' ');
-  return padded;
-}
-
 void PrintHelp(Console& console) {
   console.Print(
       u"Usage: quillhost COMMAND [ARGUMENT...]\n\n"
@@ -144,6 +138,12 @@ int RunCommandLine(std::span<const Text> words, const CommandLineParts& parts,
 } catch (const std::exception& error) {
   console.PrintError(FromUtf8(error.what()));
   return kExitBad;
+}
+
+Text Padded(TextView text, std::size_t width) {
+  Text padded(text);
+  padded.resize(std::max(width, text.size()), u' ');
+  return padded;
 }
 
 }  // namespace quill::host

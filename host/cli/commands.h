@@ -17,6 +17,9 @@ int RunCheckCommand(const Arguments& arguments, const CommandLineParts& parts, C
 int RunCatalogueCommand(const Arguments& arguments, const CommandLineParts& parts,
                         Console& console);
 
+// `text` with blanks up to that width.
+[[nodiscard]] Text Padded(TextView text, std::size_t width);
+
 // The bytes of a file that an argument names.
 [[nodiscard]] std::string ReadArgumentFile(const Text& name);
 

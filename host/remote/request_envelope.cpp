@@ -12,7 +12,7 @@ namespace {
 constexpr TextView kPrefix = u"Plugin_kvrBHDGS_";
 constexpr TextView kIndexMarker = u"_VB6_";
 
-[[noreturn]] void Fail(TextView what) {
+[[noreturn]] void FailRequest(TextView what) {
   throw RuntimeError(ErrorNumber::kInvalidProcedureCall, Concat({u"The request ", what}));
 }
 
@@ -44,13 +44,13 @@ std::optional<Tail> ParseTail(TextView text, bool has_payload) {
 }  // namespace
 
 RequestEnvelope ParseRequestEnvelope(TextView text) {
-  if (!text.starts_with(kPrefix)) Fail(u"does not begin with \"Plugin_kvrBHDGS_\"");
+  if (!text.starts_with(kPrefix)) FailRequest(u"does not begin with \"Plugin_kvrBHDGS_\"");
   TextView rest = text.substr(kPrefix.size());
   const std::size_t command_end = rest.find(kFieldSeparator);
-  if (command_end == TextView::npos) Fail(u"names no command");
+  if (command_end == TextView::npos) FailRequest(u"names no command");
   const TextView command = rest.substr(0, command_end);
   if (command != kQueryCommand && command != kStartCommand) {
-    Fail(Concat({u"has the unknown command \"", command, u"\""}));
+    FailRequest(Concat({u"has the unknown command \"", command, u"\""}));
   }
   rest.remove_prefix(command_end + kFieldSeparator.size());
 
@@ -64,8 +64,8 @@ RequestEnvelope ParseRequestEnvelope(TextView text) {
     if (!has_payload || marker == 0) break;
     marker = rest.rfind(kIndexMarker, marker - 1);
   }
-  Fail(has_payload ? u"does not end in \"_VB6_\", an index and a framed payload"
-                   : u"does not end in \"_VB6_\" and an index");
+  FailRequest(has_payload ? u"does not end in \"_VB6_\", an index and a framed payload"
+                          : u"does not end in \"_VB6_\" and an index");
 }
 
 Text RequestPath(TextView host_root, TextView command) {

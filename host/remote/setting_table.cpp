@@ -11,7 +11,6 @@ namespace {
 
 using enum SettingForm;
 
-constexpr std::array<TextView, 2> kSessionTypes = {u"Tiodioksi", u"LAN IP"};
 // A switch with a third state, which counts as on.
 constexpr std::array<TextView, 2> kLoopStates = {u"no", u"yes"};
 

@@ -2,6 +2,7 @@
 // in a scenario and which field of the reply carries them.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 
@@ -25,6 +26,9 @@ struct Setting {
   std::int32_t high = 0;
   std::span<const TextView> names = {};
 };
+
+// 1, 2
+inline constexpr std::array<TextView, 2> kSessionTypes = {u"Tiodioksi", u"LAN IP"};
 
 inline constexpr int kModsField = 16;
 inline constexpr int kMapsField = 25;

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "dialog/game_types.h"
+#include "host/remote/setting_table.h"
 #include "host/remote/wire.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
@@ -13,7 +14,6 @@
 namespace quill::host {
 namespace {
 
-constexpr std::array<TextView, 2> kSessionTypes = {u"Tiodioksi", u"LAN IP"};
 constexpr std::array<TextView, 4> kDelays = {u"no delay", u"1 minute", u"2 minutes", u"3 minutes"};
 
 class Decoder;

@@ -16,7 +16,7 @@
 namespace quill {
 namespace {
 
-constexpr ui::Twips kLabelHeight = 195;
+constexpr ui::Twips kListLabelHeight = 195;
 constexpr ui::Twips kLabelGap = 15;
 
 // "txtName" -> "lblTxtName".
@@ -66,7 +66,7 @@ ui::ListBox& AddMapList(ui::Form& form, ui::Control& container, Text name, Text 
                         TextView label, const ui::Bounds& bounds) {
   auto& caption = form.Add<ui::Label>(std::move(label_name), &container, label);
   caption.SetBounds(
-      {bounds.left, bounds.top - kLabelGap - kLabelHeight, bounds.width, kLabelHeight});
+      {bounds.left, bounds.top - kLabelGap - kListLabelHeight, bounds.width, kListLabelHeight});
   auto& list = form.Add<ui::ListBox>(std::move(name), &container, ui::Selection::kExtended,
                                      ui::ListHeight::kManyRows);
   list.SetBounds(bounds);

@@ -56,4 +56,9 @@ Text HostPathKey(const std::vector<TextView>& pieces) {
   return key;
 }
 
+void FailAt(ErrorNumber number, TextView path) {
+  throw RuntimeError(number,
+                     Concat({DefaultDescription(static_cast<std::int32_t>(number)), u": ", path}));
+}
+
 }  // namespace quill::headless

@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "support/runtime_error.h"
 #include "support/text.h"
 
 namespace quill::headless {
@@ -18,5 +19,8 @@ namespace quill::headless {
 
 // The pieces in lower case and joined by "\": equal for paths that name the same file.
 [[nodiscard]] Text HostPathKey(const std::vector<TextView>& pieces);
+
+// Fails with that error, its usual description and the path.
+[[noreturn]] void FailAt(ErrorNumber number, TextView path);
 
 }  // namespace quill::headless

@@ -26,11 +26,6 @@ class MemoryReader final : public ByteReader {
   std::size_t position_ = 0;
 };
 
-[[noreturn]] void Fail(ErrorNumber number, TextView path) {
-  throw RuntimeError(number,
-                     Concat({DefaultDescription(static_cast<std::int32_t>(number)), u": ", path}));
-}
-
 Text Joined(const std::vector<TextView>& pieces) {
   Text path;
   for (const TextView piece : pieces) {
@@ -60,7 +55,7 @@ const MemoryFileSystem::Node& MemoryFileSystem::FindFile(TextView path) const {
     const bool is_folder = nodes_.contains(HostPathKey(folder));
     throw RuntimeError(is_folder ? ErrorNumber::kFileNotFound : ErrorNumber::kPathNotFound);
   }
-  if (node->is_folder) Fail(ErrorNumber::kPathFileAccessError, path);
+  if (node->is_folder) FailAt(ErrorNumber::kPathFileAccessError, path);
   return *node;
 }
 
@@ -68,13 +63,13 @@ MemoryFileSystem::Node& MemoryFileSystem::FileForWriting(TextView path) {
   std::vector<TextView> pieces = SplitHostPath(path);
   const Text key = HostPathKey(pieces);
   if (const auto found = nodes_.find(key); found != nodes_.end()) {
-    if (found->second.is_folder) Fail(ErrorNumber::kPathFileAccessError, path);
+    if (found->second.is_folder) FailAt(ErrorNumber::kPathFileAccessError, path);
     return found->second;
   }
   const Text whole = Joined(pieces);
   pieces.pop_back();
   const auto parent = nodes_.find(HostPathKey(pieces));
-  if (parent == nodes_.end() || !parent->second.is_folder) Fail(ErrorNumber::kPathNotFound, path);
+  if (parent == nodes_.end() || !parent->second.is_folder) FailAt(ErrorNumber::kPathNotFound, path);
   return nodes_[key] = Node{whole, false, std::make_shared<const std::string>()};
 }
 
@@ -95,11 +90,11 @@ bool MemoryFileSystem::FileExists(TextView path) try {
 void MemoryFileSystem::MakeFolder(TextView path) {
   std::vector<TextView> pieces = SplitHostPath(path);
   const Text key = HostPathKey(pieces);
-  if (nodes_.contains(key)) Fail(ErrorNumber::kPathFileAccessError, path);
+  if (nodes_.contains(key)) FailAt(ErrorNumber::kPathFileAccessError, path);
   const Text whole = Joined(pieces);
   pieces.pop_back();
   const auto parent = nodes_.find(HostPathKey(pieces));
-  if (parent == nodes_.end() || !parent->second.is_folder) Fail(ErrorNumber::kPathNotFound, path);
+  if (parent == nodes_.end() || !parent->second.is_folder) FailAt(ErrorNumber::kPathNotFound, path);
   nodes_[key] = Node{whole, true, nullptr};
 }
 
@@ -109,7 +104,7 @@ void MemoryFileSystem::MakeFolders(TextView path) {
     pieces.push_back(piece);
     const auto [node, is_new] = nodes_.try_emplace(HostPathKey(pieces));
     if (is_new) node->second = Node{Joined(pieces), true, nullptr};
-    if (!node->second.is_folder) Fail(ErrorNumber::kPathFileAccessError, path);
+    if (!node->second.is_folder) FailAt(ErrorNumber::kPathFileAccessError, path);
   }
 }
 

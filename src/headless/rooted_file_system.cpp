@@ -15,18 +15,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void Fail(ErrorNumber number, TextView path) {
-  throw RuntimeError(number,
-                     Concat({DefaultDescription(static_cast<std::int32_t>(number)), u": ", path}));
-}
-
 void Check(const std::error_code& error, TextView path) {
   if (!error) return;
   if (error == std::errc::permission_denied || error == std::errc::read_only_file_system) {
-    Fail(ErrorNumber::kPermissionDenied, path);
+    FailAt(ErrorNumber::kPermissionDenied, path);
   }
   if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory) {
-    Fail(ErrorNumber::kPathNotFound, path);
+    FailAt(ErrorNumber::kPathNotFound, path);
   }
   throw RuntimeError(ErrorNumber::kPathFileAccessError,
                      Concat({FromUtf8(error.message()), u": ", path}));
@@ -35,7 +30,7 @@ void Check(const std::error_code& error, TextView path) {
 fs::path NameOnDisk(TextView name, TextView path) {
   const std::string bytes = ToUtf8(name);
   // A name that UTF-8 cannot hold would meet another one on the disk.
-  if (FromUtf8(bytes) != name) Fail(ErrorNumber::kPathFileAccessError, path);
+  if (FromUtf8(bytes) != name) FailAt(ErrorNumber::kPathFileAccessError, path);
   return fs::path(std::u8string(bytes.begin(), bytes.end()));
 }
 
@@ -70,7 +65,7 @@ class StreamReader final : public ByteReader {
   std::size_t Read(std::span<char> buffer) override {
     if (!stream_.good()) return 0;
     stream_.read(buffer.data(), static_cast<std::streamsize>(buffer.size()));
-    if (stream_.bad()) Fail(ErrorNumber::kDeviceIoError, path_);
+    if (stream_.bad()) FailAt(ErrorNumber::kDeviceIoError, path_);
     return static_cast<std::size_t>(stream_.gcount());
   }
 
@@ -109,7 +104,7 @@ fs::path RootedFileSystem::RealPath(TextView path) const {
   const bool is_inside =
       !error && std::mismatch(folder_.begin(), folder_.end(), target.begin(), target.end()).first ==
                     folder_.end();
-  if (!is_inside) Fail(ErrorNumber::kPathFileAccessError, path);
+  if (!is_inside) FailAt(ErrorNumber::kPathFileAccessError, path);
   return real;
 }
 
@@ -131,7 +126,7 @@ void RootedFileSystem::MakeFolder(TextView path) {
   std::error_code error;
   const bool is_new = fs::create_directory(RealPath(path), error);
   Check(error, path);
-  if (!is_new) Fail(ErrorNumber::kPathFileAccessError, path);
+  if (!is_new) FailAt(ErrorNumber::kPathFileAccessError, path);
 }
 
 std::int64_t RootedFileSystem::FileSize(TextView path) {
@@ -151,9 +146,9 @@ void RootedFileSystem::RemoveFile(TextView path) {
 
 void RootedFileSystem::RenameFile(TextView from, TextView to) {
   if (!FileExists(from)) FailAsMissing(*this, from);
-  if (FolderExists(to)) Fail(ErrorNumber::kPathFileAccessError, to);
+  if (FolderExists(to)) FailAt(ErrorNumber::kPathFileAccessError, to);
   const fs::path real = RealPath(to);
-  if (!fs::is_directory(real.parent_path())) Fail(ErrorNumber::kPathNotFound, to);
+  if (!fs::is_directory(real.parent_path())) FailAt(ErrorNumber::kPathNotFound, to);
   std::error_code error;
   fs::rename(RealPath(from), real, error);
   Check(error, to);
@@ -161,16 +156,16 @@ void RootedFileSystem::RenameFile(TextView from, TextView to) {
 
 void RootedFileSystem::MakeEmptyFile(TextView path) {
   const fs::path real = RealPath(path);
-  if (!fs::is_directory(real.parent_path())) Fail(ErrorNumber::kPathNotFound, path);
+  if (!fs::is_directory(real.parent_path())) FailAt(ErrorNumber::kPathNotFound, path);
   std::ofstream stream(real, std::ios::binary | std::ios::trunc);
-  if (!stream) Fail(ErrorNumber::kPathFileAccessError, path);
+  if (!stream) FailAt(ErrorNumber::kPathFileAccessError, path);
 }
 
 std::unique_ptr<ByteReader> RootedFileSystem::OpenForReading(TextView path) {
-  if (FolderExists(path)) Fail(ErrorNumber::kPathFileAccessError, path);
+  if (FolderExists(path)) FailAt(ErrorNumber::kPathFileAccessError, path);
   if (!FileExists(path)) FailAsMissing(*this, path);
   std::ifstream stream(RealPath(path), std::ios::binary);
-  if (!stream) Fail(ErrorNumber::kPermissionDenied, path);
+  if (!stream) FailAt(ErrorNumber::kPermissionDenied, path);
   return std::make_unique<StreamReader>(std::move(stream), path);
 }
 

@@ -134,7 +134,8 @@ Text ToUpper(TextView text) {
 }
 
 bool EqualIgnoringCase(TextView left, TextView right) noexcept {
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+  return left.size() == right.size() &&
+         std::equal(left.begin(), left.end(), right.begin(),
                     [](char16_t l, char16_t r) { return ToLower(l) == ToLower(r); });
 }
 

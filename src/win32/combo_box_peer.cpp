@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "win32/fonts.h"
 #include "win32/form_peer.h"
 #include "win32/native_text.h"
-#include "win32/text_widths.h"
 #include "win32/win32_toolkit.h"
 
 namespace quill::win32 {

@@ -8,14 +8,14 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-const SelectedMap kRoadRage{u"Road Rage", u"DMK_01A.BMS", 0, false};
+const SelectedMap kStandardMap{u"Road Rage", u"DMK_01A.BMS", 0, false};
 
 // The files of the rotation after loading a map list of these bytes.
 std::string Loaded(FileActionsBench& bench, std::string_view bytes) {
   std::string loaded;
   bench.Write(u"list.mpl", bytes);
   bench.Show([&](frmrcBHDGS& dialog) {
-    bench.Select({kRoadRage, kRoadRage});
+    bench.Select({kStandardMap, kStandardMap});
     bench.LoadMaps(u"list.mpl");
     loaded = bench.RotationFiles();
     EXPECT_EQ(dialog.lstSelMaps.Count(), static_cast<int>(bench.rotation().size()));
