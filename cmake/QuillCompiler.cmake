@@ -25,8 +25,9 @@ if(NOT CMAKE_HOST_WIN32)
   set(CMAKE_CXX_COMPILER_LAUNCHER "${PROJECT_SOURCE_DIR}/tools/compile")
 endif()
 if(QUILL_CCACHE)
-  # Objects are the same in every build folder, so that one folder's work serves the others.
-  list(APPEND CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_NOHASHDIR=1 "${QUILL_CCACHE}")
+  # Objects are the same in every build folder, so that one folder's work serves the others. A base
+  # folder of the user's would make source names relative, and the library another one.
+  list(APPEND CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_NOHASHDIR=1 CCACHE_BASEDIR= "${QUILL_CCACHE}")
 endif()
 
 add_library(quill_compile_options INTERFACE)
