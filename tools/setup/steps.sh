@@ -52,25 +52,29 @@ cannot() {
   fi
 }
 
-# configure PRESET
+# configure PRESET [OPTION...]
 configure() {
   local log="$root/build/$1-configure.log"
   mkdir -p "$root/build"
-  if ! cmake --preset "$1" >"$log" 2>&1; then
+  if ! cmake --preset "$@" >"$log" 2>&1; then
     tail -n 30 "$log"
     give_up "the $1 build cannot be configured" \
       "read the lines above; if the folder was moved or copied, remove build/$1 and try again"
   fi
 }
 
-# build PRESET [TARGET...]
+# build PRESET [TARGET...]: runs side by side take turns in a build folder.
 build() {
   local preset="$1" target=()
   shift
   [ $# -eq 0 ] || target=(--target "$@")
+  mkdir -p "$root/build"
+  exec 7>"$root/build/$preset.lock"
+  flock 7
   configure "$preset"
-  cmake --build --preset "$preset" "${target[@]}" ||
+  cmake --build --preset "$preset" "${target[@]}" 7>&- ||
     give_up "the $preset build" "fix what is named above; again: cmake --build --preset $preset"
+  exec 7>&-
 }
 
 # install_or_give_up JOB...
