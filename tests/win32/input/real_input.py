@@ -22,6 +22,7 @@ import threading
 import time
 import zlib
 
+HOST_TITLE = "Quillstart reference host"
 PATIENCE = 120  # seconds, for whatever the machine is busy with
 TWIPS_PER_INCH = 1440
 # Without title bars, for which xdotool corrects places twice.
@@ -97,8 +98,9 @@ class Job:
             print(line.rstrip(), flush=True)
             self.lines.append(line.rstrip())
 
-    def has_told(self, pattern):
-        return next((m for m in (re.search(pattern, line) for line in self.lines) if m), None)
+    def has_told(self, pattern, since=0):
+        return next((m for m in (re.search(pattern, line) for line in self.lines[since:]) if m),
+                    None)
 
     def hand(self, *words):
         return subprocess.run(["xdotool", *map(str, words)], env=self.environment, check=False,
@@ -155,6 +157,7 @@ PAGE_LEFT, PAGE_TOP = 120, 480
 TABS = {"Server Settings": 600, "Map Settings": 1950, "Misc Options": 3100}
 TAB_TOP = 165
 ROW = 195
+SCORE_ARROW_DOWN = (PAGE_LEFT + 6240 + 1035 - 120, PAGE_TOP + 270 + 360 + 285 - 60)
 KILLS_ARROW_DOWN = (PAGE_LEFT + 6240 + 1035 - 120, PAGE_TOP + 270 + 285 - 60)
 AVAILABLE = (PAGE_LEFT + 120 + 600, PAGE_TOP + 930 + 30)
 SELECTED = (PAGE_LEFT + 4815 + 600, PAGE_TOP + 495 + 30)
@@ -201,7 +204,8 @@ def switch_tabs(job, width, height):
     """Every picture taken meanwhile is one of the three pages, whole.
 
     Wine shows what is drawn so far when a page takes longer than 50 ms, as on a machine that has much
-    else to do: a picture of no whole page counts when it is taken earlier, or when there are many."""
+    else to do. So a picture of no whole page counts when it is taken earlier, or when nearly every
+    switch has one."""
     camera = Camera(job.environment["DISPLAY"])
     whole = []
     # Below the tabs, where pointer and focus are.
@@ -234,7 +238,7 @@ def switch_tabs(job, width, height):
     watcher.join()
     print(f"real input: {taken} pictures during 100 switches; of no whole page in "
           f"{len(early)} switches, and in {len(late)} that took longer than Wine waits")
-    if early or len(late) > 50:
+    if early or len(late) > 90:
         odd = [*early.values(), *late.values()][0]
         job.screen.save_pixels(os.path.join(job.folder, "odd.png"), odd, width)
         sys.exit("real input: a page is seen half painted")
@@ -256,14 +260,27 @@ def hold_space(job):
 
 def open_dialog(job):
     until("the host's window", lambda: job.has_told("^host: the window is open"))
-    job.enter("Quillstart reference host")
+    job.enter(HOST_TITLE)
+    told = len(job.lines)
     job.keys("alt+o")
-    until("the reply", lambda: job.has_told("^relay: delivering a reply"))
+    until("the reply", lambda: job.has_told("^relay: delivering a reply", told))
     return job.enter("Select Hosting Options")
 
 
+def hide_dialog(job):
+    """By the button of the small window below the host's."""
+    told = len(job.lines)
+    place = dict(re.findall(r"(\w+)=(-?\d+)", job.hand(
+        "getwindowgeometry", "--shell", job.window(f"^{HOST_TITLE}$")[-1])))
+    job.hand("mousemove", "--sync", int(place["X"]) + 80, int(place["Y"]) + int(place["HEIGHT"]) + 30,
+             "click", 1)
+    until("the dialog to close", lambda: job.has_told("^host: the dialog is closed", told))
+
+
 def play(job):
-    size = open_dialog(job)
+    open_dialog(job)
+    hide_dialog(job)
+    size = open_dialog(job)  # with a key that the host's window hears
     tabs = (job.left, job.top, size[0], job.pixels(PAGE_TOP))
     first = job.screen.area(*tabs)
     job.keys("ctrl+Next")
@@ -271,6 +288,11 @@ def play(job):
     job.keys("ctrl+Prior")
     job.click(*KILLS_ARROW_DOWN)  # gives the list the focus
     job.hand("type", "--delay", 60, "250")
+    job.settle()
+    job.point(*SCORE_ARROW_DOWN)
+    job.hand("mousedown", 1)  # repeats by itself
+    time.sleep(2)
+    job.hand("mouseup", 1)
     job.settle()
     job.click(*LABEL_LOOP)
     job.picture("server-settings")
@@ -300,10 +322,11 @@ def play(job):
     kept = until("the start record", lambda: job.has_told(r"maps; kept in (.*)"))
     record = read_record(kept.group(1))
     until("the dialog to close", lambda: job.has_told("^host: the dialog is closed"))
-    job.enter("Quillstart reference host")
+    job.enter(HOST_TITLE)
     job.keys("alt+F4")
     until("the host to end", lambda: job.host.poll() is not None)
-    wanted = ["Loop maps +no ", "Max kills +250 ", "Rotation: 8 maps"] + [
+    wanted = ["Loop maps +no ", "Max kills +250 ", r"Game score +(5[4-9]|[6-9]\d|\d{3}) ",
+              "Rotation: 8 maps"] + [
         f" {number} +Deathmatch +{name} " for number, name in enumerate(
             ["Cracked", "Road Rage", "City Madness", "Stadium Riot", "Desert Funeral",
              "Devil Dogs", "Squirrels Nest", "Harbour Yard"], 1)]
