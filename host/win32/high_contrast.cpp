@@ -2,43 +2,17 @@
 
 #include <commctrl.h>
 
-#include <cstring>
-#include <iterator>
+#include "host/win32/import_table.h"
 
 namespace quill::host {
 namespace {
 
-// The place in the module that holds the address of the function it imports; null: it does not.
-FARPROC* FindImport(HMODULE module, const char* function) {
-  auto* const base = reinterpret_cast<char*>(module);
-  const auto& header = *reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-  const auto& image = *reinterpret_cast<const IMAGE_NT_HEADERS*>(base + header.e_lfanew);
-  const DWORD imports =
-      image.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress;
-  if (imports == 0) return nullptr;
-  const auto* from = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + imports);
-  for (; from->Name != 0; ++from) {
-    const auto* name = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + from->OriginalFirstThunk);
-    auto* place = reinterpret_cast<FARPROC*>(base + from->FirstThunk);
-    for (; name->u1.AddressOfData != 0; ++name, ++place) {
-      if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) continue;
-      const auto& import =
-          *reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + name->u1.AddressOfData);
-      if (std::strcmp(reinterpret_cast<const char*>(import.Name), function) == 0) return place;
-    }
-  }
-  return nullptr;
-}
+using GetParameters = BOOL(WINAPI*)(UINT, UINT, void*, UINT);
 
-void Redirect(FARPROC* import, FARPROC target) {
-  DWORD protection = 0;
-  if (!VirtualProtect(import, sizeof *import, PAGE_READWRITE, &protection)) return;
-  *import = target;
-  VirtualProtect(import, sizeof *import, protection, &protection);
-}
+GetParameters real_function = nullptr;
 
 BOOL WINAPI AnswerHighContrast(UINT action, UINT parameter, void* data, UINT flags) {
-  const BOOL answered = SystemParametersInfoW(action, parameter, data, flags);
+  const BOOL answered = real_function(action, parameter, data, flags);
   if (action == SPI_GETHIGHCONTRAST) {
     static_cast<HIGHCONTRASTW*>(data)->dwFlags |= HCF_HIGHCONTRASTON;
   }
@@ -76,9 +50,10 @@ COLORREF SchemeColour(int index) {
 }  // namespace
 
 HighContrast::HighContrast(HMODULE library, HWND form)
-    : form_(form), import_(FindImport(library, "SystemParametersInfoW")) {
+    : form_(form), import_(FindImport(library, L"user32.dll", "SystemParametersInfoW")) {
   if (import_ != nullptr) {
     former_ = *import_;
+    real_function = reinterpret_cast<GetParameters>(reinterpret_cast<void*>(former_));
     Redirect(import_, reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&AnswerHighContrast)));
   }
   std::array<COLORREF, kColours> scheme{};

@@ -5,10 +5,13 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+#include <optional>
 #include <set>
 
 #include "dialog/option_table.h"
 #include "host/watch/failing_allocations.h"
+#include "host/win32/high_contrast.h"
 #include "host/win32/leak_watch.h"
 #include "host/win32/window_picture.h"
 #include "tests/win32/native_bench.h"
@@ -207,6 +210,54 @@ TEST_F(DialogWindows, ImageButtonsShowThePressAndActOnTheRelease) {
     ReleaseCapture();
     EXPECT_EQ(Seen(u"cmdLeftImg", u"picture"), u"butup.gif") << "the mouse was taken away";
     EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Deathmatch");
+  });
+}
+
+TEST_F(DialogWindows, APressedButtonLooksPressedInHighContrast) {
+  Show([&](frmrcBHDGS&) {
+    robot.ClickTab(u"Map Settings");
+    const auto picture_of = [&](const Text& control) {
+      DrainMessages();
+      return host::TakeWindow(robot.Find(control));
+    };
+    const HWND icon_button = robot.Find(u"cmdRandomize");
+    const host::HighContrast scheme(GetModuleHandleW(nullptr), robot.FormWindow());
+    const host::Pixels face = picture_of(u"cmdRightImg");
+    const host::Pixels icon = picture_of(u"cmdRandomize");
+    robot.Press(u"cmdRight");
+    SendMessageW(icon_button, BM_SETSTATE, TRUE, 0);
+    const host::Pixels pressed_face = picture_of(u"cmdRightImg");
+    EXPECT_NE(picture_of(u"cmdRandomize"), icon);
+    // Not by its edges alone, which schemes of few colours draw alike.
+    const std::uint32_t highlight = 0x800080;
+    EXPECT_EQ(std::ranges::count(face.values, highlight), 0);
+    EXPECT_GT(std::ranges::count(pressed_face.values, highlight), 4 * 10);
+    SendMessageW(icon_button, BM_SETSTATE, FALSE, 0);
+    robot.Release(u"cmdRight");
+    EXPECT_EQ(picture_of(u"cmdRightImg"), face);
+    EXPECT_EQ(picture_of(u"cmdRandomize"), icon);
+  });
+}
+
+TEST_F(DialogWindows, TheReleaseOfAButtonThatWasDownWhenABoxClosedMeansNothing) {
+  Show([&](frmrcBHDGS&) {
+    robot.ClickTab(u"Map Settings");
+    std::optional<host::HeldKey> left;
+    const auto release = [&] {
+      left.reset();
+      robot.Release(u"cmdRight");
+      return Seen(u"txtGametype", u"text");
+    };
+    during_box = [&] { left.emplace(VK_LBUTTON); };
+    toolkit->ShowMessage(u"caption", u"text");
+    ASSERT_EQ(boxes.size(), 1u);
+    EXPECT_EQ(release(), u"Deathmatch");
+    EXPECT_EQ(release(), u"Team Deathmatch");
+
+    left.emplace(VK_LBUTTON);
+    robot.ChooseFromMenu(u"lstAvlMaps", -1, u"");
+    EXPECT_EQ(release(), u"Team Deathmatch");
+    EXPECT_EQ(release(), u"Cooperative");
   });
 }
 
