@@ -64,6 +64,7 @@ void PluginBench::Reset() {
   toolkit.SetScreenPointer(ui::Pointer::kDefault);
   static_cast<void>(TakeFailures());
   static_cast<void>(toolkit.TakeFileDialogs());
+  watch.files.clear();
   watch.failures.clear();
   watch.reports.clear();
   for (const Text& path : memory.FilePaths()) {

@@ -52,6 +52,8 @@ auto WatchedFileKit::Watched(TextView operation, TextView what, const Call& call
 }
 
 void WatchedFileKit::WriteFile(TextView path, TextView text) {
+  const headless::SparedAllocations spared;
+  watch_.files.push_back({Text(path), Text(text)});
   Watched(u"WriteFile", path, [&] { kit_.WriteFile(path, text); });
 }
 

@@ -1,5 +1,5 @@
 // A file kit that lets another one do the work, tells what goes through it, keeps what the plug-in
-// has logged and reported, and fails where it is told to.
+// has written, logged and reported, and fails where it is told to.
 #pragma once
 
 #include <functional>
@@ -10,6 +10,11 @@
 #include "support/file_kit.h"
 
 namespace quill::host {
+
+struct WrittenFile {
+  Text path;
+  Text text;
+};
 
 struct LoggedFailure {
   Text library;
@@ -39,7 +44,8 @@ struct KitWatch {
   // throws, and does nothing when it answers false.
   std::function<bool(TextView operation, TextView what)> before;
   std::map<Text, KitFault> faults;  // by operation
-  // What LogError and SendErrorReport were handed, also when they then failed.
+  // What the kit was handed to write, log and report, also when it then failed.
+  std::vector<WrittenFile> files;
   std::vector<LoggedFailure> failures;
   std::vector<ErrorReport> reports;
 

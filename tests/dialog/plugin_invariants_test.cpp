@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "headless/mirror_peer.h"
-#include "tests/dialog/file_actions_bench.h"
+#include "tests/doubles/plug_in_bench.h"
 
 namespace quill {
 namespace {
@@ -12,18 +12,14 @@ namespace {
 TEST(PluginInvariants, EachBreachIsNoticed) {
   const struct {
     const char* told;
-    void (*breach)(FileActionsBench& bench, frmrcBHDGS& dialog);
+    void (*breach)(PlugInBench& bench, frmrcBHDGS& dialog);
   } cases[] = {
       {"", [](auto&, auto&) {}},
       {"PendingCommand is 'x'", [](auto& b, auto&) { b.module.PendingCommand = u"x"; }},
-      {"lstSelMaps: 0 rows for 1 maps",
-       [](auto& b, auto&) {
-         b.context.maps.selected.Append({u"A", u"a.bms", 0, false});
-       }},
+      {"lstSelMaps: 0 rows for 2 maps",
+       [](auto& b, auto&) { b.module.maps.selected.Replace(std::vector<SelectedMap>(2)); }},
       {"A change of the rotation cannot be undone",
-       [](auto& b, auto&) {
-         b.context.maps.selected.Append({u"A", u"a.bms", 0, false});
-       }},
+       [](auto& b, auto&) { b.module.maps.selected.Replace(std::vector<SelectedMap>(2)); }},
       {"lstAvlMaps: not the maps of the game type shown",
        [](auto&, auto& d) { d.txtGametype.SetText(u"Flagball"); }},
       {"lstAvlMaps: 'x' is not the count", [](auto&, auto& d) { d.lstAvlMaps.SetTooltip(u"x"); }},
@@ -39,13 +35,12 @@ TEST(PluginInvariants, EachBreachIsNoticed) {
        [](auto&, auto& d) { headless::MirrorOf(d.At(u"txtName")).ChangeText(u"x"); }},
       {"lstMax: another rows is shown than the model holds",
        [](auto&, auto& d) { headless::MirrorOf(d.At(u"lstMax")).ChangeSelection({3}, -1); }},
-      {"lstMax: another index is shown than the model holds",
-       [](auto&, auto& d) { headless::MirrorOf(d.At(u"lstMax")).ChangeSelection({}, 3); }},
+      {"lstAvlMaps: another index is shown than the model holds",
+       [](auto&, auto& d) { headless::MirrorOf(d.lstAvlMaps).ChangeSelection({}, 3); }},
   };
   for (const auto& [told, breach] : cases) {
-    FileActionsBench bench;
-    bench.Show([&, breach = breach, told = told](frmrcBHDGS& dialog) {
-      dialog.BuildMapList();
+    PlugInBench bench;
+    bench.OpenFilled([&, breach = breach, told = told](frmrcBHDGS& dialog) {
       breach(bench, dialog);
       std::string all;
       for (const Text& what : host::BrokenInvariants(bench.module, bench.toolkit)) {

@@ -3,8 +3,6 @@
 #include <algorithm>
 
 #include "headless/mirror_peer.h"
-#include "remote/compressed_frame.h"
-#include "tests/doubles/settings_reply.h"
 
 namespace quill {
 namespace {
@@ -37,7 +35,7 @@ class WatchedCollection final : public HostCollection {
   [[nodiscard]] std::optional<HostItem> Find(TextView) override {
     const headless::SparedAllocations spared;
     before_();
-    return TextItem(u"1");
+    return HostItem{.kind = HostItem::Kind::kText, .text = u"1"};
   }
 
  private:
@@ -47,7 +45,11 @@ class WatchedCollection final : public HostCollection {
 }  // namespace
 
 FaultBench::FaultBench() {
-  settings_reply = EncodeFrame(Joined(SettingsReply().fields, u"_"), host_kit);
+  reply.AddMap(u"5", u"Shadow Valley", u"sv.bms");
+  reply.AddMap(u"0", u"Dune", u"dune.bms");
+  reply.Set(u"Game Port", u"17500");
+  reply.SetFixed(u"Mod", u"Team Sabre");
+  settings_reply = reply.Frame();
   rights = std::make_shared<WatchedCollection>([this] { Called(Source::kHost, {u"rights"}); });
   files.before = [this](TextView operation, TextView path) {
     Called(Source::kFileSystem, {operation, u" ", path});
@@ -61,7 +63,6 @@ FaultBench::FaultBench() {
     if (!call.starts_with(u"EndModal")) Called(Source::kToolkit, {call});
   };
   before_create = [this](TextView call) { Called(Source::kHost, {call}); };
-  static_cast<void>(plug_in());
 }
 
 FaultBench::~FaultBench() {
@@ -160,11 +161,6 @@ std::vector<Text> FaultBench::TakeReports() {
   return labels;
 }
 
-std::string FaultBench::Contents(TextView path) const {
-  return const_cast<headless::MemoryFileSystem&>(memory).FileExists(path) ? memory.Contents(path)
-                                                                          : "(none)";
-}
-
 std::string FaultBench::WholeJob() {
   std::string wrong;
   const auto check = [&](bool holds, std::string what) {
@@ -176,11 +172,11 @@ std::string FaultBench::WholeJob() {
     }
   };
   OpenFilled([&] {
-    check(Contents(kQuery) == "Plugin_kvrBHDGS_GetGameSettingsRem_abc_VB6_3", "no query");
+    check(ReadAt(kQuery) == "Plugin_kvrBHDGS_GetGameSettingsRem_abc_VB6_3", "no query");
     check(rotation().size() == 3, "no rotation");
     check_invariants("filled");
     Press(u"cmdStart");
-    check(Contents(kStart).starts_with("Plugin_kvrBHDGS_StartGameRem_abc_VB6_3_"), "no start");
+    check(ReadAt(kStart).starts_with("Plugin_kvrBHDGS_StartGameRem_abc_VB6_3_"), "no start");
     check(toolkit.screen_pointer() == ui::Pointer::kBusy, "no busy pointer");
     plug_in().RemoteData(u"1");
     check(dialog() == nullptr, "not closed");

@@ -7,18 +7,17 @@
 #include <utility>
 #include <vector>
 
-#include "host/headless/headless_host.h"
 #include "host/watch/failing_allocations.h"
 #include "host/watch/fault_plan.h"
 #include "host/watch/plugin_invariants.h"
-#include "tests/doubles/host_objects.h"
+#include "tests/doubles/plug_in_bench.h"
 
 namespace quill {
 
 // Whose calls fail.
 enum class Source : std::uint8_t { kFileKit, kFileSystem, kToolkit, kAllocator, kHost };
 
-class FaultBench final : public host::HeadlessHost {
+class FaultBench final : public PlugInBench {
  public:
   FaultBench();
   ~FaultBench() override;
@@ -32,9 +31,9 @@ class FaultBench final : public host::HeadlessHost {
   Strike RunFailing(Source source, int nth, host::FaultPlan::Extent extent, RuntimeError error,
                     const std::function<void()>& use);
 
-  // Opens the dialog for profile 3 and target "abc", shown while `use` runs.
+  // As PlugInBench's, with a target whose use may fail.
   void Open(const std::function<void()>& use);
-  // The same, with the remote side's settings, the map page in front and three maps selected.
+  // With the remote side's settings, the map page in front and three maps selected.
   void OpenFilled(const std::function<void()>& use);
   // What a native control tells, by the name of the control; nothing without a dialog.
   void Tell(TextView control, const ui::Fact& fact);
@@ -46,10 +45,8 @@ class FaultBench final : public host::HeadlessHost {
   [[nodiscard]] std::string WholeJob();
 
   [[nodiscard]] frmrcBHDGS* dialog() { return module.dialog.get(); }
-  [[nodiscard]] std::vector<SelectedMap> rotation() const { return module.maps.selected.maps(); }
   // The labels in the boxes of trapped failures since the last call.
   [[nodiscard]] std::vector<Text> TakeReports();
-  [[nodiscard]] std::string Contents(TextView path) const;
 
   std::shared_ptr<HostCollection> rights;
   Text settings_reply;

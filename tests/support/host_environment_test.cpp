@@ -2,34 +2,22 @@
 
 #include <gtest/gtest.h>
 
+#include "headless/fixed_process_paths.h"
 #include "support/runtime_error.h"
 #include "support/version_text.h"
 
 namespace quill {
 namespace {
 
-// A process whose executable lies at a settable path; cuts it as the platform does.
-class FixedPaths final : public ProcessPaths {
- public:
-  explicit FixedPaths(Text executable, Text plugin_folder = {})
-      : executable_(std::move(executable)), plugin_folder_(std::move(plugin_folder)) {}
-  Text ExecutablePath(std::size_t buffer_size) override {
-    return executable_.substr(0, buffer_size);
-  }
-  Text PluginFolder() override { return plugin_folder_; }
-
- private:
-  Text executable_;
-  Text plugin_folder_;
-};
+using headless::FixedProcessPaths;
 
 Text FolderOf(TextView executable) {
-  FixedPaths paths{Text(executable)};
+  FixedProcessPaths paths{Text(executable)};
   return HostFolder(paths);
 }
 
 bool IsDevelopment(TextView executable) {
-  FixedPaths paths{Text(executable)};
+  FixedProcessPaths paths{Text(executable)};
   return IsDevelopmentHost(paths);
 }
 
@@ -47,7 +35,7 @@ TEST(HostEnvironmentTest, HostFolderDropsTheFileNameAndOneBackslash) {
 }
 
 TEST(HostEnvironmentTest, UnknownPathFails) {
-  FixedPaths paths{u""};
+  FixedProcessPaths paths{u""};
   EXPECT_FALSE(IsDevelopmentHost(paths));
   try {
     (void)ResolveHostRoot(paths);
@@ -70,7 +58,7 @@ TEST(HostEnvironmentTest, DevelopmentHostIsFoundAnywhereInThePath) {
 
 TEST(HostEnvironmentTest, DevelopmentRootIsThePluginFolderWithoutItsOwnLevels) {
   const auto root = [](Text executable, Text plugin_folder) {
-    FixedPaths paths(std::move(executable), std::move(plugin_folder));
+    FixedProcessPaths paths(std::move(executable), std::move(plugin_folder));
     return ResolveHostRoot(paths);
   };
   EXPECT_EQ(root(u"C:\\Host\\host.exe", u"D:\\Plugins"), u"C:\\Host");

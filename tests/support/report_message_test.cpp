@@ -1,132 +1,209 @@
+// The reporter and the traps that use it.
 #include "support/report_message.h"
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
+#include "host/headless/headless_host.h"
 #include "support/base64.h"
-#include "tests/doubles/recording_file_kit.h"
-#include "tests/doubles/recording_message_boxes.h"
+#include "support/trap.h"
 
 namespace quill {
 namespace {
 
-using Box = RecordingMessageBoxes::Box;
-using LogEntry = RecordingFileKit::LogEntry;
+using Box = headless::ShownMessage;
 using Journal = std::vector<std::string>;
 
-class ReportMessageTest : public testing::Test {
+std::int32_t LineHere(std::source_location here = std::source_location::current()) {
+  return static_cast<std::int32_t>(here.line());
+}
+
+void Fail() {
+  throw RuntimeError(ErrorNumber::kPathNotFound);
+}
+
+class ReportMessage : public testing::Test, protected host::HeadlessHost {
  protected:
-  ReportMessageTest() {
-    auto recording = std::make_unique<RecordingFileKit>();
-    kit = recording.get();
-    file_kit = std::move(recording);
-    kit->journal = boxes.journal = &journal;
+  ReportMessage() {
+    module.SubMain();
+    watch.before = [this](TextView operation, TextView) {
+      journal_.push_back(ToUtf8(operation));
+      return operation != u"SendErrorReport" || sends_;
+    };
+    toolkit.before_call = [this](TextView call) {
+      journal_.push_back(ToUtf8(call.substr(0, call.find(u' '))));
+    };
   }
 
-  std::unique_ptr<FileKit> file_kit;
-  RecordingFileKit* kit;
-  RecordingMessageBoxes boxes;
-  Journal journal;
-  MessageReporter reporter{file_kit, boxes};
-  const RuntimeError error{ErrorNumber::kInvalidProcedureCall, u"No good\r\nat all"};
+  Journal journal_;
+  bool sends_ = true;
+  MessageReporter& reporter_ = module.reporter;
+  const RuntimeError error_{ErrorNumber::kInvalidProcedureCall, u"No good\r\nat all"};
 };
 
-TEST_F(ReportMessageTest, TrappedErrorIsLoggedThenSentThenShown) {
-  reporter.ReportMessage(MessageKind::kTrappedError, u"cmdStart_Error", &error, 117);
-
-  EXPECT_EQ(journal, (Journal{"LogError", "SendErrorReport", "box"}));
-  EXPECT_EQ(kit->log, (std::vector<LogEntry>{
-                          {u"kvrrcBHDGS.dll", u"cmdStart_Error", 5, u"No good\r\nat all", 117}}));
-  ASSERT_EQ(kit->reports.size(), 1U);
-  const ErrorReport& report = kit->reports[0];
+TEST_F(ReportMessage, TrappedErrorIsLoggedThenSentThenShown) {
+  reporter_.ReportMessage(MessageKind::kTrappedError, u"cmdStart_Error", &error_, 117);
+  EXPECT_EQ(journal_, (Journal{"LogError", "SendErrorReport", "ShowMessage"}));
+  ASSERT_EQ(watch.failures.size(), 1u);
+  const host::LoggedFailure& logged = watch.failures[0];
+  EXPECT_EQ(logged.library, u"kvrrcBHDGS.dll");
+  EXPECT_EQ(logged.label, u"cmdStart_Error");
+  EXPECT_EQ(logged.number, 5);
+  EXPECT_EQ(logged.description, u"No good\r\nat all");
+  EXPECT_EQ(logged.line, 117);
+  ASSERT_EQ(watch.reports.size(), 1u);
+  const ErrorReport& report = watch.reports[0];
   EXPECT_EQ(report.number, u"5");
   EXPECT_EQ(report.description, u"No good\r\nat all");
   EXPECT_EQ(report.library, u"kvrrcBHDGS.dll 1.1.2");
   EXPECT_EQ(report.label, u"cmdStart_Error");
   EXPECT_EQ(report.reserved, u"0");
   EXPECT_EQ(report.line, 117);
-  EXPECT_EQ(boxes.boxes, (std::vector<Box>{{u"DLL Error!",
-                                            u"Error Line: 117\r\n"
-                                            u"Error 5: No good\r\nat all\r\n"
-                                            u"DLL: kvrrcBHDGS.dll\r\n"
-                                            u"Function/Sub: cmdStart_Error\r\n"
-                                            u"\r\n"
-                                            u"Error Report Sent: Yes"}}));
+  EXPECT_EQ(toolkit.TakeMessages(), (std::vector<Box>{{u"DLL Error!",
+                                                       u"Error Line: 117\r\n"
+                                                       u"Error 5: No good\r\nat all\r\n"
+                                                       u"DLL: kvrrcBHDGS.dll\r\n"
+                                                       u"Function/Sub: cmdStart_Error\r\n"
+                                                       u"\r\n"
+                                                       u"Error Report Sent: Yes"}}));
 }
 
-TEST_F(ReportMessageTest, TrappedKindWithoutAnErrorSendsButLogsNothing) {
-  kit->sends = false;
-  reporter.ReportMessage(MessageKind::kTrappedError, u"SetMaps", nullptr, -7);
-
-  EXPECT_EQ(journal, (Journal{"SendErrorReport", "box"}));
-  const ErrorReport& report = kit->reports.at(0);
+TEST_F(ReportMessage, TrappedKindWithoutAnErrorSendsButLogsNothing) {
+  sends_ = false;
+  reporter_.ReportMessage(MessageKind::kTrappedError, u"SetMaps", nullptr, -7);
+  EXPECT_EQ(journal_, (Journal{"SendErrorReport", "ShowMessage"}));
+  const ErrorReport& report = watch.reports.at(0);
   EXPECT_EQ(report.number, u"");
   EXPECT_EQ(report.description, u"");
   EXPECT_EQ(report.label, u"SetMaps");
-  EXPECT_EQ(report.reserved, u"0");
   EXPECT_EQ(report.line, -7);
-  EXPECT_EQ(boxes.boxes,
+  EXPECT_EQ(toolkit.TakeMessages(),
             (std::vector<Box>{{u"DLL Error!", u"\r\n\r\nError Report Sent: Failed!"}}));
 }
 
-TEST_F(ReportMessageTest, EachKindHasItsCaptionAndTheUnknownOnesNoBox) {
+TEST_F(ReportMessage, EachKindHasItsCaptionAndTheUnknownOnesNoBox) {
   const TextView captions[] = {u"Error!", u"Success", u"Failed!", u"Action Required!"};
   for (std::uint8_t kind = 0; kind < 4; ++kind) {
-    boxes.boxes.clear();
-    journal.clear();
-    reporter.Show(MessageKind{kind}, u"Server Name is empty!");
-    reporter.ReportMessage(MessageKind{kind}, u"Text", &error, 3);
-    EXPECT_EQ(boxes.boxes, (std::vector<Box>{{Text(captions[kind]), u"Server Name is empty!"},
-                                             {Text(captions[kind]), u"Text"}}));
-    EXPECT_EQ(journal, (Journal{"box", "LogError", "box"}));
+    journal_.clear();
+    reporter_.ReportMessage(MessageKind{kind}, u"Text", &error_, 3);
+    EXPECT_EQ(toolkit.TakeMessages(), (std::vector<Box>{{Text(captions[kind]), u"Text"}}));
+    EXPECT_EQ(journal_, (Journal{"LogError", "ShowMessage"}));
   }
-  journal.clear();
-  for (int kind = 5; kind < 256; ++kind) {
-    reporter.ReportMessage(MessageKind{static_cast<std::uint8_t>(kind)}, u"Text", &error, 3);
-    reporter.Show(MessageKind{static_cast<std::uint8_t>(kind)}, u"Text");
+  journal_.clear();
+  for (const std::uint8_t kind : std::initializer_list<std::uint8_t>{5, 255}) {
+    reporter_.ReportMessage(MessageKind{kind}, u"Text", &error_, 3);
+    reporter_.Show(MessageKind{kind}, u"Text");
   }
-  EXPECT_EQ(journal, Journal(251, "LogError"));
+  EXPECT_EQ(journal_, Journal(2, "LogError"));
 }
 
-TEST_F(ReportMessageTest, FailingLogKeepsNeitherReportNorBoxAway) {
-  kit->before = [](const std::string& operation) {
-    if (operation == "LogError") throw std::runtime_error("disk full");
+TEST_F(ReportMessage, NoFailureOfTheKitKeepsTheBoxAway) {
+  const auto told = [&] {
+    reporter_.ReportMessage(MessageKind::kTrappedError, u"SubMain", &error_, 1);
+    const std::vector<Box> boxes = toolkit.TakeMessages();
+    const Text text = boxes.size() == 1 ? boxes[0].text : u"";
+    EXPECT_TRUE(text.starts_with(u"Error Line: 1\r\nError 5: No good")) << ToUtf8(text);
+    return ToUtf8(text.substr(text.rfind(u'\n') + 1));
   };
-  reporter.ReportMessage(MessageKind::kTrappedError, u"SubMain", &error, 1);
-  EXPECT_EQ(journal, (Journal{"LogError", "SendErrorReport", "box"}));
-  EXPECT_TRUE(boxes.boxes.at(0).text.starts_with(u"Error Line: 1\r\nError 5: No good"));
-  EXPECT_TRUE(boxes.boxes.at(0).text.ends_with(u"SubMain\r\n\r\nError Report Sent: Yes"));
-
-  reporter.ReportMessage(MessageKind::kFailed, u"Plain text", &error, 1);
-  EXPECT_EQ(boxes.boxes.at(1), (Box{u"Failed!", u"Plain text"}));
-}
-
-TEST_F(ReportMessageTest, FailingSendOrMissingKitStillShowsTheBox) {
-  kit->before = [](const std::string& operation) {
-    if (operation == "SendErrorReport") throw 42;
+  watch.before = [](TextView operation, TextView) -> bool {
+    if (operation == u"LogError") throw std::runtime_error("disk full");
+    return true;
   };
-  reporter.ReportMessage(MessageKind::kTrappedError, u"One", &error, 0);
-  EXPECT_EQ(kit->log.size(), 1U);
-  file_kit.reset();
-  reporter.ReportMessage(MessageKind::kTrappedError, u"Two", &error, 0);
-  file_kit = nullptr;
-  reporter.ReportMessage(MessageKind::kTrappedError, u"Three", nullptr, 0);
-  ASSERT_EQ(boxes.boxes.size(), 3U);
-  for (const Box& box : boxes.boxes) {
-    EXPECT_EQ(box.caption, u"DLL Error!");
-    EXPECT_TRUE(box.text.ends_with(u"\r\n\r\nError Report Sent: Failed!"));
-  }
+  EXPECT_EQ(told(), "Error Report Sent: Yes");
+  reporter_.ReportMessage(MessageKind::kFailed, u"Plain text", &error_, 1);
+  EXPECT_EQ(toolkit.TakeMessages(), (std::vector<Box>{{u"Failed!", u"Plain text"}}));
+  watch.before = [](TextView operation, TextView) -> bool {
+    if (operation == u"SendErrorReport") throw 42;
+    return true;
+  };
+  EXPECT_EQ(told(), "Error Report Sent: Failed!");
+  module.file_kit.reset();
+  EXPECT_EQ(told(), "Error Report Sent: Failed!");
 }
 
-TEST_F(ReportMessageTest, EncoderFailureIsReportedOnLineZeroWithAnEmptyResult) {
+TEST_F(ReportMessage, EncoderFailureIsReportedOnLineZeroWithAnEmptyResult) {
   // No memory holds the encoding of a text of this length, which is found out before it is read.
   const TextView endless(u"x", std::size_t{1} << (8 * sizeof(std::size_t) - 2));
-  EXPECT_EQ(Enc64(endless, CodePage::Windows1252(), reporter), u"");
-  EXPECT_EQ(kit->log,
-            (std::vector<LogEntry>{{u"kvrrcBHDGS.dll", u"Enc64", 7, u"Out of memory", 0}}));
-  EXPECT_EQ(kit->reports.at(0).line, 0);
-  EXPECT_TRUE(boxes.boxes.at(0).text.starts_with(u"Error Line: 0\r\nError 7: Out of memory\r\n"));
+  EXPECT_EQ(Enc64(endless, CodePage::Windows1252(), reporter_), u"");
+  ASSERT_EQ(watch.failures.size(), 1u);
+  EXPECT_EQ(watch.failures[0].label, u"Enc64");
+  EXPECT_EQ(watch.failures[0].number, 7);
+  EXPECT_EQ(watch.failures[0].line, 0);
+}
+
+using Trap = ReportMessage;
+
+TEST_F(Trap, ReportsTheLineOfTheStatementThatFailed) {
+  std::int32_t failing = 0;
+  int reached = 0;
+  const bool ran = Trapped(reporter_, u"LoadInterface", [&](Line& at) {
+    at(), reached = 1;
+    at(), failing = LineHere(), Fail();
+    at(), reached = 2;
+  });
+  EXPECT_FALSE(ran);
+  EXPECT_EQ(reached, 1);
+  const std::int32_t begun = LineHere() + 1;
+  Trapped(reporter_, u"LoadInterface", [&](Line&) { Fail(); });
+  EXPECT_TRUE(Trapped(reporter_, u"LoadInterface", [&](Line& at) { at(), reached = 3; }));
+  EXPECT_EQ(reached, 3);
+  ASSERT_EQ(watch.failures.size(), 2u);
+  EXPECT_EQ(watch.failures[0].label, u"LoadInterface");
+  EXPECT_EQ(watch.failures[0].line, failing);
+  EXPECT_EQ(watch.failures[1].line, begun);
+}
+
+TEST_F(Trap, RestoresBeforeItReportsAndMayExtendTheDescription) {
+  bool busy = true;
+  toolkit.while_message_open = [&](const Box&) { EXPECT_FALSE(busy); };
+  Trapped(
+      reporter_, u"cmdSave", [](Line&) { throw RuntimeError(1004, u"Disk is full"); },
+      [&](RuntimeError& error) {
+        busy = false;
+        error.AppendToDescription(u" (a.hsf)");
+        throw std::runtime_error("dropped");
+      });
+  EXPECT_EQ(watch.reports.at(0).description, u"Disk is full (a.hsf)");
+  EXPECT_EQ(watch.reports.at(0).number, u"1004");
+}
+
+TEST_F(Trap, ErrorNumberZeroEndsTheBodyUnreported) {
+  bool cleaned = false;
+  const bool ran = Trapped(
+      reporter_, u"cmdLoad", [](Line&) { throw RuntimeError(0, u"cancelled"); },
+      [&](RuntimeError&) { cleaned = true; });
+  EXPECT_FALSE(ran);
+  EXPECT_TRUE(cleaned);
+  EXPECT_TRUE(journal_.empty());
+}
+
+TEST_F(Trap, ForeignExceptionsBecomeRunTimeErrorsAndNoneEscapes) {
+  toolkit.while_message_open = [](const Box&) { throw RuntimeError(ErrorNumber::kInternalError); };
+  Trapped(reporter_, u"A", [](Line&) { throw std::bad_alloc(); });
+  Trapped(reporter_, u"B", [](Line&) { throw std::runtime_error("na\xC3\xAFve"); });
+  Trapped(reporter_, u"C", [](Line&) { throw 42; });
+  Trapped(reporter_, u"D", [](Line&) { Text().reserve(Text().max_size() + 1); });
+  ASSERT_EQ(watch.failures.size(), 4u);
+  EXPECT_EQ(watch.failures[0].number, 7);
+  EXPECT_EQ(watch.failures[1].number, 51);
+  EXPECT_EQ(watch.failures[1].description, u"na\u00EFve");
+  EXPECT_EQ(watch.failures[2].number, 51);
+  EXPECT_EQ(watch.failures[3].number, 7);
+}
+
+TEST(RuntimeErrorTest, KnowsTheUsualWordingAndItsPlace) {
+  const RuntimeError usual(ErrorNumber::kTypeMismatch);
+  EXPECT_EQ(usual.description(), u"Type mismatch");
+  EXPECT_EQ(usual.raised_at().line(), static_cast<unsigned>(LineHere()) - 2);
+  EXPECT_EQ(DefaultDescription(-2147467259), u"Application-defined or object-defined error");
+
+  RuntimeError own(ErrorNumber::kOverflow, u"");
+  const RuntimeError before = own;
+  EXPECT_STREQ(own.what(), "6: ");
+  own.AppendToDescription(u"caf\u00E9");
+  EXPECT_STREQ(own.what(), "6: caf\xC3\xA9");
+  EXPECT_EQ(before.description(), u"");
 }
 
 }  // namespace

@@ -2,9 +2,9 @@
 // hit, the operator sees a box and nothing escapes.
 #include <gtest/gtest.h>
 
-#include <optional>
 #include <stdexcept>
 
+#include "host/headless/headless_host.h"
 #include "host/watch/failing_allocations.h"
 #include "support/base64.h"
 #include "support/trap.h"
@@ -15,88 +15,45 @@ namespace {
 using host::FailingAllocations;
 using host::FaultPlan;
 
-// Takes notes without allocating.
-class FrugalKit final : public FileKit {
- public:
-  int logged = 0;
-  bool sent = false;
-  bool complete = false;
+constexpr TextView kLabel = u"A label beyond the short ones";
 
-  void LogError(TextView, TextView, const RuntimeError&, std::int32_t) override { ++logged; }
-  bool SendErrorReport(const ErrorReport& report) override {
-    complete = !report.library.empty() && report.label == u"A label beyond the short ones";
-    return sent = true;
+// A failure as a body raises it under a trap.
+std::exception_ptr Made(int kind) {
+  try {
+    if (kind == 0) throw RuntimeError(ErrorNumber::kTypeMismatch, u"a description of its own");
+    if (kind == 1) throw std::runtime_error("a foreign text that is long enough to allocate");
+    throw std::bad_alloc();
+  } catch (...) {
+    return std::current_exception();
   }
-  void WriteFile(TextView, TextView) override {}
-  Text CompressString(TextView) override { return {}; }
-  Text DecompressString(TextView, std::int32_t) override { return {}; }
-  std::optional<IniElements> GetIniSection(TextView, TextView) override { return {}; }
-  IniEntry ParseIniKey(TextView) override { return {}; }
-  Text ParseIniValue(TextView) override { return {}; }
-  void WriteIniKey(TextView, TextView, TextView, TextView) override {}
-};
-
-class FrugalBoxes final : public MessageBoxes {
- public:
-  int shown = 0;
-  bool says_sent = false;
-  bool says_not_sent = false;
-  bool has_label = false;
-
-  void ShowMessage(TextView, TextView text) override {
-    ++shown;
-    says_sent = text.ends_with(u"\r\nError Report Sent: Yes");
-    says_not_sent = text.ends_with(u"\r\nError Report Sent: Failed!");
-    has_label = text.find(u"A label beyond the short ones") != TextView::npos;
-  }
-};
-
-// The failures that a body may raise under a trap.
-void RaiseOwn() {
-  throw RuntimeError(ErrorNumber::kTypeMismatch, u"a description of its own, not a short one");
-}
-void RaiseForeign() {
-  throw std::runtime_error("a foreign text that is long enough to allocate");
-}
-void RaiseShortage() {
-  throw std::bad_alloc();
 }
 
 TEST(ShortMemory, TrapAlwaysLogsOnceShowsOneBoxAndTellsTheTruth) {
-  for (auto* raise : {RaiseOwn, RaiseForeign, RaiseShortage}) {
+  for (const int kind : {0, 1, 2}) {
     bool whole = false;
     for (int nth = 1; !whole; ++nth) {
       ASSERT_LT(nth, 100);
-      auto kit = std::make_unique<FrugalKit>();
-      FrugalKit& notes = *kit;
-      const std::unique_ptr<FileKit> kits = std::move(kit);
-      FrugalBoxes boxes;
-      MessageReporter reporter(kits, boxes);
-      std::optional<std::exception_ptr> escaped;
-      // Made beforehand, so that the sweep starts inside the trap.
-      std::exception_ptr failure;
-      try {
-        raise();
-      } catch (...) {
-        failure = std::current_exception();
-      }
+      SCOPED_TRACE(nth);
+      host::HeadlessHost host;
+      host.module.SubMain();
+      const std::exception_ptr failure = Made(kind);
       {
         FaultPlan plan(nth, FaultPlan::Extent::kFromThereOn);
         const FailingAllocations failing(plan);
         const bool ran = Trapped(
-            reporter, u"A label beyond the short ones",
-            [&](Line&) { std::rethrow_exception(failure); },
+            host.module.reporter, kLabel, [&](Line&) { std::rethrow_exception(failure); },
             [](RuntimeError& error) { error.AppendToDescription(u", and more about it"); });
         whole = plan.struck() == 0;
         EXPECT_FALSE(ran);
       }
-      SCOPED_TRACE(nth);
-      EXPECT_EQ(notes.logged, 1);
-      EXPECT_EQ(boxes.shown, 1);
-      EXPECT_EQ(boxes.says_sent, notes.sent);
-      EXPECT_EQ(boxes.says_not_sent, !notes.sent);
-      EXPECT_EQ(notes.complete, notes.sent);
-      EXPECT_EQ(boxes.has_label, notes.sent && whole);
+      EXPECT_EQ(host.watch.failures.size(), 1u);
+      ASSERT_EQ(host.toolkit.messages().size(), 1u);
+      const TextView text = host.toolkit.messages()[0].text;
+      const bool sent = !host.watch.reports.empty();
+      EXPECT_TRUE(
+          text.ends_with(sent ? u"\r\nError Report Sent: Yes" : u"\r\nError Report Sent: Failed!"));
+      EXPECT_EQ(text.find(kLabel) != TextView::npos, whole);
+      for (const ErrorReport& report : host.watch.reports) EXPECT_EQ(report.label, kLabel);
     }
   }
 }
@@ -113,21 +70,17 @@ TEST(ShortMemory, CopyingAnErrorAllocatesNothing) {
 }
 
 TEST(ShortMemory, Enc64ReportsAndLeavesTheTargetAlone) {
-  const std::unique_ptr<FileKit> kits = std::make_unique<FrugalKit>();
-  FrugalBoxes boxes;
-  MessageReporter reporter(kits, boxes);
-  const CodePage& page = CodePage::Windows1252();
   for (std::size_t size : {100U, 100'000U}) {
+    host::HeadlessHost host;
     const Text text(size, u'x');
     Text target = u"kept";
-    boxes.shown = 0;
     {
       FaultPlan plan(1, FaultPlan::Extent::kFromThereOn);
       const FailingAllocations failing(plan);
-      AppendEnc64(text, page, reporter, target);
+      AppendEnc64(text, CodePage::Windows1252(), host.module.reporter, target);
     }
     EXPECT_EQ(target, u"kept");
-    EXPECT_EQ(boxes.shown, 1);
+    EXPECT_EQ(host.toolkit.messages().size(), 1u);
   }
 }
 

@@ -4,8 +4,6 @@
 
 #include <limits>
 
-#include "support/text_pieces.h"
-
 namespace quill {
 namespace {
 
@@ -56,19 +54,6 @@ TEST(TextTest, SeparatorsAreFoundAtEveryPlaceAndNothingElseIs) {
       }
     }
   }
-}
-
-TEST(TextTest, CursorStopsAfterTheLastPieceAndLeavesItAlone) {
-  PieceCursor cursor(u"a|", u"|");
-  TextView piece;
-  EXPECT_TRUE(cursor.Next(piece));
-  EXPECT_EQ(piece, u"a");
-  EXPECT_TRUE(cursor.Next(piece));
-  EXPECT_EQ(piece, u"");
-  piece = u"kept";
-  EXPECT_FALSE(cursor.Next(piece));
-  EXPECT_FALSE(cursor.Next(piece));
-  EXPECT_EQ(piece, u"kept");
 }
 
 TEST(TextTest, ReplaceAllGoesOnBehindWhatItReplaced) {
