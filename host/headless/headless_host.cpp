@@ -56,6 +56,7 @@ void HeadlessHost::BeforeCreating(TextView call, TextView object) {
 
 std::unique_ptr<FileKit> HeadlessHost::CreateFileKit() {
   BeforeCreating(u"CreateFileKit", kFileKitProgId);
+  if (make_file_kit) return make_file_kit();
   return std::make_unique<WatchedFileKit>(host_kit, watch);
 }
 

@@ -56,6 +56,8 @@ class HeadlessHost : private HostServices {
 
   // Told before "CreateFileKit" and "CreateMemoryKit"; the object is not offered when it throws.
   std::function<void(TextView call)> before_create;
+  // Makes the file kit that is handed out; where unset, `host_kit` is, with `watch` in front of it.
+  std::function<std::unique_ptr<FileKit>()> make_file_kit;
 
  private:
   void BeforeCreating(TextView call, TextView object);

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <random>
 #include <string>
+#include <string_view>
 
 #include "support/text.h"
 
@@ -26,9 +27,12 @@ class ScratchFolder {
   ScratchFolder& operator=(const ScratchFolder&) = delete;
 
   [[nodiscard]] const std::filesystem::path& path() const { return path_; }
-  // The file's path, after it has been given these bytes.
-  [[nodiscard]] Text Put(const std::filesystem::path& name, const std::string& bytes) const {
-    std::ofstream(path_ / name, std::ios::binary) << bytes;
+  [[nodiscard]] Text text() const { return path_.u16string(); }
+  // The file's path, after it has been given these bytes. Missing folders are made.
+  Text Put(const std::filesystem::path& name, std::string_view bytes) const {
+    std::filesystem::create_directories((path_ / name).parent_path());
+    std::ofstream(path_ / name, std::ios::binary)
+        .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     return (path_ / name).u16string();
   }
 

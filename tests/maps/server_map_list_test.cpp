@@ -1,46 +1,62 @@
-// The remote machine's own maps: taking entries in, and finding them again in a huge list.
+// The remote machine's own maps: how an entry comes apart, and finding maps again; removing from
+// the rotation.
 #include "maps/server_map_list.h"
 
 #include <gtest/gtest.h>
 
 #include <utility>
-#include <vector>
 
+#include "maps/map_entry.h"
 #include "maps/map_lists.h"
 #include "support/runtime_error.h"
 
 namespace quill {
 namespace {
 
-TEST(ServerMapList, TakesEntriesApartAndKeepsNothingOfABadOne) {
-  ServerMapList list;
-  list.AppendEntry(u"Harbour <2 <HARBOUR.BMS>8");
-  for (const TextView bad : {u"", u"8", u"a8", u"Name <8"}) {
-    EXPECT_THROW(list.AppendEntry(bad), RuntimeError) << ToUtf8(bad);
+TEST(MapEntry, SplitsAtTheLastLessThanSign) {
+  struct Case {
+    TextView entry;
+    TextView name;
+    TextView file;
+  };
+  for (const Case& it : {
+           Case{u"Crude City Conflict A <TDMR_01A.BMS>", u"Crude City Conflict A", u"TDMR_01A.BMS"},
+           Case{u"Bridge <2 <FILE.BMS>", u"Bridge <2", u"FILE.BMS"},
+           Case{u"  Wide   < FILE.BMS  >", u"Wide", u"FILE.BMS"},
+           // Only the last character falls away, whatever it is.
+           Case{u"Open <FILE.BMS", u"Open", u"FILE.BM"},
+           Case{u"Twice <F>>", u"Twice", u"F>"},
+           // Every occurrence of the tail goes, not only the last.
+           Case{u"a<F>b<F>c <F>", u"abc", u"F"},
+           Case{u"<><><>", u"", u""},
+           // Blanks are taken off after the removal, and only blanks.
+           Case{u"\tName\t <F>", u"\tName\t", u"F"},
+           // Without a "<" the whole entry is the tail.
+           Case{u"NAME.BMS>", u"", u"AME.BMS"},
+           Case{u"ab", u"", u""},
+       }) {
+    const MapEntry entry = SplitMapEntry(it.entry);
+    EXPECT_EQ(entry.name, it.name) << ToUtf8(it.entry);
+    EXPECT_EQ(entry.file, it.file) << ToUtf8(it.entry);
   }
-  list.AppendEntry(u"   < F.BMS >x");
-  list.AppendEntry(u"<A>one<A>two<A>0");
-  ASSERT_EQ(list.Count(), 3);
-  EXPECT_EQ(list.ServerMapNames(1), u"Harbour <2");
-  EXPECT_EQ(list.ServerMapFiles(1), u"HARBOUR.BMS");
-  EXPECT_EQ(list.ServerMapGameTypes(1), u"8");
-  EXPECT_EQ(list.ServerMapNames(2), u"");
-  EXPECT_EQ(list.ServerMapFiles(2), u"F.BMS");
-  EXPECT_EQ(list.ServerMapGameTypes(2), u"x");
-  EXPECT_EQ(list.ServerMapNames(3), u"onetwo");
-  EXPECT_THROW((void)list.ServerMapNames(0), RuntimeError);
-  EXPECT_THROW((void)list.ServerMapFiles(4), RuntimeError);
+  for (const TextView entry : {u"", u"a", u"<", u"Name <", u"Name <F><"}) {
+    try {
+      (void)SplitMapEntry(entry);
+      ADD_FAILURE() << ToUtf8(entry);
+    } catch (const RuntimeError& error) {
+      EXPECT_TRUE(error.Is(ErrorNumber::kInvalidProcedureCall));
+    }
+  }
 }
 
-TEST(ServerMapList, EncodedEntriesAreTakenUpToTheFirstBadOne) {
-  const CodePage& page = CodePage::Windows1252();
+TEST(ServerMapList, TakesEntriesApartUpToTheFirstBadOne) {
   const TextView harbour = u"SGFyYm91ciA8SEFSQk9VUi5CTVM+OA==";  // Harbour <HARBOUR.BMS>8
   const TextView twice = u"PEE+b25lPEE+dHdvPEE+MA==";            // <A>one<A>two<A>0
   const TextView euro = u"gCA8Ri5CTVMgPjE=";                     // \u20AC <F.BMS >1
   const TextView no_map = u"YTg=";                               // a8
   struct Case {
     std::vector<TextView> entries;
-    int taken;
+    std::size_t taken;
     bool fails;
   };
   for (const Case& it :
@@ -49,57 +65,83 @@ TEST(ServerMapList, EncodedEntriesAreTakenUpToTheFirstBadOne) {
         Case{{}, 0, false}}) {
     ServerMapList list;
     list.AppendEntry(u"First <1.BMS>1");
+    EXPECT_THROW(list.AppendEntry(u"Name <8"), RuntimeError);
     bool failed = false;
     try {
-      list.AppendEncodedEntries(it.entries, page);
+      list.AppendEncodedEntries(it.entries, CodePage::Windows1252());
     } catch (const RuntimeError& error) {
       failed = true;
       // The first bad entry speaks, not one behind it.
       EXPECT_EQ(error.description().find(u"Base64") != Text::npos, it.taken == 2);
     }
     EXPECT_EQ(failed, it.fails);
-    list.AppendEntry(u"Last <2.BMS>2");
-    const std::vector<Text> all = {u"Harbour/HARBOUR.BMS/8", u"onetwo/A/0", u"\u20AC/F.BMS/1"};
-    std::vector<Text> wanted = {u"First/1.BMS/1"};
-    wanted.insert(wanted.end(), all.begin(), all.begin() + it.taken);
-    wanted.push_back(u"Last/2.BMS/2");
+    list.AppendEntry(u"Last <2.BMS>x");
+    std::vector<Text> wanted = {u"First/1.BMS/1", u"Harbour/HARBOUR.BMS/8", u"onetwo/A/0",
+                                u"\u20AC/F.BMS/1"};
+    wanted.resize(1 + it.taken);
+    wanted.emplace_back(u"Last/2.BMS/x");
     std::vector<Text> got;
     for (int i = 1; i <= list.Count(); ++i) {
       got.push_back(Concat({list.ServerMapNames(i), u"/", list.ServerMapFiles(i), u"/",
                             list.ServerMapGameTypes(i)}));
     }
     EXPECT_EQ(got, wanted);
+    EXPECT_THROW((void)list.ServerMapNames(0), RuntimeError);
+    EXPECT_THROW((void)list.ServerMapFiles(list.Count() + 1), RuntimeError);
   }
 }
 
 TEST(ServerMapList, TheFirstOfEqualMapsIsFoundAfterEveryKindOfChange) {
   MapLists lists;
-  EXPECT_EQ(lists.GetMapDisplayName(u"A.BMS", u"1", true), u"");
+  const auto found = [&](TextView file, TextView type) {
+    return lists.GetMapDisplayName(file, type, true);
+  };
+  EXPECT_EQ(found(u"A.BMS", u"1"), u"");
   lists.server.AppendEntry(u"First <A.BMS>1");
   lists.server.AppendEntry(u"Second <A.BMS>1");
   lists.server.AppendEntry(u"Other type <A.BMS>11");  // file "A.BMS>", code 1
   lists.server.AppendEntry(u"Third <A.BMS>2");
-  EXPECT_EQ(lists.GetMapDisplayName(u" A.BMS ", u"1", true), u"First");
-  EXPECT_EQ(lists.GetMapDisplayName(u"A.BMS", u"2", true), u"Third");
-  EXPECT_EQ(lists.GetMapDisplayName(u"A.BM", u"S1", true), u"");
-  EXPECT_EQ(lists.GetMapDisplayName(u"A.BMS", u"", true), u"");
-  EXPECT_EQ(lists.GetMapDisplayName(u"a.bms", u"1", true), u"");
+  EXPECT_EQ(found(u" A.BMS ", u"1"), u"First");
+  EXPECT_EQ(found(u"A.BMS", u"2"), u"Third");
+  EXPECT_EQ(found(u"A.BM", u"S1"), u"");
+  EXPECT_EQ(found(u"A.BMS", u""), u"");
+  EXPECT_EQ(found(u"a.bms", u"1"), u"");
   EXPECT_TRUE(lists.IsServerMapName(u"Second"));
   EXPECT_FALSE(lists.IsServerMapName(u"second"));
 
   lists.server.AppendEntry(u"Late <B.BMS>1");
-  EXPECT_EQ(lists.GetMapDisplayName(u"B.BMS", u"1", true), u"Late");
+  EXPECT_EQ(found(u"B.BMS", u"1"), u"Late");
   EXPECT_TRUE(lists.IsServerMapName(u"Late"));
 
   ServerMapList former = std::move(lists.server);
   lists.server.Clear();
   lists.server.AppendEntry(u"Fresh <A.BMS>1");
-  EXPECT_EQ(lists.GetMapDisplayName(u"A.BMS", u"1", true), u"Fresh");
+  EXPECT_EQ(found(u"A.BMS", u"1"), u"Fresh");
   EXPECT_FALSE(lists.IsServerMapName(u"Late"));
-  EXPECT_TRUE(former.HasName(u"Late"));
   std::swap(former, lists.server);
-  EXPECT_EQ(lists.GetMapDisplayName(u"B.BMS", u"1", true), u"Late");
+  EXPECT_EQ(found(u"B.BMS", u"1"), u"Late");
   EXPECT_TRUE(former.HasName(u"Fresh"));
+}
+
+TEST(SelectedMapList, RemovesMarkedRowsAndRenumbersTheRest) {
+  SelectedMapList list;
+  const std::vector<SelectedMap> three = {
+      {u"A", u"A.BMS", 0, false}, {u"B", u"B.BMS", 7, true}, {u"A", u"A.BMS", 0, false}};
+  list.Replace(three);
+  list.Remove({});
+  list.Remove({false, false, false, true, true});
+  EXPECT_EQ(list.maps(), three);
+  for (const int position : {-1, 0, 4}) {
+    EXPECT_THROW((void)list.SelMapServerFlags(position), RuntimeError);
+  }
+  list.Remove({true});
+  EXPECT_EQ(list.Count(), 2);
+  list.Remove({false, true});
+  ASSERT_EQ(list.Count(), 1);
+  EXPECT_EQ(list.SelMapNames(1), u"B");
+  EXPECT_EQ(list.SelMapFiles(1), u"B.BMS");
+  EXPECT_EQ(list.SelMapGameTypes(1), 7);
+  EXPECT_TRUE(list.SelMapServerFlags(1));
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <optional>
 #include <string>
@@ -16,13 +15,17 @@
 #include "com/com_ptr.h"
 #include "com/identifiers.h"
 #include "com/variant.h"
-#include "host/story/button_pictures.h"
+#include "host/kit/disk_storage.h"
+#include "host/kit/file_kit.h"
+#include "host/watch/watched_file_kit.h"
 #include "host/win32/host_folder.h"
 #include "host/win32/kit_classes.h"
+#include "host/win32/plugin_library.h"
 #include "host/win32/window_robot.h"
 #include "host/win32/wine.h"
 #include "server/plugin_interface.h"
-#include "tests/doubles/recording_file_kit.h"
+#include "tests/win32/system_thread.h"
+#include "win32/win32_file_system.h"
 
 namespace quill::com {
 
@@ -36,50 +39,21 @@ class OnlyUnderWine : public testing::Environment {
 inline testing::Environment* const only_under_wine =
     testing::AddGlobalTestEnvironment(new OnlyUnderWine);
 
-struct ComForThread {
-  ComForThread() { static_cast<void>(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)); }
-  ~ComForThread() { ::CoUninitialize(); }
-  ComForThread(const ComForThread&) = delete;
-  ComForThread& operator=(const ComForThread&) = delete;
-};
-
-class LoadedLibrary {
+// The real library, loaded as COM does it.
+class TestedLibrary : public host::LoadedLibrary {
  public:
-  explicit LoadedLibrary(const Text& path = Path()) : module_(::LoadLibraryW(WideOf(path))) {
-    if (module_ == nullptr) throw std::runtime_error("the library cannot be loaded");
-  }
-  ~LoadedLibrary() { ::FreeLibrary(module_); }
-  LoadedLibrary(const LoadedLibrary&) = delete;
-  LoadedLibrary& operator=(const LoadedLibrary&) = delete;
+  TestedLibrary() : LoadedLibrary(Path()) {}
+  [[nodiscard]] static Text Path() { return FromUtf8("Z:" QUILL_PLUGIN_LIBRARY); }
 
-  [[nodiscard]] static const Text& Path() {
-    static const Text path = FromUtf8("Z:" QUILL_PLUGIN_LIBRARY);
-    return path;
-  }
-
-  template <class Function>
-  [[nodiscard]] Function Entry(const char* name) const {
-    const FARPROC found = ::GetProcAddress(module_, name);
-    if (found == nullptr) throw std::runtime_error(std::string("not exported: ") + name);
-    return reinterpret_cast<Function>(reinterpret_cast<void*>(found));
-  }
   [[nodiscard]] HRESULT GetClassObject(REFCLSID class_id, REFIID wanted, void** object) const {
     return Entry<HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**)>("DllGetClassObject")(
         class_id, wanted, object);
   }
-  [[nodiscard]] HRESULT CanUnload() const {
-    return Entry<HRESULT(STDAPICALLTYPE*)()>("DllCanUnloadNow")();
-  }
   [[nodiscard]] ComPtr<IClassFactory> Factory() const {
     ComPtr<IClassFactory> factory;
-    if (FAILED(GetClassObject(kClassId, IID_IClassFactory, factory.ReceiveVoid()))) {
-      throw std::runtime_error("no class factory");
-    }
+    EXPECT_EQ(GetClassObject(kClassId, IID_IClassFactory, factory.ReceiveVoid()), S_OK);
     return factory;
   }
-
- private:
-  HMODULE module_;
 };
 
 // What a late-bound call came to.
@@ -168,25 +142,21 @@ class PluginBench : public testing::Test {
   };
 
   ComForThread com;
-  RecordingFileKit kit;
+  host::KitWatch kit;
   host::ContractLog contract;
   std::vector<Text> created_kits;
   std::vector<Box> boxes;
   std::function<void()> while_shown;  // once, when the dialog is shown
   std::vector<Text> picked;           // in every file dialog; none cancels it
-  // Throws to refuse a kit.
-  std::function<void(TextView kit)> before_creation;
   const host::WindowRobot robot{u"frmrcBHDGS"};
-  std::optional<LoadedLibrary> library;
+  std::optional<TestedLibrary> library{std::in_place};
+  ComPtr<IPlugin> plugin;  // of Start
 
-  PluginBench() {
-    library.emplace();
-    // The plug-in takes this program's folder for the host's root.
-    PutPicture(host::kReleasedPicturePath, host::kReleasedPicture);
-    PutPicture(host::kPressedPicturePath, host::kPressedPicture);
-  }
+  // The plug-in takes this program's folder for the host's root.
+  PluginBench() { host::PutButtonPictures(host::HostFolderOfProgram()); }
   ~PluginBench() override {
-    EXPECT_EQ(library->CanUnload(), S_OK) << "something keeps the library loaded";
+    plugin.Reset();
+    EXPECT_TRUE(library->CanUnload()) << "something keeps the library loaded";
     EXPECT_EQ(host::LivingKitObjects(), 0);
     EXPECT_EQ(robot.FormWindow(), nullptr);
     for (const host::Breach& breach : contract.breaches()) {
@@ -195,26 +165,40 @@ class PluginBench : public testing::Test {
   }
 
   void OfferKits() {
-    kits_.emplace(host::KitServices{kit, contract, ::GetCurrentThreadId(), [this](TextView name) {
-                                      created_kits.emplace_back(name);
-                                      if (before_creation) before_creation(name);
-                                    }});
+    kits_.emplace(host::KitServices{watched_kit_, contract, ::GetCurrentThreadId(),
+                                    [this](TextView name) { created_kits.emplace_back(name); }});
   }
-  [[nodiscard]] ComPtr<IPlugin> Create() {
-    ComPtr<IPlugin> plugin;
-    const HRESULT made =
-        library->Factory()->CreateInstance(nullptr, kInterfaceId, plugin.ReceiveVoid());
-    if (FAILED(made)) throw std::runtime_error("the class cannot be created");
-    return plugin;
+  [[nodiscard]] ComPtr<IPlugin> Create() const {
+    ComPtr<IPlugin> made;
+    EXPECT_EQ(library->Factory()->CreateInstance(nullptr, kInterfaceId, made.ReceiveVoid()), S_OK);
+    return made;
   }
-  // Opens the dialog, lets `step` happen while it is shown, and hides it.
-  void OpenAndHide(IPlugin& plugin, const std::function<void()>& step) {
-    while_shown = [&] {
-      step();
-      EXPECT_EQ(plugin.HideInterface(nullptr), S_OK);
+  void Start() {
+    OfferKits();
+    plugin = Create();
+  }
+
+  // Opens the dialog for profile 3 and target "abc", lets `step` happen while it is shown, and
+  // closes it unless the step did.
+  void Open(const std::function<void()>& step = nullptr) {
+    while_shown = [this, step] {
+      if (step) step();
+      if (robot.FormShown()) robot.CloseForm();
     };
     Variant target = ArrayOfVariants({u"", u"abc"});
-    EXPECT_EQ(plugin.LoadInterface(3, 0, target.get(), nullptr), S_OK);
+    EXPECT_EQ(plugin->LoadInterface(3, 0, target.get(), nullptr), S_OK);
+    while_shown = nullptr;
+    EXPECT_FALSE(robot.FormShown());
+  }
+  void Hide() { EXPECT_EQ(plugin->HideInterface(nullptr), S_OK); }
+  void Reply(TextView text) {
+    Bstr reply(text);
+    EXPECT_EQ(plugin->RemoteData(reply.address()), S_OK);
+    EXPECT_EQ(reply.view(), text) << "the host's text is only read";
+  }
+  void Push(const Text& button) {
+    robot.Press(button, host::Button::kLeft);
+    robot.Release(button, host::Button::kLeft);
   }
   // What the operator of the shown dialog sees: the letters say which of the eight governed options
   // are enabled, in the order of the rights.
@@ -227,14 +211,22 @@ class PluginBench : public testing::Test {
     }
     return enabled;
   }
+  // The failures in the boxes since the last call, each as "label: Error 13: Type mismatch, sent".
+  std::vector<std::string> TakeReports() {
+    std::vector<std::string> reports;
+    for (const Box& box : std::exchange(boxes, {})) {
+      constexpr TextView kFunction = u"Function/Sub: ";
+      const auto lines = Split(box.text, kLineBreak);
+      if (box.caption != u"DLL Error!" || lines.size() < 4 || !lines[3].starts_with(kFunction)) {
+        continue;
+      }
+      reports.push_back(ToUtf8(Concat({lines[3].substr(kFunction.size()), u": ", lines[1]})) +
+                        (box.text.ends_with(u"Error Report Sent: Yes") ? ", sent" : ", not sent"));
+    }
+    return reports;
+  }
 
  private:
-  static void PutPicture(TextView path, std::string_view bytes) {
-    const std::filesystem::path file(Concat({host::HostFolderOfProgram(), path}));
-    std::filesystem::create_directories(file.parent_path());
-    std::ofstream(file, std::ios::binary)
-        .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  }
   void Watch() {
     const host::OpenBox box = host::FindOpenBox();
     if (box.window != nullptr && box.asks_for_file) {
@@ -251,6 +243,11 @@ class PluginBench : public testing::Test {
     }
   }
 
+  win32::Win32FileSystem files_;
+  host::DiskStorage storage_{[](TextView path) { return std::filesystem::path(Text(path)); }};
+  host::ErrorJournal journal_{host::HostFolderOfProgram(), files_, storage_, host::SystemTime()};
+  host::HostFileKit host_kit_{storage_, journal_};
+  host::WatchedFileKit watched_kit_{host_kit_, kit};
   std::optional<host::KitClasses> kits_;
   const host::Heartbeat heartbeat_{[this] { Watch(); }};
 };

@@ -1,17 +1,22 @@
 // An automation object whose members a test writes as functions, as strict or as odd as the objects
-// that scripts and hosts hand over. It knows the user's default locale only.
+// that scripts and hosts hand over, and a host whose file kit is one. It knows the user's default
+// locale only.
 #pragma once
 
 #include <atomic>
 #include <functional>
 #include <map>
+#include <optional>
 #include <span>
 #include <vector>
 
 #include "com/automation.h"
+#include "com/class_factory.h"
 #include "com/com_error.h"
 #include "com/com_ptr.h"
 #include "com/variant.h"
+#include "server/class_registration.h"
+#include "tests/server/plugin_bench.h"
 
 namespace quill::com {
 
@@ -108,6 +113,61 @@ class ScriptedObject final : public IDispatchEx {
   }
 
   std::atomic<ULONG> references_ = 1;
+};
+
+// Makes one object creatable by name inside this process, as long as it lives.
+class NamedClass {
+ public:
+  NamedClass(TextView prog_id, const ComPtr<ScriptedObject>& object)
+      : prog_id_(prog_id), former_id_(ReadProgId(RegistrationScope::kMachine, prog_id)) {
+    GUID id{};
+    EXPECT_EQ(::CoCreateGuid(&id), S_OK);
+    WriteProgId(RegistrationScope::kMachine, prog_id_, GuidText(id));  // throws
+    const auto factory = ComPtr<IClassFactory>::Adopt(new Factory(object));
+    EXPECT_EQ(::CoRegisterClassObject(id, factory.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
+                                      &registered_),
+              S_OK);
+  }
+  ~NamedClass() {
+    ::CoRevokeClassObject(registered_);
+    WriteProgId(RegistrationScope::kMachine, prog_id_, former_id_);
+  }
+  NamedClass(const NamedClass&) = delete;
+  NamedClass& operator=(const NamedClass&) = delete;
+
+ private:
+  class Factory final : public ClassFactory {
+   public:
+    explicit Factory(const ComPtr<ScriptedObject>& object) : object_(object.get()) {}
+
+   private:
+    HRESULT Make(REFIID wanted, void** made) override {
+      return object_->QueryInterface(wanted, made);
+    }
+    const ComPtr<ScriptedObject> object_;
+  };
+
+  const Text prog_id_;
+  const Text former_id_;
+  DWORD registered_ = 0;
+};
+
+// The plug-in on a file kit that another author wrote, and wrote differently.
+class ForeignKitBench : public PluginBench {
+ public:
+  ~ForeignKitBench() override {
+    plugin.Reset();
+    EXPECT_TRUE(library->CanUnload());
+    names_.reset();
+    EXPECT_EQ(file_kit->references(), 1u) << "the plug-in still holds the kit";
+  }
+
+  const ComPtr<ScriptedObject> file_kit = ScriptedObject::Make();
+  std::map<Text, ScriptedObject::Member>& members = file_kit->members;
+
+ private:
+  std::optional<NamedClass> names_{std::in_place, u"rcFileKit.clsFileKit", file_kit};
+  const NamedClass memory_name_{u"rcMemKit.clsMemKit", ScriptedObject::Make()};
 };
 
 }  // namespace quill::com

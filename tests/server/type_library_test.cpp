@@ -3,8 +3,10 @@
 #include "tests/server/type_library_client.h"
 
 #include <algorithm>
+#include <atomic>
 
-#include "tests/doubles/settings_reply.h"
+#include "host/story/reply_draft.h"
+#include "host/win32/plugin_client.h"
 #include "tests/server/plugin_bench.h"
 
 namespace quill::com {
@@ -36,29 +38,29 @@ constexpr std::pair<const wchar_t*, const wchar_t*> kValues[] = {
 
 class TypeLibrary : public PluginBench {
  protected:
-  TypeLibrary() { OfferKits(); }
+  TypeLibrary() { Start(); }
 
   [[nodiscard]] ComPtr<IUnknown> CreateBound() const {
     ComPtr<IClassFactory> factory;
-    ComPtr<IUnknown> plugin;
+    ComPtr<IUnknown> made;
     EXPECT_EQ(library->GetClassObject(client_.class_id, IID_IClassFactory, factory.ReceiveVoid()),
               S_OK);
-    EXPECT_EQ(factory->CreateInstance(nullptr, client_.interface_id, plugin.ReceiveVoid()), S_OK);
-    return plugin;
+    EXPECT_EQ(factory->CreateInstance(nullptr, client_.interface_id, made.ReceiveVoid()), S_OK);
+    return made;
   }
 
   // Each member called at its place, with arguments of the types that are told.
-  void ExpectVersion(IUnknown* plugin) const {
+  void ExpectVersion(IUnknown* object) const {
     const Bstr host(u"host");
     VARIANT name = Of(VT_BSTR);
     name.bstrVal = host.get();
     Bstr version;
-    EXPECT_EQ(client_.Call(plugin, L"dllVersion", {name, Place(VT_BSTR, version.address())}), S_OK);
+    EXPECT_EQ(client_.Call(object, L"dllVersion", {name, Place(VT_BSTR, version.address())}), S_OK);
     EXPECT_EQ(version.view(), u"1.1.2");
   }
-  void ExpectRecord(IUnknown* plugin) const {
+  void ExpectRecord(IUnknown* object) const {
     std::vector<char> record(client_.record_size);
-    EXPECT_EQ(client_.Call(plugin, L"GetData", {Place(VT_RECORD, record.data())}), S_OK);
+    EXPECT_EQ(client_.Call(object, L"GetData", {Place(VT_RECORD, record.data())}), S_OK);
     ExpectValues(record.data());
     EXPECT_EQ(RecordInfo()->RecordClear(record.data()), S_OK);
   }
@@ -67,27 +69,27 @@ class TypeLibrary : public PluginBench {
       EXPECT_EQ(client_.Read(record, name), value) << ToUtf8(Told(name));
     }
   }
-  HRESULT SetRights(IUnknown* plugin, IDispatch* names) const {
+  HRESULT SetRights(IUnknown* object, IDispatch* names) const {
     VARIANT rights = Of(VT_DISPATCH);
     rights.pdispVal = names;
-    return client_.Call(plugin, L"SetPrivis", {rights, rights, Of(VT_BOOL)});
+    return client_.Call(object, L"SetPrivis", {rights, rights, Of(VT_BOOL)});
   }
-  HRESULT Open(IUnknown* plugin) const {
+  HRESULT Open(IUnknown* object) const {
     VARIANT index = Of(VT_I4);
     index.lVal = 3;
     Variant target = ArrayOfVariants({u"", u"abc"});
     Bstr name;
     return client_.Call(
-        plugin, L"LoadInterface",
+        object, L"LoadInterface",
         {index, Of(VT_I4), Place(VT_VARIANT, target.get()), Place(VT_BSTR, name.address())});
   }
-  HRESULT Reply(IUnknown* plugin, TextView text) const {
+  HRESULT Reply(IUnknown* object, TextView text) const {
     Bstr reply(text);
-    return client_.Call(plugin, L"RemoteData", {Place(VT_BSTR, reply.address())});
+    return client_.Call(object, L"RemoteData", {Place(VT_BSTR, reply.address())});
   }
-  HRESULT Hide(IUnknown* plugin) const {
+  HRESULT Hide(IUnknown* object) const {
     Bstr name;
-    return client_.Call(plugin, L"HideInterface", {Place(VT_BSTR, name.address())});
+    return client_.Call(object, L"HideInterface", {Place(VT_BSTR, name.address())});
   }
 
   [[nodiscard]] ComPtr<IRecordInfo> RecordInfo() const {
@@ -107,7 +109,7 @@ class TypeLibrary : public PluginBench {
   }
   static Text Told(const std::wstring& text) { return Text(text.begin(), text.end()); }
 
-  const TypeLibraryClient client_{WideOf(LoadedLibrary::Path())};
+  const TypeLibraryClient client_{WideOf(TestedLibrary::Path())};
 };
 
 TEST_F(TypeLibrary, AgreesWithItselfOnThePlacesOfMembersAndFields) {
@@ -153,42 +155,34 @@ TEST_F(TypeLibrary, AgreesWithItselfOnThePlacesOfMembersAndFields) {
 }
 
 TEST_F(TypeLibrary, IsAllThatAnEarlyBoundHostNeedsForTheMainJob) {
-  const auto plugin = CreateBound();
-  ExpectVersion(plugin.get());
-  ExpectRecord(plugin.get());
-  ComPtr<IDispatch> rights;
-  CLSID id{};
-  ASSERT_EQ(::CLSIDFromProgID(L"Scripting.Dictionary", &id), S_OK);
-  ASSERT_EQ(
-      ::CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, rights.ReceiveVoid()),
-      S_OK);
-  Invoke(*rights.get(), u"Add",
-         {*Variant::OfText(u"Change GS Max Players").get(), *Variant::OfText(u"1").get()});
-  EXPECT_EQ(SetRights(plugin.get(), rights.get()), S_OK);
+  const auto bound = CreateBound();
+  ExpectVersion(bound.get());
+  ExpectRecord(bound.get());
+  const auto rights =
+      host::MakeRightsCollection({{u"Change GS Max Players", host::Right::Form::kText, u"1"}});
+  EXPECT_EQ(SetRights(bound.get(), rights.get()), S_OK);
 
   while_shown = [&] {
     EXPECT_EQ(Enabled(), "-e------");
-    EXPECT_EQ(Reply(plugin.get(), SettingsReply().Frame()), S_OK);
-    EXPECT_EQ(robot.Read(u"txtName", u"text"), u"Night Server");
+    EXPECT_EQ(Reply(bound.get(), host::ReplyDraft().Frame()), S_OK);
+    EXPECT_EQ(robot.Read(u"txtName", u"text"), u"Story Server");
     robot.ClickTab(u"Map Settings");
     robot.DoubleClickRow(u"lstAvlMaps", 0);
-    robot.Press(u"cmdStart");
-    robot.Release(u"cmdStart");
-    EXPECT_EQ(Reply(plugin.get(), u"1"), S_OK);
+    Push(u"cmdStart");
+    EXPECT_EQ(Reply(bound.get(), u"1"), S_OK);
   };
-  EXPECT_EQ(Open(plugin.get()), S_OK) << "returns when the start was answered";
+  EXPECT_EQ(Open(bound.get()), S_OK) << "returns when the start was answered";
   ASSERT_EQ(kit.files.size(), 2u);
   EXPECT_EQ(kit.files[0].text, u"Plugin_kvrBHDGS_GetGameSettingsRem_abc_VB6_3");
   EXPECT_TRUE(kit.files[1].text.starts_with(u"Plugin_kvrBHDGS_StartGameRem_abc_VB6_3_"))
       << ToUtf8(kit.files[1].text);
 
-  while_shown = [&] { EXPECT_EQ(Hide(plugin.get()), S_OK); };
-  EXPECT_EQ(Open(plugin.get()), S_OK) << "returns when the dialog is hidden";
+  while_shown = [&] { EXPECT_EQ(Hide(bound.get()), S_OK); };
+  EXPECT_EQ(Open(bound.get()), S_OK) << "returns when the dialog is hidden";
   EXPECT_TRUE(boxes.empty());
 }
 
 TEST_F(TypeLibrary, ServesThePlatformsOwnInvokeAndLateCallers) {
-  const auto plugin = Create();
   const auto invoke = [&](const wchar_t* name, std::vector<VARIANT> arguments) {
     const Member& member = client_.members.at(name);
     EXPECT_EQ(member.id, IdOf(*plugin.get(), Told(name)));
@@ -225,74 +219,39 @@ TEST_F(TypeLibrary, ServesThePlatformsOwnInvokeAndLateCallers) {
   EXPECT_TRUE(IsEqualGUID(id, TypeLibraryClient::Attributes(*client_.record).guid));
 }
 
-// The interface's proxies are made from the type library, once it is registered.
-class RegisteredTypes {
- public:
-  explicit RegisteredTypes(ITypeLib& types, const IID& interface_id) {
-    wchar_t id[40];
-    ::StringFromGUID2(interface_id, id, 40);
-    const std::wstring key = std::wstring(L"Interface\\") + id;
-    HKEY found = nullptr;
-    if (::RegOpenKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, KEY_READ, &found) == ERROR_SUCCESS) {
-      ::RegCloseKey(found);
-      return;
-    }
-    EXPECT_EQ(
-        ::RegisterTypeLib(&types, const_cast<LPOLESTR>(WideOf(LoadedLibrary::Path())), nullptr),
-        S_OK);
-    EXPECT_EQ(types.GetLibAttr(&ours_), S_OK);
-    types_ = &types;
-  }
-  ~RegisteredTypes() {
-    if (ours_ == nullptr) return;
-    EXPECT_EQ(::UnRegisterTypeLib(ours_->guid, ours_->wMajorVerNum, ours_->wMinorVerNum,
-                                  ours_->lcid, ours_->syskind),
-              S_OK);
-    types_->ReleaseTLibAttr(ours_);
-  }
-  RegisteredTypes(const RegisteredTypes&) = delete;
-  RegisteredTypes& operator=(const RegisteredTypes&) = delete;
-
- private:
-  ITypeLib* types_ = nullptr;
-  TLIBATTR* ours_ = nullptr;
-};
-
 // Runs `body` on a thread with an apartment of its own, while this one answers its calls.
 void InAnotherApartment(const std::function<void()>& body) {
-  struct Thread {
-    static DWORD WINAPI Run(void* started) {
+  std::atomic<bool> done = false;
+  const SystemThread thread([&] {
+    {
       const ComForThread apartment;
-      (*static_cast<const std::function<void()>*>(started))();
-      return 0;
+      body();
     }
-  };
-  const HANDLE thread = ::CreateThread(nullptr, 0, &Thread::Run,
-                                       const_cast<std::function<void()>*>(&body), 0, nullptr);
-  ASSERT_NE(thread, nullptr);
-  while (::MsgWaitForMultipleObjects(1, &thread, FALSE, INFINITE, QS_ALLINPUT) ==
-         WAIT_OBJECT_0 + 1) {
-    MSG message;
+    done = true;
+  });
+  MSG message;
+  while (!done) {
+    ::MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
     while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) ::DispatchMessageW(&message);
   }
-  ::CloseHandle(thread);
 }
 
 TEST_F(TypeLibrary, LetsAnotherApartmentCallThroughAProxy) {
-  const RegisteredTypes registered(client_.library(), client_.interface_id);
-  auto plugin = CreateBound();
+  // The interface's proxies are made from the registered type library.
+  ASSERT_EQ(library->Entry<HRESULT(STDAPICALLTYPE*)()>("DllRegisterServer")(), S_OK);
+  const auto bound = CreateBound();
   IStream* stream = nullptr;
-  ASSERT_EQ(::CoMarshalInterThreadInterfaceInStream(client_.interface_id, plugin.get(), &stream),
+  ASSERT_EQ(::CoMarshalInterThreadInterfaceInStream(client_.interface_id, bound.get(), &stream),
             S_OK);
   InAnotherApartment([&] {
     ComPtr<IUnknown> proxy;
     ASSERT_EQ(::CoGetInterfaceAndReleaseStream(stream, client_.interface_id, proxy.ReceiveVoid()),
               S_OK);
-    EXPECT_NE(proxy.get(), plugin.get());
+    EXPECT_NE(proxy.get(), bound.get());
     ExpectVersion(proxy.get());
     ExpectRecord(proxy.get());
     EXPECT_EQ(SetRights(proxy.get(), nullptr), S_OK);
-    while_shown = [&] { EXPECT_EQ(Hide(plugin.get()), S_OK); };
+    while_shown = [&] { EXPECT_EQ(Hide(bound.get()), S_OK); };
     EXPECT_EQ(Open(proxy.get()), S_OK);
     EXPECT_EQ(Reply(proxy.get(), u""), S_OK);
     EXPECT_EQ(Hide(proxy.get()), S_OK);
@@ -302,6 +261,7 @@ TEST_F(TypeLibrary, LetsAnotherApartmentCallThroughAProxy) {
     const Variant host = Variant::OfText(u"host");
     EXPECT_EQ(TextOf(*Invoke(*late.get(), u"dllVersion", {*host.get()}).value.get()), u"1.1.2");
   });
+  EXPECT_EQ(library->Entry<HRESULT(STDAPICALLTYPE*)()>("DllUnregisterServer")(), S_OK);
   EXPECT_EQ(kit.files.size(), 1u);
   EXPECT_EQ(boxes.size(), 2u) << "no rights, and an empty reply";
 }
@@ -319,7 +279,6 @@ TEST_F(TypeLibrary, NamesTheClassThatTheObjectIsOf) {
   EXPECT_EQ(attributes->syskind, sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32);
   client_.library().ReleaseTLibAttr(attributes);
 
-  const auto plugin = Create();
   ComPtr<IProvideClassInfo> provider;
   ASSERT_EQ(plugin->QueryInterface(IID_IProvideClassInfo, provider.ReceiveVoid()), S_OK);
   ComPtr<ITypeInfo> of_class;

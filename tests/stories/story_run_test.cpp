@@ -37,26 +37,18 @@ TEST(StoryRun, NoticesEachKindOfFalseExpectation) {
       {"expect txtName text = \"Other {quote}\"",
        "expected \"Other {quote}\", actual \"Story Server\""},
       {"expect lstMax enabled != true", "expected != \"true\", actual \"true\""},
-      {"expect txtName text contains x", "expected contains \"x\", actual \"Story Server\""},
       {"expect txtName text lacks Story", "expected lacks \"Story\", actual \"Story Server\""},
-      {"expect cboMods row 1 = None", "expected \"None\", actual \"Team Sabre\""},
       {"expect cboMods rows\n| Team Sabre\n| None", "actual \"None{crlf}Team Sabre\""},
       {"expect cboMods rows in any order\n| None\n| None", "actual \"None{crlf}Team Sabre\""},
-      {"expect txtNoName text = a", "Control 'txtNoName' not found"},
       {"click chkTeam", "'chkTeam' cannot be reached: 'fmeMisc' is hidden"},
       {"cannot click chkLoop", "expected a gesture that cannot be made, actual it was made"},
       {"expect box Error! x", "actual no box"},
-      {"push cmdStart\nexpect box Failed! \"You haven't selected any maps!\"",
-       "actual \"Error!\" \"You haven't selected any maps!\""},
       {"push cmdStart", " at the end: there is an unexpected box"},
-      {"expect trapped RemoteData 13 x", "actual no log entry, no report and no box"},
       {"host replies with x[-]Scorvane[-]\nexpect trapped RemoteDatum 13 \"Type mismatch [, ]\"",
        "actual \"kvrrcBHDGS.dll, RemoteData, line "},
-      {"expect file \"{root}\\b.txt\" = two", "there is no such file"},
       {"file \"{root}\\a.txt\" = one\nexpect file \"{root}\\a.txt\"\n| one",
        "expected \"one{crlf}\", actual \"one\""},
       {"expect no request GetGameSettingsRem", "there is a request"},
-      {"expect payload 4 = 1", "there is no request StartGameRem"},
       {"tab \"Map Settings\"\ndouble-click lstAvlMaps 0\npush cmdStart\nexpect payload 4 = 2",
        "expected \"2\", actual \"1\""},
       {"during box\nexpect no box\nend", "no box has come"},
@@ -65,14 +57,8 @@ TEST(StoryRun, NoticesEachKindOfFalseExpectation) {
       {"expect dialog hidden", "the dialog is shown"},
       {"expect pending = StartGame", "expected \"StartGame\", actual \"LoadForm\""},
       {"expect record NoField = x", "the record has no field \"NoField\""},
-      {"during box\n  expect dialog hidden\nend\npush cmdStart\n"
-       "expect box Error! \"You haven't selected any maps!\"",
-       "5: expect dialog hidden: the dialog is shown"},
       {"reply \"Max Players\" = 51", "Max Players must be a number from 1 to 50, not \"51\""},
       {"nonsense", "4: no line begins like this"},
-      {"scroll lstMax by far", "a whole number is wanted, not \"far\""},
-      {"tab \"Map Settings", "a quote is not closed"},
-      {"type txtName {line}", "{line} can stand in expected boxes, log and report entries only"},
       {"repeat 2 times", "\"end\" is missing"},
   };
   for (const auto& [steps, told] : cases) {
@@ -83,18 +69,14 @@ TEST(StoryRun, NoticesEachKindOfFalseExpectation) {
 }
 
 TEST(StoryRun, LineNumbersAreOneNumberThatIsNotNull) {
-  const auto log = [](const std::string& mod) {
-    return Played(
-        "right \"Change GS Game Port\" = 1\nhost sets rights\nhost opens profile 1 target t\n"
-        "reply fixed Mod = \"" +
-        mod +
-        "\"\nhost replies\n"
-        "expect log \"kvrrcBHDGS.dll, RemoteData, line {line}: error 383, '{line}' is not an item "
-        "of the list\"");
-  };
-  EXPECT_TRUE(log("0").starts_with("7: "));
-  EXPECT_TRUE(log("1").starts_with("7: "));
-  EXPECT_TRUE(log("m").starts_with("7: "));
+  for (const std::string mod : {"0", "1", "m"}) {
+    EXPECT_TRUE(Played("right \"Change GS Game Port\" = 1\nhost sets rights\n"
+                       "host opens profile 1 target t\nreply fixed Mod = " +
+                       mod +
+                       "\nhost replies\nexpect log \"kvrrcBHDGS.dll, RemoteData, line {line}: "
+                       "error 383, '{line}' is not an item of the list\"")
+                    .starts_with("7: "));
+  }
 }
 
 TEST(StoryDifferences, AListedStepMustFailAndBePlayed) {

@@ -1,12 +1,9 @@
 // The form: its collection, its modal display, and its end in every order of events.
 #include <gtest/gtest.h>
 
-#include <new>
-
 #include "tests/ui/form_bench.h"
 #include "ui/check_box.h"
 #include "ui/command_button.h"
-#include "ui/file_dialog.h"
 #include "ui/frame.h"
 #include "ui/tab_strip.h"
 #include "ui/text_box.h"
@@ -22,7 +19,7 @@ class FormTest : public testing::Test {
   Form& form = *bench.form;
 };
 
-TEST_F(FormTest, FindsControlsByNameInAnyCaseAndByKind) {
+TEST_F(FormTest, FindsControlsByNameInAnyCaseAndTakesNoneTwice) {
   auto& box = form.Add<TextBox>(u"txtName", nullptr);
   EXPECT_EQ(form.Find(u"TXTNAME"), &box);
   EXPECT_EQ(form.Find(u"txtNam"), nullptr);
@@ -37,6 +34,12 @@ TEST_F(FormTest, FindsControlsByNameInAnyCaseAndByKind) {
     EXPECT_EQ(form.FindAccessKey(u'm'), nullptr);
     EXPECT_EQ(form.FindAccessKey(0), nullptr);
   });
+
+  EXPECT_EQ(FailureOf([&] { form.Add<CheckBox>(u"TXTName", nullptr); }), 5);
+  const auto other = bench.MakeForm();
+  EXPECT_EQ(FailureOf([&] { form.Add<CheckBox>(u"chk", other.get()); }), 5);
+  EXPECT_EQ(form.children().size(), 1u);
+  EXPECT_TRUE(other->children().empty());
 }
 
 TEST_F(FormTest, MovesTheFocusInTabOrderWhereItCanBeReached) {
@@ -89,27 +92,6 @@ TEST_F(FormTest, MovesTheFocusInTabOrderWhereItCanBeReached) {
     frame.SetVisible(false);
     EXPECT_EQ(form.focus(), &strip);
   });
-}
-
-TEST_F(FormTest, TakesNoNameTwiceAndNoForeignContainer) {
-  form.Add<TextBox>(u"txtName", nullptr);
-  EXPECT_EQ(FailureOf([&] { form.Add<CheckBox>(u"TXTName", nullptr); }), 5);
-  const auto other = bench.MakeForm();
-  EXPECT_EQ(FailureOf([&] { form.Add<CheckBox>(u"chk", other.get()); }), 5);
-  EXPECT_EQ(form.controls().size(), 1u);
-  EXPECT_EQ(form.children().size(), 1u);
-  EXPECT_TRUE(other->children().empty());
-}
-
-TEST_F(FormTest, MakesItsPeerWithTheFirstControlAndNoneForAFileDialog) {
-  Strings calls;
-  bench.toolkit.before_call = [&](TextView call) { calls.push_back(ToUtf8(call)); };
-  form.SetVisible(false);
-  form.Add<FileDialog>(u"cdOne", nullptr);
-  form.Add<Frame>(u"fme", nullptr, u"Frame");
-  EXPECT_EQ(calls, (Strings{"MakePeer frmMain", "Sync frmMain", "MakePeer fme", "Sync fme"}));
-  EXPECT_EQ(FormBench::Seen(form, u"bounds"), "0,0,9000,4000");
-  EXPECT_EQ(FormBench::Seen(form, u"visible"), "false");
 }
 
 TEST_F(FormTest, KeepsNoControlWhosePeerCannotBeMade) {
@@ -269,73 +251,6 @@ TEST_F(FormTest, OutlivesTheHandlersThatCloseIt) {
   bench.toolkit.RunDeferred();
   EXPECT_TRUE(watched.expired());
   EXPECT_EQ(held_by_handler.use_count(), 1);
-}
-
-// A toolkit whose windows talk when they go, as native ones do.
-class TalkingToolkit final : public Toolkit {
- public:
-  class TalkingPeer final : public Peer {
-   public:
-    TalkingPeer(Strings& gone, Control& control) : gone_(gone), control_(control) {}
-    ~TalkingPeer() override {
-      gone_.push_back(ToUtf8(control_.name()));
-      control_.Happened(Clicked{});
-      control_.Happened(CloseAsked{});
-    }
-    void Sync(Changes) override {}
-
-   private:
-    Strings& gone_;
-    Control& control_;
-  };
-
-  Strings gone;
-
-  void ShowMessage(TextView, TextView) override {}
-  std::unique_ptr<Peer> MakePeer(Control& control) override {
-    return std::make_unique<TalkingPeer>(gone, control);
-  }
-  [[nodiscard]] Metrics GetMetrics() const override { return {}; }
-  PicturePtr ReadPicture(TextView) override { return nullptr; }
-  std::vector<Text> ShowFileDialog(Form&, const FileDialogRequest&) override { return {}; }
-  int ShowMenu(Control&, Twips, Twips) override { return -1; }
-  void SetScreenPointer(Pointer) override {}
-  // Destroyed while it is shown: the hardest case.
-  void RunModal(Form& form) override { throw RuntimeError(1001, form.name()); }
-  void EndModal(Form&) override {}
-  void Defer(std::function<void()>) override { throw std::bad_alloc(); }
-  void HookTabBackground(TabStrip&, PictureBox&) override {}
-  void UnhookTabBackground(TabStrip&) override {}
-};
-
-TEST(FormEndTest, DestroysPeersFromTheInsideOutAndHearsThemNoMore) {
-  TalkingToolkit toolkit;
-  auto form = std::make_shared<Form>(toolkit, u"frm", u"", 100, 100);
-  auto& check = form->Add<CheckBox>(u"chkInner", nullptr);
-  check.MoveInto(form->Add<Frame>(u"fmeOuter", nullptr, u""));
-  check.on_click = [] { ADD_FAILURE() << "a form that is being destroyed heard an event"; };
-  form->on_unload = [] { ADD_FAILURE() << "a form that is being destroyed was unloaded"; };
-  EXPECT_EQ(FailureOf([&] { form->ShowModal(); }), 1001);
-  form.reset();
-  EXPECT_EQ(toolkit.gone, (Strings{"chkInner", "fmeOuter", "frm"}));
-}
-
-TEST_F(FormTest, AnswersOfTheFileDialogAreTheFirstPathOrNothing) {
-  auto& dialog = form.Add<FileDialog>(u"cd", nullptr);
-  dialog.request.title = u"Load";
-  dialog.request.file_name = u"proposed";
-  bench.toolkit.AnswerNextFileDialog({u"C:\\a.hsf", u"C:\\b.hsf"});
-  EXPECT_EQ(dialog.ShowOpen(), u"C:\\a.hsf");
-  EXPECT_EQ(dialog.request.file_name, u"C:\\a.hsf");
-  bench.toolkit.AnswerNextFileDialog({});
-  EXPECT_EQ(dialog.ShowSave(), u"");
-  EXPECT_EQ(dialog.request.file_name, u"");
-
-  const auto asked = bench.toolkit.TakeFileDialogs();
-  ASSERT_EQ(asked.size(), 2u);
-  EXPECT_EQ(asked[0].file_name, u"proposed");
-  EXPECT_FALSE(asked[0].save);
-  EXPECT_TRUE(asked[1].save);
 }
 
 }  // namespace

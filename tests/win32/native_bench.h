@@ -4,11 +4,7 @@
 
 #include <windows.h>
 
-#include <objbase.h>
-
 #include <exception>
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <memory>
 #include <string>
@@ -16,7 +12,10 @@
 
 #include "dialog/frmrcBHDGS.h"
 #include "host/story/button_pictures.h"
+#include "host/win32/host_folder.h"
 #include "host/win32/window_robot.h"
+#include "tests/doubles/scratch_folder.h"
+#include "tests/win32/system_thread.h"
 #include "ui/combo_box.h"
 #include "win32/native_text.h"
 #include "win32/system_code_page.h"
@@ -25,41 +24,6 @@
 #include "win32/win32_toolkit.h"
 
 namespace quill {
-
-// A folder that goes with all that is in it.
-class TemporaryFolder {
- public:
-  TemporaryFolder() {
-    static int number = 0;
-    path_ = std::filesystem::temp_directory_path() /
-            ("quill-" + std::to_string(GetTickCount64()) + "-" + std::to_string(++number));
-    std::filesystem::create_directories(path_);
-  }
-  ~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-  [[nodiscard]] const std::filesystem::path& path() const noexcept { return path_; }
-  [[nodiscard]] Text text() const { return win32::FromWide(path_.wstring()); }
-  void Put(const std::filesystem::path& name, std::string_view bytes) const {
-    std::filesystem::create_directories((path_ / name).parent_path());
-    std::ofstream(path_ / name, std::ios::binary)
-        .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  }
-
- private:
-  std::filesystem::path path_;
-};
-
-struct ComForThread {
-  ComForThread() { static_cast<void>(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)); }
-  ~ComForThread() { CoUninitialize(); }
-  ComForThread(const ComForThread&) = delete;
-  ComForThread& operator=(const ComForThread&) = delete;
-};
 
 // Lets what waits in the thread's message queue happen.
 inline void DrainMessages() {
@@ -72,7 +36,7 @@ inline void DrainMessages() {
 
 struct NativeBench {
   ComForThread com;
-  TemporaryFolder root;
+  ScratchFolder root;
   win32::Win32FileSystem files;
   win32::Win32Clock clock;
   CodePage code_page = win32::SystemCodePage();
@@ -85,8 +49,7 @@ struct NativeBench {
   std::function<void()> during_box;
 
   NativeBench() {
-    root.Put("imgs/butup.gif", host::kReleasedPicture);
-    root.Put("imgs/butdown.gif", host::kPressedPicture);
+    host::PutButtonPictures(root.text());
     context.HostRoot = root.text();
     context.Index = 3;
   }

@@ -33,7 +33,7 @@ std::string ReadAll(FileSystem& files, const Text& path) {
 }
 
 TEST(Win32FileSystem, DoesWhatItsSeamPromises) {
-  const TemporaryFolder folder;
+  const ScratchFolder folder;
   win32::Win32FileSystem files;
   const Text base = folder.text();
   folder.Put("a.txt", "hello, world");
@@ -67,7 +67,7 @@ TEST(Win32FileSystem, DoesWhatItsSeamPromises) {
 }
 
 TEST(Win32FileSystem, PathsMayBeLong) {
-  const TemporaryFolder folder;
+  const ScratchFolder folder;
   win32::Win32FileSystem files;
   Text path = folder.text();
   for (int i = 0; i < 8; ++i) {

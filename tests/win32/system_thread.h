@@ -1,7 +1,10 @@
-// A thread of the system's own: the standard library of the Windows compilers has none.
+// A thread of the system's own (the standard library of the Windows compilers has none) and COM on
+// a thread.
 #pragma once
 
 #include <windows.h>
+
+#include <objbase.h>
 
 #include <functional>
 #include <utility>
@@ -28,6 +31,13 @@ class SystemThread {
 
   const std::function<void()> work_;
   const HANDLE thread_;
+};
+
+struct ComForThread {
+  ComForThread() { static_cast<void>(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)); }
+  ~ComForThread() { ::CoUninitialize(); }
+  ComForThread(const ComForThread&) = delete;
+  ComForThread& operator=(const ComForThread&) = delete;
 };
 
 }  // namespace quill
