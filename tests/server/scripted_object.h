@@ -3,7 +3,6 @@
 // locale only.
 #pragma once
 
-#include <atomic>
 #include <functional>
 #include <map>
 #include <optional>
@@ -14,13 +13,14 @@
 #include "com/class_factory.h"
 #include "com/com_error.h"
 #include "com/com_ptr.h"
+#include "com/object.h"
 #include "com/variant.h"
 #include "server/class_registration.h"
 #include "tests/server/plugin_bench.h"
 
 namespace quill::com {
 
-class ScriptedObject final : public IDispatchEx {
+class ScriptedObject final : public Object<IDispatchEx> {
  public:
   // Arguments come in calling order; a RuntimeError is raised to the caller.
   using Member = std::function<Variant(std::span<const VARIANT> arguments)>;
@@ -35,22 +35,11 @@ class ScriptedObject final : public IDispatchEx {
   [[nodiscard]] static ComPtr<ScriptedObject> Make() {
     return ComPtr<ScriptedObject>::Adopt(new ScriptedObject);
   }
-  [[nodiscard]] ULONG references() const { return references_; }
-
-  STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
-    const bool known = IsEqualIID(wanted, IID_IUnknown) || IsEqualIID(wanted, IID_IDispatch) ||
-                       IsEqualIID(wanted, __uuidof(IDispatchEx));
-    *object = known ? static_cast<IDispatchEx*>(this) : nullptr;
-    if (!known) return E_NOINTERFACE;
+  [[nodiscard]] ULONG references() {
     AddRef();
-    return S_OK;
+    return Release();
   }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
+
   STDMETHODIMP GetTypeInfoCount(UINT* count) override { return *count = 0, S_OK; }
   STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return DISP_E_BADINDEX; }
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID locale, DISPID* ids) override {
@@ -80,8 +69,6 @@ class ScriptedObject final : public IDispatchEx {
   STDMETHODIMP GetNameSpaceParent(IUnknown**) override { return E_NOTIMPL; }
 
  private:
-  ~ScriptedObject() = default;
-
   [[nodiscard]] DISPID Find(const OLECHAR* name) const {
     DISPID id = 0;
     for (const auto& [spelling, member] : members) {
@@ -111,8 +98,6 @@ class ScriptedObject final : public IDispatchEx {
       return LeaveExcepInfo(error, raised);
     }
   }
-
-  std::atomic<ULONG> references_ = 1;
 };
 
 // Makes one object creatable by name inside this process, as long as it lives.
@@ -123,7 +108,8 @@ class NamedClass {
     GUID id{};
     EXPECT_EQ(::CoCreateGuid(&id), S_OK);
     WriteProgId(RegistrationScope::kMachine, prog_id_, GuidText(id));  // throws
-    const auto factory = ComPtr<IClassFactory>::Adopt(new Factory(object));
+    const auto factory = MakeClassFactory(
+        [object](REFIID wanted, void** made) { return object->QueryInterface(wanted, made); });
     EXPECT_EQ(::CoRegisterClassObject(id, factory.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
                                       &registered_),
               S_OK);
@@ -136,17 +122,6 @@ class NamedClass {
   NamedClass& operator=(const NamedClass&) = delete;
 
  private:
-  class Factory final : public ClassFactory {
-   public:
-    explicit Factory(const ComPtr<ScriptedObject>& object) : object_(object.get()) {}
-
-   private:
-    HRESULT Make(REFIID wanted, void** made) override {
-      return object_->QueryInterface(wanted, made);
-    }
-    const ComPtr<ScriptedObject> object_;
-  };
-
   const Text prog_id_;
   const Text former_id_;
   DWORD registered_ = 0;
