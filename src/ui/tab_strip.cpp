@@ -1,6 +1,7 @@
 // A tab strip: the choice among its captions.
 #include "ui/tab_strip.h"
 
+#include <exception>
 #include <utility>
 
 namespace quill::ui {
@@ -22,17 +23,22 @@ void TabStrip::Turn(bool forward) {
   if (count > 0) Choose((selected_ + (forward ? 1 : count - 1)) % count);
 }
 
-// The peer is told twice, so that it can show the pages' change as one.
+// The peer is told twice, so that it can show the pages' change as one. Whatever fails, the pages
+// follow.
 void TabStrip::Choose(int index) {
   selected_ = index;
-  Changed(Changes::kSelection | Changes::kTurnBegins);
-  try {
-    Raise(u"Click", on_click);
-  } catch (...) {
-    Changed(Changes::kTurnEnds);
-    throw;
-  }
-  Changed(Changes::kTurnEnds);
+  std::exception_ptr failure;
+  const auto attempt = [&](const auto& step) {
+    try {
+      step();
+    } catch (...) {
+      failure = std::current_exception();
+    }
+  };
+  attempt([&] { Changed(Changes::kSelection | Changes::kTurnBegins); });
+  attempt([&] { Raise(u"Click", on_click); });
+  attempt([&] { Changed(Changes::kTurnEnds); });
+  if (failure) std::rethrow_exception(failure);
 }
 
 }  // namespace quill::ui
