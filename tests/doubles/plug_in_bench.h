@@ -11,7 +11,8 @@
 
 #include "dialog/option_table.h"
 #include "host/headless/headless_host.h"
-#include "host/story/reply_draft.h"
+#include "host/remote/settings_reply.h"
+#include "host/story/story_player.h"
 
 namespace quill {
 
@@ -25,13 +26,13 @@ struct PlugInBench : host::HeadlessHost {
   PlugInBench() { static_cast<void>(plug_in()); }
 
   // The machine "Story Server" with the mods "None" and "Team Sabre".
-  host::ReplyDraft reply;
+  host::Scenario reply = host::StoryServer();
 
   // Opens the dialog for profile 3 and target "abc"; `use` is all that happens while it is shown.
   void Open(const std::function<void()>& use = [] {}) {
     HeadlessHost::Open(3, host::HostTexts({u"unused", u"abc"}), use);
   }
-  void Reply() { plug_in().RemoteData(reply.Frame()); }
+  void Reply() { plug_in().RemoteData(host::SettingsReply(reply)); }
   // Opens it, hands in the reply, and unloads it in the end.
   void OpenFilled(const std::function<void(frmrcBHDGS& dialog)>& use) {
     Open([&] {

@@ -49,7 +49,7 @@ FaultBench::FaultBench() {
   reply.AddMap(u"0", u"Dune", u"dune.bms");
   reply.Set(u"Game Port", u"17500");
   reply.SetFixed(u"Mod", u"Team Sabre");
-  settings_reply = reply.Frame();
+  settings_reply = host::SettingsReply(reply);
   rights = std::make_shared<WatchedCollection>([this] { Called(Source::kHost, {u"rights"}); });
   files.before = [this](TextView operation, TextView path) {
     Called(Source::kFileSystem, {operation, u" ", path});

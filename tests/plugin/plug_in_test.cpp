@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "plugin/operator_rights.h"
+#include "host/remote/wire.h"
 #include "tests/doubles/plug_in_bench.h"
 
 namespace quill {
@@ -13,20 +13,6 @@ namespace {
 using Strings = PlugInBench::Strings;
 
 constexpr const char16_t* kQueryFile = u"C:\\Host\\RCData\\reply_kvrBHDGS_GetGameSettingsRem.txt";
-
-// A collection that holds one right, granted.
-class OneRight final : public HostCollection {
- public:
-  explicit OneRight(TextView name) : name_(name) {}
-  [[nodiscard]] std::int64_t Count() override { return 1; }
-  [[nodiscard]] std::optional<HostItem> Find(TextView key) override {
-    if (!EqualIgnoringCase(key, name_)) return std::nullopt;
-    return HostItem{.kind = HostItem::Kind::kText, .text = u"1"};
-  }
-
- private:
-  Text name_;
-};
 
 class PlugIn : public testing::Test, protected PlugInBench {};
 
@@ -56,7 +42,8 @@ TEST_F(PlugIn, TakesTheRootOfADevelopmentHostFromItsOwnFolderAndMissesAPath) {
 }
 
 TEST_F(PlugIn, RunsAgainAfterTheHostWasLetGo) {
-  plug_in().SetPrivis(std::make_shared<OneRight>(u""), nullptr, true);
+  plug_in().SetPrivis(std::make_shared<host::HostRights>(std::vector<host::Right>()), nullptr,
+                      true);
   Open();
   ASSERT_NE(module.dialog, nullptr);
   const std::weak_ptr<HostCollection> rights = module.NameCol;
@@ -87,7 +74,8 @@ TEST_F(PlugIn, EachRightGovernsItsOption) {
       {u"change gs req nova login option", u"chkNova"},
       {u"CHANGE GS GAME PORT", u"txtPort"}};
   for (const auto& [right, option] : governed) {
-    plug_in().SetPrivis(std::make_shared<OneRight>(right), nullptr, false);
+    const std::vector<host::Right> granted = {{right, host::Right::Form::kText, u"1"}};
+    plug_in().SetPrivis(std::make_shared<host::HostRights>(granted), nullptr, false);
     for (const auto& [other_right, other] : governed) {
       EXPECT_EQ(Option(other).enabled(), other == option) << ToUtf8(right) << " " << ToUtf8(other);
     }
@@ -131,7 +119,7 @@ TEST_F(PlugIn, AFailedReplyCreatesNoDialogForItsPointer) {
 // The box of a failed mod change is open while the host delivers another reply, which closes the
 // dialog under the first one.
 TEST_F(PlugIn, AReplyWithinAReplyMayCloseTheDialog) {
-  reply.SetEncoded(25, {u"Odd <odd.bms>x"});  // whose game type is no number
+  reply.SetRawField(25, host::EncodeField(u"Odd <odd.bms>x"));  // whose game type is no number
   Open([&] {
     bool answered = false;
     toolkit.while_message_open = [&](const auto&) {

@@ -47,12 +47,12 @@ TEST(SettingsReply, EndsAtItsFaultAndKeepsWhatCameBefore) {
   for (const auto& fault : faults) {
     SCOPED_TRACE(std::to_string(fault.field) + " is " + ToUtf8(fault.value));
     PlugInBench bench;
-    for (const int text : {0, 1, 2, 3, 17, 18}) bench.reply.SetEncoded(text, {u"XX"});
+    for (const int text : {0, 1, 2, 3, 17, 18}) bench.reply.SetRawField(text, u"WFg=");
     for (const int number : {5, 6, 7, 8, 9, 10, 11, 12, 13, 15, 20, 21, 22, 23, 24}) {
-      bench.reply.SetRaw(number, u"1");
+      bench.reply.SetRawField(number, u"1");
     }
     bench.reply.SetFixed(u"Windowed", u"0");
-    bench.reply.SetRaw(fault.field, fault.value);
+    bench.reply.SetRawField(fault.field, fault.value);
     bench.Open([&] {
       const Strings before = {fault.filled ? bench.Value(fault.filled) : "",
                               bench.Value(fault.left)};
@@ -80,7 +80,7 @@ TEST(SettingsReply, TakesItsFieldsUpToTheirLimits) {
        {std::pair(25, false), {26, true}, {27, false}, {32, false}, {33, true}, {34, true}}) {
     PlugInBench bench;
     bench.reply.SetFixed(u"Windowed", u"0");
-    bench.reply.SetFieldCount(count);
+    bench.reply.field_count = count;
     EXPECT_EQ(Failure(bench).starts_with("RemoteData|9|"), !taken) << count;
   }
   // The first position that a field can choose, none at all, and its last one.
@@ -91,7 +91,7 @@ TEST(SettingsReply, TakesItsFieldsUpToTheirLimits) {
   for (const auto& [field, none, last] : lists) {
     PlugInBench bench;
     const auto answer = [&, field = field](int value) {
-      bench.reply.SetRaw(field, Decimal(value));
+      bench.reply.SetRawField(field, Decimal(value));
       return Failure(bench);
     };
     for (const int good : {none, none + 1, last}) EXPECT_EQ(answer(good), "") << field;

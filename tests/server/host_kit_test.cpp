@@ -20,7 +20,7 @@ TEST_F(HostKit, ItsErrorsArriveWithNumberAndDescription) {
       {RuntimeError(65535, u"Last one"), "65535: Last one"},
   };
   for (const auto& [error, told] : errors) {
-    kit.FailAt(u"WriteFile", error);
+    kit.Break({u"WriteFile", error.number(), Text(error.description())});
     Open();
     ASSERT_FALSE(kit.failures.empty());
     EXPECT_EQ(kit.failures.back().number, error.number());

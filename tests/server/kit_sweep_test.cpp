@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <fstream>
 
-#include "host/remote/wire.h"
-#include "host/story/reply_draft.h"
+#include "host/remote/settings_reply.h"
+#include "host/story/story_player.h"
 #include "tests/server/scripted_object.h"
 #include "tests/win32/no_more_windows.h"
 
@@ -125,7 +125,7 @@ class KitSweep : public ForeignKitBench {
     }
   }
 
-  const Text payload_ = host::ReadFrame(host::ReplyDraft().Frame());
+  const Text payload_ = host::SettingsPayload(host::StoryServer());
   const Text frame_ = Concat({Decimal(std::ssize(payload_)), u"[-]Scorvane[-]x"});
   std::vector<Text> written_;
   std::map<Text, Text> ini_;

@@ -197,8 +197,8 @@ class PluginBench : public testing::Test {
     EXPECT_EQ(reply.view(), text) << "the host's text is only read";
   }
   void Push(const Text& button) {
-    robot.Press(button, host::Button::kLeft);
-    robot.Release(button, host::Button::kLeft);
+    robot.Press(button);
+    robot.Release(button);
   }
   // What the operator of the shown dialog sees: the letters say which of the eight governed options
   // are enabled, in the order of the rights.

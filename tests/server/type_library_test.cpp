@@ -5,7 +5,8 @@
 #include <algorithm>
 #include <atomic>
 
-#include "host/story/reply_draft.h"
+#include "host/remote/settings_reply.h"
+#include "host/story/story_player.h"
 #include "host/win32/plugin_client.h"
 #include "tests/server/plugin_bench.h"
 
@@ -164,7 +165,7 @@ TEST_F(TypeLibrary, IsAllThatAnEarlyBoundHostNeedsForTheMainJob) {
 
   while_shown = [&] {
     EXPECT_EQ(Enabled(), "-e------");
-    EXPECT_EQ(Reply(bound.get(), host::ReplyDraft().Frame()), S_OK);
+    EXPECT_EQ(Reply(bound.get(), host::SettingsReply(host::StoryServer())), S_OK);
     EXPECT_EQ(robot.Read(u"txtName", u"text"), u"Story Server");
     robot.ClickTab(u"Map Settings");
     robot.DoubleClickRow(u"lstAvlMaps", 0);
