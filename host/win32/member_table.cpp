@@ -21,9 +21,7 @@ const Member* TableObject::Find(DISPID id) const noexcept {
 
 STDMETHODIMP TableObject::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
                                         DISPID* ids) {
-  return com::FindNames(reserved, names, count, ids, [&](const OLECHAR* name) {
-    return com::FindName(members_, name, 0, &Member::name);
-  });
+  return com::FindNames(members_, 0, reserved, names, count, ids);
 }
 
 STDMETHODIMP TableObject::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT* result,

@@ -15,7 +15,7 @@ namespace {
 template <class Draw>
 Pixels Take(int width, int height, const Draw& draw) {
   std::uint32_t* bits = nullptr;
-  const win32::DrawingSurface surface(nullptr, {width, height}, &bits);
+  const win32::DrawingSurface surface({width, height}, &bits);
   if (!surface.valid()) throw std::runtime_error("no memory for a picture of a window");
   draw(surface.context());
   GdiFlush();

@@ -169,7 +169,7 @@ Text PictureIn(HWND window, const std::vector<Text>& pictures) {
   for (const Text& path : pictures) {
     const auto picture = win32::ReadGifPicture(path);
     std::uint32_t* bits = nullptr;
-    const win32::DrawingSurface surface(nullptr, {shown.width, shown.height}, &bits);
+    const win32::DrawingSurface surface({shown.width, shown.height}, &bits);
     // Where the picture is transparent both show the same ground.
     Send(window, WM_ERASEBKGND, reinterpret_cast<WPARAM>(surface.context()));
     picture->Draw(surface.context(), {0, 0, shown.width, shown.height});

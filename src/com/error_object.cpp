@@ -22,29 +22,29 @@ enum Member : DISPID {
   kClear,
   kRaise
 };
-constexpr TextView kMembers[] = {u"Number",      u"Source",       u"Description", u"HelpFile",
-                                 u"HelpContext", u"LastDllError", u"Clear",       u"Raise"};
+// Raise's parameters have the names of the values that they set.
 constexpr Parameter kRaiseParameters[] = {{u"Number"},
                                           {u"Source", true},
                                           {u"Description", true},
                                           {u"HelpFile", true},
                                           {u"HelpContext", true}};
+struct MemberNames {
+  TextView name;
+  std::span<const Parameter> parameters;
+};
+constexpr MemberNames kMembers[] = {{u"Number", {}},      {u"Source", {}},
+                                    {u"Description", {}}, {u"HelpFile", {}},
+                                    {u"HelpContext", {}}, {u"LastDllError", {}},
+                                    {u"Clear", {}},       {u"Raise", kRaiseParameters}};
 constexpr VARTYPE kTypes[] = {VT_I4, VT_BSTR, VT_BSTR, VT_BSTR, VT_I4, VT_I4};
 
 class ErrorObject final : public DispatchObject {
  public:
   explicit ErrorObject(const RuntimeError& error) { Describe(error.number(), error.description()); }
 
-  // Raise's parameters have the names of the values that they set.
   STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
                              DISPID* ids) override {
-    return FindNames(
-        reserved, names, count, ids,
-        [](const OLECHAR* name) { return FindName(kMembers, name, kNumber); },
-        [](DISPID member, const OLECHAR* name) {
-          return member == kRaise ? FindName(kRaiseParameters, name, kNumber, &Parameter::name)
-                                  : DISPID{DISPID_UNKNOWN};
-        });
+    return FindNames(kMembers, kNumber, reserved, names, count, ids);
   }
   STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID, WORD flags, DISPPARAMS* arguments,
                       VARIANT* result, EXCEPINFO* raised, UINT*) override {

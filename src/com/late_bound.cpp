@@ -14,6 +14,11 @@ namespace {
 constexpr WORD kCallStyles[] = {DISPATCH_METHOD | DISPATCH_PROPERTYGET, DISPATCH_PROPERTYGET,
                                 DISPATCH_METHOD};
 
+RuntimeError FailureOf(ErrorNumber number, TextView name) {
+  const TextView description = DefaultDescription(static_cast<std::int32_t>(number));
+  return RuntimeError(number, Concat({description, u": ", name}));
+}
+
 }  // namespace
 
 LateBound LateBound::Create(TextView prog_id) {
@@ -26,10 +31,7 @@ LateBound LateBound::Create(TextView prog_id) {
                                 IID_IDispatch, object.ReceiveVoid());
   }
   if (FAILED(result) || !object) {
-    throw RuntimeError(
-        ErrorNumber::kCannotCreateObject,
-        Concat({DefaultDescription(static_cast<std::int32_t>(ErrorNumber::kCannotCreateObject)),
-                u": ", prog_id}));
+    throw FailureOf(ErrorNumber::kCannotCreateObject, prog_id);
   }
   return LateBound(object.get());
 }
@@ -46,12 +48,10 @@ std::optional<DISPID> LateBound::Find(TextView member) const {
   ComPtr<IDispatchEx> extended;
   if (FAILED(object_->QueryInterface(QUILL_ID_OF(IDispatchEx), extended.ReceiveVoid())))
     return std::nullopt;
-  const Bstr text(member);
-  if (SUCCEEDED(extended->GetDispID(text.get(), fdexNameCaseInsensitive, &found)) &&
-      found != DISPID_UNKNOWN) {
-    return found;
-  }
-  return std::nullopt;
+  const bool is_found =
+      SUCCEEDED(extended->GetDispID(Bstr(member).get(), fdexNameCaseInsensitive, &found)) &&
+      found != DISPID_UNKNOWN;
+  return is_found ? std::optional(found) : std::nullopt;
 }
 
 HRESULT LateBound::Invoke(DISPID member, WORD flags, DISPPARAMS& arguments, Variant& result,
@@ -69,12 +69,7 @@ HRESULT LateBound::Invoke(DISPID member, WORD flags, DISPPARAMS& arguments, Vari
 
 Variant LateBound::Call(TextView member, std::initializer_list<const Variant*> arguments) const {
   const std::optional<DISPID> found = Find(member);
-  if (!found) {
-    throw RuntimeError(
-        ErrorNumber::kMemberNotFound,
-        Concat({DefaultDescription(static_cast<std::int32_t>(ErrorNumber::kMemberNotFound)), u": ",
-                member}));
-  }
+  if (!found) throw FailureOf(ErrorNumber::kMemberNotFound, member);
   return Call(*found, arguments);
 }
 

@@ -21,13 +21,6 @@ Variant Converted(const VARIANT& value, VARTYPE type) {
   return converted;
 }
 
-Variant OfReference(VARTYPE type, void* place) noexcept {
-  Variant variant;
-  variant.get()->vt = static_cast<VARTYPE>(type | VT_BYREF);
-  variant.get()->byref = place;
-  return variant;
-}
-
 }  // namespace
 
 HRESULT ConvertTo(VARTYPE type, const VARIANT& value, Variant& converted) {
@@ -98,17 +91,11 @@ Variant Variant::OfArray(std::span<Variant> elements) {
   return variant;
 }
 
-Variant Variant::ByReference(BSTR* text) noexcept {
-  return OfReference(VT_BSTR, text);
-}
-Variant Variant::ByReference(LONG* number) noexcept {
-  return OfReference(VT_I4, number);
-}
-Variant Variant::ByReference(IDispatch** object) noexcept {
-  return OfReference(VT_DISPATCH, object);
-}
-Variant Variant::ByReference(SAFEARRAY** variants) noexcept {
-  return OfReference(VT_ARRAY | VT_VARIANT, variants);
+Variant Variant::Refer(VARTYPE type, void* place) noexcept {
+  Variant variant;
+  variant.value_.vt = static_cast<VARTYPE>(type | VT_BYREF);
+  variant.value_.byref = place;
+  return variant;
 }
 
 VARIANT Variant::Detach() noexcept {
@@ -131,25 +118,12 @@ const VARIANT& Referred(const VARIANT& value) noexcept {
 
 bool ReadObject(const VARIANT& value, IDispatch*& object) noexcept {
   const VARIANT& referred = Referred(value);
-  IUnknown* unknown = nullptr;
-  switch (referred.vt) {
-    case VT_DISPATCH:
-      object = referred.pdispVal;
-      return true;
-    case VT_DISPATCH | VT_BYREF:
-      object = referred.ppdispVal != nullptr ? *referred.ppdispVal : nullptr;
-      return true;
-    case VT_UNKNOWN:
-      unknown = referred.punkVal;
-      break;
-    case VT_UNKNOWN | VT_BYREF:
-      unknown = referred.ppunkVal != nullptr ? *referred.ppunkVal : nullptr;
-      break;
-    default:
-      return false;
-  }
-  object = nullptr;
-  if (unknown == nullptr) return true;
+  const int type = referred.vt & ~VT_BYREF;
+  if (type != VT_DISPATCH && type != VT_UNKNOWN) return false;
+  IUnknown* unknown = referred.punkVal;
+  if (type != referred.vt) unknown = referred.ppunkVal != nullptr ? *referred.ppunkVal : nullptr;
+  object = type == VT_DISPATCH ? static_cast<IDispatch*>(unknown) : nullptr;
+  if (type == VT_DISPATCH || unknown == nullptr) return true;
   if (FAILED(unknown->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&object)))) {
     return false;
   }

@@ -24,10 +24,14 @@ class Variant {
   // A new array of variants, with copies of those.
   [[nodiscard]] static Variant OfArray(std::span<Variant> elements);
   // By reference: what is referred to must outlive the variant, which does not own it.
-  [[nodiscard]] static Variant ByReference(BSTR* text) noexcept;
-  [[nodiscard]] static Variant ByReference(LONG* number) noexcept;
-  [[nodiscard]] static Variant ByReference(IDispatch** object) noexcept;
-  [[nodiscard]] static Variant ByReference(SAFEARRAY** variants) noexcept;  // an array of variants
+  [[nodiscard]] static Variant ByReference(BSTR* text) noexcept { return Refer(VT_BSTR, text); }
+  [[nodiscard]] static Variant ByReference(LONG* number) noexcept { return Refer(VT_I4, number); }
+  [[nodiscard]] static Variant ByReference(IDispatch** object) noexcept {
+    return Refer(VT_DISPATCH, object);
+  }
+  [[nodiscard]] static Variant ByReference(SAFEARRAY** variants) noexcept {
+    return Refer(VT_ARRAY | VT_VARIANT, variants);
+  }
 
   [[nodiscard]] VARIANT* get() noexcept { return &value_; }
   [[nodiscard]] const VARIANT* get() const noexcept { return &value_; }
@@ -36,6 +40,8 @@ class Variant {
   [[nodiscard]] VARIANT Detach() noexcept;
 
  private:
+  [[nodiscard]] static Variant Refer(VARTYPE type, void* place) noexcept;
+
   VARIANT value_;
 };
 

@@ -46,13 +46,20 @@ bool IsNothing(const VARIANT& value) {
          (ReadObject(referred, object) && object == nullptr);
 }
 
+// What `attempt` gives; nothing when it fails.
+template <class Attempt>
+auto Tried(const Attempt& attempt) -> std::optional<decltype(attempt())> {
+  try {
+    return attempt();
+  } catch (const RuntimeError&) {
+    return std::nullopt;
+  }
+}
+
 // A key without a text, as an object used as a key, is left out.
 template <class Read>
 void AddKey(std::vector<Text>& keys, const Read& read) {
-  try {
-    keys.push_back(read());
-  } catch (const RuntimeError&) {
-  }
+  if (std::optional<Text> key = Tried(read)) keys.push_back(std::move(*key));
 }
 
 std::vector<Text> KeysIn(SAFEARRAY* array) {
@@ -67,13 +74,9 @@ std::vector<Text> KeysIn(SAFEARRAY* array) {
 
 // The texts among what the object's enumeration gives; nothing when it has none.
 std::optional<std::vector<Text>> Enumerated(IDispatch* object) {
-  Variant held;
-  try {
-    held = LateBound(object).Call(DISPID_NEWENUM, {});
-  } catch (const RuntimeError&) {
-    return std::nullopt;
-  }
-  const VARIANT& value = *held.get();
+  const auto held = Tried([&] { return LateBound(object).Call(DISPID_NEWENUM, {}); });
+  if (!held) return std::nullopt;
+  const VARIANT& value = *held->get();
   ComPtr<IEnumVARIANT> enumeration;
   if ((value.vt != VT_UNKNOWN && value.vt != VT_DISPATCH) || value.punkVal == nullptr ||
       FAILED(value.punkVal->QueryInterface(IID_IEnumVARIANT, enumeration.ReceiveVoid()))) {
@@ -127,15 +130,11 @@ class ComHostCollection final : public HostCollection {
   [[nodiscard]] std::optional<std::vector<Text>> Keys() {
     const std::optional<DISPID> member = collection_.Find(u"Keys");
     if (!member) return std::nullopt;
-    Variant listed;
-    try {
-      listed = collection_.Call(*member, {});
-    } catch (const RuntimeError&) {
-      return std::nullopt;
-    }
+    const auto listed = Tried([&] { return collection_.Call(*member, {}); });
+    if (!listed) return std::nullopt;
     IDispatch* object = nullptr;
-    if (ReadObject(*listed.get(), object) && object != nullptr) return Enumerated(object);
-    SAFEARRAY* const array = ArrayOf(*listed.get());
+    if (ReadObject(*listed->get(), object) && object != nullptr) return Enumerated(object);
+    SAFEARRAY* const array = ArrayOf(*listed->get());
     if (array == nullptr) return std::nullopt;
     return KeysIn(array);
   }
@@ -146,12 +145,10 @@ class ComHostCollection final : public HostCollection {
     for (const TextView name : {u"ContainsKey", u"Exists", u"Contains"}) {
       const std::optional<DISPID> member = collection_.Find(name);
       if (!member) continue;
-      try {
-        const Variant answer = collection_.Call(*member, {&argument});
-        if (!IsNothing(*answer.get())) return TruthOf(*answer.get());
-      } catch (const RuntimeError&) {
-        // A member of that name that is asked in another way.
-      }
+      // A member of that name may be asked in another way.
+      const auto answer = Tried([&] { return collection_.Call(*member, {&argument}); });
+      if (!answer || IsNothing(*answer->get())) continue;
+      if (const auto truth = Tried([&] { return TruthOf(*answer->get()); })) return truth;
     }
     return std::nullopt;
   }

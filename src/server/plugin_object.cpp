@@ -102,12 +102,7 @@ class PluginObject final : public Object<IPlugin, IProvideClassInfo, ISupportErr
   }
   STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID,
                              DISPID* ids) override {
-    return FindNames(
-        reserved, names, count, ids,
-        [](const OLECHAR* name) { return FindName(kMembers, name, 1, &Member::name); },
-        [](DISPID member, const OLECHAR* name) {
-          return FindName(kMembers[member - 1].parameters, name, 0, &Parameter::name);
-        });
+    return FindNames(kMembers, 1, reserved, names, count, ids);
   }
   STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* given,
                       VARIANT* result, EXCEPINFO* raised, UINT* bad_argument) override {

@@ -1,38 +1,47 @@
-#include "win32/command_button_peer.h"
-
+// The native push button.
 #include <utility>
 
+#include "com/owned.h"
+#include "ui/command_button.h"
 #include "win32/native_text.h"
+#include "win32/peers.h"
 #include "win32/this_module.h"
 #include "win32/win32_toolkit.h"
 
 namespace quill::win32 {
+namespace {
 
-CommandButtonPeer::~CommandButtonPeer() {
-  if (icon_ != nullptr) DestroyIcon(icon_);
-}
+class CommandButtonPeer final : public PeerOf<ui::CommandButton> {
+ public:
+  using PeerOf::PeerOf;
 
-WindowPeer::Style CommandButtonPeer::GetStyle() const {
-  return {L"BUTTON", &button_.caption(),
-          BS_PUSHBUTTON | WS_TABSTOP | (!button_.icon().empty() ? BS_ICON : 0u), 0};
-}
+  void OnCommand(WORD notification) override {
+    if (notification == BN_CLICKED) Tell(ui::Clicked{});
+  }
 
-void CommandButtonPeer::Show(ui::Changes changes) {
-  if (changes.Has(ui::Changes::kFont)) SetFont(Win32Toolkit::kFontPoints);
-  if (changes.Has(ui::Changes::kPicture) && !button_.icon().empty()) ShowIcon();
-}
+ protected:
+  [[nodiscard]] Style GetStyle() const override {
+    return {L"BUTTON", &model_.caption(),
+            BS_PUSHBUTTON | WS_TABSTOP | (!model_.icon().empty() ? BS_ICON : 0u), 0};
+  }
 
-void CommandButtonPeer::ShowIcon() {
-  const SIZE size = toolkit().scale().Scaled(SIZE{32, 32});
-  const HICON former = std::exchange(
-      icon_, static_cast<HICON>(LoadImageW(ThisModule(), Wide(Text(button_.icon())), IMAGE_ICON,
-                                           size.cx, size.cy, LR_DEFAULTCOLOR)));
-  Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon_));
-  if (former != nullptr) DestroyIcon(former);
-}
+  void Show(ui::Changes changes) override {
+    if (!changes.Has(ui::Changes::kPicture) || model_.icon().empty()) return;
+    const SIZE size = toolkit().scale().Scaled(SIZE{32, 32});
+    com::Owned<HICON> icon(static_cast<HICON>(LoadImageW(
+        ThisModule(), Wide(Text(model_.icon())), IMAGE_ICON, size.cx, size.cy, LR_DEFAULTCOLOR)));
+    Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
+    icon_ = std::move(icon);  // the former one only now: until then the button shows it
+  }
 
-void CommandButtonPeer::OnCommand(WORD notification) {
-  if (notification == BN_CLICKED) Tell(ui::Clicked{});
+ private:
+  com::Owned<HICON> icon_;
+};
+
+}  // namespace
+
+std::unique_ptr<WindowPeer> MakeCommandButtonPeer(Win32Toolkit& toolkit, ui::Control& control) {
+  return MakePeerOf<CommandButtonPeer>(toolkit, control);
 }
 
 }  // namespace quill::win32

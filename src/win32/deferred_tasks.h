@@ -23,10 +23,19 @@ class DeferredTasks {
   // Runs everything now, also what the tasks add.
   void RunAll() noexcept;
 
-  void EventBegan() noexcept { ++events_; }
-  void EventEnded() noexcept {
-    if (--events_ == 0 && !tasks_.empty()) Post();
-  }
+  // A native event that is being handled.
+  class Event {
+   public:
+    explicit Event(DeferredTasks& tasks) noexcept : tasks_(tasks) { ++tasks_.events_; }
+    ~Event() {
+      if (--tasks_.events_ == 0 && !tasks_.tasks_.empty()) tasks_.Post();
+    }
+    Event(const Event&) = delete;
+    Event& operator=(const Event&) = delete;
+
+   private:
+    DeferredTasks& tasks_;
+  };
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);

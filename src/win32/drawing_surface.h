@@ -5,42 +5,49 @@
 
 #include <cstdint>
 
+#include "com/owned.h"
+
 namespace quill::win32 {
 
-// The answer to WM_PAINT: it ends however the drawing ends.
-class WindowPaint {
- public:
-  explicit WindowPaint(HWND window) noexcept : window_(window) { BeginPaint(window, &paint_); }
-  ~WindowPaint() { EndPaint(window_, &paint_); }
-  WindowPaint(const WindowPaint&) = delete;
-  WindowPaint& operator=(const WindowPaint&) = delete;
-
-  [[nodiscard]] HDC context() const noexcept { return paint_.hdc; }
-  // What has to be drawn anew.
-  [[nodiscard]] const RECT& update() const noexcept { return paint_.rcPaint; }
-
- private:
-  HWND window_;
-  PAINTSTRUCT paint_ = {};
-};
-
 // A memory device context with a bitmap of its own. Without `pixels` the bitmap matches the screen;
-// with it, it has 32 bits a pixel, row by row from the top, at the address stored there.
+// with it, it has 32 bits a pixel, row by row from the top, at the address stored there. When the
+// system has nothing left, drawing is without effect.
 class DrawingSurface {
  public:
-  DrawingSurface(HDC like, SIZE size, std::uint32_t** pixels = nullptr) noexcept;
+  explicit DrawingSurface(SIZE size, std::uint32_t** pixels = nullptr) noexcept;
   ~DrawingSurface();
   DrawingSurface(const DrawingSurface&) = delete;
   DrawingSurface& operator=(const DrawingSurface&) = delete;
 
-  [[nodiscard]] HDC context() const noexcept { return context_; }
-  // False when the system had nothing left; drawing is then without effect.
+  [[nodiscard]] HDC context() const noexcept { return context_.get(); }
   [[nodiscard]] bool valid() const noexcept { return bitmap_ != nullptr; }
 
  private:
-  HDC context_;
-  HBITMAP bitmap_;
+  com::Owned<HDC> context_;
+  com::Owned<HBITMAP> bitmap_;
   HGDIOBJ previous_ = nullptr;
 };
+
+// The answer to WM_PAINT: has `draw` draw the whole client area off the screen, so that no step of
+// the drawing is seen, and shows what is to be drawn anew. It ends however the drawing ends.
+template <class Draw>
+void PaintAtOnce(HWND window, const Draw& draw) {
+  struct Paint {
+    explicit Paint(HWND painted) noexcept : window(painted) { BeginPaint(window, &state); }
+    ~Paint() { EndPaint(window, &state); }
+    Paint(const Paint&) = delete;
+    Paint& operator=(const Paint&) = delete;
+    HWND window;
+    PAINTSTRUCT state = {};
+  };
+  RECT area = {};
+  GetClientRect(window, &area);
+  const Paint paint(window);
+  const DrawingSurface surface({area.right, area.bottom});
+  draw(surface.context(), area);
+  const RECT& update = paint.state.rcPaint;
+  BitBlt(paint.state.hdc, update.left, update.top, update.right - update.left,
+         update.bottom - update.top, surface.context(), update.left, update.top, SRCCOPY);
+}
 
 }  // namespace quill::win32

@@ -1,3 +1,4 @@
+// The form's window: where it stands, what is in front of what, and which colours hold.
 #include "win32/form_peer.h"
 
 #include <commctrl.h>
@@ -8,10 +9,11 @@
 
 #include "ui/picture_box.h"
 #include "ui/tab_strip.h"
+#include "win32/fonts.h"
 #include "win32/mdlBHDGSRCStyle.h"
 #include "win32/modal_display.h"
 #include "win32/native_colour.h"
-#include "win32/tab_strip_peer.h"
+#include "win32/peers.h"
 #include "win32/this_module.h"
 #include "win32/win32_toolkit.h"
 
@@ -56,8 +58,6 @@ FormPeer::FormPeer(Win32Toolkit& toolkit, ui::Form& form) noexcept
 
 FormPeer::~FormPeer() {
   DestroyWindowNow();
-  for (const auto& [points, font] : fonts_) DeleteObject(font);
-  if (own_face_ != nullptr) DeleteObject(own_face_);
 }
 
 void FormPeer::MakeWindows() {
@@ -150,20 +150,20 @@ void FormPeer::ShowVisible() {
 }
 
 HFONT FormPeer::Font(int points) {
-  for (const auto& [known_points, font] : fonts_) {
-    if (known_points == points) return font;
-  }
-  fonts_.reserve(fonts_.size() + 1);
-  const HFONT font =
-      CreateFontW(toolkit().scale().FontHeight(points), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
-                  DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
-                  DEFAULT_PITCH | FF_DONTCARE, Win32Toolkit::kFontFace);
-  if (font != nullptr) fonts_.emplace_back(points, font);
-  return font;
+  com::Owned<HFONT>& font = fonts_[points];
+  if (font == nullptr) font = MakeDialogFont(toolkit().scale(), points);
+  return font.get();
 }
 
 HBRUSH FormPeer::FaceBrush() const noexcept {
-  return own_face_ != nullptr ? own_face_ : GetSysColorBrush(COLOR_BTNFACE);
+  return own_face_ != nullptr ? own_face_.get() : GetSysColorBrush(COLOR_BTNFACE);
+}
+
+LRESULT FormPeer::FillFace(HWND window, HDC context) const noexcept {
+  RECT area;
+  GetClientRect(window, &area);
+  FillRect(context, &area, FaceBrush());
+  return 1;
 }
 
 COLORREF FormPeer::FaceColour() const noexcept {
@@ -177,10 +177,9 @@ COLORREF FormPeer::TextColour() const noexcept {
 }
 
 void FormPeer::ReadColours() noexcept {
-  if (own_face_ != nullptr) DeleteObject(own_face_);
-  own_face_ = hook_.has_value() && !IsHighContrast()
-                  ? CreateSolidBrush(ToColorRef(hook_->colour_source->back_colour()))
-                  : nullptr;
+  const bool is_own = hook_.has_value() && !IsHighContrast();
+  own_face_.reset(is_own ? CreateSolidBrush(ToColorRef(hook_->colour_source->back_colour()))
+                         : nullptr);
 }
 
 void FormPeer::RepaintAll() const noexcept {
@@ -231,12 +230,8 @@ LRESULT FormPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       // Somebody else ends the window: as if by its own button, or its display would never end.
       Tell(ui::CloseAsked{});
       break;
-    case WM_ERASEBKGND: {
-      RECT area;
-      GetClientRect(window(), &area);
-      FillRect(reinterpret_cast<HDC>(wparam), &area, FaceBrush());
-      return 1;
-    }
+    case WM_ERASEBKGND:
+      return FillFace(window(), reinterpret_cast<HDC>(wparam));
     case WM_ACTIVATE:
       if (LOWORD(wparam) == WA_INACTIVE && lparam != 0 &&
           !IsWindowEnabled(reinterpret_cast<HWND>(lparam))) {
@@ -275,6 +270,10 @@ void FormPeer::ComeForward() const noexcept {
 
 void FormPeer::ShowAccessKeys() {
   if (!std::exchange(shows_access_keys_, true)) RepaintAll();
+}
+
+std::unique_ptr<WindowPeer> MakeFormPeer(Win32Toolkit& toolkit, ui::Control& control) {
+  return std::make_unique<FormPeer>(toolkit, static_cast<ui::Form&>(control));
 }
 
 }  // namespace quill::win32

@@ -1,10 +1,10 @@
 // The native window of a form, and what its controls' windows share: fonts, colours, tooltips.
 #pragma once
 
+#include <map>
 #include <optional>
-#include <utility>
-#include <vector>
 
+#include "com/owned.h"
 #include "ui/form.h"
 #include "ui/tab_background.h"
 #include "win32/window_peer.h"
@@ -32,6 +32,8 @@ class FormPeer final : public WindowPeer {
   [[nodiscard]] HFONT Font(int points);
   // Behind everything on the form.
   [[nodiscard]] HBRUSH FaceBrush() const noexcept;
+  // With that brush, the whole client area of a window; 1, as WM_ERASEBKGND wants it.
+  LRESULT FillFace(HWND window, HDC context) const noexcept;
   [[nodiscard]] COLORREF FaceColour() const noexcept;
   // Of text on that.
   [[nodiscard]] COLORREF TextColour() const noexcept;
@@ -66,9 +68,9 @@ class FormPeer final : public WindowPeer {
   void ComeForward() const noexcept;
 
   ui::Form& form_;
-  std::vector<std::pair<int, HFONT>> fonts_;  // by their size
+  std::map<int, com::Owned<HFONT>> fonts_;  // by their size
   HWND tooltips_ = nullptr;
-  HBRUSH own_face_ = nullptr;  // while the tab strip is hooked
+  com::Owned<HBRUSH> own_face_;  // while the tab strip is hooked
   std::optional<Hook> hook_;
   bool shows_access_keys_ = false;
   HWND active_before_ = nullptr;

@@ -1,98 +1,82 @@
-#include "win32/image_peer.h"
+// The native window of an image; as a tab stop it takes the keyboard focus like a button.
+#include "ui/image.h"
 
 #include "ui/image_button.h"
-#include "win32/drawing_surface.h"
+#include "win32/drawn_peer.h"
 #include "win32/form_peer.h"
 #include "win32/native_colour.h"
 #include "win32/native_picture.h"
+#include "win32/peers.h"
 #include "win32/win32_toolkit.h"
 
 namespace quill::win32 {
+namespace {
 
-WindowPeer::Style ImagePeer::GetStyle() const {
-  return {Win32Toolkit::kImageClass, nullptr, image_.IsTabStop() ? WS_TABSTOP : 0u, 0};
-}
+class ImagePeer final : public PeerOf<ui::Image, DrawnPeer> {
+ public:
+  using PeerOf::PeerOf;
 
-void ImagePeer::Show(ui::Changes changes) {
-  if (!changes.Has(ui::Changes::kPicture)) return;
-  Repaint();
-  RepaintInFront();
-}
-
-void ImagePeer::DrawBehind(HDC context, POINT origin) const {
-  RECT area = Place();
-  OffsetRect(&area, -origin.x, -origin.y);
-  Draw(context, area);
-  DrawFocus(context, area);
-}
-
-void ImagePeer::Draw(HDC context, const RECT& area) const {
-  if (image_.IsTabStop() && IsHighContrast()) {
-    // The operator's colours, which the picture does not know.
-    RECT button = area;
-    const bool pressed = ui::LooksPressed(image_);
-    DrawFrameControl(context, &button, DFC_BUTTON, DFCS_BUTTONPUSH | (pressed ? DFCS_PUSHED : 0u));
-    if (pressed) {
-      // Schemes of few colours draw both edges alike.
-      InflateRect(&button, -2, -2);
-      FrameRect(context, &button, GetSysColorBrush(COLOR_HIGHLIGHT));
-    }
-    return;
+ protected:
+  [[nodiscard]] bool CapturesMouse() const noexcept override { return true; }
+  [[nodiscard]] Style GetStyle() const override {
+    return {Win32Toolkit::kImageClass, nullptr, model_.IsTabStop() ? WS_TABSTOP : 0u, 0};
   }
-  const auto* const picture = static_cast<const NativePicture*>(image_.picture().get());
-  if (picture == nullptr) return;
-  RECT target = area;
-  if (!image_.stretch()) {
-    const SIZE size = toolkit().scale().Scaled(picture->Size());
-    target.right = target.left + size.cx;
-    target.bottom = target.top + size.cy;
+
+  void Show(ui::Changes changes) override {
+    if (changes.Has(ui::Changes::kPicture)) RepaintWithFront();
   }
-  picture->Draw(context, target);
-}
 
-void ImagePeer::DrawAll(HDC context, const RECT& area) const {
-  FillRect(context, &area, form_peer().FaceBrush());
-  Draw(context, area);
-}
-
-void ImagePeer::DrawFocus(HDC context, RECT area) const {
-  constexpr ui::Twips kInset = 45;
-  if (GetFocus() != window()) return;
-  InflateRect(&area, -toolkit().scale().PixelsX(kInset), -toolkit().scale().PixelsY(kInset));
-  SetTextColor(context, 0);
-  SetBkColor(context, RGB(255, 255, 255));
-  DrawFocusRect(context, &area);
-}
-
-LRESULT ImagePeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
-  switch (message) {
-    case WM_KILLFOCUS:
-    case WM_SETFOCUS:
-      Repaint();
-      RepaintInFront();
-      break;
-    case WM_ERASEBKGND:
-      return 1;
-    case WM_PRINTCLIENT: {
-      RECT area;
-      GetClientRect(window(), &area);
-      DrawAll(reinterpret_cast<HDC>(wparam), area);
-      return 0;
+  void Draw(HDC context, const RECT& area) const override {
+    FillRect(context, &area, form_peer().FaceBrush());
+    if (model_.IsTabStop() && IsHighContrast()) {
+      DrawPlainButton(context, area);
+    } else if (model_.picture() != nullptr) {
+      const auto& picture = static_cast<const NativePicture&>(*model_.picture());
+      RECT target = area;
+      if (!model_.stretch()) {
+        const SIZE size = toolkit().scale().Scaled(picture.Size());
+        target.right = target.left + size.cx;
+        target.bottom = target.top + size.cy;
+      }
+      picture.Draw(context, target);
     }
-    case WM_PAINT: {
-      const WindowPaint paint(window());
-      RECT area;
-      GetClientRect(window(), &area);
-      const DrawingSurface surface(paint.context(), {area.right, area.bottom});
-      DrawAll(surface.context(), area);
-      DrawFocus(surface.context(), area);
-      BitBlt(paint.context(), 0, 0, area.right, area.bottom, surface.context(), 0, 0, SRCCOPY);
-      return 0;
-    }
-    default:
-      break;
+    if (GetFocus() == window()) DrawFocus(context, area);
   }
-  return WindowPeer::Handle(message, wparam, lparam);
+
+  LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override {
+    if (message == WM_SETFOCUS || message == WM_KILLFOCUS) RepaintWithFront();
+    return DrawnPeer::Handle(message, wparam, lparam);
+  }
+
+ private:
+  void RepaintWithFront() const {
+    Repaint();
+    RepaintInFront();
+  }
+
+  // In the operator's colours, which the picture does not know.
+  void DrawPlainButton(HDC context, RECT area) const {
+    const bool pressed = ui::LooksPressed(model_);
+    DrawFrameControl(context, &area, DFC_BUTTON, DFCS_BUTTONPUSH | (pressed ? DFCS_PUSHED : 0u));
+    if (!pressed) return;
+    // Schemes of few colours draw both edges alike.
+    InflateRect(&area, -2, -2);
+    FrameRect(context, &area, GetSysColorBrush(COLOR_HIGHLIGHT));
+  }
+
+  void DrawFocus(HDC context, RECT area) const {
+    constexpr ui::Twips kInset = 45;
+    InflateRect(&area, -toolkit().scale().PixelsX(kInset), -toolkit().scale().PixelsY(kInset));
+    SetTextColor(context, 0);
+    SetBkColor(context, RGB(255, 255, 255));
+    DrawFocusRect(context, &area);
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<WindowPeer> MakeImagePeer(Win32Toolkit& toolkit, ui::Control& control) {
+  return MakePeerOf<ImagePeer>(toolkit, control);
 }
 
 }  // namespace quill::win32

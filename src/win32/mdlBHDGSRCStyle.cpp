@@ -1,3 +1,5 @@
+// The strip paints itself into memory, where its face colour is then exchanged for the box's
+// colour.
 #include "win32/mdlBHDGSRCStyle.h"
 
 #include "win32/drawing_surface.h"
@@ -13,7 +15,6 @@ constexpr wchar_t kStrip[] = L"GridOBJ";
 
 constexpr DWORD kMergePaint = 0x00BB0226;  // destination OR NOT source
 constexpr DWORD kSourceAnd = 0x008800C6;   // destination AND source
-constexpr DWORD kSourceCopy = 0x00CC0020;
 constexpr ui::Colour kButtonFace = 0x8000000Fu;
 
 WNDPROC FormerProcedure(HWND window) {
@@ -28,50 +29,23 @@ void Mix(HDC context, const RECT& area, const ui::PictureBox& box, DWORD operati
              peer->inner_size().cy, operation);
 }
 
-// The box's colour comes back, whatever happens to the picture in between.
-class KeptColour {
- public:
-  explicit KeptColour(ui::PictureBox& box) noexcept : box_(box), colour_(box.back_colour()) {}
-  ~KeptColour() {
-    try {
-      box_.SetBackColour(colour_);
-    } catch (...) {
-      // The next painting tries again.
-    }
-  }
-  KeptColour(const KeptColour&) = delete;
-  KeptColour& operator=(const KeptColour&) = delete;
-
- private:
-  ui::PictureBox& box_;
-  const ui::Colour colour_;
-};
-
-void Paint(HWND window, ui::PictureBox& box) {
-  RECT area;
-  GetClientRect(window, &area);
-  const WindowPaint paint(window);
-  const DrawingSurface surface(paint.context(), {area.right, area.bottom});
-  const HDC memory = surface.context();
-
+void Paint(HDC memory, const RECT& area, HWND window, ui::PictureBox& box) {
   // A strip that is given a device context paints into it, but does not clear it first.
   const WNDPROC former = FormerProcedure(window);
   CallWindowProcW(former, window, WM_ERASEBKGND, reinterpret_cast<WPARAM>(memory), 0);
   CallWindowProcW(former, window, WM_PAINT, reinterpret_cast<WPARAM>(memory), 0);
+  if (IsHighContrast()) return;
 
-  if (!IsHighContrast()) {
-    SetStretchBltMode(memory, COLORONCOLOR);
-    {
-      const KeptColour kept(box);
-      box.SetBackColour(kButtonFace);
-      Mix(memory, area, box, kMergePaint);
-    }
-    Mix(memory, area, box, kSourceAnd);
+  SetStretchBltMode(memory, COLORONCOLOR);
+  const ui::Colour own = box.back_colour();
+  try {
+    box.SetBackColour(kButtonFace);
+    Mix(memory, area, box, kMergePaint);
+  } catch (...) {
+    // The box's own colour comes back, whatever happens to its drawing in between.
   }
-
-  const RECT& update = paint.update();
-  BitBlt(paint.context(), update.left, update.top, update.right - update.left,
-         update.bottom - update.top, memory, update.left, update.top, kSourceCopy);
+  box.SetBackColour(own);
+  Mix(memory, area, box, kSourceAnd);
 }
 
 }  // namespace
@@ -105,7 +79,7 @@ LRESULT CALLBACK TabBackgroundProc(HWND window, UINT message, WPARAM wparam, LPA
     return CallWindowProcW(former, window, message, wparam, lparam);
   }
   try {
-    Paint(window, *box);
+    PaintAtOnce(window, [&](HDC memory, const RECT& area) { Paint(memory, area, window, *box); });
   } catch (...) {
     // Nothing may pass into the system.
   }

@@ -30,6 +30,11 @@ static_assert(sizeof(wchar_t) == sizeof(char16_t));
 }
 
 // The text of a window; empty for one that has none.
-[[nodiscard]] Text WindowText(HWND window);
+[[nodiscard]] inline Text WindowText(HWND window) {
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(
+      static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return FromWide(text);
+}
 
 }  // namespace quill::win32

@@ -5,14 +5,14 @@
 
 #include "ui/picture_box.h"
 #include "win32/drawing_surface.h"
-#include "win32/window_peer.h"
+#include "win32/drawn_peer.h"
+#include "win32/peers.h"
 
 namespace quill::win32 {
 
-class PictureBoxPeer final : public WindowPeer {
+class PictureBoxPeer final : public PeerOf<ui::PictureBox, DrawnPeer> {
  public:
-  PictureBoxPeer(Win32Toolkit& toolkit, ui::PictureBox& box) noexcept
-      : WindowPeer(toolkit, box), box_(box) {}
+  using PeerOf::PeerOf;
 
   // With a persistent image: its device context, in which the whole of it has the background
   // colour. Null otherwise.
@@ -23,12 +23,11 @@ class PictureBoxPeer final : public WindowPeer {
   [[nodiscard]] SIZE inner_size() const noexcept { return inner_size_; }
 
  protected:
-  [[nodiscard]] Style GetStyle() const override;
+  [[nodiscard]] Style GetStyle() const override { return {L"STATIC", nullptr, 0, 0}; }
   void Show(ui::Changes changes) override;
-  LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
+  void Draw(HDC context, const RECT& area) const override;
 
  private:
-  ui::PictureBox& box_;
   std::optional<DrawingSurface> image_;
   SIZE inner_size_ = {};
 };

@@ -6,10 +6,6 @@
 namespace quill::win32 {
 namespace {
 
-constexpr int kPointsPerInch = 72;
-
-constexpr int kUsualDotsPerInch = 96;
-
 // A function of Windows 10 and later; null where there is none.
 template <class Function>
 Function Offered(const char* name) noexcept {
@@ -24,7 +20,7 @@ HANDLE SetContext(HANDLE context) noexcept {
 
 }  // namespace
 
-ScreenScale::ScreenScale() noexcept : ScreenScale(kUsualDotsPerInch, kUsualDotsPerInch) {
+ScreenScale::ScreenScale() noexcept : ScreenScale(96, 96) {
   const HDC screen = GetDC(nullptr);
   if (screen == nullptr) return;
   const int x = GetDeviceCaps(screen, LOGPIXELSX);
@@ -34,32 +30,9 @@ ScreenScale::ScreenScale() noexcept : ScreenScale(kUsualDotsPerInch, kUsualDotsP
   if (y > 0) dots_per_inch_y_ = y;
 }
 
-int ScreenScale::PixelsX(ui::Twips twips) const noexcept {
-  return MulDiv(twips, dots_per_inch_x_, ui::kTwipsPerInch);
-}
-int ScreenScale::PixelsY(ui::Twips twips) const noexcept {
-  return MulDiv(twips, dots_per_inch_y_, ui::kTwipsPerInch);
-}
-
 RECT ScreenScale::Pixels(const ui::Bounds& bounds) const noexcept {
   return {PixelsX(bounds.left), PixelsY(bounds.top), PixelsX(bounds.left + bounds.width),
           PixelsY(bounds.top + bounds.height)};
-}
-
-ui::Twips ScreenScale::TwipsX(int pixels) const noexcept {
-  return MulDiv(pixels, ui::kTwipsPerInch, dots_per_inch_x_);
-}
-ui::Twips ScreenScale::TwipsY(int pixels) const noexcept {
-  return MulDiv(pixels, ui::kTwipsPerInch, dots_per_inch_y_);
-}
-
-SIZE ScreenScale::Scaled(SIZE size) const noexcept {
-  return {MulDiv(size.cx, dots_per_inch_x_, kUsualDotsPerInch),
-          MulDiv(size.cy, dots_per_inch_y_, kUsualDotsPerInch)};
-}
-
-int ScreenScale::FontHeight(int points) const noexcept {
-  return -MulDiv(points, dots_per_inch_y_, kPointsPerInch);
 }
 
 SystemResolution::SystemResolution() noexcept {

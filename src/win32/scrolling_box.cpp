@@ -22,7 +22,6 @@ constexpr SIZE kButton = {75, 23};
 constexpr SIZE kAroundSystemText = {0, 140};  // what the system's box is taller than its text
 
 constexpr int kTextId = 0xFFFF;  // as in the system's box
-constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
 
 // The font of the system's box; null: it does not tell.
 com::Owned<HFONT> MakeMessageFont() noexcept {
@@ -69,34 +68,26 @@ class ScrollingBox {
   ScrollingBox& operator=(const ScrollingBox&) = delete;
 
   INT_PTR Show() {
-    struct alignas(DWORD) {
-      DLGTEMPLATE dialog;
-      WORD no_menu_class_title[3];
-    } const design = {{kStyle, 0, 0, 0, 0, 0, 0}, {}};
-    return DialogBoxIndirectParamW(ThisModule(), &design.dialog, owner_, &Handle,
-                                   reinterpret_cast<LPARAM>(this));
+    return DialogBoxParamW(ThisModule(), L"SCROLLBOX", owner_, &Handle,
+                           reinterpret_cast<LPARAM>(this));
   }
 
  private:
   static INT_PTR CALLBACK Handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     if (message == WM_INITDIALOG) {
       SetWindowLongPtrW(window, DWLP_USER, lparam);
-      auto& box = *reinterpret_cast<ScrollingBox*>(lparam);
-      if (!box.Fill(window)) box.Close(window, 0);
+      reinterpret_cast<ScrollingBox*>(lparam)->Fill(window);
       return FALSE;  // the focus is where it belongs
     }
     if (message != WM_COMMAND) return FALSE;
     if (LOWORD(wparam) != IDOK && LOWORD(wparam) != IDCANCEL) return FALSE;
-    reinterpret_cast<ScrollingBox*>(GetWindowLongPtrW(window, DWLP_USER))->Close(window, IDOK);
+    // The others first: the system activates one of them when the box goes.
+    reinterpret_cast<ScrollingBox*>(GetWindowLongPtrW(window, DWLP_USER))->others_.reset();
+    EndDialog(window, IDOK);
     return TRUE;
   }
 
-  void Close(HWND window, INT_PTR result) noexcept {
-    others_.reset();
-    EndDialog(window, result);
-  }
-
-  bool Fill(HWND window) noexcept {
+  void Fill(HWND window) noexcept {
     if (owner_ == nullptr) others_.emplace(window, GetActiveWindow()).HoldBackOthers();
     const ScreenScale scale;
     const SIZE margin = scale.Scaled(kMargin);
@@ -115,32 +106,21 @@ class ScrollingBox {
         room.cy / 8 * 7 - frame.cy};
     const SIZE field = {inner.cx - 2 * margin.cx, inner.cy - button.cy - 3 * margin.cy};
 
+    const auto place = [&](int id, LONG left, LONG top, SIZE size) {
+      const HWND control = GetDlgItem(window, id);
+      MoveWindow(control, left, top, size.cx, size.cy, FALSE);
+      SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
+      return control;
+    };
     SetWindowTextW(window, Wide(caption_));
     MoveWindow(window, work.left + (room.cx - inner.cx - frame.cx) / 2, work.top + room.cy / 16,
                inner.cx + frame.cx, inner.cy + frame.cy, FALSE);
-    const HWND text = Add(window, L"EDIT", ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | WS_VSCROLL,
-                          kTextId, {margin.cx, margin.cy, field.cx, field.cy});
-    const HWND ok =
-        Add(window, L"BUTTON", BS_DEFPUSHBUTTON, IDOK,
-            {(inner.cx - button.cx) / 2, inner.cy - margin.cy - button.cy, button.cx, button.cy});
-    if (text == nullptr || ok == nullptr) return false;
-    SetWindowTextW(ok, L"OK");
+    place(IDOK, (inner.cx - button.cx) / 2, inner.cy - margin.cy - button.cy, button);
+    const HWND text = place(kTextId, margin.cx, margin.cy, field);
     SetWindowTextW(text, Wide(text_));
     SetWindowSubclass(text, &CopyWithoutSelection, 0, 0);
     MessageBeep(MB_OK);
     SetFocus(text);
-    return true;
-  }
-
-  // `place` is left, top, width, height.
-  HWND Add(HWND window, const wchar_t* kind, DWORD style, int id, const RECT& place) noexcept {
-    const HWND added =
-        CreateWindowExW(0, kind, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | style, place.left,
-                        place.top, place.right, place.bottom, window,
-                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), ThisModule(), nullptr);
-    if (added != nullptr)
-      SendMessageW(added, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
-    return added;
   }
 
   HWND owner_;

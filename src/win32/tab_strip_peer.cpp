@@ -1,11 +1,16 @@
-#include "win32/tab_strip_peer.h"
+// The native tab strip.
+#include "ui/tab_strip.h"
+
+#include <windows.h>
 
 #include <commctrl.h>
 #include <windowsx.h>
 
+#include <vector>
+
 #include "win32/form_peer.h"
 #include "win32/native_text.h"
-#include "win32/win32_toolkit.h"
+#include "win32/peers.h"
 
 namespace quill::win32 {
 namespace {
@@ -20,64 +25,76 @@ BOOL CALLBACK Freshen(HWND window, LPARAM) {
   return TRUE;
 }
 
+class TabStripPeer final : public PeerOf<ui::TabStrip> {
+ public:
+  using PeerOf::PeerOf;
+
+  [[nodiscard]] Style GetStyle() const override {
+    return {WC_TABCONTROLW, nullptr, TCS_TABS | TCS_FOCUSONBUTTONDOWN | WS_TABSTOP, 0};
+  }
+
+  void Show(ui::Changes changes) override {
+    if (Send(TCM_GETITEMCOUNT) == 0) {
+      int place = 0;
+      for (const Text& caption : model_.captions()) {
+        TCITEMW item = {};
+        item.mask = TCIF_TEXT;
+        item.pszText = const_cast<wchar_t*>(Wide(caption));
+        Send(TCM_INSERTITEMW, static_cast<WPARAM>(place++), reinterpret_cast<LPARAM>(&item));
+      }
+    }
+    if (changes.Has(ui::Changes::kTurnBegins) && !making()) BeginOnePaint();
+    if (changes.Has(ui::Changes::kSelection) && Send(TCM_GETCURSEL) != model_.selected()) {
+      Send(TCM_SETCURSEL, static_cast<WPARAM>(model_.selected()));
+    }
+    if (changes.Has(ui::Changes::kTurnEnds) && !making()) EndOnePaint();
+  }
+
+  void OnNotify(const NMHDR& header) override {
+    if (header.code == TCN_SELCHANGE) Tell(ui::TabChosen{static_cast<int>(Send(TCM_GETCURSEL))});
+  }
+
+  LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override {
+    if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) {
+      TCHITTESTINFO hit = {{GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)}, 0};
+      // Beside the tabs the class would take the focus from the field being edited.
+      if (Send(TCM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)) < 0) return 0;
+    }
+    return WindowPeer::Handle(message, wparam, lparam);
+  }
+
+ private:
+  // The page that is hidden and the one that is shown must not be seen one after the other.
+  void BeginOnePaint() {
+    hidden_pages_.clear();
+    for (const ui::Control* const page : model_.form().children()) {
+      if (!page->visible()) hidden_pages_.push_back(page);
+    }
+    SendMessageW(form_peer().window(), WM_SETREDRAW, FALSE, 0);
+  }
+
+  void EndOnePaint() {
+    if (!model_.form().shown()) return;  // painting would show it again
+    SendMessageW(form_peer().window(), WM_SETREDRAW, TRUE, 0);
+    for (const ui::Control* const page : hidden_pages_) {
+      if (!page->visible()) continue;
+      const HWND shown = Of(*page)->window();
+      Freshen(shown, 0);
+      EnumChildWindows(shown, &Freshen, 0);
+      MsgWaitForMultipleObjects(0, nullptr, FALSE, 0, 0);  // likewise for a thread's last wait
+      RedrawWindow(shown, nullptr, nullptr,
+                   RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    }
+    RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE);  // the tabs
+  }
+
+  std::vector<const ui::Control*> hidden_pages_;  // when the paint was held back
+};
+
 }  // namespace
 
-WindowPeer::Style TabStripPeer::GetStyle() const {
-  return {WC_TABCONTROLW, nullptr, TCS_TABS | TCS_FOCUSONBUTTONDOWN | WS_TABSTOP, 0};
-}
-
-void TabStripPeer::Show(ui::Changes changes) {
-  if (Send(TCM_GETITEMCOUNT) == 0) {
-    SetFont(Win32Toolkit::kFontPoints);
-    int place = 0;
-    for (const Text& caption : strip_.captions()) {
-      TCITEMW item = {};
-      item.mask = TCIF_TEXT;
-      item.pszText = const_cast<wchar_t*>(Wide(caption));
-      Send(TCM_INSERTITEMW, static_cast<WPARAM>(place++), reinterpret_cast<LPARAM>(&item));
-    }
-  }
-  if (changes.Has(ui::Changes::kTurnBegins) && !making()) BeginOnePaint();
-  if (changes.Has(ui::Changes::kSelection) && Send(TCM_GETCURSEL) != strip_.selected()) {
-    Send(TCM_SETCURSEL, static_cast<WPARAM>(strip_.selected()));
-  }
-  if (changes.Has(ui::Changes::kTurnEnds) && !making()) EndOnePaint();
-}
-
-void TabStripPeer::OnNotify(const NMHDR& header) {
-  if (header.code == TCN_SELCHANGE) Tell(ui::TabChosen{static_cast<int>(Send(TCM_GETCURSEL))});
-}
-
-LRESULT TabStripPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
-  if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) {
-    TCHITTESTINFO hit = {{GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)}, 0};
-    // Beside the tabs the class would take the focus from the field being edited.
-    if (Send(TCM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)) < 0) return 0;
-  }
-  return WindowPeer::Handle(message, wparam, lparam);
-}
-
-void TabStripPeer::BeginOnePaint() {
-  hidden_pages_.clear();
-  for (const ui::Control* const page : strip_.form().children()) {
-    if (!page->visible()) hidden_pages_.push_back(page);
-  }
-  SendMessageW(form_peer().window(), WM_SETREDRAW, FALSE, 0);
-}
-
-void TabStripPeer::EndOnePaint() {
-  if (!strip_.form().shown()) return;  // painting would show it again
-  SendMessageW(form_peer().window(), WM_SETREDRAW, TRUE, 0);
-  for (const ui::Control* const page : hidden_pages_) {
-    if (!page->visible()) continue;
-    const HWND shown = Of(*page)->window();
-    Freshen(shown, 0);
-    EnumChildWindows(shown, &Freshen, 0);
-    MsgWaitForMultipleObjects(0, nullptr, FALSE, 0, 0);  // likewise for a thread's last wait
-    RedrawWindow(shown, nullptr, nullptr,
-                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
-  }
-  RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE);  // the tabs
+std::unique_ptr<WindowPeer> MakeTabStripPeer(Win32Toolkit& toolkit, ui::Control& control) {
+  return MakePeerOf<TabStripPeer>(toolkit, control);
 }
 
 }  // namespace quill::win32

@@ -1,3 +1,5 @@
+// Boxes, menus and modal displays, and what all windows of a thread have in
+// common.
 #include "win32/win32_toolkit.h"
 
 #include <commctrl.h>
@@ -6,35 +8,16 @@
 #include <ranges>
 #include <string>
 
-#include "ui/check_box.h"
-#include "ui/combo_box.h"
-#include "ui/command_button.h"
-#include "ui/frame.h"
-#include "ui/image.h"
-#include "ui/label.h"
-#include "ui/list_box.h"
-#include "ui/picture_box.h"
-#include "ui/tab_strip.h"
-#include "ui/text_box.h"
-#include "win32/check_box_peer.h"
-#include "win32/combo_box_peer.h"
-#include "win32/command_button_peer.h"
 #include "win32/file_handle.h"
+#include "win32/fonts.h"
 #include "win32/form_peer.h"
-#include "win32/frame_peer.h"
-#include "win32/image_peer.h"
-#include "win32/label_peer.h"
 #include "win32/last_error.h"
-#include "win32/list_box_peer.h"
 #include "win32/modal_display.h"
 #include "win32/mouse_buttons.h"
 #include "win32/native_file_dialog.h"
-#include "win32/native_menu.h"
 #include "win32/native_text.h"
-#include "win32/picture_box_peer.h"
+#include "win32/peers.h"
 #include "win32/scrolling_box.h"
-#include "win32/tab_strip_peer.h"
-#include "win32/text_box_peer.h"
 #include "win32/this_module.h"
 
 namespace quill::win32 {
@@ -42,62 +25,39 @@ namespace {
 
 constexpr std::size_t kMostCachedPictures = 16;
 
+// In the order of ui::ControlKind, whose last one has no peer.
+constexpr PeerMaker* kMakers[] = {MakeFormPeer,    MakeTabStripPeer,  MakeFramePeer,
+                                  MakeLabelPeer,   MakeTextBoxPeer,   MakeCheckBoxPeer,
+                                  MakeListBoxPeer, MakeComboBoxPeer,  MakeCommandButtonPeer,
+                                  MakeImagePeer,   MakePictureBoxPeer};
+static_assert(std::size(kMakers) == static_cast<std::size_t>(ui::ControlKind::kFileDialog));
+
 // Height of a line of the dialog's font, in pixels.
 int FontLineHeight(const ScreenScale& scale) {
-  int height = 0;
-  const HDC screen = GetDC(nullptr);
-  const HFONT font =
-      CreateFontW(scale.FontHeight(Win32Toolkit::kFontPoints), 0, 0, 0, FW_NORMAL, FALSE, FALSE,
-                  FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
-                  DEFAULT_PITCH | FF_DONTCARE, Win32Toolkit::kFontFace);
-  if (screen != nullptr && font != nullptr) {
-    const HGDIOBJ previous = SelectObject(screen, font);
-    TEXTMETRICW metrics = {};
-    if (GetTextMetricsW(screen, &metrics)) height = metrics.tmHeight;
-    SelectObject(screen, previous);
-  }
-  if (font != nullptr) DeleteObject(font);
-  if (screen != nullptr) ReleaseDC(nullptr, screen);
-  return height > 0 ? height : scale.PixelsY(195);
+  constexpr ui::Twips kUsualHeight = 195;
+  const auto font = MakeDialogFont(scale, kDialogFontPoints);
+  const int height = FontContext(nullptr, font.get()).Metrics().tmHeight;
+  return height > 0 ? height : scale.PixelsY(kUsualHeight);
 }
 
-FormPeer& PeerOf(const ui::Form& form) {
+// Shows the items at that place of the screen until one is chosen or the menu
+// is left; -1: left, or it could not be shown.
+int ChooseFromMenu(HWND owner, POINT place, const std::vector<ui::MenuItem>& items) {
+  const com::Owned<HMENU> menu(CreatePopupMenu());
+  if (menu == nullptr) return -1;
+  UINT_PTR command = 0;  // counted from 1: the system answers 0 for none
+  for (const ui::MenuItem& item : items) {
+    if (item.begins_group) AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
+    const Text text = Concat({item.caption, u"\t", item.key_name});
+    AppendMenuW(menu.get(), MF_STRING | (item.is_usable() ? 0u : MF_GRAYED), ++command, Wide(text));
+  }
+  return static_cast<int>(TrackPopupMenuEx(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x,
+                                           place.y, owner, nullptr)) -
+         1;
+}
+
+FormPeer& FormPeerOf(const ui::Form& form) {
   return static_cast<FormPeer&>(*form.peer());
-}
-
-template <class PeerType, class ControlType>
-std::unique_ptr<WindowPeer> Make(Win32Toolkit& toolkit, ui::Control& control) {
-  return std::make_unique<PeerType>(toolkit, static_cast<ControlType&>(control));
-}
-
-std::unique_ptr<WindowPeer> MakeForKind(Win32Toolkit& toolkit, ui::Control& control) {
-  switch (control.kind()) {
-    case ui::ControlKind::kForm:
-      return Make<FormPeer, ui::Form>(toolkit, control);
-    case ui::ControlKind::kTabStrip:
-      return Make<TabStripPeer, ui::TabStrip>(toolkit, control);
-    case ui::ControlKind::kFrame:
-      return Make<FramePeer, ui::Frame>(toolkit, control);
-    case ui::ControlKind::kLabel:
-      return Make<LabelPeer, ui::Label>(toolkit, control);
-    case ui::ControlKind::kTextBox:
-      return Make<TextBoxPeer, ui::TextBox>(toolkit, control);
-    case ui::ControlKind::kCheckBox:
-      return Make<CheckBoxPeer, ui::CheckBox>(toolkit, control);
-    case ui::ControlKind::kListBox:
-      return Make<ListBoxPeer, ui::ListBox>(toolkit, control);
-    case ui::ControlKind::kComboBox:
-      return Make<ComboBoxPeer, ui::ComboBox>(toolkit, control);
-    case ui::ControlKind::kCommandButton:
-      return Make<CommandButtonPeer, ui::CommandButton>(toolkit, control);
-    case ui::ControlKind::kImage:
-      return Make<ImagePeer, ui::Image>(toolkit, control);
-    case ui::ControlKind::kPictureBox:
-      return Make<PictureBoxPeer, ui::PictureBox>(toolkit, control);
-    case ui::ControlKind::kFileDialog:
-      break;
-  }
-  return nullptr;
 }
 
 }  // namespace
@@ -105,16 +65,17 @@ std::unique_ptr<WindowPeer> MakeForKind(Win32Toolkit& toolkit, ui::Control& cont
 Win32Toolkit::Win32Toolkit() : list_row_pixels_(FontLineHeight(scale_)) {}
 
 Win32Toolkit::~Win32Toolkit() {
-  // What still waits may hold forms, and they need the class of their windows until they are gone.
+  // What still waits may hold forms, and they need the class of their windows
+  // until they are gone.
   tasks_.RunAll();
   for (const wchar_t* const name : {kFormClass, kImageClass}) UnregisterClassW(name, ThisModule());
 }
 
 std::unique_ptr<ui::Peer> Win32Toolkit::MakePeer(ui::Control& control) {
-  auto peer = MakeForKind(*this, control);
-  if (peer != nullptr && control.container() != nullptr) {
+  auto peer = kMakers[static_cast<std::size_t>(control.kind())](*this, control);
+  if (control.container() != nullptr) {
     const SystemResolution resolution;
-    PeerOf(control.form()).MakeWindowOf(*peer);
+    FormPeerOf(control.form()).MakeWindowOf(*peer);
   }
   return peer;
 }
@@ -149,8 +110,8 @@ HWND Win32Toolkit::BoxOwner() const noexcept {
   return nullptr;
 }
 
-// While a box is open the windows that wait for the form go on waiting, even if the form is closed
-// meanwhile.
+// While a box is open the windows that wait for the form go on waiting, even if
+// the form is closed meanwhile.
 template <class Box>
 auto Win32Toolkit::WithBox(const Box& show) {
   struct Open {
@@ -187,7 +148,7 @@ void Win32Toolkit::ShowMessage(TextView caption, TextView text) {
 
 std::vector<Text> Win32Toolkit::ShowFileDialog(ui::Form& owner,
                                                const ui::FileDialogRequest& request) {
-  const HWND window = owner.shown() ? PeerOf(owner).window() : BoxOwner();
+  const HWND window = owner.shown() ? FormPeerOf(owner).window() : BoxOwner();
   return WithBox([&] { return AskForFiles(window, request); });
 }
 
@@ -222,17 +183,15 @@ void Win32Toolkit::PointerChanged() const noexcept {
 }
 
 void Win32Toolkit::RunModal(ui::Form& form) {
-  FormPeer& peer = PeerOf(form);
+  FormPeer& peer = FormPeerOf(form);
   ModalDisplay modal(peer.window(), peer.active_before());
   displays_.push_back({&form, &modal});
-  try {
-    modal.HoldBackOthers();
-    modal.Run();
-  } catch (...) {
-    displays_.pop_back();
-    throw;
-  }
-  displays_.pop_back();
+  struct Ended {
+    std::vector<Display>& displays;
+    ~Ended() { displays.pop_back(); }
+  } const ended{displays_};
+  modal.HoldBackOthers();
+  modal.Run();
 }
 
 void Win32Toolkit::EndModal(ui::Form& form) {
@@ -246,11 +205,11 @@ void Win32Toolkit::EndModal(ui::Form& form) {
 }
 
 void Win32Toolkit::HookTabBackground(ui::TabStrip& strip, ui::PictureBox& colour_source) {
-  PeerOf(strip.form()).HookTabBackground(strip, colour_source);
+  FormPeerOf(strip.form()).HookTabBackground(strip, colour_source);
 }
 
 void Win32Toolkit::UnhookTabBackground(ui::TabStrip& strip) {
-  PeerOf(strip.form()).UnhookTabBackground(strip);
+  FormPeerOf(strip.form()).UnhookTabBackground(strip);
 }
 
 void Win32Toolkit::RegisterClasses() {

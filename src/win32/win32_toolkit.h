@@ -19,10 +19,9 @@ class ModalDisplay;
 class Win32Toolkit final : public ui::Toolkit {
  public:
   static constexpr wchar_t kFormClass[] = L"QuillForm";
-  // Of an image. Assistive tools know the system's classes, and take a STATIC for text.
+  // Of an image. Assistive tools know the system's classes, and take a STATIC
+  // for text.
   static constexpr wchar_t kImageClass[] = L"QuillImage";
-  static constexpr wchar_t kFontFace[] = L"MS Shell Dlg";
-  static constexpr int kFontPoints = 8;
 
   Win32Toolkit();
   // Every form is gone by now, or goes with the tasks that are still waiting.
@@ -45,18 +44,7 @@ class Win32Toolkit final : public ui::Toolkit {
   void UnhookTabBackground(ui::TabStrip& strip) override;
 
   // Marks a native event of the plug-in as being handled.
-  class EventScope {
-   public:
-    explicit EventScope(Win32Toolkit& toolkit) noexcept : tasks_(toolkit.tasks_) {
-      tasks_.EventBegan();
-    }
-    ~EventScope() { tasks_.EventEnded(); }
-    EventScope(const EventScope&) = delete;
-    EventScope& operator=(const EventScope&) = delete;
-
-   private:
-    DeferredTasks& tasks_;
-  };
+  [[nodiscard]] DeferredTasks::Event BeginEvent() noexcept { return DeferredTasks::Event(tasks_); }
 
   [[nodiscard]] const ScreenScale& scale() const noexcept { return scale_; }
   // Height of a row of a list box, in pixels.
@@ -78,7 +66,8 @@ class Win32Toolkit final : public ui::Toolkit {
     ui::Form* form;
     ModalDisplay* modal;
   };
-  // The window that message boxes and file dialogs belong to; null: none is shown.
+  // The window that message boxes and file dialogs belong to; null: none is
+  // shown.
   [[nodiscard]] HWND BoxOwner() const noexcept;
   template <class Box>
   auto WithBox(const Box& show);

@@ -1,13 +1,13 @@
+// The passage of messages and changes between a native window and its control.
 #include "win32/window_peer.h"
 
 #include <commctrl.h>
 
 #include <algorithm>
-#include <functional>
 #include <utility>
 
 #include "win32/accessible_object.h"
-#include "win32/control_name.h"
+#include "win32/fonts.h"
 #include "win32/form_peer.h"
 #include "win32/last_error.h"
 #include "win32/native_text.h"
@@ -35,24 +35,32 @@ struct Counted {
   int& count_;
 };
 
-// Where the window stands in a list that is sorted by windows, or would stand.
-auto PlaceOf(HWND window, std::vector<std::pair<HWND, WindowPeer*>>& peers) {
-  return std::lower_bound(peers.begin(), peers.end(), window, [](const auto& entry, HWND wanted) {
-    return std::less<>()(entry.first, wanted);
-  });
+// The name of a control on its window, for robots: this window property holds a global atom of it.
+constexpr wchar_t kControlName[] = L"ControlName";
+
+void AttachControlName(HWND window, const Text& name) {
+  const ATOM atom = GlobalAddAtomW(Wide(name));
+  if (atom != 0 && !SetPropW(window, kControlName, reinterpret_cast<HANDLE>(ULONG_PTR{atom}))) {
+    GlobalDeleteAtom(atom);
+  }
+}
+
+void DetachControlName(HWND window) noexcept {
+  const HANDLE value = RemovePropW(window, kControlName);
+  if (value != nullptr) GlobalDeleteAtom(static_cast<ATOM>(reinterpret_cast<ULONG_PTR>(value)));
 }
 
 }  // namespace
 
-std::vector<std::pair<HWND, WindowPeer*>> WindowPeer::peers_;
+std::map<HWND, WindowPeer*> WindowPeer::peers_;
 
 WindowPeer::~WindowPeer() {
   DestroyWindowNow();
 }
 
 WindowPeer* WindowPeer::Of(HWND window) noexcept {
-  const auto place = PlaceOf(window, peers_);
-  return place != peers_.end() && place->first == window ? place->second : nullptr;
+  const auto found = peers_.find(window);
+  return found != peers_.end() ? found->second : nullptr;
 }
 
 WindowPeer* WindowPeer::Of(const ui::Control& control) noexcept {
@@ -82,7 +90,7 @@ void WindowPeer::MakeWindow(HWND parent) {
 
   window_ = window;
   try {
-    peers_.emplace(PlaceOf(window, peers_), window, this);
+    peers_.emplace(window, this);
   } catch (...) {
     DestroyWindow(std::exchange(window_, nullptr));
     throw;
@@ -93,6 +101,7 @@ void WindowPeer::MakeWindow(HWND parent) {
 
   const Counted counted(showing_);
   making_ = true;
+  ShowFont(ui::Changes::Everything());
   Show(ui::Changes::Everything());
   making_ = false;
   if (!is_form) ShowTooltip();
@@ -109,7 +118,10 @@ void WindowPeer::Sync(ui::Changes changes) {
   if (changes.Has(ui::Changes::kBounds) && window_ != nullptr) TakePlace();
   if (changes.Has(ui::Changes::kOrder)) ShowOrder();
   if (changes.Has(ui::Changes::kEnabled)) ShowEnabled();
-  if (window_ != nullptr) Show(changes);
+  if (window_ != nullptr) {
+    ShowFont(changes);
+    Show(changes);
+  }
   if (changes.Has(ui::Changes::kTooltip)) ShowTooltip();
   if (changes.Has(ui::Changes::kVisible) && visible) ShowVisible();
   if (changes.Has(ui::Changes::kFocus)) ShowFocus(changes.Has(ui::Changes::kReachedByKey));
@@ -163,7 +175,7 @@ void WindowPeer::ShowTooltip() {
   if (window_ == nullptr || (text.empty() && !has_tooltip_)) return;
   TTTOOLINFOW tool = {};
   tool.cbSize = TTTOOLINFOW_V1_SIZE;
-  tool.uFlags = TTF_IDISHWND;
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
   tool.hwnd = form_peer().window();
   tool.uId = reinterpret_cast<UINT_PTR>(window_);
   tool.lpszText = const_cast<wchar_t*>(Wide(text));
@@ -174,8 +186,9 @@ void WindowPeer::ShowTooltip() {
   has_tooltip_ = !text.empty();
 }
 
-void WindowPeer::SetFont(int points) {
-  Send(WM_SETFONT, reinterpret_cast<WPARAM>(form_peer().Font(points)), FALSE);
+void WindowPeer::ShowFont(ui::Changes changes) {
+  if (!changes.Has(ui::Changes::kFont)) return;
+  Send(WM_SETFONT, reinterpret_cast<WPARAM>(form_peer().Font(kDialogFontPoints)), FALSE);
 }
 
 void WindowPeer::Repaint() const {
@@ -201,9 +214,6 @@ void WindowPeer::RepaintInFront() const {
 bool WindowPeer::Tell(const ui::Fact& fact) {
   return showing_ == 0 && !closing_ && window_ != nullptr && control_.Happened(fact);
 }
-
-void WindowPeer::OnCommand(WORD) {}
-void WindowPeer::OnNotify(const NMHDR&) {}
 
 LRESULT WindowPeer::PassOnMouse(UINT message, WPARAM wparam, LPARAM lparam) {
   // The system would turn the fourth and fifth button into going back and forward.
@@ -289,18 +299,6 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       if (static_cast<LONG>(lparam) != OBJID_CLIENT) break;
       if (const LRESULT answer = AnswerAssistiveTool(window_, wparam)) return answer;
       break;
-    case WM_MOUSEMOVE:
-    case WM_LBUTTONDOWN:
-    case WM_LBUTTONUP:
-    case WM_RBUTTONDOWN:
-    case WM_RBUTTONUP:
-    case WM_MBUTTONDOWN:
-    case WM_MBUTTONUP:
-      if (has_tooltip_) {
-        MSG relayed = {window_, message, wparam, lparam, 0, {0, 0}};
-        SendMessageW(form_peer().Tooltips(), TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
-      }
-      break;
     default:
       break;
   }
@@ -327,7 +325,7 @@ LRESULT CALLBACK WindowPeer::Procedure(HWND window, UINT message, WPARAM wparam,
     return CallWindowProcW(original, window, message, wparam, lparam);
   }
   if (peer->closing_) return peer->CallOriginal(message, wparam, lparam);
-  const Win32Toolkit::EventScope scope(peer->toolkit_);
+  const auto event = peer->toolkit_.BeginEvent();
   try {
     if (const auto fact = peer->buttons_.FactOf(window, message, wparam, lparam,
                                                 peer->toolkit_.scale(), peer->CapturesMouse())) {
@@ -349,8 +347,7 @@ void WindowPeer::DestroyWindowNow() noexcept {
 // The window is going, with its peer or before it.
 void WindowPeer::Forget() noexcept {
   DetachControlName(window_);
-  peers_.erase(PlaceOf(window_, peers_));
-  SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original_));
+  peers_.erase(window_);
   window_ = nullptr;
 }
 

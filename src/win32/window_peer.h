@@ -8,8 +8,7 @@
 
 #include <windows.h>
 
-#include <utility>
-#include <vector>
+#include <map>
 
 #include "ui/control.h"
 #include "win32/mouse_buttons.h"
@@ -42,8 +41,8 @@ class WindowPeer : public ui::Peer {
   [[nodiscard]] const ui::Control& control() const noexcept { return control_; }
 
   // Messages that the window's parent gets on its behalf.
-  virtual void OnCommand(WORD notification);
-  virtual void OnNotify(const NMHDR& header);
+  virtual void OnCommand(WORD) {}
+  virtual void OnNotify(const NMHDR&) {}
   virtual void OnDrawItem(const DRAWITEMSTRUCT&) {}
 
  protected:
@@ -82,7 +81,6 @@ class WindowPeer : public ui::Peer {
   // Goes there, if it is elsewhere.
   void TakePlace();
   virtual void ShowVisible();
-  void SetFont(int points);
   // Has the window drawn anew; a window in the making will be anyway.
   void Repaint() const;
   // True while Show tells a new window everything for the first time.
@@ -90,14 +88,13 @@ class WindowPeer : public ui::Peer {
   // Repaints those in front that let this one shine through.
   void RepaintInFront() const;
 
-  // Of all windows made here. The system could keep the peer with the window as well, but asking it
-  // costs as much as a tenth of the window's creation.
-  // Sorted by the window.
-  static std::vector<std::pair<HWND, WindowPeer*>> peers_;
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
-
  private:
   friend class FormPeer;
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+  // Of all windows made here. The system could keep the peer with the window as well, but asking it
+  // costs as much as a tenth of the window's creation.
+  static std::map<HWND, WindowPeer*> peers_;
+
   void ShowOrder();
   void ShowEnabled();
   void ShowTooltip();
@@ -105,6 +102,7 @@ class WindowPeer : public ui::Peer {
   void ShowFocus(bool reached_by_key) const;
   // False when the window's class is to have it.
   bool TellKey(WPARAM key, LPARAM key_data);
+  void ShowFont(ui::Changes changes);
   void DestroyWindowNow() noexcept;
   void Forget() noexcept;
 
