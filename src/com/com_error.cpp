@@ -35,7 +35,7 @@ Text SystemWording(HRESULT result) {
   DWORD length = ::FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
                                   nullptr, static_cast<DWORD>(result), 0, wording,
                                   static_cast<DWORD>(std::size(wording)), nullptr);
-  while (length > 0 && wording[length - 1] <= L' ') --length;
+  while (length > 0 && wording[length - 1] <= L' ') --length;  // it ends with a line break
   if (length == 0) return Text(DefaultDescription(static_cast<std::int32_t>(result)));
   return Text(reinterpret_cast<const char16_t*>(wording), length);
 }
@@ -59,6 +59,7 @@ RuntimeError ErrorOf(HRESULT result) {
 }
 
 RuntimeError ErrorOf(EXCEPINFO& raised) {
+  // A server may put off the work of describing a failure until somebody wants to know.
   if (raised.pfnDeferredFillIn != nullptr) {
     (void)raised.pfnDeferredFillIn(&raised);
     raised.pfnDeferredFillIn = nullptr;
@@ -79,7 +80,7 @@ RuntimeError ErrorOf(EXCEPINFO& raised) {
 
 HRESULT ResultOf(const RuntimeError& error) noexcept {
   const std::int32_t number = error.number();
-  if (number < 0) return static_cast<HRESULT>(number);
+  if (number < 0) return static_cast<HRESULT>(number);  // a result code that came from outside
   if (number == 0) return E_FAIL;
   return static_cast<HRESULT>(kControlFacility | (number & 0xFFFF));
 }

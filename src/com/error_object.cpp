@@ -97,7 +97,7 @@ class ErrorObject final : public DispatchObject {
     const HRESULT result =
         LeaveExcepInfo(RuntimeError(number, TextOf(*values_[kDescription].get())), raised,
                        TextOf(*values_[kSource].get()));
-    if (raised != nullptr) {
+    if (raised != nullptr) {  // the caller frees the texts
       raised->bstrHelpFile = ::SysAllocString(values_[kHelpFile].get()->bstrVal);
       raised->dwHelpContext = static_cast<DWORD>(values_[kHelpContext].get()->lVal);
     }

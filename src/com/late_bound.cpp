@@ -59,6 +59,7 @@ HRESULT LateBound::Invoke(DISPID member, WORD flags, DISPPARAMS& arguments, Vari
   ComPtr<IDispatchEx> extended;
   HRESULT answer = object_->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &arguments,
                                    result.get(), &raised, nullptr);
+  // A script's class instance that is handed over as an object answers through IDispatchEx only.
   if (answer == E_NOTIMPL &&
       SUCCEEDED(object_->QueryInterface(QUILL_ID_OF(IDispatchEx), extended.ReceiveVoid()))) {
     answer = extended->InvokeEx(member, LOCALE_USER_DEFAULT, flags, &arguments, result.get(),
@@ -82,7 +83,7 @@ Variant LateBound::Call(DISPID member, std::initializer_list<const Variant*> arg
 
 Variant LateBound::CallWith(DISPID member, std::span<const VARIANT> arguments) const {
   if (!object_) throw RuntimeError(ErrorNumber::kObjectNotSet);
-  const ComPtr<IDispatch> kept_alive = object_;
+  const ComPtr<IDispatch> kept_alive = object_;  // the call may end whoever holds this
   // The last argument comes first.
   std::vector<VARIANT> reversed(arguments.rbegin(), arguments.rend());
   DISPPARAMS parameters{};

@@ -27,7 +27,8 @@ HRESULT ConvertTo(VARTYPE type, const VARIANT& value, Variant& converted) {
   Variant held;
   const VARIANT* source = &value;
   if (IDispatch* object = nullptr; ReadObject(value, object)) {
-    // The platform would ask the object for its value in the locale of the conversion.
+    // The platform would ask the object for its value in the locale of the conversion, which many
+    // objects refuse to know.
     try {
       held = DefaultValue(object);
     } catch (const RuntimeError&) {
@@ -40,6 +41,7 @@ HRESULT ConvertTo(VARTYPE type, const VARIANT& value, Variant& converted) {
                                VARIANT_ALPHABOOL, type);
 }
 
+// One failure stands for all that can be wrong with an object where a value is wanted.
 Variant DefaultValue(IDispatch* object) {
   Variant held;
   try {

@@ -138,6 +138,7 @@ void RemoveTree(RegistrationScope scope, const Text& key, RegistryView view) {
   const auto opened =
       OpenKey(scope, path, DELETE | KEY_ENUMERATE_SUB_KEYS | KEY_QUERY_VALUE | KEY_SET_VALUE, view);
   if (opened == nullptr) return;
+  // Given the path, it would look in this program's own view only.
   ThrowIfFailed(::RegDeleteTreeW(opened.get(), nullptr));
   ThrowIfFailed(::RegDeleteKeyExW(RootOf(scope), WideOf(path), FlagOf(view), 0));
 }

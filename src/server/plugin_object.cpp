@@ -114,7 +114,7 @@ class PluginObject final : public Object<IPlugin, IProvideClassInfo, ISupportErr
     if ((flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET)) == 0) return DISP_E_MEMBERNOTFOUND;
     if (result != nullptr) ::VariantInit(result);
     const Member& member = kMembers[id - 1];
-    const ComPtr<IPlugin> kept_alive(this);
+    const ComPtr<IPlugin> kept_alive(this);  // a host may release it while the dialog is open
     const DISPPARAMS nothing{};
     try {
       Variant value =

@@ -9,6 +9,7 @@
 #include "support/compiler.h"
 #include "win32/win32_process_paths.h"
 
+// Of Windows Vista and later; the cross compilers' headers have only what is for the machine.
 #ifdef QUILL_HEADERS_ARE_SHORT
 extern "C" {
 HRESULT WINAPI RegisterTypeLibForUser(ITypeLib* library, OLECHAR* path, OLECHAR* help_folder);

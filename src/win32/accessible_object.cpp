@@ -165,7 +165,7 @@ class AccessibleObject final : public com::Object<IAccessible> {
   STDMETHODIMP accHitTest(LONG left, LONG top, VARIANT* child) override {
     return standard_->accHitTest(left, top, child);
   }
-  STDMETHODIMP put_accName(VARIANT, BSTR) override { return E_NOTIMPL; }
+  STDMETHODIMP put_accName(VARIANT, BSTR) override { return E_NOTIMPL; }  // withdrawn by the system
   STDMETHODIMP put_accValue(VARIANT child, BSTR value) override {
     return standard_->put_accValue(child, value);
   }

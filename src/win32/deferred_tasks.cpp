@@ -26,6 +26,7 @@ void DeferredTasks::Post() noexcept {
     window_.reset(CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                   ThisModule(), nullptr));
     if (window_ == nullptr) return;  // the tasks then run with the destructor
+    // A class of one's own would have to be withdrawn before the library is unloaded.
     SetWindowLongPtrW(window_.get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     SetWindowLongPtrW(window_.get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure));
   }

@@ -40,6 +40,7 @@ std::wstring NativePath(TextView path) {
   std::wstring native(path.begin(), path.end());
   if (native.size() < kPlainPathLimit || native.starts_with(L"\\\\?\\")) return native;
   native = FullPath(native);
+  // With the prefix the system takes a path as it is: a full one, without "." and "/".
   if (native.starts_with(L"\\\\")) return L"\\\\?\\UNC" + native.substr(1);
   return L"\\\\?\\" + native;
 }

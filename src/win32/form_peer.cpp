@@ -25,6 +25,7 @@ constexpr DWORD kFormStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDRE
 // To itself: another window of the thread may have been activated that waits for the form.
 constexpr UINT kLookWhatIsActive = WM_APP;
 
+// Without an icon of its own, yet on the task bar although it is a pop-up window.
 constexpr DWORD kFormExtendedStyle = WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME | WS_EX_APPWINDOW;
 
 bool Overlap(const ui::Control& a, const ui::Control& b) {
@@ -247,6 +248,7 @@ LRESULT FormPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_SETFOCUS:
       form_.Happened(ui::FocusTaken{});
       return 0;
+    // The system tells top-level windows only, and common controls keep colours.
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:
     case WM_THEMECHANGED:

@@ -2,7 +2,6 @@
 #include "ui/image.h"
 
 #include "ui/image_button.h"
-#include "win32/drawn_peer.h"
 #include "win32/form_peer.h"
 #include "win32/native_colour.h"
 #include "win32/native_picture.h"

@@ -2,7 +2,6 @@
 // it between its letters.
 #include "ui/label.h"
 
-#include "win32/drawn_peer.h"
 #include "win32/form_peer.h"
 #include "win32/native_text.h"
 #include "win32/peers.h"

@@ -152,7 +152,7 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
       case WM_LBUTTONDOWN:
       case WM_LBUTTONUP:
       case WM_MOUSEMOVE:
-      case WM_TIMER:
+      case WM_TIMER:  // the class scrolls while the mouse is held outside
         TellWhenScrolled();
         break;
       case WM_SETFOCUS:
@@ -189,6 +189,7 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
     Text item;
     for (; row < count; ++row) {
       item = model_.Item(row);
+      // Past the own procedure, which would be half of the work for many thousand rows.
       CallOriginal(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(item)));
       const std::int32_t data = model_.ItemData(row);
       if (data != 0) CallOriginal(LB_SETITEMDATA, static_cast<WPARAM>(row), data);

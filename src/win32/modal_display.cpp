@@ -84,7 +84,7 @@ void ModalDisplay::Run() const {
       PostQuitMessage(static_cast<int>(message.wParam));
       return;
     }
-    if (got < 0) return;
+    if (got < 0) return;  // an error, which would only come again
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }

@@ -54,37 +54,30 @@ com::ComPtr<IPicture> LoadPictureFrom(const std::vector<char>& bytes) {
   return picture;
 }
 
-class GifPicture final : public NativePicture {
- public:
-  GifPicture(Text path, com::ComPtr<IPicture> picture)
-      : path_(std::move(path)), picture_(std::move(picture)) {
-    if (FAILED(picture_->get_Width(&width_)) || FAILED(picture_->get_Height(&height_)) ||
-        width_ <= 0 || height_ <= 0) {
-      RefusePicture();
-    }
-  }
-
-  [[nodiscard]] TextView path() const noexcept override { return path_; }
-  [[nodiscard]] SIZE Size() const noexcept override {
-    return {MulDiv(width_, 96, kHimetricPerInch), MulDiv(height_, 96, kHimetricPerInch)};
-  }
-  void Draw(HDC context, const RECT& target) const override {
-    SetStretchBltMode(context, COLORONCOLOR);
-    picture_->Render(context, target.left, target.top, target.right - target.left,
-                     target.bottom - target.top, 0, height_, width_, -height_, nullptr);
-  }
-
- private:
-  Text path_;
-  com::ComPtr<IPicture> picture_;
-  OLE_XSIZE_HIMETRIC width_ = 0;
-  OLE_YSIZE_HIMETRIC height_ = 0;
-};
-
 }  // namespace
 
+NativePicture::NativePicture(Text path, com::ComPtr<IPicture> picture)
+    : path_(std::move(path)), picture_(std::move(picture)) {
+  if (FAILED(picture_->get_Width(&width_)) || FAILED(picture_->get_Height(&height_)) ||
+      width_ <= 0 || height_ <= 0) {
+    RefusePicture();
+  }
+}
+
+SIZE NativePicture::Size() const noexcept {
+  return {MulDiv(width_, 96, kHimetricPerInch), MulDiv(height_, 96, kHimetricPerInch)};
+}
+
+void NativePicture::Draw(HDC context, const RECT& target) const {
+  // The usual way of shrinking joins neighbouring pixels' bits, which makes up colours.
+  SetStretchBltMode(context, COLORONCOLOR);
+  // A picture's rows are counted from its bottom.
+  picture_->Render(context, target.left, target.top, target.right - target.left,
+                   target.bottom - target.top, 0, height_, width_, -height_, nullptr);
+}
+
 std::shared_ptr<const NativePicture> ReadGifPicture(TextView path) {
-  return std::make_shared<GifPicture>(Text(path), LoadPictureFrom(ReadWhole(path)));
+  return std::make_shared<NativePicture>(Text(path), LoadPictureFrom(ReadWhole(path)));
 }
 
 }  // namespace quill::win32

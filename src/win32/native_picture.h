@@ -5,16 +5,28 @@
 
 #include <memory>
 
+#include "com/automation.h"
+#include "com/com_ptr.h"
 #include "ui/toolkit.h"
 
 namespace quill::win32 {
 
-class NativePicture : public ui::Picture {
+class NativePicture final : public ui::Picture {
  public:
+  // Fails with kInvalidPicture for a picture without a size.
+  NativePicture(Text path, com::ComPtr<IPicture> picture);
+
+  [[nodiscard]] TextView path() const noexcept override { return path_; }
   // Its own size, in pixels at 96 dots per inch.
-  [[nodiscard]] virtual SIZE Size() const noexcept = 0;
+  [[nodiscard]] SIZE Size() const noexcept;
   // Draws it stretched over `target`; what lies there shows through where it is transparent.
-  virtual void Draw(HDC context, const RECT& target) const = 0;
+  void Draw(HDC context, const RECT& target) const;
+
+ private:
+  Text path_;
+  com::ComPtr<IPicture> picture_;
+  OLE_XSIZE_HIMETRIC width_ = 0;
+  OLE_YSIZE_HIMETRIC height_ = 0;
 };
 
 // Reads the first frame of a GIF picture. Fails with kFileNotFound (or as opening a file does), and

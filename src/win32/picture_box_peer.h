@@ -5,7 +5,6 @@
 
 #include "ui/picture_box.h"
 #include "win32/drawing_surface.h"
-#include "win32/drawn_peer.h"
 #include "win32/peers.h"
 
 namespace quill::win32 {

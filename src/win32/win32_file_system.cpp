@@ -62,6 +62,7 @@ void Win32FileSystem::RemoveFile(TextView path) {
 }
 
 void Win32FileSystem::RenameFile(TextView from, TextView to) {
+  // One step: whoever opens the target meanwhile sees the old file or the new one.
   if (!MoveFileExW(NativePath(from).c_str(), NativePath(to).c_str(), MOVEFILE_REPLACE_EXISTING)) {
     throw FileFailure(GetLastError());
   }

@@ -14,7 +14,7 @@ namespace {
 
 // At most `buffer_size` units of the module's path.
 std::wstring ModulePath(HMODULE module, std::size_t buffer_size) {
-  constexpr std::size_t kLongestPath = 32768;
+  constexpr std::size_t kLongestPath = 32768;  // of all paths, in units
   std::wstring path(std::min(buffer_size, kLongestPath), L'\0');
   const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
   path.resize(std::min<std::size_t>(length, path.size()));

@@ -222,6 +222,7 @@ void Win32Toolkit::RegisterClasses() {
     window.hInstance = ThisModule();
     window.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     window.lpszClassName = name;
+    // Each form asks anew; the classes go with the toolkit.
     if (RegisterClassExW(&window) == 0 && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) {
       throw WindowFailure();
     }

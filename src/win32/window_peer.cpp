@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "win32/accessible_object.h"
+#include "win32/drawing_surface.h"
 #include "win32/fonts.h"
 #include "win32/form_peer.h"
 #include "win32/last_error.h"
@@ -81,6 +82,7 @@ void WindowPeer::MakeWindow(HWND parent) {
                                 (control_.enabled() ? 0u : WS_DISABLED);
   const HMENU id =
       is_form ? nullptr : reinterpret_cast<HMENU>(static_cast<INT_PTR>(ControlId(control_)));
+  // A class may refuse its window without saying why; an older code would then pass for the reason.
   SetLastError(ERROR_SUCCESS);
   const HWND window = CreateWindowExW(
       style.extended, style.window_class, style.text != nullptr ? Wide(*style.text) : nullptr,
@@ -130,6 +132,7 @@ void WindowPeer::Sync(ui::Changes changes) {
 void WindowPeer::TakePlace() {
   const RECT place = Place();
   if (EqualRect(&place, &place_)) return;
+  // The old picture is not copied along: a transparent label would bring its former ground with it.
   place_ = place;
   SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left,
                place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
@@ -174,7 +177,7 @@ void WindowPeer::ShowTooltip() {
   const Text& text = control_.tooltip();
   if (window_ == nullptr || (text.empty() && !has_tooltip_)) return;
   TTTOOLINFOW tool = {};
-  tool.cbSize = TTTOOLINFOW_V1_SIZE;
+  tool.cbSize = TTTOOLINFOW_V1_SIZE;  // all versions take it; the older ones refuse a larger one
   tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
   tool.hwnd = form_peer().window();
   tool.uId = reinterpret_cast<UINT_PTR>(window_);
@@ -305,6 +308,25 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
   return CallOriginal(message, wparam, lparam);
 }
 
+LRESULT DrawnPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
+  const auto draw = [&](HDC context, const RECT& area) { Draw(context, area); };
+  switch (message) {
+    case WM_ERASEBKGND:
+      return 1;  // nothing is seen before the drawing
+    case WM_PRINTCLIENT: {
+      RECT area;
+      GetClientRect(window(), &area);
+      Draw(reinterpret_cast<HDC>(wparam), area);
+      return 0;
+    }
+    case WM_PAINT:
+      PaintAtOnce(window(), draw);
+      return 0;
+    default:
+      return WindowPeer::Handle(message, wparam, lparam);
+  }
+}
+
 bool WindowPeer::TellKey(WPARAM key, LPARAM key_data) {
   const auto held = [](int modifier, std::int16_t flag) {
     return GetKeyState(modifier) < 0 ? flag : std::int16_t{0};
@@ -324,13 +346,14 @@ LRESULT CALLBACK WindowPeer::Procedure(HWND window, UINT message, WPARAM wparam,
     peer->Forget();
     return CallWindowProcW(original, window, message, wparam, lparam);
   }
+  // The model may be half gone by now.
   if (peer->closing_) return peer->CallOriginal(message, wparam, lparam);
   const auto event = peer->toolkit_.BeginEvent();
   try {
     if (const auto fact = peer->buttons_.FactOf(window, message, wparam, lparam,
                                                 peer->toolkit_.scale(), peer->CapturesMouse())) {
       peer->Tell(*fact);
-      if (peer->window_ == nullptr) return 0;
+      if (peer->window_ == nullptr) return 0;  // a handler has ended the form
       if (peer->CapturesMouse()) return peer->PassOnMouse(message, wparam, lparam);
     }
     return peer->Handle(message, wparam, lparam);

@@ -118,4 +118,14 @@ class WindowPeer : public ui::Peer {
   bool has_tooltip_ = false;
 };
 
+// A peer whose window has no looks of its own: all of it is drawn here, off the screen first.
+class DrawnPeer : public WindowPeer {
+ protected:
+  using WindowPeer::WindowPeer;
+
+  // Draws the whole client area.
+  virtual void Draw(HDC context, const RECT& area) const = 0;
+  LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
+};
+
 }  // namespace quill::win32
