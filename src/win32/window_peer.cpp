@@ -178,7 +178,7 @@ void WindowPeer::ShowTooltip() {
   if (window_ == nullptr || (text.empty() && !has_tooltip_)) return;
   TTTOOLINFOW tool = {};
   tool.cbSize = TTTOOLINFOW_V1_SIZE;  // all versions take it; the older ones refuse a larger one
-  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.uFlags = TTF_IDISHWND;
   tool.hwnd = form_peer().window();
   tool.uId = reinterpret_cast<UINT_PTR>(window_);
   tool.lpszText = const_cast<wchar_t*>(Wide(text));
@@ -302,6 +302,19 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       if (static_cast<LONG>(lparam) != OBJID_CLIENT) break;
       if (const LRESULT answer = AnswerAssistiveTool(window_, wparam)) return answer;
       break;
+    case WM_MOUSEMOVE:
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONUP:
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONUP:
+      // By hand: Wine 8 loses memory for each window that a tooltip watches itself (TTF_SUBCLASS).
+      if (has_tooltip_) {
+        MSG relayed = {window_, message, wparam, lparam, 0, {0, 0}};
+        SendMessageW(form_peer().Tooltips(), TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
+      }
+      break;
     default:
       break;
   }
@@ -371,6 +384,7 @@ void WindowPeer::DestroyWindowNow() noexcept {
 void WindowPeer::Forget() noexcept {
   DetachControlName(window_);
   peers_.erase(window_);
+  SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original_));
   window_ = nullptr;
 }
 
