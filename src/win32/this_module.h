@@ -3,13 +3,15 @@
 
 #include <windows.h>
 
-// The linker's name for where the module lies in memory.
-extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier)
-
 namespace quill::win32 {
 
 [[nodiscard]] inline HINSTANCE ThisModule() noexcept {
-  return reinterpret_cast<HINSTANCE>(&__ImageBase);
+  static const char anchor = 0;
+  HMODULE module = nullptr;
+  GetModuleHandleExW(
+      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+      reinterpret_cast<LPCWSTR>(&anchor), &module);
+  return module;
 }
 
 }  // namespace quill::win32
