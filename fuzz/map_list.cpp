@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // The checker loads the file into a dialog of its own, which costs more than all the rest.
     if (size % 32 != 0) return;
     const auto account = host::AccountOfMapList(BytesOf(data, size), conditions);
-    Claim(account.maps == std::size_t(bench.module.maps.selected.Count()));
+    Claim(account.maps == bench.module.maps.selected.maps());
   });
   bench.Reset();
   return 0;

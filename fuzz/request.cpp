@@ -1,7 +1,6 @@
 // What the remote side makes of requests: any text is taken apart or refused, and what is taken can
 // be put together again and told to people.
 #include "fuzz/fuzz_target.h"
-#include "host/remote/known_maps.h"
 #include "host/remote/request_envelope.h"
 #include "host/remote/request_explanation.h"
 #include "host/remote/start_request.h"
@@ -11,9 +10,7 @@ namespace quill::fuzz {
 namespace {
 
 void CheckPayload(TextView payload) {
-  static const host::KnownMaps known;
-  const host::StartRequest request = host::DecodeStartPayload(
-      payload, [](const SelectedMap& map, TextView mod) { return known.Doubt(map, mod); });
+  const host::StartRequest request = host::DecodeStartPayload(payload);
   Claim(!host::ExplainStartRequest(request).empty());
   if (request.HasErrors()) return;
   Claim(request.fields.size() == 26 && !request.flags.empty());

@@ -33,7 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // The checker loads the file into a dialog of its own, which costs more than all the rest.
     if (size % 32 == 0) {
       const auto account = host::AccountOfSettings(BytesOf(data, size), conditions);
-      Claim(failures != 0 || account.maps == std::size_t(rotation.Count()));
+      Claim(failures != 0 || account.maps == rotation.maps());
     }
     // Saving writes the file anew for each key: a part of the inputs must do.
     if (failures != 0 || size % 16 != 0 || HasSurrogates(TextOf(data, size))) return;

@@ -15,12 +15,6 @@ constexpr TextView kModOption = u"cboMods";
 
 }  // namespace
 
-TrialConditions OrdinaryConditions() {
-  TrialConditions conditions;
-  conditions.machine.mods = {u"None", u"Team Sabre"};
-  return conditions;
-}
-
 void DialogTrial::WhileOpen(const std::function<void()>& use) {
   bool is_used = false;
   std::exception_ptr failure;
@@ -79,26 +73,17 @@ bool DialogTrial::UsesTeamSabreMaps() const {
   return maps().catalogue.Count() == std::ssize(CatalogueRows());
 }
 
-const host::LoggedFailure* DialogTrial::FailureOf(TextView label) const {
-  const auto found = std::find_if(failures().begin(), failures().end(),
-                                  [&](const host::LoggedFailure& f) { return f.label == label; });
+const LoggedFailure* DialogTrial::FailureOf(TextView label) const {
+  const auto found = std::ranges::find(failures(), label, &LoggedFailure::label);
   return found == failures().end() ? nullptr : &*found;
 }
 
-void Conclude(DialogTrial& trial, FileAccount& account) {
-  account.mod = trial.dialog().Get<ui::ComboBox>(kModOption).text();
-  account.with_team_sabre_maps = trial.UsesTeamSabreMaps();
-  for (const AccountLine& line : account.lines) {
-    using enum AccountLine::Kind;
-    if (line.kind == kMapFound) ++account.maps;
-    const bool is_lost = line.kind == kMapMissing || line.kind == kLeftOut || line.kind == kFailed;
-    if (is_lost) account.left_out += line.count;
-  }
-  if (account.maps > std::size_t{kRotationLimit}) {
-    account.lines.push_back({AccountLine::Kind::kNote, 0,
-                             Concat({u"no map can be added before the rotation is shorter than ",
-                                     Decimal(kRotationLimit)}),
-                             u""});
+void DialogTrial::Conclude(FileAccount& account) {
+  account.mod = dialog().Get<ui::ComboBox>(kModOption).text();
+  account.with_team_sabre_maps = UsesTeamSabreMaps();
+  if (account.maps.size() > std::size_t{kRotationLimit}) {
+    account.Note(0, Concat({u"no map can be added before the rotation is shorter than ",
+                            Decimal(kRotationLimit)}));
   }
 }
 

@@ -31,10 +31,11 @@ class DialogTrial final {
   [[nodiscard]] const CodePage& code_page() const { return host_.module.code_page; }
   [[nodiscard]] bool UsesTeamSabreMaps() const;
   // What the plug-in has reported since the dialog was filled, in order.
-  [[nodiscard]] const std::vector<host::LoggedFailure>& failures() const {
-    return host_.watch.failures;
-  }
-  [[nodiscard]] const host::LoggedFailure* FailureOf(TextView label) const;
+  [[nodiscard]] const std::vector<LoggedFailure>& failures() const { return host_.watch.failures; }
+  [[nodiscard]] const LoggedFailure* FailureOf(TextView label) const;
+  [[nodiscard]] const TrialConditions& conditions() const { return conditions_; }
+  // Completes an account of everything: what the dialog shows now.
+  void Conclude(FileAccount& account);
 
  private:
   void Fill();
@@ -43,8 +44,5 @@ class DialogTrial final {
   const TrialConditions& conditions_;
   HeadlessHost host_;
 };
-
-// Completes an account whose lines are there: what the dialog shows now, and the sums.
-void Conclude(DialogTrial& trial, FileAccount& account);
 
 }  // namespace quill::host

@@ -1,44 +1,40 @@
-// What loading a settings file or a map list into the dialog does, told line by line.
+// What loading a settings file or a map list into the dialog does, told line by line. Nothing that
+// comes from the file can break a line of it or play tricks on a terminal.
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string_view>
 #include <vector>
 
 #include "host/remote/scenario.h"
+#include "maps/selected_map_list.h"
 #include "support/text.h"
 
 namespace quill::host {
 
-struct AccountLine {
-  enum class Kind : std::uint8_t {
-    kOptionSet,   // subject: the option; value: as a settings file has it; remark: as it shows
-    kControlSet,  // the same for a control that is no option
-    kMod,         // subject: the mod; value: the catalogue that is used from here on
-    kMapFound,    // subject: its row in the rotation; value: game type and origin
-    kMapMissing,  // subject: the file; value: why it is not found
-    kLeftOut,     // subject: what; value: why
-    kFailed,      // the same; loading ends here and the operator is told
-    kNote,        // subject: of interest, changes nothing
+class FileAccount {
+ public:
+  struct Line {
+    std::size_t number;  // of the file, from 1; 0: about the file as a whole
+    Text text;
   };
-  Kind kind = Kind::kNote;
-  std::size_t line = 0;  // from 1; 0: about the file as a whole
-  Text subject;
-  Text value;
-  std::size_t count = 1;  // how many entries or lines of the file it stands for
-  Text remark = {};
-};
-
-struct FileAccount {
-  std::vector<AccountLine> lines;
-  bool has_options = false;  // a settings file's
-  Text mod;                  // chosen at the end
+  std::vector<Line> lines;
+  std::optional<std::size_t> options;  // different ones that were set; nothing of a map list
+  std::vector<SelectedMap> maps;       // in the rotation
+  std::size_t left_out = 0;            // entries and lines
+  Text mod;                            // chosen at the end
   bool with_team_sabre_maps = false;
-  std::size_t options = 0;  // different ones that were set
-  std::size_t maps = 0;     // in the rotation
-  std::size_t left_out = 0;
+
+  void Note(std::size_t line, Text text) { lines.push_back({line, std::move(text)}); }
+  // The option or control shows `value` now, which stands for `meaning` unless that is empty.
+  void Set(std::size_t line, TextView what, TextView value, TextView meaning);
+  void Select(std::size_t line, const SelectedMap& map);
+  // `how` begins the line: "LEFT OUT", "MISSING map", "FAILS at". `count` entries are lost.
+  void Lose(std::size_t line, TextView how, TextView what, TextView why, std::size_t count = 1);
+
+  // The last line, about everything.
+  [[nodiscard]] Text Summary() const;
 };
 
 // The catalogue in words.
@@ -52,9 +48,6 @@ struct TrialConditions {
   bool knows_own_maps = false;  // else look-ups among the machine's own maps say nothing about it
   std::optional<Text> mod;      // chosen before the file is loaded; none: as the reply chooses
 };
-
-// The mods None and Team Sabre, and no maps of its own.
-[[nodiscard]] TrialConditions OrdinaryConditions();
 
 // Both load the file with the plug-in itself and take linear time. Any bytes will do. They fail
 // with a RuntimeError when the dialog does not take the machine's reply or has no such mod.

@@ -5,12 +5,9 @@
 #include "dialog/text_lines.h"
 #include "host/check/dialog_trial.h"
 #include "host/check/missing_map.h"
-#include "maps/map_entry.h"
 
 namespace quill::host {
 namespace {
-
-using Kind = AccountLine::Kind;
 
 constexpr TextView kMapListTrap = u"cmdLoadMaps";
 
@@ -21,63 +18,52 @@ Text WhySkipped(TextView line) {
   return Concat({u"it has ", Decimal(static_cast<std::int64_t>(fields)), u" fields instead of 3"});
 }
 
-// What the line does; nothing for a blank one.
-std::optional<AccountLine> Judge(const DialogTrial& trial, const TrialConditions& conditions,
-                                 const Text& line, std::size_t number) {
-  if (IsBlank(line)) return std::nullopt;
+// False when loading fails at the line.
+bool Judge(const DialogTrial& trial, TextView line, std::size_t number, FileAccount& account) {
   const std::optional<StoredMapFields> fields = FieldsOfMapLine(line);
-  if (!fields) return AccountLine{Kind::kLeftOut, number, line, WhySkipped(line)};
+  if (!fields) {
+    account.Lose(number, u"LEFT OUT", line, WhySkipped(line));
+    return true;
+  }
   const auto& [code, flag, file, unused] = fields->first;
   try {
-    // How the dialog keeps a map that is found is told from its own list.
-    if (FindStoredMap(trial.maps(), code, flag, file)) {
-      return AccountLine{Kind::kMapFound, number, u"", u""};
+    if (const auto map = FindStoredMap(trial.maps(), code, flag, file)) {
+      account.Select(number, *map);
+    } else {
+      account.Lose(number, u"MISSING map", TrimBlanks(file),
+                   WhyMissing(trial.maps(), trial.conditions(), code, flag, file));
     }
+    return true;
   } catch (const RuntimeError& error) {
-    return AccountLine{Kind::kFailed, number, line,
-                       Concat({error.description(), u" (error ", Decimal(error.number()), u")"})};
+    account.Lose(number, u"FAILS at", line,
+                 Concat({error.description(), u" (error ", Decimal(error.number()), u")"}));
+    return false;
   }
-  return AccountLine{Kind::kMapMissing, number, Text(TrimBlanks(file)),
-                     WhyMissing(trial.maps(), conditions, code, flag, file)};
 }
 
-void JudgeLines(DialogTrial& trial, const TrialConditions& conditions, std::string_view bytes,
-                FileAccount& account) {
+// True when loading gets to the end.
+bool JudgeLines(DialogTrial& trial, std::string_view bytes, FileAccount& account) {
   TextLines lines(trial.Reader(bytes), trial.code_page());
   Text line;
-  AccountLine rest{Kind::kLeftOut, 0, u"", u"loading has ended before", 0};
-  bool has_failed = false;
+  bool goes_on = true;
+  Text rest;  // the line when it is one
+  std::size_t rest_begins = 0;
+  std::size_t rest_count = 0;
   for (std::size_t number = 1; lines.Next(line); ++number) {
-    if (has_failed) {
-      if (IsBlank(line)) continue;
-      if (rest.count++ == 0) rest.line = number;
-      rest.subject = rest.count == 1 ? line : Text(u"what follows");
-      continue;
+    if (IsBlank(line)) continue;
+    if (goes_on) {
+      goes_on = Judge(trial, line, number, account);
+    } else if (rest_count++ == 0) {
+      rest_begins = number;
+      rest = line;
+    } else {
+      rest = u"what follows";
     }
-    if (auto judged = Judge(trial, conditions, line, number)) {
-      has_failed = judged->kind == Kind::kFailed;
-      account.lines.push_back(std::move(*judged));
-    }
   }
-  if (rest.count != 0) account.lines.push_back(std::move(rest));
-}
-
-// Fills in the maps that the dialog has loaded.
-void TakeLoaded(const DialogTrial& trial, FileAccount& account) {
-  const SelectedMapList& selected = trial.maps().selected;
-  int position = 0;
-  bool has_failed = false;
-  for (AccountLine& line : account.lines) {
-    has_failed = has_failed || line.kind == Kind::kFailed;
-    if (line.kind != Kind::kMapFound || ++position > selected.Count()) continue;
-    const SelectedMap& map = selected.At(position);
-    line.subject = JoinMapEntry(map.name, map.file);
-    line.value = MapOrigin(map);
+  if (rest_count != 0) {
+    account.Lose(rest_begins, u"LEFT OUT", rest, u"loading has ended before", rest_count);
   }
-  if (position != selected.Count() || has_failed != (trial.FailureOf(kMapListTrap) != nullptr)) {
-    throw RuntimeError(ErrorNumber::kInternalError,
-                       u"the dialog has loaded something else than its rules say");
-  }
+  return goes_on;
 }
 
 }  // namespace
@@ -86,10 +72,14 @@ FileAccount AccountOfMapList(std::string_view bytes, const TrialConditions& cond
   FileAccount account;
   DialogTrial trial(conditions);
   trial.WhileOpen([&] {
-    JudgeLines(trial, conditions, bytes, account);
+    const bool is_whole = JudgeLines(trial, bytes, account);
     trial.LoadMapList(bytes);
-    TakeLoaded(trial, account);
-    Conclude(trial, account);
+    if (account.maps != trial.maps().selected.maps() ||
+        is_whole != (trial.FailureOf(kMapListTrap) == nullptr)) {
+      throw RuntimeError(ErrorNumber::kInternalError,
+                         u"the dialog has loaded something else than its rules say");
+    }
+    trial.Conclude(account);
   });
   return account;
 }

@@ -65,11 +65,4 @@ Text WhyMissing(const MapLists& maps, const TrialConditions& conditions, TextVie
   return why;
 }
 
-Text MapOrigin(const SelectedMap& map) {
-  const bool has_name = map.game_type >= 0 && map.game_type < std::ssize(kGameTypeNames);
-  const Text type = has_name ? Text(kGameTypeNames.at(static_cast<std::size_t>(map.game_type)))
-                             : Concat({u"game type ", Decimal(map.game_type)});
-  return map.server_map ? Concat({type, u", the machine's own"}) : type;
-}
-
 }  // namespace quill::host

@@ -11,7 +11,4 @@ namespace quill::host {
 [[nodiscard]] Text WhyMissing(const MapLists& maps, const TrialConditions& conditions,
                               TextView code, TextView flag, TextView file);
 
-// "Capture the Flag, the machine's own".
-[[nodiscard]] Text MapOrigin(const SelectedMap& map);
-
 }  // namespace quill::host

@@ -2,31 +2,28 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <span>
 #include <utility>
 
 #include "dialog/option_table.h"
+#include "dialog/option_value.h"
 #include "dialog/previous_settings.h"
 #include "dialog/stored_map.h"
 #include "host/check/dialog_trial.h"
 #include "host/check/missing_map.h"
 #include "host/kit/ini_text.h"
 #include "host/kit/text_file.h"
-#include "maps/map_entry.h"
 
 namespace quill::host {
 namespace {
-
-using Kind = AccountLine::Kind;
 
 constexpr TextView kSettingsTrap = u"cmdLoad";
 constexpr std::int32_t kGreyed = 2;
 constexpr std::array<TextView, 2> kStates = {u"off", u"on"};
 
 const Option* FindOption(const ui::Control& control) {
-  for (const Option& option : Options()) {
-    if (option.key == control.name()) return &option;
-  }
-  return nullptr;
+  const auto found = std::ranges::find(Options(), control.name(), &Option::key);
+  return found == Options().end() ? nullptr : &*found;
 }
 
 // What a start makes of a check box. A flag is added at one state only; of the others each is sent
@@ -39,62 +36,56 @@ TextView StateName(const Option& option, std::int32_t state) {
   return option.flag.bit != 0 ? u"greyed, counts as off" : u"greyed, sent as 2";
 }
 
+Text Described(const LoggedFailure& failure) {
+  return Concat({failure.description, u" (error ", Decimal(failure.number), u")"});
+}
+
 // What an entry did is seen when the next one is taken or loading has ended.
 class SettingsWatch {
  public:
-  SettingsWatch(DialogTrial& trial, const TrialConditions& conditions, const IniOutline& outline,
-                FileAccount& account)
-      : trial_(trial), conditions_(conditions), outline_(outline), account_(account) {}
+  SettingsWatch(DialogTrial& trial, const IniOutline& outline, FileAccount& account)
+      : trial_(trial), outline_(outline), account_(account) {}
 
   void Taken() {
-    if (is_one_taken_) Tell(Current());
-    at_ = is_one_taken_ ? at_ + 1 : 0;
+    if (is_one_taken_) Tell(outline_.entries.at(at_++));
     is_one_taken_ = true;
-    SkipOutsiders();
+    while (at_ < outline_.entries.size() && !outline_.entries[at_].in_section) {
+      TellOutsider(outline_.entries[at_++]);
+    }
     maps_before_ = trial_.maps().selected.Count();
   }
 
   void Ended() {
-    const host::LoggedFailure* failure = trial_.FailureOf(kSettingsTrap);
+    const LoggedFailure* failure = trial_.FailureOf(kSettingsTrap);
     if (is_one_taken_) {
+      const IniOutline::Entry& entry = outline_.entries.at(at_++);
       if (failure != nullptr) {
-        TellFailure(Current(), *failure);
+        account_.Lose(entry.line, u"FAILS at", entry.text, Described(*failure));
       } else {
-        Tell(Current());
+        Tell(entry);
       }
-      ++at_;
     } else if (failure != nullptr) {
-      Add({Kind::kFailed, 0, u"the file", Described(*failure)});
+      account_.Lose(0, u"FAILS at", u"the file", Described(*failure));
     }
     TellNotTaken(failure != nullptr);
     if (!outline_.has_section) {
-      Add({Kind::kLeftOut, 0, u"everything",
-           Concat({u"there is no section [", kSettingsSection, u"]"})});
+      LeaveOut(0, u"everything", Concat({u"there is no section [", kSettingsSection, u"]"}));
     }
-    for (const host::LoggedFailure& other : trial_.failures()) {
-      if (&other == failure) continue;
-      Add({Kind::kLeftOut, 0, other.label, Described(other)});
+    for (const LoggedFailure& other : trial_.failures()) {
+      if (&other != failure) LeaveOut(0, other.label, Described(other));
     }
     TellNotMentioned();
     account_.options = set_at_.size();
   }
 
  private:
-  [[nodiscard]] const IniOutline::Entry& Current() const { return outline_.entries.at(at_); }
-
-  static Text Described(const host::LoggedFailure& failure) {
-    return Concat({failure.description, u" (error ", Decimal(failure.number), u")"});
+  void LeaveOut(std::size_t line, TextView what, TextView why) {
+    account_.Lose(line, u"LEFT OUT", what, why);
   }
-
-  void Add(AccountLine line) { account_.lines.push_back(std::move(line)); }
 
   void TellOutsider(const IniOutline::Entry& entry) {
-    Add({Kind::kLeftOut, entry.line, entry.text,
-         Concat({u"it is not in the section [", kSettingsSection, u"]"})});
-  }
-
-  void SkipOutsiders() {
-    for (; at_ < outline_.entries.size() && !Current().in_section; ++at_) TellOutsider(Current());
+    LeaveOut(entry.line, entry.text,
+             Concat({u"it is not in the section [", kSettingsSection, u"]"}));
   }
 
   void Tell(const IniOutline::Entry& entry) {
@@ -104,88 +95,75 @@ class SettingsWatch {
     if (control != nullptr) {
       TellControl(entry, *control, parsed.value);
     } else if (!is_map) {
-      Add({Kind::kLeftOut, entry.line, entry.text, u"there is no option of that name"});
+      LeaveOut(entry.line, entry.text, u"there is no option of that name");
     }
     if (is_map) TellMap(entry, parsed.value);
   }
 
-  void TellControl(const IniOutline::Entry& entry, ui::Control& control, const Text& value) {
-    Text shown;
-    Text remark;
-    bool is_mod = false;
-    if (auto* text_box = dynamic_cast<ui::TextBox*>(&control)) {
-      shown = text_box->text();
-    } else if (auto* combo_box = dynamic_cast<ui::ComboBox*>(&control)) {
-      shown = combo_box->text();
-      is_mod = true;
-      if (shown != value) {
-        Add({Kind::kLeftOut, entry.line, entry.text,
-             Concat({u"the list has no such item, \"", shown, u"\" stays"})});
-        return;
-      }
-    } else if (auto* check_box = dynamic_cast<ui::CheckBox*>(&control)) {
-      shown = Decimal(check_box->value());
-      remark = StateName(*FindOption(control), check_box->value());
-    } else if (auto* list_box = dynamic_cast<ui::ListBox*>(&control)) {
-      shown = Decimal(list_box->ListIndex());
-      remark = list_box->ListIndex() < 0 ? TextView(u"none chosen")
-                                         : list_box->Item(list_box->ListIndex());
-    } else {
-      Add({Kind::kLeftOut, entry.line, entry.text,
-           Concat({u"a ", ui::KindName(control.kind()), u" takes no value"})});
-      return;
+  void TellControl(const IniOutline::Entry& entry, ui::Control& control, TextView value) {
+    using enum ui::ControlKind;
+    const ui::ControlKind kind = control.kind();
+    if (kind != kTextBox && kind != kComboBox && kind != kCheckBox && kind != kListBox) {
+      return LeaveOut(entry.line, entry.text,
+                      Concat({u"a ", ui::KindName(kind), u" takes no value"}));
+    }
+    const Text shown = PrintedValue(control);
+    if (kind == kComboBox && shown != value) {
+      return LeaveOut(entry.line, entry.text,
+                      Concat({u"the list has no such item, \"", shown, u"\" stays"}));
     }
     const Option* const option = FindOption(control);
-    Add({option != nullptr ? Kind::kOptionSet : Kind::kControlSet, entry.line, control.name(),
-         shown, 1, std::move(remark)});
+    TextView meaning;
+    if (kind == kCheckBox) meaning = StateName(*option, NumberValue(control));
+    if (kind == kListBox) {
+      const auto& list = static_cast<const ui::ListBox&>(control);
+      meaning = list.ListIndex() < 0 ? TextView(u"none chosen") : list.Item(list.ListIndex());
+    }
+    account_.Set(entry.line,
+                 Concat({control.name(), option == nullptr ? u", which is no option," : u""}),
+                 shown, meaning);
     if (option == nullptr) return;
     const auto [earlier, is_first] = set_at_.try_emplace(option, entry.line);
     if (!is_first) {
-      Add({Kind::kNote, entry.line,
-           Concat({control.name(), u" was set in line ", Decimal(std::int64_t(earlier->second)),
-                   u" already"}),
-           u""});
+      account_.Note(entry.line, Concat({control.name(), u" was set in line ",
+                                        Decimal(std::int64_t(earlier->second)), u" already"}));
     }
     if (option->max_length > 0 && std::ssize(shown) > option->max_length) {
-      Add({Kind::kNote, entry.line,
-           Concat({u"this is longer than the ", Decimal(option->max_length),
-                   u" characters that can be typed"}),
-           u""});
+      account_.Note(entry.line, Concat({u"this is longer than the ", Decimal(option->max_length),
+                                        u" characters that can be typed"}));
     }
-    if (!is_mod) return;
-    Add({Kind::kMod, entry.line, shown, Text(CatalogueName(trial_.UsesTeamSabreMaps()))});
+    if (kind == kComboBox) {
+      account_.Note(entry.line, Concat({u"maps are looked up in the ",
+                                        CatalogueName(trial_.UsesTeamSabreMaps()),
+                                        u" catalogue from here on"}));
+    }
   }
 
   void TellMap(const IniOutline::Entry& entry, TextView value) {
     const SelectedMapList& selected = trial_.maps().selected;
     if (selected.Count() > maps_before_) {
-      const SelectedMap& map = selected.At(selected.Count());
-      Add({Kind::kMapFound, entry.line, JoinMapEntry(map.name, map.file), MapOrigin(map)});
-      return;
+      return account_.Select(entry.line, selected.At(selected.Count()));
     }
     const StoredMapFields fields = SplitStoredMap(value);
     const TextView file = fields.first[fields.count == 4 ? 3 : 2];
-    Add({Kind::kMapMissing, entry.line, Text(TrimBlanks(file)),
-         WhyMissing(trial_.maps(), conditions_, fields.first[0], fields.first[1], file)});
-  }
-
-  void TellFailure(const IniOutline::Entry& entry, const host::LoggedFailure& failure) {
-    Add({Kind::kFailed, entry.line, entry.text, Described(failure)});
+    account_.Lose(
+        entry.line, u"MISSING map", TrimBlanks(file),
+        WhyMissing(trial_.maps(), trial_.conditions(), fields.first[0], fields.first[1], file));
   }
 
   // The entries from here on.
   void TellNotTaken(bool has_failed) {
-    const auto begin = outline_.entries.begin() + static_cast<std::ptrdiff_t>(at_);
-    auto rest = static_cast<std::size_t>(
-        std::count_if(begin, outline_.entries.end(),
-                      [](const IniOutline::Entry& entry) { return entry.in_section; }));
-    for (auto entry = begin; entry != outline_.entries.end(); ++entry) {
-      if (!entry->in_section) {
-        TellOutsider(*entry);
-      } else if (rest != 0) {
-        Add({Kind::kLeftOut, entry->line, rest == 1 ? entry->text : Text(u"what follows"),
-             has_failed ? u"loading has ended before" : u"a single entry is not read",
-             std::exchange(rest, 0)});
+    const std::span<const IniOutline::Entry> rest = std::span(outline_.entries).subspan(at_);
+    auto count =
+        static_cast<std::size_t>(std::ranges::count(rest, true, &IniOutline::Entry::in_section));
+    for (const IniOutline::Entry& entry : rest) {
+      if (!entry.in_section) {
+        TellOutsider(entry);
+      } else if (count != 0) {
+        const std::size_t lost = std::exchange(count, 0);
+        account_.Lose(entry.line, u"LEFT OUT", lost == 1 ? entry.text : Text(u"what follows"),
+                      has_failed ? u"loading has ended before" : u"a single entry is not read",
+                      lost);
       }
     }
   }
@@ -196,11 +174,10 @@ class SettingsWatch {
       if (set_at_.contains(&option)) continue;
       names += Concat({names.empty() ? u"" : u", ", option.key});
     }
-    if (!names.empty()) Add({Kind::kNote, 0, u"these options stay as they are: " + names, u""});
+    if (!names.empty()) account_.Note(0, u"these options stay as they are: " + names);
   }
 
   DialogTrial& trial_;
-  const TrialConditions& conditions_;
   const IniOutline& outline_;
   FileAccount& account_;
   std::size_t at_ = 0;  // the entry that is being taken, or the next one
@@ -213,14 +190,13 @@ class SettingsWatch {
 
 FileAccount AccountOfSettings(std::string_view bytes, const TrialConditions& conditions) {
   FileAccount account;
-  account.has_options = true;
   const IniOutline outline = OutlineIni(DecodeTextFile(bytes).text, kSettingsSection);
   DialogTrial trial(conditions);
   trial.WhileOpen([&] {
-    SettingsWatch watch(trial, conditions, outline, account);
+    SettingsWatch watch(trial, outline, account);
     trial.LoadSettings(bytes, [&](TextView) { watch.Taken(); });
     watch.Ended();
-    Conclude(trial, account);
+    trial.Conclude(account);
   });
   return account;
 }

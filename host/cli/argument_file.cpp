@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "host/cli/commands.h"
+#include "support/runtime_error.h"
 
 namespace quill::host {
 
@@ -23,6 +24,12 @@ std::string ReadArgumentFile(const Text& name) {
   std::string content((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
   if (stream.bad()) throw UsageError(Concat({u"the file \"", name, u"\" cannot be read"}));
   return content;
+}
+
+Scenario ReadScenario(const Text& name) try {
+  return ParseScenario(ReadArgumentFile(name));
+} catch (const RuntimeError& error) {
+  throw UsageError(Concat({name, u": ", error.description()}));
 }
 
 }  // namespace quill::host

@@ -1,9 +1,8 @@
 // "quillhost check": what loading settings files and map lists would do.
 #include <vector>
 
-#include "host/check/account_text.h"
+#include "host/check/file_account.h"
 #include "host/cli/commands.h"
-#include "host/cli/scenario_argument.h"
 #include "support/runtime_error.h"
 
 namespace quill::host {
@@ -24,7 +23,8 @@ CheckedFile OpenChecked(const Text& name) {
 }
 
 TrialConditions ReadConditions(const Arguments& arguments) {
-  TrialConditions conditions = OrdinaryConditions();
+  TrialConditions conditions;
+  conditions.machine.mods = {u"None", u"Team Sabre"};
   if (const auto scenario = arguments.Option(u"--scenario")) {
     conditions.machine = ReadScenario(*scenario);
     conditions.knows_own_maps = true;
@@ -45,12 +45,11 @@ TrialConditions ReadConditions(const Arguments& arguments) {
 
 bool Check(const CheckedFile& file, const TrialConditions& conditions, Console& console) {
   const FileAccount account = file.account(file.bytes, conditions);
-  for (const AccountLine& line : account.lines) {
-    const Text place =
-        line.line == 0 ? Text() : Concat({Decimal(static_cast<std::int64_t>(line.line)), u":"});
-    console.Print(Concat({file.name, u":", place, u" ", AccountLineText(line), u"\n"}));
+  for (const auto& [number, text] : account.lines) {
+    const Text place = number == 0 ? Text() : Concat({Decimal(std::int64_t(number)), u":"});
+    console.Print(Concat({file.name, u":", place, u" ", text, u"\n"}));
   }
-  console.PrintLine(Concat({file.name, u": ", AccountSummary(account)}));
+  console.PrintLine(Concat({file.name, u": ", account.Summary()}));
   return account.left_out == 0;
 }
 

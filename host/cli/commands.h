@@ -7,6 +7,7 @@
 #include "host/cli/arguments.h"
 #include "host/cli/command_line.h"
 #include "host/cli/console.h"
+#include "host/remote/scenario.h"
 
 namespace quill::host {
 
@@ -22,5 +23,7 @@ int RunCatalogueCommand(const Arguments& arguments, const CommandLineParts& part
 
 // The bytes of a file that an argument names.
 [[nodiscard]] std::string ReadArgumentFile(const Text& name);
+// The scenario in one.
+[[nodiscard]] Scenario ReadScenario(const Text& name);
 
 }  // namespace quill::host

@@ -1,8 +1,6 @@
 // "quillhost decode": a request file told to a person.
 #include "host/cli/commands.h"
-#include "host/cli/scenario_argument.h"
 #include "host/kit/text_file.h"
-#include "host/remote/known_maps.h"
 #include "host/remote/request_explanation.h"
 #include "host/remote/wire.h"
 #include "support/runtime_error.h"
@@ -10,17 +8,16 @@
 namespace quill::host {
 
 int RunDecodeCommand(const Arguments& arguments, const CommandLineParts&, Console& console) {
-  const std::optional<Text> scenario = arguments.Option(u"--scenario");
-  const KnownMaps known = scenario ? KnownMaps(ReadScenario(*scenario)) : KnownMaps();
+  std::optional<Scenario> machine;
+  if (const auto scenario = arguments.Option(u"--scenario")) machine = ReadScenario(*scenario);
   const Text& name = arguments.positional[0];
   const Text text = DecodeTextFile(ReadArgumentFile(name)).text;
   try {
     const RequestEnvelope envelope = ParseRequestEnvelope(text);
     console.Print(ExplainEnvelope(envelope));
     if (envelope.command != kStartCommand) return kExitGood;
-    const StartRequest request = DecodeStartPayload(
-        ReadFrame(envelope.frame),
-        [&](const SelectedMap& map, TextView mod) { return known.Doubt(map, mod); });
+    const StartRequest request =
+        DecodeStartPayload(ReadFrame(envelope.frame), machine ? &machine->maps : nullptr);
     console.Print(Concat({u"\n", ExplainStartRequest(request)}));
     return request.HasErrors() ? kExitBad : kExitGood;
   } catch (const RuntimeError& error) {

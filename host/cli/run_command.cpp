@@ -6,7 +6,6 @@
 #include "headless/rooted_file_system.h"
 #include "host/cli/commands.h"
 #include "host/cli/main_job.h"
-#include "host/cli/scenario_argument.h"
 #include "host/kit/disk_storage.h"
 
 namespace quill::host {

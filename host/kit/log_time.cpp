@@ -1,17 +1,10 @@
 // Calendar arithmetic for log entries.
 #include "host/kit/log_time.h"
 
+#include <array>
+#include <cstdio>
+
 namespace quill::host {
-namespace {
-
-void AppendPadded(Text& target, std::int64_t value, std::size_t width) {
-  const Text digits = Decimal(value);
-  if (digits.size() < width) target.append(width - digits.size(), u'0');
-  target += digits;
-}
-
-}  // namespace
-
 TimeSource SystemTime() {
   return [] { return std::chrono::system_clock::now(); };
 }
@@ -20,20 +13,13 @@ Text LogTime(std::chrono::system_clock::time_point time) {
   const auto day = std::chrono::floor<std::chrono::days>(time);
   const std::chrono::year_month_day date(day);
   const std::chrono::hh_mm_ss clock(std::chrono::floor<std::chrono::seconds>(time - day));
-  Text text;
-  AppendPadded(text, static_cast<int>(date.year()), 4);
-  text += u'-';
-  AppendPadded(text, static_cast<unsigned>(date.month()), 2);
-  text += u'-';
-  AppendPadded(text, static_cast<unsigned>(date.day()), 2);
-  text += u' ';
-  AppendPadded(text, clock.hours().count(), 2);
-  text += u':';
-  AppendPadded(text, clock.minutes().count(), 2);
-  text += u':';
-  AppendPadded(text, clock.seconds().count(), 2);
-  text += u'Z';
-  return text;
+  std::array<char, 64> text{};
+  std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d:%02d:%02dZ",
+                static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
+                static_cast<unsigned>(date.day()), static_cast<int>(clock.hours().count()),
+                static_cast<int>(clock.minutes().count()),
+                static_cast<int>(clock.seconds().count()));
+  return FromUtf8(text.data());
 }
 
 }  // namespace quill::host

@@ -31,19 +31,12 @@ class Flag {
 
 Relay::Relay(TextView host_root, FileStorage& requests, FileStorage& kept, RemoteMachine& machine,
              Deliver deliver, EventSink tell)
-    : requests_(requests),
+    : host_root_(host_root),
+      requests_(requests),
       kept_(kept),
       machine_(machine),
       deliver_(std::move(deliver)),
-      tell_(std::move(tell)),
-      watched_{Watched{kQueryCommand,
-                       RequestPath(host_root, kQueryCommand),
-                       KeptPath(host_root, kQueryCommand),
-                       {}},
-               Watched{kStartCommand,
-                       RequestPath(host_root, kStartCommand),
-                       KeptPath(host_root, kStartCommand),
-                       {}}} {}
+      tell_(std::move(tell)) {}
 
 bool Relay::Pump() {
   bool happened = false;
@@ -51,20 +44,22 @@ bool Relay::Pump() {
   return DeliverReply() || happened;
 }
 
-bool Relay::TakeRequest(Watched& watched) try {
-  const std::optional<std::string> bytes = requests_.ReadWhole(watched.path);
-  // An empty file is one that the plug-in has made and not filled yet.
-  if (!bytes || bytes->empty()) return false;
-  kept_.Replace(watched.kept_path, *bytes);
-  requests_.Remove(watched.path);
-  watched.last_error.clear();
-  tell_(Concat({u"relay: took a request ", watched.command}));
-  machine_.Receive(DecodeTextFile(*bytes).text);
-  return true;
-} catch (const RuntimeError& error) {
-  if (watched.last_error == error.description()) return false;
-  watched.last_error = error.description();
-  tell_(Concat({u"relay: error: ", watched.path, u": ", error.description()}));
+bool Relay::TakeRequest(Watched& watched) {
+  const Text path = RequestPath(host_root_, watched.command);
+  try {
+    const std::optional<std::string> bytes = requests_.ReadWhole(path);
+    // An empty file is one that the plug-in has made and not filled yet.
+    if (!bytes || bytes->empty()) return false;
+    kept_.Replace(KeptPath(host_root_, watched.command), *bytes);
+    requests_.Remove(path);
+    watched.last_error.clear();
+    tell_(Concat({u"relay: took a request ", watched.command}));
+    machine_.Receive(DecodeTextFile(*bytes).text);
+  } catch (const RuntimeError& error) {
+    if (watched.last_error == error.description()) return false;
+    watched.last_error = error.description();
+    tell_(Concat({u"relay: error: ", path, u": ", error.description()}));
+  }
   return true;
 }
 

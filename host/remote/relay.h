@@ -7,6 +7,7 @@
 
 #include "host/kit/file_storage.h"
 #include "host/remote/remote_machine.h"
+#include "host/remote/wire.h"
 #include "support/text.h"
 
 namespace quill::host {
@@ -31,20 +32,19 @@ class Relay {
  private:
   struct Watched {
     TextView command;
-    Text path;
-    Text kept_path;
-    Text last_error;
+    Text last_error = {};
   };
 
   bool TakeRequest(Watched& watched);
   bool DeliverReply();
 
+  const Text host_root_;
   FileStorage& requests_;
   FileStorage& kept_;
   RemoteMachine& machine_;
   Deliver deliver_;
   EventSink tell_;
-  std::array<Watched, 2> watched_;
+  std::array<Watched, 2> watched_ = {Watched{kQueryCommand}, Watched{kStartCommand}};
   bool is_delivering_ = false;
 };
 

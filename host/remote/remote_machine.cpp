@@ -26,7 +26,7 @@ std::string ReplacedIn(std::string text, std::string_view from, const std::strin
 }  // namespace
 
 RemoteMachine::RemoteMachine(Scenario scenario, RemoteMachineParts parts)
-    : scenario_(std::move(scenario)), known_maps_(scenario_), parts_(std::move(parts)) {}
+    : scenario_(std::move(scenario)), parts_(std::move(parts)) {}
 
 void RemoteMachine::Receive(TextView request) try {
   const RequestEnvelope envelope = ParseRequestEnvelope(request);
@@ -46,9 +46,7 @@ void RemoteMachine::Receive(TextView request) try {
 }
 
 void RemoteMachine::Start(const RequestEnvelope& envelope) {
-  const StartRequest request = DecodeStartPayload(
-      ReadFrame(envelope.frame),
-      [&](const SelectedMap& map, TextView mod) { return known_maps_.Doubt(map, mod); });
+  const StartRequest request = DecodeStartPayload(ReadFrame(envelope.frame), &scenario_.maps);
   for (const StartFinding& finding : request.findings) {
     parts_.tell(
         Concat({finding.is_error ? u"remote: error: " : u"remote: warning: ", finding.text}));

@@ -11,9 +11,9 @@
 #include "host/kit/file_storage.h"
 #include "host/kit/log_time.h"
 #include "host/remote/command_launcher.h"
-#include "host/remote/known_maps.h"
 #include "host/remote/request_envelope.h"
 #include "host/remote/scenario.h"
+#include "host/remote/start_request.h"
 #include "support/text.h"
 
 namespace quill::host {
@@ -61,7 +61,6 @@ class RemoteMachine {
   void Answer(Text reply, std::chrono::milliseconds delay = {});
 
   Scenario scenario_;
-  KnownMaps known_maps_;
   RemoteMachineParts parts_;
   std::list<Pending> pending_;
 };

@@ -19,7 +19,7 @@ Text Cell(TextView text, std::size_t width) {
   return cell;
 }
 
-Text Right(TextView text, std::size_t width) {
+Text RightAligned(TextView text, std::size_t width) {
   Text cell(text.size() < width ? width - text.size() : 0, u' ');
   return cell.append(text);
 }
@@ -49,7 +49,7 @@ void AddOptions(const StartRequest& request, Text& text) {
   for (std::size_t at = 0; at < request.fields.size(); ++at) {
     const StartField& field = request.fields[at];
     const Text meaning = field.meaning.empty() ? Text(u"(not understood)") : field.meaning;
-    text += Line(Concat({Right(Decimal(static_cast<std::int64_t>(at)), 4), u"  ",
+    text += Line(Concat({RightAligned(Decimal(static_cast<std::int64_t>(at)), 4), u"  ",
                          Cell(field.name, 20), Cell(meaning, width), Cell(field.sent, 0)}));
   }
 }
@@ -59,7 +59,7 @@ void AddFlags(const StartRequest& request, Text& text) {
   text += u"\nOption flags (3802 hex is always there)\n";
   for (const StartFlag& flag : request.flags) {
     text += Line(Concat({u"  ", Cell(flag.name, 24), Cell(flag.is_on ? u"on" : u"off", 4), u"bit ",
-                         Right(Hex(flag.bit), 5), flag.is_set ? u" set" : u" clear"}));
+                         RightAligned(Hex(flag.bit), 5), flag.is_set ? u" set" : u" clear"}));
   }
 }
 
@@ -68,7 +68,7 @@ void AddMaps(const StartRequest& request, Text& text) {
                   request.maps.size() == 1 ? u" map\n" : u" maps\n"});
   std::int64_t number = 0;
   for (const SelectedMap& map : request.maps) {
-    text += Line(Concat({Right(Decimal(++number), 4), u"  ",
+    text += Line(Concat({RightAligned(Decimal(++number), 4), u"  ",
                          Cell(kGameTypeNames[static_cast<std::size_t>(map.game_type)], 21),
                          Cell(map.name, 28), Cell(map.file, 14),
                          map.server_map ? u"the machine's own" : u"of the game"}));

@@ -8,6 +8,7 @@
 #include "dialog/game_types.h"
 #include "host/remote/setting_table.h"
 #include "host/remote/wire.h"
+#include "maps/map_catalogue.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
 
@@ -47,7 +48,7 @@ Text Quoted(TextView text) {
 
 class Decoder {
  public:
-  explicit Decoder(const MapDoubt& doubt) : doubt_(doubt) {}
+  explicit Decoder(const std::vector<SelectedMap>* own_maps) : own_maps_(own_maps) {}
 
   StartRequest Run(TextView payload);
 
@@ -175,7 +176,7 @@ class Decoder {
         request_.AddError(Concat({label, error}));
         continue;
       }
-      if (const Text doubt = doubt_(map, request_.mod); !doubt.empty()) {
+      if (const Text doubt = Doubt(map); !doubt.empty()) {
         request_.AddWarning(Concat({label, u"is doubtful: ", doubt}));
       }
       request_.maps.push_back(std::move(map));
@@ -184,6 +185,28 @@ class Decoder {
       request_.AddError(
           Concat({u"there are ", Decimal(std::ssize(entries)), u" maps, more than 255"}));
     }
+  }
+
+  // What is doubtful about the map under the mod; empty when nothing is.
+  [[nodiscard]] Text Doubt(const SelectedMap& map) const {
+    const auto is_meant = [&](TextView file, int type) {
+      return type == map.game_type && EqualIgnoringCase(file, map.file);
+    };
+    if (map.server_map) {
+      const bool is_there =
+          own_maps_ == nullptr || std::ranges::any_of(*own_maps_, [&](const SelectedMap& own) {
+            return is_meant(own.file, own.game_type);
+          });
+      if (is_there) return {};
+      return Concat({u"the machine has no own map ", map.file, u" of that game type"});
+    }
+    Text doubt = Concat({u"the game has no map ", map.file, u" of that game type"});
+    for (const CatalogueRow& row : CatalogueRows()) {
+      if (!is_meant(row.file, row.game_type - u'0')) continue;
+      if (!row.team_sabre_only || request_.mod != u"None") return {};
+      doubt = Concat({map.file, u" comes with Team Sabre only"});
+    }
+    return doubt;
   }
 
   // What is wrong with the entry; empty when it is in `map`.
@@ -209,7 +232,7 @@ class Decoder {
     return {};
   }
 
-  const MapDoubt& doubt_;
+  const std::vector<SelectedMap>* own_maps_;
   StartRequest request_;
 };
 
@@ -268,8 +291,8 @@ bool StartRequest::HasErrors() const noexcept {
                      [](const StartFinding& finding) { return finding.is_error; });
 }
 
-StartRequest DecodeStartPayload(TextView payload, const MapDoubt& doubt) {
-  return Decoder(doubt).Run(payload);
+StartRequest DecodeStartPayload(TextView payload, const std::vector<SelectedMap>* own_maps) {
+  return Decoder(own_maps).Run(payload);
 }
 
 }  // namespace quill::host

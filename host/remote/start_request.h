@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <vector>
 
 #include "maps/selected_map_list.h"
@@ -43,9 +42,9 @@ struct StartRequest {
   void AddWarning(Text text) { findings.push_back({false, std::move(text)}); }
 };
 
-// What is doubtful about a map under a mod; empty when nothing is.
-using MapDoubt = std::function<Text(const SelectedMap& map, TextView mod)>;
-
-[[nodiscard]] StartRequest DecodeStartPayload(TextView payload, const MapDoubt& doubt);
+// `own_maps` are the machine's own, null where they are not known. A map that neither the game nor
+// the machine has is a warning.
+[[nodiscard]] StartRequest DecodeStartPayload(TextView payload,
+                                              const std::vector<SelectedMap>* own_maps = nullptr);
 
 }  // namespace quill::host

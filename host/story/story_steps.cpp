@@ -117,12 +117,11 @@ void ExpectNoRequest(P p, S s) {
   throw StoryFailure({u"there is a request ", QuotedForStory(RequestText(p, s[0]))});
 }
 
-// The start request at hand, whatever maps it names.
 Text PayloadText(P p) {
   return ReadFrame(ParseRequestEnvelope(RequestText(p, kStartCommand)).frame);
 }
 StartRequest Payload(P p) {
-  return DecodeStartPayload(PayloadText(p), [](const SelectedMap&, TextView) { return Text(); });
+  return DecodeStartPayload(PayloadText(p));
 }
 
 template <class T>

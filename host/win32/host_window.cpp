@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/cli/scenario_argument.h"
+#include "host/cli/commands.h"
 #include "host/remote/relay.h"
 #include "host/win32/host_folder.h"
 #include "host/win32/host_window_controls.h"
