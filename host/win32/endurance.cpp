@@ -24,43 +24,31 @@ constexpr int kProfile = 3;
 constexpr int kRepliesPerCycle = 10;
 constexpr int kDamagedReply = 100;  // every one of so many
 
-// One run: its time, and what grew in it.
-class Run {
- public:
-  Run(TextView what, int cycles, const Tell& tell)
-      : what_(what), cycles_(cycles), watch_(cycles), tell_(tell) {}
-
-  void CycleDone() { watch_.CycleDone(); }
-
-  // True when nothing grew.
-  [[nodiscard]] bool Judge() const {
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin_;
-    Text line = Concat({Decimal(cycles_), u" ", what_, u", ",
-                        Decimal(static_cast<std::int64_t>(taken.count() + 0.5)), u" s:"});
-    bool is_flat = true;
-    const std::vector<LeakWatch::Course> courses = watch_.Courses();
-    for (const LeakWatch::Course& course : courses) {
-      line += Concat({&course == &courses.front() ? u" " : u", ", course.resource, u" ",
-                      Decimal(course.before)});
-      if (course.after != course.before) line += Concat({u" -> ", Decimal(course.after)});
-      is_flat = is_flat && !course.grew;
-    }
-    tell_(line);
-    for (const LeakWatch::Course& course : courses) {
-      if (!course.grew) continue;
-      tell_(Concat(
-          {u"leak: ", course.resource, u" grew by ", Decimal(course.after - course.before)}));
-    }
-    return is_flat;
+// Does the work so often and tells in a line how long it took and what there is of each resource,
+// and what grew. True when nothing grew.
+bool Repeat(TextView what, int cycles, const Tell& tell, const std::function<void(int)>& work) {
+  const auto begin = std::chrono::steady_clock::now();
+  LeakWatch watch(cycles);
+  for (int cycle = 1; cycle <= cycles; ++cycle) {
+    work(cycle);
+    watch.CycleDone();
   }
-
- private:
-  const TextView what_;
-  const int cycles_;
-  LeakWatch watch_;
-  const Tell& tell_;
-  const std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
-};
+  const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
+  Text line = Concat({Decimal(cycles), u" ", what, u", ",
+                      Decimal(static_cast<std::int64_t>(taken.count() + 0.5)), u" s:"});
+  Text leaks;
+  TextView separator = u" ";
+  for (const LeakWatch::Course& course : watch.Courses()) {
+    line +=
+        Concat({std::exchange(separator, u", "), course.resource, u" ", Decimal(course.before)});
+    if (course.after != course.before) line += Concat({u" -> ", Decimal(course.after)});
+    if (!course.grew) continue;
+    leaks +=
+        Concat({u"\nleak: ", course.resource, u" grew by ", Decimal(course.after - course.before)});
+  }
+  tell(line + leaks);
+  return leaks.empty();
+}
 
 Scenario MachineWithMods(bool has_mods) {
   Scenario scenario;
@@ -74,35 +62,29 @@ Scenario MachineWithMods(bool has_mods) {
   return scenario;
 }
 
+[[noreturn]] void Fail(TextView what) {
+  throw RuntimeError(ErrorNumber::kInternalError, what);
+}
+
 bool LoadAgainAndAgain(const Text& path, int cycles, const Text& root, ContractLog& contract,
                        const Tell& tell) {
   // Wine's own part for file dialogs loses a handle each time it is loaded and unloaded.
   const LoadedLibrary kept(u"comdlg32.dll");
-  Run run(u"times loaded, used and unloaded", cycles, tell);
-  for (int cycle = 0; cycle < cycles; ++cycle) {
+  return Repeat(u"times loaded, used and unloaded", cycles, tell, [&](int) {
     {
       const LoadedLibrary library(path);
       PluginSession session(library, contract, root);
       session.HostCall([](PluginClient& plugin) {
-        if (plugin.DllVersion() != plugin.Field(u"Version")) {
-          throw RuntimeError(ErrorNumber::kInternalError, u"the plug-in is of two versions");
-        }
+        if (plugin.DllVersion() != plugin.Field(u"Version"))
+          Fail(u"the plug-in is of two versions");
       });
     }
-    if (::GetModuleHandleW(L"kvrrcBHDGS.dll") != nullptr) {
-      throw RuntimeError(ErrorNumber::kInternalError, u"the library is still loaded");
-    }
-    run.CycleDone();
-  }
-  return run.Judge();
+    if (::GetModuleHandleW(L"kvrrcBHDGS.dll") != nullptr) Fail(u"the library is still loaded");
+  });
 }
 
 WindowRobot Robot() {
   return WindowRobot(u"frmrcBHDGS");
-}
-
-[[noreturn]] void Fail(TextView what) {
-  throw RuntimeError(ErrorNumber::kInternalError, what);
 }
 
 // Opens the dialog; `step` runs inside, once, and closes it.
@@ -118,8 +100,7 @@ void Open(Stage& stage, const std::function<void()>& step) {
 
 bool OpenAgainAndAgain(Stage& stage, int cycles, const Tell& tell) {
   const Text reply = SettingsReply(MachineWithMods(true));
-  Run run(u"times opened, filled and closed", cycles, tell);
-  for (int cycle = 0; cycle < cycles; ++cycle) {
+  return Repeat(u"times opened, filled and closed", cycles, tell, [&](int cycle) {
     Open(stage, [&] {
       stage.RemoteData(reply);
       Robot().Choose(u"cboMods", u"Team Sabre");
@@ -131,9 +112,7 @@ bool OpenAgainAndAgain(Stage& stage, int cycles, const Tell& tell) {
       Robot().Press(u"cmdCancel");
       Robot().Release(u"cmdCancel");
     });
-    run.CycleDone();
-  }
-  return run.Judge();
+  });
 }
 
 bool ReplyAgainAndAgain(Stage& stage, int replies, const Tell& tell) {
@@ -145,21 +124,16 @@ bool ReplyAgainAndAgain(Stage& stage, int replies, const Tell& tell) {
     stage.kit_watch().failures.clear();
     stage.kit_watch().reports.clear();
   };
-  Run run(u"replies into an open dialog", replies, tell);
+  bool is_flat = false;
   Open(stage, [&] {
     stage.RemoteData(SettingsReply(MachineWithMods(true)));
     deliver_damaged();  // the first message box of a process brings in what the system keeps
-    for (int count = 1; count <= replies; ++count) {
-      if (count % kDamagedReply == 0) {
-        deliver_damaged();
-      } else {
-        stage.RemoteData(reply);
-      }
-      run.CycleDone();
-    }
+    is_flat = Repeat(u"replies into an open dialog", replies, tell, [&](int count) {
+      count % kDamagedReply == 0 ? deliver_damaged() : stage.RemoteData(reply);
+    });
     Robot().CloseForm();
   });
-  return run.Judge();
+  return is_flat;
 }
 
 }  // namespace

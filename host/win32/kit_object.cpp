@@ -88,6 +88,7 @@ class KitObject final : public TableObject {
   KitObject(const KitServices& services, TextView name, std::vector<Member> members)
       : TableObject(name, std::move(members)), services_(services) {
     ++living_objects;
+    if (services_.are_calls_checked) kept.push_back(this);
   }
 
   STDMETHODIMP_(ULONG) AddRef() override {
@@ -97,11 +98,11 @@ class KitObject final : public TableObject {
     return MayBeCounted(u"Release") ? DispatchObject::Release() : 0;
   }
   static void ForgetReleased() noexcept {
-    for (KitObject* object = last_let_go.exchange(nullptr); object != nullptr;) {
-      KitObject* const before = object->next_let_go_;
-      delete object;
-      object = before;
-    }
+    std::erase_if(kept, [](const KitObject* object) {
+      const bool is_released = object->is_let_go_;
+      if (is_released) delete object;
+      return is_released;
+    });
   }
   STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* given,
                       VARIANT* result, EXCEPINFO* raised, UINT* argument) override {
@@ -119,14 +120,8 @@ class KitObject final : public TableObject {
 
   void LetGo() override {
     --living_objects;
-    if (!services_.are_calls_checked) {
-      delete this;
-      return;
-    }
     is_let_go_ = true;
-    next_let_go_ = last_let_go;
-    while (!last_let_go.compare_exchange_weak(next_let_go_, this)) {
-    }
+    if (!services_.are_calls_checked) delete this;
   }
 
   bool MayBeCounted(TextView member) {
@@ -163,9 +158,8 @@ class KitObject final : public TableObject {
   static constexpr std::string_view kUsedTooLate =
       "called after the object's last reference was released";
 
-  // Those that were let go, each leading to the one before it.
-  static inline std::atomic<KitObject*> last_let_go = nullptr;
-  KitObject* next_let_go_ = nullptr;
+  // Those whose calls are checked; each stays after its last release until it is forgotten.
+  static inline std::vector<KitObject*> kept;
   std::atomic<bool> is_let_go_ = false;
 
   const KitServices services_;

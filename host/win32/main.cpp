@@ -2,8 +2,6 @@
 // window.
 #include <windows.h>
 
-#include <shellapi.h>
-
 #include <iostream>
 #include <optional>
 #include <vector>
@@ -46,15 +44,6 @@ bool TakeHighContrast(std::vector<Text>& words) {
   if (std::erase(words, kHighContrast) == 0) return false;
   if (!IsWine()) throw UsageError(u"--high-contrast changes the whole session: under Wine only");
   return true;
-}
-
-std::vector<Text> Words() {
-  int count = 0;
-  wchar_t** const arguments = CommandLineToArgvW(GetCommandLineW(), &count);
-  std::vector<Text> words;
-  for (int at = 1; at < count; ++at) words.push_back(win32::FromWide(arguments[at]));
-  LocalFree(arguments);
-  return words;
 }
 
 // The option's value, taken out of the words.
@@ -155,12 +144,12 @@ int Perform(std::vector<Text> words, Console& console) {
   return code == kExitGood && !contract.breaches().empty() ? kExitBad : code;
 }
 
-int Main() {
+int Main(std::vector<Text> words) {
   Console console(std::cout, std::cerr);
   SetConsoleOutputCP(CP_UTF8);
   try {
     if (const auto code = RunInHostFolder()) return *code;
-    return Perform(Words(), console);
+    return Perform(std::move(words), console);
   } catch (const UsageError& error) {
     console.PrintError(error.message());
     return kExitUsage;
@@ -175,6 +164,8 @@ int Main() {
 }  // namespace
 }  // namespace quill::host
 
-int main() {
-  return quill::host::Main();
+extern "C" int wmain(int count, wchar_t** arguments) {
+  std::vector<quill::Text> words;
+  for (int at = 1; at < count; ++at) words.push_back(quill::win32::FromWide(arguments[at]));
+  return quill::host::Main(std::move(words));
 }
