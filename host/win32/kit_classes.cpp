@@ -1,3 +1,4 @@
+// The kits' class objects, and the registry entries under which they are found.
 #include "host/win32/kit_classes.h"
 
 #include "com/class_factory.h"
@@ -34,24 +35,17 @@ com::ComPtr<IClassFactory> MakeKitFactory(const KitServices& services, const Kit
   });
 }
 
-KitClasses::KitClasses(const KitServices& services) {
-  try {
-    for (std::size_t i = 0; i < std::size(kKits); ++i) {
-      const KitClass& kit = kKits[i];
-      const HRESULT result = ::CoRegisterClassObject(
-          kit.registered.id, MakeKitFactory(services, kit).get(), CLSCTX_INPROC_SERVER,
-          REGCLS_MULTIPLEUSE, &offered_[i].class_object);
-      if (FAILED(result)) throw com::ErrorOf(result);
-      Name(offered_[i], kit);
-    }
-  } catch (...) {
-    Withdraw();
-    throw;
+// Once the other constructor has run, the destructor withdraws what was offered when this one
+// fails.
+KitClasses::KitClasses(const KitServices& services) : KitClasses() {
+  for (std::size_t i = 0; i < std::size(kKits); ++i) {
+    const KitClass& kit = kKits[i];
+    const HRESULT result = ::CoRegisterClassObject(
+        kit.registered.id, MakeKitFactory(services, kit).get(), CLSCTX_INPROC_SERVER,
+        REGCLS_MULTIPLEUSE, &offered_[i].class_object);
+    if (FAILED(result)) throw com::ErrorOf(result);
+    Name(offered_[i], kit);
   }
-}
-
-KitClasses::~KitClasses() {
-  Withdraw();
 }
 
 void KitClasses::Name(Offered& offered, const KitClass& kit) {
@@ -69,7 +63,7 @@ void KitClasses::Name(Offered& offered, const KitClass& kit) {
   }
 }
 
-void KitClasses::Withdraw() noexcept {
+KitClasses::~KitClasses() {
   for (std::size_t i = 0; i < std::size(kKits); ++i) {
     const Offered& offered = offered_[i];
     if (offered.class_object != 0) (void)::CoRevokeClassObject(offered.class_object);

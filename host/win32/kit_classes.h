@@ -37,8 +37,8 @@ class KitClasses {
     com::RegistrationScope scope = com::RegistrationScope::kMachine;
     Text former_id;  // what the name led to before
   };
+  KitClasses() = default;
   static void Name(Offered& offered, const KitClass& kit);
-  void Withdraw() noexcept;
 
   std::array<Offered, 2> offered_;
 };

@@ -44,27 +44,18 @@ class StageOperator final : public WindowRobot {
 
 class NativeStage final : public Stage {
   // As in a host's own message loop, what was posted is handled before the next call.
-  class LoopAfterCall {
-   public:
-    explicit LoopAfterCall(NativeStage& stage) : stage_(stage) { ++stage_.calls_; }
-    ~LoopAfterCall() {
-      if (--stage_.calls_ != 0 || !stage_.boxes_in_hand_.empty()) return;
+  template <class Made>
+  auto Call(Made&& call) {
+    ++calls_;
+    const auto loop = [this](void*) {
+      if (--calls_ != 0 || !boxes_in_hand_.empty()) return;
       MSG message;
       while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
       }
-    }
-    LoopAfterCall(const LoopAfterCall&) = delete;
-    LoopAfterCall& operator=(const LoopAfterCall&) = delete;
-
-   private:
-    NativeStage& stage_;
-  };
-
-  template <class Made>
-  auto Call(Made&& call) {
-    const LoopAfterCall loop(*this);
+    };
+    const std::unique_ptr<void, decltype(loop)> after_call(this, loop);
     return session_.HostCall(call);
   }
 
@@ -130,7 +121,8 @@ class NativeStage final : public Stage {
     if (property == u"pointer" && person_.FormWindow() == nullptr) {
       return Text(headless::PointerWord(false));
     }
-    return person_.Read(control, property, ReadablePictures());
+    const bool is_picture = property == u"picture";
+    return person_.Read(control, property, is_picture ? ReadablePictures() : std::vector<Text>());
   }
   [[nodiscard]] bool DialogShown() override { return person_.FormShown(); }
   // Over a window of the dialog its own pointer and the screen's look the same.

@@ -1,3 +1,4 @@
+// What of the contract is checked at the beginning of each call and at the end.
 #include "host/win32/plugin_session.h"
 
 #include <filesystem>
@@ -16,11 +17,11 @@ BOOL CALLBACK CountDialog(HWND window, LPARAM count) {
 
 }  // namespace
 
-PluginSession::RunningCall::RunningCall(PluginSession& session) : session_(session) {
-  if (::GetCurrentThreadId() != session_.thread_) {
-    session_.contract_.Note(Side::kHost, "called the plug-in on another thread than its own");
+void PluginSession::BeginCall() {
+  if (::GetCurrentThreadId() != thread_) {
+    contract_.Note(Side::kHost, "called the plug-in on another thread than its own");
   }
-  ++session_.running_calls_;
+  ++running_calls_;
 }
 
 PluginSession::PluginSession(const LoadedLibrary& library, ContractLog& contract, const Text& root)

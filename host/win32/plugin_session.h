@@ -3,6 +3,7 @@
 // in a process; everything happens on the thread that made it.
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include "host/kit/disk_storage.h"
@@ -29,7 +30,9 @@ class PluginSession {
   // A call of the host; the plug-in is created by the first one.
   template <class Call>
   auto HostCall(Call&& call) {
-    const RunningCall running(*this);
+    BeginCall();
+    const auto end = [this](void*) { --running_calls_; };
+    const std::unique_ptr<void, decltype(end)> running(this, end);
     return call(Plugin());
   }
 
@@ -37,17 +40,7 @@ class PluginSession {
   [[nodiscard]] KitWatch& kit_watch() noexcept { return kit_watch_; }
 
  private:
-  class RunningCall {
-   public:
-    explicit RunningCall(PluginSession& session);
-    ~RunningCall() { --session_.running_calls_; }
-    RunningCall(const RunningCall&) = delete;
-    RunningCall& operator=(const RunningCall&) = delete;
-
-   private:
-    PluginSession& session_;
-  };
-
+  void BeginCall();
   PluginClient& Plugin();
   void KitIsCreated(TextView prog_id);
 

@@ -1,3 +1,4 @@
+// Windows as pixels, and pixels as the few chunks that a PNG file needs.
 #include "host/win32/window_picture.h"
 
 #include <zlib.h>

@@ -1,3 +1,4 @@
+// Gestures as messages, and what the windows show.
 #include "host/win32/window_robot.h"
 
 #include <commctrl.h>
@@ -11,6 +12,7 @@
 
 #include "headless/shown_words.h"
 #include "host/win32/window_picture.h"
+#include "support/number_text.h"
 #include "win32/drawing_surface.h"
 #include "win32/native_picture.h"
 #include "win32/native_text.h"
@@ -41,22 +43,36 @@ Text ControlName(HWND window) {
 }
 
 struct Search {
-  TextView name;
+  const std::function<bool(HWND window)>& is_wanted;
   HWND found = nullptr;
 };
 BOOL CALLBACK TryWindow(HWND window, LPARAM parameter) {
   auto& search = *reinterpret_cast<Search*>(parameter);
-  if (ControlName(window) == search.name) search.found = window;
+  if (search.is_wanted(window)) search.found = window;
   return search.found == nullptr;
 }
 
-Text ClassOf(HWND window) {
+// The topmost of this thread's own windows that is wanted, or of the windows inside `outer`; null
+// when there is none.
+HWND FindWindowIn(HWND outer, const std::function<bool(HWND window)>& is_wanted) {
+  Search search{is_wanted};
+  const auto parameter = reinterpret_cast<LPARAM>(&search);
+  if (outer == nullptr) {
+    EnumThreadWindows(GetCurrentThreadId(), &TryWindow, parameter);
+  } else {
+    EnumChildWindows(outer, &TryWindow, parameter);
+  }
+  return search.found;
+}
+
+constexpr TextView kList = u"ListBox";
+constexpr TextView kBox = u"ComboBox";
+constexpr TextView kStrip = u"SysTabControl32";
+
+bool IsClass(HWND window, TextView wanted) {
   std::array<wchar_t, 64> name{};
   const int length = GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-  return FromWide({name.data(), static_cast<std::size_t>(length)});
-}
-bool IsClass(HWND window, TextView name) {
-  return EqualIgnoringCase(ClassOf(window), name);
+  return EqualIgnoringCase(FromWide({name.data(), static_cast<std::size_t>(length)}), wanted);
 }
 
 LRESULT Send(HWND window, UINT message, WPARAM wparam = 0, LPARAM lparam = 0) {
@@ -65,6 +81,19 @@ LRESULT Send(HWND window, UINT message, WPARAM wparam = 0, LPARAM lparam = 0) {
 
 LPARAM At(POINT place) {
   return MAKELPARAM(place.x, place.y);
+}
+
+RECT InsideOf(HWND window) {
+  RECT inside = {};
+  GetClientRect(window, &inside);
+  return inside;
+}
+
+// Where a row of a list is drawn.
+RECT RowPlace(HWND list, int row) {
+  RECT place = {};
+  Send(list, LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+  return place;
 }
 
 POINT Middle(const RECT& area) {
@@ -83,58 +112,41 @@ HWND WindowUnder(HWND form, POINT screen) {
   }
 }
 
-// A place inside of `window` that nothing else covers, as near to the middle as can be.
-std::optional<POINT> OpenPlace(HWND form, HWND window) {
-  RECT inside = {};
-  GetClientRect(window, &inside);
-  for (const POINT place :
-       {Middle(inside), POINT{2, inside.bottom / 2}, POINT{inside.right - 2, inside.bottom / 2},
-        POINT{inside.right / 2, 1}, POINT{1, 1}}) {
-    POINT screen = place;
-    ClientToScreen(window, &screen);
-    if (WindowUnder(form, screen) == window) return place;
-  }
-  return std::nullopt;
-}
-
 void ClickAt(HWND window, POINT place, WPARAM keys = 0) {
   Send(window, WM_MOUSEMOVE, keys, At(place));
   Send(window, WM_LBUTTONDOWN, keys | MK_LBUTTON, At(place));
   Send(window, WM_LBUTTONUP, keys, At(place));
 }
 
-struct ButtonMessages {
-  UINT down;
-  UINT up;
-  WPARAM key;
-};
-ButtonMessages MessagesOf(std::int16_t button) {
-  switch (button) {
-    case ui::kRightButton:
-      return {WM_RBUTTONDOWN, WM_RBUTTONUP, MK_RBUTTON};
-    case ui::kMiddleButton:
-      return {WM_MBUTTONDOWN, WM_MBUTTONUP, MK_MBUTTON};
-    default:
-      return {WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON};
-  }
+// The message of a button that goes down; the next one is that of its going up.
+UINT DownMessage(std::int16_t button) {
+  if (button == ui::kRightButton) return WM_RBUTTONDOWN;
+  return button == ui::kMiddleButton ? WM_MBUTTONDOWN : WM_LBUTTONDOWN;
 }
 
-Text RowText(HWND window, UINT length_message, UINT text_message, int row) {
-  const LRESULT length = Send(window, length_message, static_cast<WPARAM>(row));
+// A list's messages, which a drop-down list has by other names.
+struct ListMessages {
+  UINT count;
+  UINT current;
+  UINT text_length;
+  UINT text;
+};
+ListMessages MessagesOf(HWND list) {
+  if (IsClass(list, kBox)) return {CB_GETCOUNT, CB_GETCURSEL, CB_GETLBTEXTLEN, CB_GETLBTEXT};
+  return {LB_GETCOUNT, LB_GETCURSEL, LB_GETTEXTLEN, LB_GETTEXT};
+}
+
+int CountOf(HWND list) {
+  return static_cast<int>(Send(list, MessagesOf(list).count));
+}
+
+Text ItemOf(HWND list, int row) {
+  const ListMessages messages = MessagesOf(list);
+  const LRESULT length = Send(list, messages.text_length, static_cast<WPARAM>(row));
   if (length < 0) throw StageError("there is no row " + std::to_string(row));
   std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
-  const LRESULT copied =
-      Send(window, text_message, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text.data()));
-  return FromWide({text.data(), static_cast<std::size_t>(std::max<LRESULT>(copied, 0))});
-}
-
-int CountOf(HWND window) {
-  return static_cast<int>(Send(window, IsClass(window, u"ComboBox") ? CB_GETCOUNT : LB_GETCOUNT));
-}
-
-Text ItemOf(HWND window, int row) {
-  return IsClass(window, u"ComboBox") ? RowText(window, CB_GETLBTEXTLEN, CB_GETLBTEXT, row)
-                                      : RowText(window, LB_GETTEXTLEN, LB_GETTEXT, row);
+  Send(list, messages.text, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text.data()));
+  return FromWide({text.data(), static_cast<std::size_t>(length)});
 }
 
 Text TabCaption(HWND strip, int index) {
@@ -153,10 +165,6 @@ std::vector<int> SelectedRows(HWND list) {
     if (Send(list, LB_GETSEL, static_cast<WPARAM>(row)) > 0) rows.push_back(row);
   }
   return rows;
-}
-
-bool IsExtended(HWND list) {
-  return (GetWindowLongPtrW(list, GWL_STYLE) & LBS_EXTENDEDSEL) != 0;
 }
 
 bool HasStyle(HWND window, DWORD style) {
@@ -182,28 +190,83 @@ Text PictureIn(HWND window, const std::vector<Text>& pictures) {
   return {};
 }
 
-std::optional<Text> ReadPlace(HWND window, TextView property) {
+// Left, top, width and height in the window around it, in twips.
+std::array<int, 4> PlaceInTwips(HWND window) {
   const win32::ScreenScale scale;
   RECT place = {};
   GetWindowRect(window, &place);
   MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
-  if (property == u"left") return Decimal(scale.TwipsX(place.left));
-  if (property == u"top") return Decimal(scale.TwipsY(place.top));
-  if (property == u"width") return Decimal(scale.TwipsX(place.right - place.left));
-  if (property == u"height") return Decimal(scale.TwipsY(place.bottom - place.top));
-  return std::nullopt;
+  return {scale.TwipsX(place.left), scale.TwipsY(place.top), scale.TwipsX(place.right - place.left),
+          scale.TwipsY(place.bottom - place.top)};
 }
 
-int RowIn(TextView property, TextView prefix) {
-  return std::stoi(ToUtf8(property.substr(prefix.size())));
+Text Truth(bool value) {
+  return Text(headless::TruthWord(value));
 }
+
+Text ListIndex(HWND list) {
+  if (!HasStyle(list, LBS_EXTENDEDSEL)) return Decimal(Send(list, LB_GETCURSEL));
+  const bool is_none = CountOf(list) == 0 || Send(list, LB_GETSELCOUNT) == 0;
+  return Decimal(is_none ? -1 : Send(list, LB_GETCARETINDEX));
+}
+
+Text RowData(HWND list, int row) {
+  if (row < 0 || row >= CountOf(list)) throw StageError("there is no row of that number");
+  const LRESULT data = Send(list, LB_GETITEMDATA, static_cast<WPARAM>(row));
+  return Decimal(static_cast<std::int32_t>(data));
+}
+
+Text SelectionOf(HWND list) {
+  Text rows;
+  for (const int row : SelectedRows(list)) {
+    rows += Concat({rows.empty() ? u"" : u" ", Decimal(row)});
+  }
+  return rows;
+}
+
+Text CurrentItem(HWND list) {
+  const auto row = static_cast<int>(Send(list, MessagesOf(list).current));
+  return row < 0 ? Text() : ItemOf(list, row);
+}
+
+// What a window shows by itself. The first row holds that names the property and the window's
+// class.
+struct Sight {
+  TextView property;
+  TextView of;  // a class of windows; empty: any
+  Text (*read)(HWND window, int row);
+};
+constexpr Sight kSights[] = {
+    {u"enabled", {}, [](HWND w, int) { return Truth(!HasStyle(w, WS_DISABLED)); }},
+    {u"visible", {}, [](HWND w, int) { return Truth(HasStyle(w, WS_VISIBLE)); }},
+    {u"shown", {}, [](HWND w, int) { return Truth(IsWindowVisible(w) != FALSE); }},
+    {u"value", {}, [](HWND w, int) { return Decimal(Send(w, BM_GETCHECK)); }},
+    {u"count", kStrip, [](HWND w, int) { return Decimal(Send(w, TCM_GETITEMCOUNT)); }},
+    {u"count", {}, [](HWND w, int) { return Decimal(CountOf(w)); }},
+    {u"index", kStrip, [](HWND w, int) { return Decimal(Send(w, TCM_GETCURSEL)); }},
+    {u"index", kBox, [](HWND w, int) { return Decimal(Send(w, CB_GETCURSEL)); }},
+    {u"index", {}, [](HWND w, int) { return ListIndex(w); }},
+    {u"item", kStrip, [](HWND w, int row) { return TabCaption(w, row); }},
+    {u"item", {}, [](HWND w, int row) { return ItemOf(w, row); }},
+    {u"caret", kList, [](HWND w, int) { return Decimal(Send(w, LB_GETCARETINDEX)); }},
+    {u"top", kList, [](HWND w, int) { return Decimal(Send(w, LB_GETTOPINDEX)); }},
+    {u"data", kList, [](HWND w, int row) { return RowData(w, row); }},
+    {u"selected", kList, [](HWND w, int) { return SelectionOf(w); }},
+    {u"text", kStrip,
+     [](HWND w, int) { return TabCaption(w, static_cast<int>(Send(w, TCM_GETCURSEL))); }},
+    {u"text", kBox, [](HWND w, int) { return CurrentItem(w); }},
+    {u"text", kList, [](HWND w, int) { return CurrentItem(w); }},
+    {u"text", {}, [](HWND w, int) { return WindowText(w); }},
+    {u"left", {}, [](HWND w, int) { return Decimal(PlaceInTwips(w)[0]); }},
+    {u"top", {}, [](HWND w, int) { return Decimal(PlaceInTwips(w)[1]); }},
+    {u"width", {}, [](HWND w, int) { return Decimal(PlaceInTwips(w)[2]); }},
+    {u"height", {}, [](HWND w, int) { return Decimal(PlaceInTwips(w)[3]); }},
+};
 
 }  // namespace
 
 HWND WindowRobot::FormWindow() const {
-  Search search{form_};
-  EnumThreadWindows(GetCurrentThreadId(), &TryWindow, reinterpret_cast<LPARAM>(&search));
-  return search.found;
+  return FindWindowIn(nullptr, [&](HWND window) { return ControlName(window) == form_; });
 }
 
 bool WindowRobot::FormShown() const {
@@ -215,10 +278,10 @@ HWND WindowRobot::Find(const Text& control) const {
   const HWND form = FormWindow();
   if (form == nullptr) Fail(form_, "is not there");
   if (control == form_) return form;
-  Search search{control};
-  EnumChildWindows(form, &TryWindow, reinterpret_cast<LPARAM>(&search));
-  if (search.found == nullptr) Fail(control, "is not there");
-  return search.found;
+  const HWND found =
+      FindWindowIn(form, [&](HWND window) { return ControlName(window) == control; });
+  if (found == nullptr) Fail(control, "is not there");
+  return found;
 }
 
 HWND WindowRobot::Reach(const Text& control) const {
@@ -230,15 +293,29 @@ HWND WindowRobot::Reach(const Text& control) const {
   return window;
 }
 
-void WindowRobot::Focus(const Text& control) const {
+HWND WindowRobot::Focus(const Text& control) const {
   const HWND window = Reach(control);
   if (GetFocus() != window) SetFocus(window);
   if (GetFocus() != window) Fail(control, "takes no keyboard focus");
+  return window;
+}
+
+// As near to the middle as can be.
+POINT WindowRobot::OpenPlace(const Text& control) const {
+  const HWND window = Reach(control);
+  const RECT inside = InsideOf(window);
+  for (const POINT place :
+       {Middle(inside), POINT{2, inside.bottom / 2}, POINT{inside.right - 2, inside.bottom / 2},
+        POINT{inside.right / 2, 1}, POINT{1, 1}}) {
+    POINT screen = place;
+    ClientToScreen(window, &screen);
+    if (WindowUnder(FormWindow(), screen) == window) return place;
+  }
+  Fail(control, "is covered");
 }
 
 void WindowRobot::Type(const Text& control, const Text& text) const {
-  Focus(control);
-  const HWND window = Find(control);
+  const HWND window = Focus(control);
   if (!IsClass(window, u"ListBox")) {
     Send(window, WM_KEYDOWN, VK_END);
     Send(window, WM_KEYUP, VK_END);
@@ -247,8 +324,7 @@ void WindowRobot::Type(const Text& control, const Text& text) const {
 }
 
 void WindowRobot::Paste(const Text& control, const Text& text) const {
-  Focus(control);
-  const HWND window = Find(control);
+  const HWND window = Focus(control);
   const std::size_t bytes = (text.size() + 1) * sizeof(char16_t);
   const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
   if (memory == nullptr || !OpenClipboard(window)) Fail(control, "could not reach the clipboard");
@@ -262,8 +338,7 @@ void WindowRobot::Paste(const Text& control, const Text& text) const {
 }
 
 void WindowRobot::EraseLast(const Text& control, int count) const {
-  Focus(control);
-  const HWND window = Find(control);
+  const HWND window = Focus(control);
   Send(window, WM_KEYDOWN, VK_END);
   for (int i = 0; i < count; ++i) Send(window, WM_CHAR, VK_BACK, 1);
 }
@@ -275,26 +350,17 @@ void WindowRobot::Choose(const Text& control, const Text& item) const {
   while (row < count && ItemOf(box, row) != item) ++row;
   if (row == count) throw StageError(ToUtf8(control) + " does not offer \"" + ToUtf8(item) + "\"");
 
-  RECT inside = {};
-  GetClientRect(box, &inside);
-  ClickAt(box, Middle(inside));
+  ClickAt(box, Middle(InsideOf(box)));
   COMBOBOXINFO info = {};
   info.cbSize = sizeof info;
   if (!GetComboBoxInfo(box, &info) || !Send(box, CB_GETDROPPEDSTATE)) {
     Fail(control, "does not open");
   }
-  if (Send(info.hwndList, LB_GETTOPINDEX) > row) {
+  if (Send(info.hwndList, LB_GETTOPINDEX) > row ||
+      RowPlace(info.hwndList, row).bottom > InsideOf(info.hwndList).bottom) {
     Send(info.hwndList, LB_SETTOPINDEX, static_cast<WPARAM>(row));
   }
-  RECT place = {};
-  RECT list = {};
-  GetClientRect(info.hwndList, &list);
-  Send(info.hwndList, LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
-  if (place.bottom > list.bottom) {
-    Send(info.hwndList, LB_SETTOPINDEX, static_cast<WPARAM>(row));
-    Send(info.hwndList, LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
-  }
-  ClickAt(info.hwndList, Middle(place));
+  ClickAt(info.hwndList, Middle(RowPlace(info.hwndList, row)));
   if (Send(box, CB_GETDROPPEDSTATE)) Fail(control, "does not close");
 }
 
@@ -322,8 +388,7 @@ void WindowRobot::ClickTab(const Text& caption) const {
   const HWND form = FormWindow();
   const HWND strip = FindWindowExW(form, nullptr, WC_TABCONTROLW, nullptr);
   if (strip == nullptr) Fail(form_, "has no tabs");
-  const Text name = ControlName(strip);
-  static_cast<void>(Reach(name));
+  static_cast<void>(Reach(ControlName(strip)));
   const auto count = static_cast<int>(Send(strip, TCM_GETITEMCOUNT));
   for (int index = 0; index < count; ++index) {
     if (TabCaption(strip, index) != caption) continue;
@@ -336,10 +401,7 @@ void WindowRobot::ClickTab(const Text& caption) const {
 }
 
 void WindowRobot::Click(const Text& control) const {
-  const HWND window = Reach(control);
-  const auto place = OpenPlace(FormWindow(), window);
-  if (!place.has_value()) Fail(control, "is covered");
-  ClickAt(window, *place);
+  ClickAt(Find(control), OpenPlace(control));
 }
 
 void WindowRobot::ClickRow(const Text& control, int row, WPARAM keys) const {
@@ -347,43 +409,32 @@ void WindowRobot::ClickRow(const Text& control, int row, WPARAM keys) const {
   if (row < 0 || row >= CountOf(list)) {
     throw StageError(ToUtf8(control) + " has no row " + std::to_string(row));
   }
-  RECT inside = {};
-  GetClientRect(list, &inside);
-  const auto place_of = [&] {
-    RECT place = {};
-    Send(list, LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
-    return place;
-  };
-  RECT place = place_of();
+  const RECT inside = InsideOf(list);
+  RECT place = RowPlace(list, row);
   if (place.top < 0 || place.bottom > inside.bottom) {
     ScrollTo(control, row);
-    place = place_of();
+    place = RowPlace(list, row);
   }
   ClickAt(list, {std::min<LONG>(8, inside.right / 2), (place.top + place.bottom) / 2}, keys);
 }
 
 void WindowRobot::SelectRows(const Text& control, const std::vector<int>& rows) const {
   const HWND list = Reach(control);
-  if (rows.empty()) {
-    const HeldKey held(VK_CONTROL);
-    for (const int row : SelectedRows(list)) ClickRow(control, row, MK_CONTROL);
-    return;
+  std::vector<int> toggled = rows.empty() ? SelectedRows(list) : rows;
+  if (!rows.empty()) {
+    ClickRow(control, rows.front(), 0);
+    toggled.erase(toggled.begin());
   }
-  ClickRow(control, rows.front(), 0);
   const HeldKey held(VK_CONTROL);
-  for (std::size_t i = 1; i < rows.size(); ++i) ClickRow(control, rows[i], MK_CONTROL);
+  for (const int row : toggled) ClickRow(control, row, MK_CONTROL);
 }
 
 void WindowRobot::DoubleClickRow(const Text& control, int row) const {
   const HWND list = Reach(control);
-  RECT inside = {};
-  GetClientRect(list, &inside);
-  POINT place = {8, inside.bottom - 2};
+  POINT place = {8, InsideOf(list).bottom - 2};
   if (row >= 0) {
     ClickRow(control, row, 0);
-    RECT area = {};
-    Send(list, LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&area));
-    place = {8, (area.top + area.bottom) / 2};
+    place.y = Middle(RowPlace(list, row)).y;
   } else {
     const auto height = static_cast<int>(Send(list, LB_GETITEMHEIGHT));
     const int shown = CountOf(list) - static_cast<int>(Send(list, LB_GETTOPINDEX));
@@ -395,8 +446,7 @@ void WindowRobot::DoubleClickRow(const Text& control, int row) const {
 }
 
 void WindowRobot::Key(const Text& control, char16_t character) const {
-  Focus(control);
-  Send(Find(control), WM_CHAR, character, 1);
+  Send(Focus(control), WM_CHAR, character, 1);
 }
 
 void WindowRobot::PressKey(WORD key) const {
@@ -407,11 +457,10 @@ void WindowRobot::PressKey(WORD key) const {
 }
 
 void WindowRobot::Strike(const Text& control, ui::KeyStroke stroke, int times) const {
-  Focus(control);
+  const HWND window = Focus(control);
   const bool with_alt = (stroke.shift & ui::kAltHeld) != 0;
   const HeldKey alt(with_alt ? VK_MENU : stroke.key);
   const HeldKey control_key((stroke.shift & ui::kCtrlHeld) != 0 ? VK_CONTROL : stroke.key);
-  const HWND window = Find(control);
   for (int time = 0; time < times; ++time) {
     Send(window, with_alt ? WM_SYSKEYDOWN : WM_KEYDOWN, stroke.key,
          1 | (with_alt ? kWithAlt : 0) | (time > 0 ? kRepeated : 0));
@@ -430,15 +479,10 @@ struct MenuWalk {
 };
 MenuWalk* menu_walk = nullptr;
 
-BOOL CALLBACK FindMenu(HWND window, LPARAM found) {
-  if (!IsClass(window, u"#32768") || !IsWindowVisible(window)) return TRUE;
-  *reinterpret_cast<HWND*>(found) = window;
-  return FALSE;
-}
-
 void CALLBACK StepThroughMenu(HWND, UINT, UINT_PTR, DWORD) {
-  HWND window = nullptr;
-  EnumThreadWindows(GetCurrentThreadId(), &FindMenu, reinterpret_cast<LPARAM>(&window));
+  const HWND window = FindWindowIn(nullptr, [](HWND candidate) {
+    return IsClass(candidate, u"#32768") && IsWindowVisible(candidate);
+  });
   if (window == nullptr || menu_walk == nullptr) return;
   constexpr UINT kGetMenu = 0x01E1;  // MN_GETHMENU
   const auto menu = reinterpret_cast<HMENU>(Send(window, kGetMenu));
@@ -456,23 +500,19 @@ void CALLBACK StepThroughMenu(HWND, UINT, UINT_PTR, DWORD) {
     menu_walk->items.push_back(is_grey ? Concat({u"(", item, u")"}) : item);
   }
   menu_walk->is_read = true;
-  const bool chooses = menu_walk->wanted_at >= 0;
-  const bool is_there =
-      chooses &&
-      (GetMenuState(menu, static_cast<UINT>(menu_walk->wanted_at), MF_BYPOSITION) & MF_HILITE) != 0;
-  PostMessageW(menu_walk->owner, WM_KEYDOWN,
-               !chooses   ? VK_ESCAPE
-               : is_there ? VK_RETURN
-                          : VK_DOWN,
-               1);
+  WPARAM key = VK_ESCAPE;
+  if (menu_walk->wanted_at >= 0) {
+    const UINT state = GetMenuState(menu, static_cast<UINT>(menu_walk->wanted_at), MF_BYPOSITION);
+    key = (state & MF_HILITE) != 0 ? VK_RETURN : VK_DOWN;
+  }
+  PostMessageW(menu_walk->owner, WM_KEYDOWN, key, 1);
 }
 
 }  // namespace
 
 std::vector<Text> WindowRobot::ChooseFromMenu(const Text& control, int row,
                                               const Text& item) const {
-  Focus(control);
-  const HWND list = Find(control);
+  const HWND list = Focus(control);
   MenuWalk walk;
   walk.wanted = item;
   walk.owner = list;
@@ -481,10 +521,9 @@ std::vector<Text> WindowRobot::ChooseFromMenu(const Text& control, int row,
   if (row < 0) {
     Send(list, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(list), -1);
   } else {
-    RECT place = {};
-    Send(list, LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
-    Send(list, WM_RBUTTONDOWN, MK_RBUTTON, At(Middle(place)));
-    Send(list, WM_RBUTTONUP, 0, At(Middle(place)));
+    const LPARAM place = At(Middle(RowPlace(list, row)));
+    Send(list, WM_RBUTTONDOWN, MK_RBUTTON, place);
+    Send(list, WM_RBUTTONUP, 0, place);
   }
   KillTimer(nullptr, timer);
   menu_walk = nullptr;
@@ -507,21 +546,17 @@ void WindowRobot::PressAccessKey(char16_t key, int times) const {
 }
 
 void WindowRobot::Press(const Text& control, std::int16_t button) const {
-  const HWND window = Reach(control);
-  const auto place = OpenPlace(FormWindow(), window);
-  if (!place.has_value()) Fail(control, "is covered");
-  const ButtonMessages messages = MessagesOf(button);
-  Send(window, messages.down, messages.key, At(*place));
+  // The middle one has another number among the keys of a message.
+  const auto key = static_cast<WPARAM>(button == ui::kMiddleButton ? MK_MBUTTON : button);
+  Send(Find(control), DownMessage(button), key, At(OpenPlace(control)));
 }
 
 void WindowRobot::Release(const Text& control, std::int16_t button) const {
-  const HWND window = Reach(control);
-  const auto place = OpenPlace(FormWindow(), window);
-  if (!place.has_value()) Fail(control, "is covered");
+  POINT where = OpenPlace(control);
+  const HWND window = Find(control);
   const HWND capture = GetCapture();
-  POINT where = *place;
   if (capture != nullptr) MapWindowPoints(window, capture, &where, 1);
-  Send(capture != nullptr ? capture : window, MessagesOf(button).up, 0, At(where));
+  Send(capture != nullptr ? capture : window, DownMessage(button) + 1, 0, At(where));
 }
 
 void WindowRobot::CloseForm() const {
@@ -545,64 +580,19 @@ Text WindowRobot::ReadTooltip(HWND window) const {
   return {};
 }
 
-namespace {
-Text Truth(bool value) {
-  return Text(headless::TruthWord(value));
-}
-}  // namespace
-
 Text WindowRobot::Read(const Text& control, const Text& property,
                        const std::vector<Text>& pictures) const {
   const HWND window = Find(control);
-  const bool is_list = IsClass(window, u"ListBox");
-  const bool is_box = IsClass(window, u"ComboBox");
-  const bool is_strip = IsClass(window, u"SysTabControl32");
-  if (property == u"enabled") return Truth(!HasStyle(window, WS_DISABLED));
-  if (property == u"visible") return Truth(HasStyle(window, WS_VISIBLE));
-  if (property == u"shown") return Truth(IsWindowVisible(window) != FALSE);
   if (property == u"tooltip") return ReadTooltip(window);
   if (property == u"pointer") return Text(headless::PointerWord(IsBusyOver(control)));
   if (property == u"picture") return PictureIn(window, pictures);
-  if (property == u"value") return Decimal(Send(window, BM_GETCHECK));
-  if (property == u"count") {
-    return Decimal(is_strip ? Send(window, TCM_GETITEMCOUNT) : CountOf(window));
+  const std::size_t blank = property.find(u' ');
+  const int row = blank == Text::npos ? -1 : ToInt32(TextView(property).substr(blank));
+  const TextView name = property == u"caption" ? u"text" : TextView(property).substr(0, blank);
+  for (const Sight& sight : kSights) {
+    if (sight.property != name || (!sight.of.empty() && !IsClass(window, sight.of))) continue;
+    return sight.read(window, row);
   }
-  if (property == u"index") {
-    if (is_strip) return Decimal(Send(window, TCM_GETCURSEL));
-    if (is_box) return Decimal(Send(window, CB_GETCURSEL));
-    if (!IsExtended(window)) return Decimal(Send(window, LB_GETCURSEL));
-    const bool none = CountOf(window) == 0 || Send(window, LB_GETSELCOUNT) == 0;
-    return Decimal(none ? -1 : Send(window, LB_GETCARETINDEX));
-  }
-  if (is_list && property == u"caret") return Decimal(Send(window, LB_GETCARETINDEX));
-  if (is_list && property == u"top") return Decimal(Send(window, LB_GETTOPINDEX));
-  if (property.starts_with(u"item ")) {
-    const int row = RowIn(property, u"item ");
-    return is_strip ? TabCaption(window, row) : ItemOf(window, row);
-  }
-  if (is_list && property.starts_with(u"data ")) {
-    const int row = RowIn(property, u"data ");
-    if (row < 0 || row >= CountOf(window)) throw StageError("there is no row of that number");
-    return Decimal(
-        static_cast<std::int32_t>(Send(window, LB_GETITEMDATA, static_cast<WPARAM>(row))));
-  }
-  if (is_list && property == u"selected") {
-    Text rows;
-    for (const int row : SelectedRows(window)) {
-      if (!rows.empty()) rows += u' ';
-      AppendDecimal(rows, row);
-    }
-    return rows;
-  }
-  if (property == u"text" || property == u"caption") {
-    if (is_strip) return TabCaption(window, static_cast<int>(Send(window, TCM_GETCURSEL)));
-    if (is_box || is_list) {
-      const LRESULT row = Send(window, is_box ? CB_GETCURSEL : LB_GETCURSEL);
-      return row < 0 ? Text() : ItemOf(window, static_cast<int>(row));
-    }
-    return WindowText(window);
-  }
-  if (const auto place = ReadPlace(window, property)) return *place;
   throw StageError("no window shows the property " + ToUtf8(property));
 }
 
@@ -632,41 +622,22 @@ HWND FileNameField(HWND box) {
   return combo != nullptr ? combo : GetDlgItem(box, kFileNameField);
 }
 
-BOOL CALLBACK TryBox(HWND window, LPARAM parameter) {
-  auto& box = *reinterpret_cast<OpenBox*>(parameter);
-  if (!IsWindowVisible(window) || !IsWindowEnabled(window) || !IsClass(window, u"#32770")) {
-    return TRUE;
-  }
-  box = {window, FileNameField(window) != nullptr, WindowText(window), {}};
-  if (box.asks_for_file) {
-    wchar_t folder[MAX_PATH] = {};
-    SendMessageW(window, CDM_GETFOLDERPATH, MAX_PATH, reinterpret_cast<LPARAM>(folder));
-    box.text = FromWide(folder);
-  }
-  const HWND text = GetDlgItem(window, kMessageText);
-  if (text != nullptr) box.text = WindowText(text);
-  return FALSE;
-}
-
-std::function<void()>& Turn() {
-  static std::function<void()> turn;
-  return turn;
-}
-
-void CALLBACK Beat(HWND, UINT, UINT_PTR, DWORD) {
-  const auto turn = Turn();
-  try {
-    if (turn) turn();
-  } catch (...) {
-    // `turn` keeps its own failures; nothing may pass into the system.
-  }
-}
-
 }  // namespace
 
 OpenBox FindOpenBox() {
-  OpenBox box;
-  EnumThreadWindows(GetCurrentThreadId(), &TryBox, reinterpret_cast<LPARAM>(&box));
+  const HWND window = FindWindowIn(nullptr, [](HWND candidate) {
+    return IsWindowVisible(candidate) && IsWindowEnabled(candidate) &&
+           IsClass(candidate, u"#32770");
+  });
+  if (window == nullptr) return {};
+  OpenBox box{window, FileNameField(window) != nullptr, WindowText(window), {}};
+  if (const HWND text = GetDlgItem(window, kMessageText)) {
+    box.text = WindowText(text);
+  } else if (box.asks_for_file) {
+    wchar_t folder[MAX_PATH] = {};
+    Send(window, CDM_GETFOLDERPATH, MAX_PATH, reinterpret_cast<LPARAM>(folder));
+    box.text = FromWide(folder);
+  }
   return box;
 }
 
@@ -688,14 +659,29 @@ void AnswerFileBox(const OpenBox& box, const std::vector<Text>& paths) {
   Send(box.window, WM_COMMAND, IDOK);
 }
 
+namespace {
+
+std::function<void()> heartbeat_turn;
+
+void CALLBACK Beat(HWND, UINT, UINT_PTR, DWORD) {
+  const auto turn = heartbeat_turn;
+  try {
+    if (turn) turn();
+  } catch (...) {
+    // `turn` keeps its own failures; nothing may pass into the system.
+  }
+}
+
+}  // namespace
+
 Heartbeat::Heartbeat(std::function<void()> turn) {
-  Turn() = std::move(turn);
+  heartbeat_turn = std::move(turn);
   timer_ = SetTimer(nullptr, 0, 10, &Beat);
 }
 
 Heartbeat::~Heartbeat() {
   KillTimer(nullptr, timer_);
-  Turn() = nullptr;
+  heartbeat_turn = nullptr;
 }
 
 }  // namespace quill::host

@@ -73,7 +73,9 @@ class WindowRobot {
 
  private:
   [[nodiscard]] HWND Reach(const Text& control) const;
-  void Focus(const Text& control) const;
+  HWND Focus(const Text& control) const;
+  // A place inside of the control's window that nothing else covers.
+  [[nodiscard]] POINT OpenPlace(const Text& control) const;
   void ClickRow(const Text& control, int row, WPARAM keys) const;
   [[nodiscard]] Text ReadTooltip(HWND window) const;
 

@@ -26,10 +26,14 @@ namespace {
 
 using com::RegistrationScope;
 
-constexpr com::RegisteredClass kRobotClass = {
-    kRobotProgId,
-    u"Robot operator of the Quillstart reference host",
-    {0x5A2E7D13, 0xC84F, 0x4B90, {0x92, 0x6D, 0x17, 0xF3, 0x4C, 0x88, 0xBE, 0x05}}};
+constexpr KitClass kRobotClass = {
+    {kRobotProgId,
+     u"Robot operator of the Quillstart reference host",
+     {0x5A2E7D13, 0xC84F, 0x4B90, {0x92, 0x6D, 0x17, 0xF3, 0x4C, 0x88, 0xBE, 0x05}}},
+    [](const KitServices&) { return MakeRobotObject(); }};
+std::array<const KitClass*, 3> Classes() {
+  return {&KitClassTable()[0], &KitClassTable()[1], &kRobotClass};
+}
 
 // Where the kits keep their own files: the folder that QUILL_HOST_ROOT names, otherwise that of the
 // host's program.
@@ -60,20 +64,16 @@ KitServices ServicesOfKits() {
 }
 
 com::ComPtr<IClassFactory> FactoryOf(REFCLSID class_id) {
-  for (const KitClass& kit : KitClassTable()) {
-    if (IsEqualCLSID(class_id, kit.registered.id)) return MakeKitFactory(ServicesOfKits(), kit);
+  for (const KitClass* made : Classes()) {
+    if (IsEqualCLSID(class_id, made->registered.id)) return MakeKitFactory(ServicesOfKits(), *made);
   }
-  if (!IsEqualCLSID(class_id, kRobotClass.id)) return {};
-  return com::MakeClassFactory([](REFIID wanted, void** object) {
-    return MakeRobotObject()->QueryInterface(wanted, object);
-  });
+  return {};
 }
 
 template <class Body>
 HRESULT ForEachClass(Body&& body) {
   return com::Guarded(IID_IUnknown, [&] {
-    for (const KitClass& kit : KitClassTable()) body(kit.registered);
-    body(kRobotClass);
+    for (const KitClass* made : Classes()) body(made->registered);
     return S_OK;
   });
 }
