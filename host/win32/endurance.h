@@ -8,12 +8,12 @@
 
 namespace quill::host {
 
-// On a thread in a single-threaded apartment, in the host's throw-away folder, with the library at
+// On a thread in a single-threaded apartment, in the host's temporary folder, with the library at
 // `path`, which nothing has loaded yet:
-// - `cycles` times the library is loaded, an object is made, called and released, and the library
-//   asked whether it may go, and unloaded;
+// - `cycles` times the library is loaded, an object is created, called and released, and the
+//   library is asked whether it can be unloaded, and unloaded;
 // - `cycles` times the dialog is opened, filled by a reply and by the operator, and closed;
-// - ten times as many replies, one in a hundred of them damaged, come into an open dialog.
+// - ten times as many replies, one in a hundred of them damaged, are delivered to an open dialog.
 // Each run and each resource that grew is told in a line. True when none grew and all that the host
 // and the operator did came out as it should.
 bool Endure(const Text& path, int cycles, ContractLog& contract,

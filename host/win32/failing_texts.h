@@ -1,5 +1,5 @@
-// Memory that is short at the right moment: lets a module's next request for an automation string
-// fail, so that tests and robots can see what its callers learn of it.
+// Lets a module's next request for an automation string fail, as when memory is short, so that
+// tests and robots can see what its callers are told.
 #pragma once
 
 #include <windows.h>

@@ -1,4 +1,4 @@
-// The throw-away folder, the copy that runs there, and what is in it at the start.
+// The temporary folder, the copy that runs there, and what is in it at the start.
 #include "host/win32/host_folder.h"
 
 #include <windows.h>
@@ -26,7 +26,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const wchar_t* kProgramName = L"quillhost.exe";
-// Lies in a throw-away folder, so that no other one is ever emptied.
+// A file that marks a folder as temporary: no other folder is ever emptied.
 constexpr const wchar_t* kMarkName = L"quillhost-throw-away";
 
 fs::path PathOf(TextView text) {
@@ -38,9 +38,9 @@ fs::path PathOf(TextView text) {
 }
 
 // A folder that is removed with all that is in it.
-class ThrowAwayFolder {
+class TemporaryFolder {
  public:
-  ThrowAwayFolder() {
+  TemporaryFolder() {
     std::error_code error;
     // The long form: a short one would not compare equal to what file dialogs answer.
     std::array<wchar_t, 1024> name{};
@@ -51,12 +51,12 @@ class ThrowAwayFolder {
     fs::remove_all(path_, error);
     if (!fs::create_directories(path_, error)) Fail(u"This folder cannot be made", path_);
   }
-  ~ThrowAwayFolder() {
+  ~TemporaryFolder() {
     std::error_code error;
     fs::remove_all(path_, error);
   }
-  ThrowAwayFolder(const ThrowAwayFolder&) = delete;
-  ThrowAwayFolder& operator=(const ThrowAwayFolder&) = delete;
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
   [[nodiscard]] const fs::path& path() const { return path_; }
 
@@ -76,7 +76,7 @@ std::optional<int> RunInHostFolder() {
   std::error_code error;
   if (fs::exists(here / kMarkName, error)) return std::nullopt;
   win32::Win32ProcessPaths paths;
-  const ThrowAwayFolder folder;
+  const TemporaryFolder folder;
   if (!std::ofstream(folder.path() / kMarkName)) Fail(u"This folder cannot be used", folder.path());
   const fs::path library = PathOf(kLibraryFileName);
   for (const auto& [from, to] :
@@ -84,8 +84,8 @@ std::optional<int> RunInHostFolder() {
         std::pair(here / library, library)}) {
     if (!fs::copy_file(from, folder.path() / to, error)) Fail(u"This file cannot be copied", from);
   }
-  // This command line as a whole stands for the arguments: the runtime would join them by blanks
-  // and lose their quotation marks.
+  // The runtime joins arguments by blanks and does not quote them, so that the whole command line
+  // is passed as one.
   const std::intptr_t code =
       _wspawnl(_P_WAIT, (folder.path() / kProgramName).c_str(), GetCommandLineW(), nullptr);
   if (code == -1) Fail(u"This program cannot be started", folder.path() / kProgramName);

@@ -1,6 +1,6 @@
 // The folder in which this program plays the host. The plug-in takes the folder of the host's
 // program as the host's root, so the program runs as a copy of itself, with the library beside it,
-// in a throw-away folder that holds nothing else.
+// in a temporary folder that holds nothing else.
 #pragma once
 
 #include <optional>
@@ -9,7 +9,7 @@
 
 namespace quill::host {
 
-// Runs this command line in a copy inside a new throw-away folder, waits for it and returns its
+// Runs this command line in a copy inside a new temporary folder, waits for it and returns its
 // exit code; nothing when this program is such a copy already. Fails with a RuntimeError that says
 // what went wrong.
 [[nodiscard]] std::optional<int> RunInHostFolder();
@@ -18,7 +18,7 @@ namespace quill::host {
 [[nodiscard]] Text HostFolderOfProgram();
 
 // The same, with nothing left in it but the program, the library and the button pictures. Fails
-// with kPermissionDenied in a folder that is no throw-away one.
+// with kPermissionDenied in a folder that is not such a temporary one.
 [[nodiscard]] Text FreshHostFolder();
 
 // Puts the host's two button pictures under this folder.

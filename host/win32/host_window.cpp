@@ -73,7 +73,7 @@ class HostWindow {
     return made;
   }
 
-  // A check box for each right, behind the line about them.
+  // A check box for each right, after the label.
   void AddRights() {
     HWND before = GetDlgItem(window_, ID_RIGHTS_LABEL);
     RECT row = {8, 91, 208, 103};  // in dialog units
@@ -88,7 +88,7 @@ class HostWindow {
                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id++)), nullptr, nullptr);
       SendMessageW(box, WM_SETFONT, static_cast<WPARAM>(SendMessageW(window_, WM_GETFONT, 0, 0)),
                    FALSE);
-      // The Tab key goes through the controls in their order in depth.
+      // The Tab key follows the z-order.
       SetWindowPos(box, before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
       before = box;
       OffsetRect(&row, 0, 13);
@@ -156,7 +156,8 @@ class HostWindow {
     SendMessageW(log, LB_SETTOPINDEX, static_cast<WPARAM>(at), 0);
   }
 
-  // While the dialog is shown this window waits, so a small one that comes after it has the button.
+  // The dialog disables this window while it is shown; a small one, made later, has the button
+  // then.
   void Pump() {
     relay_->Pump();
     for (const Text& entry : session_.kit_watch().TakeLog()) Tell(Concat({u"error log: ", entry}));

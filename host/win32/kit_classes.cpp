@@ -35,8 +35,8 @@ com::ComPtr<IClassFactory> MakeKitFactory(const KitServices& services, const Kit
   });
 }
 
-// Once the other constructor has run, the destructor withdraws what was offered when this one
-// fails.
+// The other constructor has finished by then, so that a failure here runs the destructor, which
+// withdraws what was offered.
 KitClasses::KitClasses(const KitServices& services) : KitClasses() {
   for (std::size_t i = 0; i < std::size(kKits); ++i) {
     const KitClass& kit = kKits[i];

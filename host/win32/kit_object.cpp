@@ -1,4 +1,4 @@
-// The kits as tables of their operations, and the watch over how the plug-in calls them.
+// The kits as tables of their operations, and the checks of how the plug-in calls them.
 #include "host/win32/kit_object.h"
 
 #include <array>

@@ -39,7 +39,7 @@ constexpr TextView kOwnHelp =
 
 constexpr CommandOption kEndureOptions[] = {{u"--cycles", u"N", u""}};
 
-// Takes the option out of the words. On Windows it would recolour everybody's whole session.
+// Takes the option out of the words. On Windows it would change the colours of the whole session.
 bool TakeHighContrast(std::vector<Text>& words) {
   if (std::erase(words, kHighContrast) == 0) return false;
   if (!IsWine()) throw UsageError(u"--high-contrast changes the whole session: under Wine only");

@@ -1,12 +1,18 @@
-// Windows as pixels, and pixels as the few chunks that a PNG file needs.
+// Pixels from a surface that the window is copied to or draws on.
 #include "host/win32/window_picture.h"
 
-#include <zlib.h>
+#include <windows.h>
 
-#include <fstream>
+#include <objidl.h>
+
+#include <algorithm>
 #include <stdexcept>
-#include <string>
-#include <string_view>
+namespace Gdiplus {
+// What its header expects as macros.
+using std::max;
+using std::min;
+}  // namespace Gdiplus
+#include <gdiplus.h>
 
 #include "win32/drawing_surface.h"
 
@@ -24,34 +30,6 @@ Pixels Take(int width, int height, const Draw& draw) {
   Pixels pixels{width, height, std::vector<std::uint32_t>(bits, bits + count)};
   for (std::uint32_t& pixel : pixels.values) pixel &= 0x00FFFFFFu;
   return pixels;
-}
-
-void AppendNumber(std::string& target, std::uint32_t number) {
-  for (int shift = 24; shift >= 0; shift -= 8) {
-    target += static_cast<char>(number >> shift & 0xFFu);
-  }
-}
-
-void AppendChunk(std::string& target, std::string_view type, std::string_view content) {
-  AppendNumber(target, static_cast<std::uint32_t>(content.size()));
-  const std::size_t begin = target.size();
-  target += type;
-  target += content;
-  const auto* const data = reinterpret_cast<const Bytef*>(target.data() + begin);
-  AppendNumber(
-      target, static_cast<std::uint32_t>(crc32(0, data, static_cast<uInt>(target.size() - begin))));
-}
-
-std::string Deflated(const std::string& bytes) {
-  uLongf size = compressBound(static_cast<uLong>(bytes.size()));
-  std::string deflated(size, '\0');
-  if (compress(reinterpret_cast<Bytef*>(deflated.data()), &size,
-               reinterpret_cast<const Bytef*>(bytes.data()),
-               static_cast<uLong>(bytes.size())) != Z_OK) {
-    throw std::runtime_error("a picture could not be compressed");
-  }
-  deflated.resize(size);
-  return deflated;
 }
 
 }  // namespace
@@ -78,27 +56,21 @@ Pixels TakeOwnDrawing(HWND window) {
 }
 
 void WritePng(const Pixels& pixels, const std::filesystem::path& path) {
-  std::string rows;
-  for (int y = 0; y < pixels.height; ++y) {
-    rows += '\0';  // no filter
-    for (int x = 0; x < pixels.width; ++x) {
-      const std::uint32_t pixel = pixels.At(x, y);
-      for (const int shift : {16, 8, 0}) rows += static_cast<char>(pixel >> shift & 0xFFu);
+  constexpr CLSID kPngEncoder = {
+      0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
+  const Gdiplus::GdiplusStartupInput input;
+  ULONG_PTR token = 0;
+  Gdiplus::Status status = Gdiplus::GdiplusStartup(&token, &input, nullptr);
+  if (status == Gdiplus::Ok) {
+    std::vector<std::uint32_t> rows = pixels.values;
+    {
+      Gdiplus::Bitmap image(pixels.width, pixels.height, 4 * pixels.width, PixelFormat32bppRGB,
+                            reinterpret_cast<BYTE*>(rows.data()));
+      status = image.Save(path.c_str(), &kPngEncoder, nullptr);
     }
+    Gdiplus::GdiplusShutdown(token);
   }
-  std::string header;
-  AppendNumber(header, static_cast<std::uint32_t>(pixels.width));
-  AppendNumber(header, static_cast<std::uint32_t>(pixels.height));
-  header += std::string_view("\x08\x02\0\0\0", 5);  // 8 bits, red green blue
-
-  std::string png = "\x89PNG\r\n\x1A\n";
-  AppendChunk(png, "IHDR", header);
-  AppendChunk(png, "IDAT", Deflated(rows));
-  AppendChunk(png, "IEND", {});
-  std::ofstream file(path, std::ios::binary);
-  file.write(png.data(), static_cast<std::streamsize>(png.size()));
-  file.close();
-  if (!file) throw std::runtime_error("cannot write " + path.string());
+  if (status != Gdiplus::Ok) throw std::runtime_error("cannot write " + path.string());
 }
 
 }  // namespace quill::host

@@ -25,7 +25,7 @@ using win32::FromWide;
 using win32::Wide;
 using win32::WindowText;
 
-// Of a key's message.
+// Bits of a key message's second parameter.
 constexpr LPARAM kWithAlt = 1 << 29;
 constexpr LPARAM kRepeated = 1 << 30;
 

@@ -25,8 +25,8 @@ inline constexpr TextView kRobotProgId = u"rcRobot.clsRobot";
 //   AnswerFile(path)           for the next file dialog; one without an answer is cancelled
 //   Boxes()                    the message boxes since the last call, one a line: "caption: text",
 //       the text's own lines joined by " / "; the robot acknowledges every box
-//   RefuseNextText()           the plug-in's next request for a string fails, as when memory is
-//   short
+//   RefuseNextText()           lets the plug-in's next request for a string fail, as when memory is
+//       short
 // Fails with error 429 while another robot lives.
 [[nodiscard]] com::ComPtr<IDispatch> MakeRobotObject();
 
