@@ -36,7 +36,7 @@ Class Seen
     Dim option_name
     enabled = ""
     For Each option_name In governed
-      enabled = enabled & robot.Read(option_name, "enabled")
+      enabled = enabled & Abs(robot.Read(option_name, "enabled") = "true")
     Next
   End Sub
 End Class
