@@ -8,6 +8,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <source_location>
 
 #include "support/report_message.h"
@@ -17,6 +18,12 @@
 namespace quill {
 
 // The line of the statement that a trapping procedure has come to. `at(), statement;` notes it.
+//
+// Nothing lighter tells it. The place where a failure is thrown lies in the called function, and
+// mostly in another file than the label's; the platform's and the host's failures have no place at
+// all. A place as a default argument of the called function would have to stand in every function
+// that can fail, the standard library's too. A stack trace needs debug information, which is not
+// shipped.
 class Line {
  public:
   explicit Line(const std::source_location& begun_at) noexcept { (*this)(begun_at); }
@@ -33,17 +40,28 @@ class Line {
 void ReportTrapped(MessageReporter& reporter, TextView label, const RuntimeError& error,
                    std::int32_t line) noexcept;
 
-// Runs each step, also when one before it fails. Used to restore state after a failure: further
-// failures are dropped.
+// Runs each step, also when one before it fails; the first failure is passed on at the end.
 template <class... Steps>
-void RunEach(Steps&&... steps) noexcept {
-  const auto run = [](auto& step) {
+void RunAll(Steps&&... steps) {
+  std::exception_ptr first_failure;
+  const auto run = [&](auto& step) {
     try {
       step();
     } catch (...) {
+      if (first_failure == nullptr) first_failure = std::current_exception();
     }
   };
   (run(steps), ...);
+  if (first_failure != nullptr) std::rethrow_exception(first_failure);
+}
+
+// The same where nobody can be told, as in restoring state after a failure: failures are dropped.
+template <class... Steps>
+void RunEach(Steps&&... steps) noexcept {
+  try {
+    RunAll(steps...);
+  } catch (...) {
+  }
 }
 
 struct NothingFirst {

@@ -3,6 +3,7 @@
 
 #include <limits>
 
+#include "support/trap.h"
 #include "ui/tab_strip.h"
 
 namespace quill::ui {
@@ -203,22 +204,15 @@ void Form::Unload() {
   unloading_ = true;
   const KeepAlive alive(weak_from_this().lock());
 
-  std::exception_ptr first_failure;
-  const auto run = [&](const auto& step) {
-    try {
-      step();
-    } catch (...) {
-      if (first_failure == nullptr) first_failure = std::current_exception();
-    }
-  };
-  run([&] { Raise(u"Unload", on_unload); });
-  unloaded_ = true;
-  run([&] { Hide(); });
-  run([&] {
-    const auto told = on_unloaded;
-    if (told) told();
-  });
-  if (first_failure != nullptr) std::rethrow_exception(first_failure);
+  RunAll([&] { Raise(u"Unload", on_unload); },
+         [&] {
+           unloaded_ = true;
+           Hide();
+         },
+         [&] {
+           const auto told = on_unloaded;
+           if (told) told();
+         });
 }
 
 void Form::React(const Fact& fact) {

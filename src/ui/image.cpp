@@ -40,6 +40,7 @@ void Image::React(const Fact& fact) {
 }
 
 bool Image::ReactToKey(const KeyStruck& key) {
+  if ((key.stroke.shift & kAltHeld) != 0) return false;
   if (key.stroke.key == kSpaceKey) {
     if (!std::exchange(space_held_, true)) Raise(u"MouseDown", on_mouse_down, Middle());
     return true;

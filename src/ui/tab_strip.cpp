@@ -4,6 +4,8 @@
 #include <exception>
 #include <utility>
 
+#include "support/trap.h"
+
 namespace quill::ui {
 
 TabStrip::TabStrip(Form& form, Text name, std::vector<Text> captions)
@@ -23,22 +25,12 @@ void TabStrip::Turn(bool forward) {
   if (count > 0) Choose((selected_ + (forward ? 1 : count - 1)) % count);
 }
 
-// The peer is told twice, so that it can show the pages' change as one. Whatever fails, the pages
-// follow.
+// The peer is told twice, so that it can show the pages' change as one. When it fails, the page is
+// that of the chosen tab even so.
 void TabStrip::Choose(int index) {
   selected_ = index;
-  std::exception_ptr failure;
-  const auto attempt = [&](const auto& step) {
-    try {
-      step();
-    } catch (...) {
-      failure = std::current_exception();
-    }
-  };
-  attempt([&] { Changed(Changes::kSelection | Changes::kTurnBegins); });
-  attempt([&] { Raise(u"Click", on_click); });
-  attempt([&] { Changed(Changes::kTurnEnds); });
-  if (failure) std::rethrow_exception(failure);
+  RunAll([&] { Changed(Changes::kSelection | Changes::kTurnBegins); },
+         [&] { Raise(u"Click", on_click); }, [&] { Changed(Changes::kTurnEnds); });
 }
 
 }  // namespace quill::ui
