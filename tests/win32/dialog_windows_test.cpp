@@ -221,7 +221,9 @@ TEST_F(DialogWindows, APressedButtonLooksPressedInHighContrast) {
       return host::TakeWindow(robot.Find(control));
     };
     const HWND icon_button = robot.Find(u"cmdRandomize");
+    const std::uint32_t own_face = picture_of(u"txtGametype").At(5, 5);
     const host::HighContrast scheme(GetModuleHandleW(nullptr), robot.FormWindow());
+    EXPECT_EQ(std::ranges::count(picture_of(u"txtGametype").values, own_face), 0);
     const host::Pixels face = picture_of(u"cmdRightImg");
     const host::Pixels icon = picture_of(u"cmdRandomize");
     robot.Press(u"cmdRight");
