@@ -75,6 +75,9 @@ TEST_F(DialogWindows, TypingEndsAtTheLimitAndKeepsTheCaret) {
     EXPECT_EQ(caret, 3u);
     EXPECT_EQ(Seen(u"txtName", u"text"), u"abcdefghijklmnopqrstuvwxyz");
 
+    SendMessageW(box, WM_CHAR, 'A' - '@', 1);  // Ctrl+A
+    EXPECT_EQ(SendMessageW(box, EM_GETSEL, 0, 0), MAKELRESULT(0, 26));
+
     robot.EraseLast(u"txtName", 2);
     robot.Paste(u"txtCountry", u"GERMANY");
     EXPECT_EQ(Seen(u"txtName", u"text"), u"abcdefghijklmnopqrstuvwx");
@@ -355,6 +358,39 @@ TEST_F(DialogWindows, EscapeClosesTheDropDownOnly) {
     EXPECT_FALSE(SendMessageW(box, CB_GETDROPPEDSTATE, 0, 0));
     EXPECT_TRUE(robot.FormShown());
     EXPECT_EQ(Seen(u"cboMods", u"text"), context.dialog->Get<ui::ComboBox>(u"cboMods").text());
+  });
+}
+
+TEST_F(DialogWindows, TheDropDownListIsAsWideAsItsLongestItem) {
+  Show([&](frmrcBHDGS&) {
+    const Text longest = u"A mod with a name that is far longer than the box is wide";
+    PickMod(longest);
+    const HWND box = robot.Find(u"cboMods");
+    const HDC device = GetDC(box);
+    const auto font = reinterpret_cast<HFONT>(SendMessageW(box, WM_GETFONT, 0, 0));
+    const HGDIOBJ before = SelectObject(device, font);
+    SIZE text = {};
+    GetTextExtentPoint32W(device, reinterpret_cast<const wchar_t*>(longest.c_str()),
+                          static_cast<int>(longest.size()), &text);
+    SelectObject(device, before);
+    ReleaseDC(box, device);
+    const auto width = static_cast<int>(SendMessageW(box, CB_GETDROPPEDWIDTH, 0, 0));
+    EXPECT_GE(width, text.cx);
+    EXPECT_LE(width, text.cx + 2 * GetSystemMetrics(SM_CXVSCROLL));
+  });
+}
+
+TEST_F(DialogWindows, ADisabledSpinListKeepsItsRow) {
+  Show([&](frmrcBHDGS& dialog) {
+    robot.ScrollTo(u"lstMax", 7);
+    dialog.At(u"lstMax").SetEnabled(false);
+    const HWND list = robot.Find(u"lstMax");
+    SendMessageW(list, WM_VSCROLL, SB_LINEDOWN, 0);
+    SendMessageW(list, WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
+    SendMessageW(list, WM_KEYDOWN, VK_DOWN, 1);
+    EXPECT_EQ(Seen(u"lstMax", u"index"), u"7");
+    EXPECT_EQ(Seen(u"lstMax", u"top"), u"7");
+    EXPECT_EQ(dialog.Get<ui::ListBox>(u"lstMax").ListIndex(), 7);
   });
 }
 
