@@ -6,6 +6,7 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
+#include <array>
 #include <vector>
 
 #include "win32/form_peer.h"
@@ -16,13 +17,15 @@ namespace quill::win32 {
 namespace {
 
 // Wine shows an unfinished page after the drawing of any device context that began its last drawing
-// more than 50 ms ago, which most did. Each begins anew with a point outside, which draws nothing.
-BOOL CALLBACK Freshen(HWND window, LPARAM) {
-  for (const HDC context : {GetDC(window), GetWindowDC(window)}) {
+// more than 50 ms ago, which most did. Each of its cached ones (64 at most, as `context` holds at
+// once) begins anew with a point outside, which draws nothing.
+void FreshenContexts(HWND window) {
+  std::array<HDC, 64> contexts = {};
+  for (HDC& context : contexts) {
+    context = GetDC(window);
     SetPixelV(context, -1, -1, 0);
-    ReleaseDC(window, context);
   }
-  return TRUE;
+  for (const HDC context : contexts) ReleaseDC(window, context);
 }
 
 class TabStripPeer final : public PeerOf<ui::TabStrip> {
@@ -79,8 +82,7 @@ class TabStripPeer final : public PeerOf<ui::TabStrip> {
     for (const ui::Control* const page : hidden_pages_) {
       if (!page->visible()) continue;
       const HWND shown = Of(*page)->window();
-      Freshen(shown, 0);
-      EnumChildWindows(shown, &Freshen, 0);
+      FreshenContexts(shown);
       MsgWaitForMultipleObjects(0, nullptr, FALSE, 0, 0);  // likewise for a thread's last wait
       RedrawWindow(shown, nullptr, nullptr,
                    RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
