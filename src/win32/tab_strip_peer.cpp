@@ -16,9 +16,9 @@
 namespace quill::win32 {
 namespace {
 
-// Wine shows an unfinished page after the drawing of any device context that began its last drawing
-// more than 50 ms ago, which most did. Each of its cached ones (64 at most, as `context` holds at
-// once) begins anew with a point outside, which draws nothing.
+// Wine 8 shows an unfinished page after the drawing of any device context that began its last
+// drawing more than 50 ms ago, which most did. A point outside draws nothing and counts as a
+// beginning. Wine keeps 64 contexts; all of them held at once are all of them.
 void FreshenContexts(HWND window) {
   std::array<HDC, 64> contexts = {};
   for (HDC& context : contexts) {
