@@ -74,7 +74,7 @@ void Control::MoveInto(Control& container) {
   Leave(*container_);
   container.children_.push_back(this);
   container_ = &container;
-  Changed(Changes::kOrder | Changes::kBounds);
+  Changed(Changes::kOrder);
 }
 
 void Control::Leave(Control& container) noexcept {
