@@ -105,6 +105,7 @@ expect txtPort tooltip = "Limit: 31 Characters"
 expect txtPort text = 17479
 
 expect lblLstKillsNote caption = "(DM + TDM)"
+expect lblLstKillsNote left = 7395
 expect lblLstScoreNote caption = (Flagball)
 expect lblLstZoneNote caption = "(TKOTH + KOTH)"
 

@@ -26,6 +26,21 @@ expect lstSelMaps row 0 = "Road Rage <DMK_01A.BMS>"
 expect lstSelMaps row 1 = "City Madness <DMM_01A.BMS>"
 expect lstSelMaps row 10 = "Road Rage <DMK_01A.BMS>"
 expect lstSelMaps row 11 = "City Madness <DMM_01A.BMS>"
+
+# Each button has its letter.
+answer cancel
+alt m
+expect file dialog "Load saved map list"
+alt n
+alt p
+expect txtGametype text = Deathmatch
+alt r
+answer cancel
+alt l
+expect file dialog "Load Saved Host Settings"
+answer cancel
+alt v
+expect file dialog "Save Host Settings"
 alt c held
 expect dialog hidden
 expect no box

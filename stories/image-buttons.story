@@ -85,6 +85,12 @@ release cmdRight
 expect txtGametype text = "Capture the Flag"
 release cmdRight
 expect txtGametype text = Flagball
+# A press that comes before it shows that it has been released elsewhere.
+answer double-click "{root}\profiles\1\settings\one.mpl"
+push cmdLoadMaps
+expect file dialog "Load saved map list"
+push cmdLeft
+expect txtGametype text = "Capture the Flag"
 
 # Pressed once more while pressed: no drift either.
 press cmdStart

@@ -12,6 +12,7 @@ file "{root}\profiles\1\settings\week.mpl"
 | 0[-]1[-]DMM_01G.BMS
 | 0[-]false[-]DMM_01H.BMS
 | 0[-]0[-]dmk_01a.bms
+| 0[-]true[-]XDM.BMS
 host opens profile 1 target t
 reply map Deathmatch "Own One" XDM.BMS
 host replies
@@ -26,8 +27,9 @@ expect lstSelMaps rows
 | Cracked <DMM_01E.BMS>
 | Own One <XDM.BMS>
 | Mines Eye <DMM_01H.BMS>
-expect lstSelMaps tooltip = "Maps: 4 / 118"
-expect lblMapCnt caption = "Number of Maps: 4"
+| Own One <XDM.BMS>
+expect lstSelMaps tooltip = "Maps: 5 / 118"
+expect lblMapCnt caption = "Number of Maps: 5"
 expect dialog pointer = default
 expect frmrcBHDGS enabled = true
 expect no box
@@ -40,10 +42,11 @@ expect file "{root}\profiles\1\settings\week.hsf" contains "Map1=0[-]0[-]DMM_01E
 push cmdStart
 expect payload map 2 = "Own One <XDM.BMS> 0 True"
 expect payload map 3 = "Mines Eye <DMM_01H.BMS> 0 False"
+expect payload map 4 = "Own One <XDM.BMS> 0 False"
 
 answer cancel
 push cmdLoadMaps
-expect lstSelMaps count = 4
+expect lstSelMaps count = 5
 file "{root}\profiles\1\settings\nothing.mpl" = ""
 answer "{root}\profiles\1\settings\nothing"
 push cmdLoadMaps

@@ -30,6 +30,7 @@ expect box "Failed!" "You cannot add more than 255 maps!"
 key lstAvlMaps +
 expect box "Failed!" "You cannot add more than 255 maps!"
 key lstAvlMaps x
+cannot menu lstAvlMaps Add
 expect no box
 expect lstSelMaps count = 255
 

@@ -15,6 +15,7 @@ expect lstSelMaps rows
 | Walled In <DMM_01G.BMS>
 | Stadium Riot <DMM_01K.BMS>
 expect lstSelMaps selected = "1 3"
+expect lstSelMaps caret = 1
 expect lstSelMaps tooltip = "Maps: 6 / 117"
 keys lstSelMaps Alt+Home
 expect lstSelMaps rows

@@ -42,4 +42,5 @@ expect lstAvlMaps selected = 2
 type lstSelMaps s
 expect lstSelMaps row 0 = "Road Rage <DMK_01A.BMS>"
 expect lstSelMaps selected = 5
+expect lstSelMaps tooltip = Deathmatch
 push cmdCancel

@@ -46,7 +46,7 @@ end
 expect lstSelMaps no rows
 expect lblMapCnt caption = "Number of Maps: 0"
 keys lstSelMaps Ctrl+Y
-keys lstSelMaps Ctrl+Y
+keys cmdRandomize Ctrl+Y
 expect lstSelMaps rows
 | Road Rage <DMK_01A.BMS>
 | City Madness <DMM_01A.BMS>
@@ -88,6 +88,7 @@ host opens profile 1 target t
 host replies
 tab "Map Settings"
 keys lstSelMaps Ctrl+Z
+cannot menu lstSelMaps Redo
 double-click lstAvlMaps 0
 expect lstSelMaps count = 1
 # A hundred steps are kept.

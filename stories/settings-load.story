@@ -111,6 +111,18 @@ answer "{root}\profiles\1\settings\night"
 push cmdLoad
 expect txtName text = Bare
 
+# One entry is no settings, and a mod is named exactly.
+file "{root}\profiles\1\settings\night.hsf" = "[Settings]{crlf}txtName=Alone{crlf}"
+answer "{root}\profiles\1\settings\night.hsf"
+push cmdLoad
+expect txtName text = Bare
+file "{root}\profiles\1\settings\night.hsf" = "[Settings]{crlf}txtName=Two{crlf}cboMods=NONE{crlf}"
+choose cboMods "Team Sabre"
+answer "{root}\profiles\1\settings\night.hsf"
+push cmdLoad
+expect txtName text = Two
+expect cboMods text = "Team Sabre"
+
 # A flag is any truth value; beyond four fields the third is the file's name again.
 file "{root}\profiles\1\settings\flags.hsf"
 | [Settings]

@@ -89,5 +89,11 @@ expect file "{root}\profiles\4\settings\plain.hsf" contains "txtName=   {crlf}"
 expect file "{root}\profiles\4\settings\plain.hsf" contains "cboMods={crlf}"
 expect file "{root}\profiles\4\settings\plain.hsf" lacks Map
 expect file "{root}\profiles\4\settings\plain" missing
+# A point in a folder's name begins no extension.
+file "{root}\v1.2\old.txt" = old
+answer "{root}\v1.2\plain"
+push cmdSave
+expect box Success "Host Settings Saved Successfully."
+expect file "{root}\v1.2\plain.hsf" contains "lstMax=-1{crlf}"
 expect txtPort text = ""
 push cmdCancel

@@ -69,6 +69,8 @@ TEST(SettingsFile, SavingTellsWhetherAFileIsThere) {
   bench.watch.before = [](TextView operation, TextView) { return operation != u"WriteIniKey"; };
   bench.OpenFilled([&](frmrcBHDGS&) {
     bench.Push(u"cmdSave", u"none.hsf");
+    // No read-only box, several files, an existing path, short names, the present look.
+    EXPECT_EQ(bench.toolkit.TakeFileDialogs().at(0).flags, 0x000C0A04u);
     bench.Push(u"cmdSave", u"empty.hsf");
     // What was set aside for nothing comes back before the operator is told.
     bench.toolkit.while_message_open = [&](const auto&) {
@@ -92,8 +94,19 @@ TEST(SettingsFile, AFailedSaveReportsItsMapAndKeepsWhatIsWritten) {
     EXPECT_EQ(bench.Failures(), Strings{"cmdSave|5|Invalid procedure call or argument [2]"});
     EXPECT_TRUE(bench.Read(u"short.hsf").ends_with("Map1=7[-]0[-]CTF_04A.BMS\r\n"));
 
-    // The kit's own error 5 is not about a missing map.
+    // What a kit leaves that fails at the first key is not worth the former file.
     dialog.BuildMapList();
+    bench.Write(u"old.hsf", "[Settings]\r\nMap9=x\r\n");
+    bench.watch.before = [&](TextView operation, TextView) {
+      if (operation != u"WriteIniKey") return true;
+      bench.Write(u"old.hsf", "half");
+      throw RuntimeError(ErrorNumber::kDeviceIoError);
+    };
+    bench.Push(u"cmdSave", u"old.hsf");
+    EXPECT_EQ(bench.Failures(), Strings{"cmdSave|57|Device I/O error"});
+    EXPECT_EQ(bench.Read(u"old.hsf"), "[Settings]\r\nMap9=x\r\n");
+
+    // The kit's own error 5 is not about a missing map.
     bench.watch.before = [](TextView, TextView key) {
       if (key == u"Map1") throw RuntimeError(ErrorNumber::kInvalidProcedureCall, u"Kit");
       return true;

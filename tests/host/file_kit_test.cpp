@@ -173,8 +173,9 @@ TEST(DiskStorage, ReplacesWholeFilesAndLeavesNothingBeside) {
   EXPECT_THROW(storage.Append(u"C:\\Host\\no\\a.txt", "x"), RuntimeError);
   EXPECT_THROW(storage.ReadWhole(u"C:\\Host\\folder"), RuntimeError);
   // A neighbour that cannot be written stops the change before the file is touched.
-  fs::create_directories(folder / "my.hsf.new~" / "occupied");
+  fs::create_directory(folder / "my.hsf.new~");
   EXPECT_THROW(storage.Replace(kIniPath, "y"), RuntimeError);
+  EXPECT_FALSE(fs::exists(folder / "my.hsf.new~"));
   EXPECT_EQ(storage.ReadWhole(kIniPath), "bb\n");
 }
 

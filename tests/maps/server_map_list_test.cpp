@@ -121,6 +121,8 @@ TEST(ServerMapList, TheFirstOfEqualMapsIsFoundAfterEveryKindOfChange) {
   std::swap(former, lists.server);
   EXPECT_EQ(found(u"B.BMS", u"1"), u"Late");
   EXPECT_TRUE(former.HasName(u"Fresh"));
+  former.Clear();
+  EXPECT_FALSE(former.HasName(u"Fresh"));
 }
 
 TEST(SelectedMapList, RemovesMarkedRowsAndRenumbersTheRest) {

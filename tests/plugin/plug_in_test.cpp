@@ -143,6 +143,28 @@ TEST_F(PlugIn, TheDialogThatCallsDuringItsReportGetIsTheOne) {
   EXPECT_EQ(Boxes().size(), 1u);
 }
 
+TEST_F(PlugIn, AMouseTakenAwayReleasesWhatIsPressedAndActsOnNothing) {
+  OpenFilled([&](frmrcBHDGS& dialog) {
+    const std::string before = Value(u"chkLoop");
+    for (const TextView pressed : {u"cmdStart", u"cmdStartImg", u"lblChkLoop"}) {
+      person.Press(pressed, ui::kLeftButton);
+      dialog.At(pressed).Happened(ui::MouseLost{});
+      EXPECT_EQ(dialog.At(u"cmdStart").bounds().left, 1515) << ToUtf8(pressed);
+    }
+    person.Release(u"lblChkLoop", ui::kLeftButton);
+    EXPECT_EQ(Value(u"chkLoop"), before);
+    // Nor does a release beside the label mean it.
+    ui::Control& label = dialog.At(u"lblChkLoop");
+    const ui::Bounds& size = label.bounds();
+    for (const auto& [x, y] : {std::pair(-1, 9), {9, -1}, {size.width, 9}, {9, size.height}}) {
+      person.Press(u"lblChkLoop", ui::kLeftButton);
+      label.Happened(ui::MouseReleased{{ui::kLeftButton, 0, x, y}});
+      EXPECT_EQ(Value(u"chkLoop"), before) << x << "," << y;
+    }
+  });
+  EXPECT_EQ(Boxes(), Strings());
+}
+
 TEST_F(PlugIn, AClosingDialogRestoresThePointerThenUnhooksAndGoes) {
   std::vector<Text> calls;
   std::weak_ptr<frmrcBHDGS> closed;

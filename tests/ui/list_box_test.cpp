@@ -49,6 +49,7 @@ TEST_F(ListBoxTest, HoldsRowsWithTheirNumbers) {
 TEST_F(ListBoxTest, WhatIsTypedAfterASecondBeginsAnew) {
   auto& list = Make(Selection::kSingle, ListHeight::kSingleRow, 0);
   for (int number = 0; number < 30; ++number) list.AddItem(Decimal(number));
+  bench.hand.now = 70000;
   bench.WhileShown([&] {
     bench.hand.Type(u"lst", u"2");
     bench.hand.now += 1000;
@@ -60,11 +61,13 @@ TEST_F(ListBoxTest, WhatIsTypedAfterASecondBeginsAnew) {
   });
 }
 
-TEST_F(ListBoxTest, ABlankIsPartOfWhatIsTypedButDoesNotBeginIt) {
+TEST_F(ListBoxTest, WhatIsTypedBeginsWithNoBlankAndHoldsNoCommand) {
   auto& list = Make(Selection::kExtended, ListHeight::kManyRows, 0);
-  for (const char16_t* row : {u"Tunnel A", u"Tunnel B", u"Two"}) list.AddItem(row);
+  for (const char16_t* row : {u"Tunnel A", u"Tunnel B", u"Two", u"+", u"-", u"="}) {
+    list.AddItem(row);
+  }
   bench.WhileShown([&] {
-    bench.hand.Type(u"lst", u" tunnel b");
+    bench.hand.Type(u"lst", u" =+-tunnel b");
     EXPECT_EQ(list.ListIndex(), 1);
   });
 }
@@ -111,9 +114,10 @@ TEST_F(ListBoxTest, SingleRowListFollowsWhatIsScrolledIntoView) {
   EXPECT_EQ(list.TopIndex(), 30);
   bench.WhileShown([&] {
     for (const auto& [to, index] : {std::pair(3, 3), {3, 3}, {1000, 49}, {-4, 0}}) {
+      headless::MirrorOf(list).ChangeTopRow(to);
       list.Happened(ScrolledTo{to});
       EXPECT_EQ(list.ListIndex(), index);
-      EXPECT_EQ(list.TopIndex(), index);
+      EXPECT_EQ(Seen(u"top"), std::to_string(index));
     }
     EXPECT_EQ(scrolls, 3) << "once it was there already";
     list.Happened(RowsSelected{{12}, 12});
@@ -221,6 +225,17 @@ TEST_F(ListBoxTest, RefillsReachThePeerOnce) {
   const std::size_t taken = mirror.rows_taken();
   for (int row = 0; row < 100; ++row) list.AddItem(u"more");
   EXPECT_EQ(mirror.rows_taken() - taken, 100u) << "each row by itself, and no other with it";
+}
+
+TEST_F(ListBoxTest, AMenuThatOutlivesTheDisplayDoesNothing) {
+  auto& list = Make(Selection::kExtended, ListHeight::kManyRows, 1);
+  list.SetMenu({{u"Add", u"", {}, false, [] { return true; }, [&] { ++clicks; }}});
+  bench.toolkit.menu_choice = u"Add";
+  bench.toolkit.before_call = [&](TextView call) {
+    if (call == u"ShowMenu lst") bench.form->Hide();
+  };
+  bench.WhileShown([&] { list.Happened(MenuAsked{}); });
+  EXPECT_EQ(clicks, 0);
 }
 
 }  // namespace
