@@ -6,7 +6,7 @@ tab "Map Settings"
 file "{root}\imgs\butdown.gif" missing
 press cmdRight
 expect cmdRightImg picture = butup.gif
-expect cmdRight left = 3595
+expect cmdRight left != 3575
 release cmdRight
 expect txtGametype text = "Team Deathmatch"
 file "{root}\imgs\butup.gif" missing

@@ -101,8 +101,10 @@ TEST_F(MapListFile, AFileThatBreaksOffIsClosedAndKeepsWhatWasRead) {
     person.ClickTab(u"Map Settings");
     Push(u"cmdLoadMaps", u"long.mpl");
     EXPECT_EQ(RotationFiles(), "DMK_01A.BMS ");
+    Push(u"cmdLoadMaps", u"gone\\long.mpl");
   });
-  EXPECT_EQ(Failures(), Strings{"cmdLoadMaps|57|Device I/O error"});
+  EXPECT_EQ(Failures(),
+            (Strings{"cmdLoadMaps|57|Device I/O error", "cmdLoadMaps|76|Path not found"}));
 }
 
 }  // namespace
