@@ -7,7 +7,7 @@ cmake_minimum_required(VERSION 3.25)
 set(ENV{CCACHE_DISABLE} 1)
 # The copies keep their times, so that only what changed is compiled again the next time.
 file(REMOVE_RECURSE "${SCRATCH}/source")
-file(COPY "${ROOT}/CMakeLists.txt" "${ROOT}/cmake" "${ROOT}/src" DESTINATION "${SCRATCH}/source")
+file(COPY "${ROOT}/CMakeLists.txt" "${ROOT}/cmake" "${ROOT}/src" "${ROOT}/tools" DESTINATION "${SCRATCH}/source")
 execute_process(
   COMMAND "${CMAKE_COMMAND}" -G Ninja -S "${SCRATCH}/source" -B "${SCRATCH}/build"
           "-DCMAKE_TOOLCHAIN_FILE=${SCRATCH}/source/cmake/toolchains/${TOOLCHAIN}"
