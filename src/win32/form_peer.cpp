@@ -168,8 +168,8 @@ LRESULT FormPeer::FillFace(HWND window, HDC context) const noexcept {
 }
 
 COLORREF FormPeer::FaceColour() const noexcept {
-  return own_face_ != nullptr ? ToColorRef(hook_->colour_source->back_colour())
-                              : GetSysColor(COLOR_BTNFACE);
+  return hook_ && own_face_ != nullptr ? ToColorRef(hook_->colour_source->back_colour())
+                                       : GetSysColor(COLOR_BTNFACE);
 }
 
 COLORREF FormPeer::TextColour() const noexcept {
