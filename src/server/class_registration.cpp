@@ -6,9 +6,9 @@
 
 #include "com/bstr.h"
 #include "com/com_error.h"
-#include "com/owned.h"
 #include "support/runtime_error.h"
 #include "win32/file_handle.h"
+#include "win32/owned.h"
 #include "win32/win32_process_paths.h"
 
 namespace quill::com {
@@ -68,12 +68,13 @@ REGSAM FlagOf(RegistryView view) noexcept {
 }
 
 // Null: there is no such key. `path` is a full one.
-Owned<HKEY> OpenKey(RegistrationScope scope, const Text& path, REGSAM rights, RegistryView view) {
+win32::Owned<HKEY> OpenKey(RegistrationScope scope, const Text& path, REGSAM rights,
+                           RegistryView view) {
   HKEY opened = nullptr;
   const LSTATUS status =
       ::RegOpenKeyExW(RootOf(scope), WideOf(path), 0, rights | FlagOf(view), &opened);
   if (status != ERROR_FILE_NOT_FOUND) ThrowIfFailed(status);
-  return Owned<HKEY>(opened);
+  return win32::Owned<HKEY>(opened);
 }
 
 }  // namespace

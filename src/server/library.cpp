@@ -75,7 +75,7 @@ bool Library::Claim() noexcept {
   const bool has_ended =
       owner_ == 0 || ::WaitForSingleObject(owner_thread_.get(), 0) == WAIT_OBJECT_0;
   if (owner_ != caller && has_ended) {
-    if (Owned<HANDLE> thread(::OpenThread(SYNCHRONIZE, FALSE, caller)); thread != nullptr) {
+    if (win32::Owned<HANDLE> thread(::OpenThread(SYNCHRONIZE, FALSE, caller)); thread != nullptr) {
       owner_thread_ = std::move(thread);
       owner_ = caller;
       // Windows end with their thread, and the host's objects with its apartment: there is nothing

@@ -9,8 +9,8 @@
 
 #include "com/automation.h"
 #include "com/com_ptr.h"
-#include "com/owned.h"
 #include "plugin/mdlBHDGS.h"
+#include "win32/owned.h"
 
 namespace quill::com {
 
@@ -49,7 +49,7 @@ class Library {
   std::atomic<bool> is_held_ = false;
   SRWLOCK owner_lock_ = SRWLOCK_INIT;
   DWORD owner_ = 0;
-  Owned<HANDLE> owner_thread_;  // kept open: Windows would give the thread's id to another
+  win32::Owned<HANDLE> owner_thread_;  // kept open: Windows would give the thread's id to another
   ComPtr<ITypeLib> types_;
   std::unique_ptr<Runtime> runtime_;
 };

@@ -1,9 +1,9 @@
 // The native push button.
 #include <utility>
 
-#include "com/owned.h"
 #include "ui/command_button.h"
 #include "win32/native_text.h"
+#include "win32/owned.h"
 #include "win32/peers.h"
 #include "win32/this_module.h"
 #include "win32/win32_toolkit.h"
@@ -28,14 +28,14 @@ class CommandButtonPeer final : public PeerOf<ui::CommandButton> {
   void Show(ui::Changes changes) override {
     if (!changes.Has(ui::Changes::kPicture) || model_.icon().empty()) return;
     const SIZE size = toolkit().scale().Scaled(SIZE{32, 32});
-    com::Owned<HICON> icon(static_cast<HICON>(LoadImageW(
+    Owned<HICON> icon(static_cast<HICON>(LoadImageW(
         ThisModule(), Wide(Text(model_.icon())), IMAGE_ICON, size.cx, size.cy, LR_DEFAULTCOLOR)));
     Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
     icon_ = std::move(icon);  // the former one only now: until then the button shows it
   }
 
  private:
-  com::Owned<HICON> icon_;
+  Owned<HICON> icon_;
 };
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <functional>
 #include <vector>
 
-#include "com/owned.h"
+#include "win32/owned.h"
 
 namespace quill::win32 {
 
@@ -42,7 +42,7 @@ class DeferredTasks {
   void Post() noexcept;
   void Run() noexcept;
 
-  com::Owned<HWND> window_;
+  Owned<HWND> window_;
   std::vector<std::function<void()>> tasks_;
   int events_ = 0;  // being handled, one inside the other
   bool posted_ = false;

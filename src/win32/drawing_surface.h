@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "com/owned.h"
+#include "win32/owned.h"
 
 namespace quill::win32 {
 
@@ -23,8 +23,8 @@ class DrawingSurface {
   [[nodiscard]] bool valid() const noexcept { return bitmap_ != nullptr; }
 
  private:
-  com::Owned<HDC> context_;
-  com::Owned<HBITMAP> bitmap_;
+  Owned<HDC> context_;
+  Owned<HBITMAP> bitmap_;
   HGDIOBJ previous_ = nullptr;
 };
 

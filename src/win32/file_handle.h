@@ -3,12 +3,10 @@
 
 #include <string>
 
-#include "com/owned.h"
 #include "support/text.h"
+#include "win32/owned.h"
 
 namespace quill::win32 {
-
-using com::Owned;
 
 // `path` as file calls take it; a long one gets the prefix that lifts the system's length limit.
 // Fails with kPathNotFound for an empty path and for one with a zero unit in it, which the system

@@ -5,13 +5,11 @@
 
 #include <array>
 
-#include "com/owned.h"
 #include "support/text.h"
+#include "win32/owned.h"
 #include "win32/screen_scale.h"
 
 namespace quill::win32 {
-
-using com::Owned;
 
 inline constexpr int kDialogFontPoints = 8;
 

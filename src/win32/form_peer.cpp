@@ -151,7 +151,7 @@ void FormPeer::ShowVisible() {
 }
 
 HFONT FormPeer::Font(int points) {
-  com::Owned<HFONT>& font = fonts_[points];
+  Owned<HFONT>& font = fonts_[points];
   if (font == nullptr) font = MakeDialogFont(toolkit().scale(), points);
   return font.get();
 }

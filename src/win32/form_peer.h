@@ -4,9 +4,9 @@
 #include <map>
 #include <optional>
 
-#include "com/owned.h"
 #include "ui/form.h"
 #include "ui/tab_background.h"
+#include "win32/owned.h"
 #include "win32/window_peer.h"
 
 namespace quill::win32 {
@@ -68,9 +68,9 @@ class FormPeer final : public WindowPeer {
   void ComeForward() const noexcept;
 
   ui::Form& form_;
-  std::map<int, com::Owned<HFONT>> fonts_;  // by their size
+  std::map<int, Owned<HFONT>> fonts_;  // by their size
   HWND tooltips_ = nullptr;
-  com::Owned<HBRUSH> own_face_;  // while the tab strip is hooked
+  Owned<HBRUSH> own_face_;  // while the tab strip is hooked
   std::optional<Hook> hook_;
   bool shows_access_keys_ = false;
   HWND active_before_ = nullptr;

@@ -1,8 +1,8 @@
 // A picture box holds one colour, in its window and in its memory image.
 #include "win32/picture_box_peer.h"
 
-#include "com/owned.h"
 #include "win32/native_colour.h"
+#include "win32/owned.h"
 
 namespace quill::win32 {
 
@@ -20,7 +20,7 @@ void PictureBoxPeer::Show(ui::Changes changes) {
 }
 
 void PictureBoxPeer::Draw(HDC context, const RECT& area) const {
-  const com::Owned<HBRUSH> brush(CreateSolidBrush(ToColorRef(model_.back_colour())));
+  const Owned<HBRUSH> brush(CreateSolidBrush(ToColorRef(model_.back_colour())));
   FillRect(context, &area, brush.get());
 }
 

@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <optional>
 
-#include "com/owned.h"
 #include "win32/fonts.h"
 #include "win32/modal_display.h"
 #include "win32/native_text.h"
+#include "win32/owned.h"
 #include "win32/screen_scale.h"
 #include "win32/this_module.h"
 
@@ -24,13 +24,12 @@ constexpr SIZE kAroundSystemText = {0, 140};  // what the system's box is taller
 constexpr int kTextId = 0xFFFF;  // as in the system's box
 
 // The font of the system's box; null: it does not tell.
-com::Owned<HFONT> MakeMessageFont() noexcept {
+Owned<HFONT> MakeMessageFont() noexcept {
   NONCLIENTMETRICSW metrics = {};
   metrics.cbSize = sizeof metrics;
-  return com::Owned<HFONT>(
-      SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0)
-          ? CreateFontIndirectW(&metrics.lfMessageFont)
-          : nullptr);
+  return Owned<HFONT>(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0)
+                          ? CreateFontIndirectW(&metrics.lfMessageFont)
+                          : nullptr);
 }
 
 // Of the text, broken into lines where the system's box breaks it.
@@ -126,7 +125,7 @@ class ScrollingBox {
   HWND owner_;
   const Text& caption_;
   Text text_;
-  const com::Owned<HFONT> font_ = MakeMessageFont();
+  const Owned<HFONT> font_ = MakeMessageFont();
   std::optional<ModalDisplay> others_;
 };
 

@@ -43,7 +43,7 @@ int FontLineHeight(const ScreenScale& scale) {
 // Shows the items at that place of the screen until one is chosen or the menu
 // is left; -1: left, or it could not be shown.
 int ChooseFromMenu(HWND owner, POINT place, const std::vector<ui::MenuItem>& items) {
-  const com::Owned<HMENU> menu(CreatePopupMenu());
+  const Owned<HMENU> menu(CreatePopupMenu());
   if (menu == nullptr) return -1;
   UINT_PTR command = 0;  // counted from 1: the system answers 0 for none
   for (const ui::MenuItem& item : items) {

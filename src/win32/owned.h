@@ -4,9 +4,9 @@
 #include <memory>
 #include <type_traits>
 
-#include "com/automation.h"
+#include <windows.h>
 
-namespace quill::com {
+namespace quill::win32 {
 
 struct GiveBack {
   void operator()(HANDLE handle) const noexcept { ::CloseHandle(handle); }  // file, thread
@@ -25,4 +25,4 @@ struct GiveBack {
 template <class Handle>
 using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, GiveBack>;
 
-}  // namespace quill::com
+}  // namespace quill::win32
