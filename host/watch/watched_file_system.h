@@ -21,44 +21,30 @@ class WatchedFileSystem final : public FileSystem {
   [[nodiscard]] int open_readers() const noexcept { return open_readers_; }
 
   bool FolderExists(TextView path) override {
-    const headless::SparedAllocations spared;
-    Begin(u"FolderExists", path);
-    return files_.FolderExists(path);
+    return Watched(u"FolderExists", path, [&] { return files_.FolderExists(path); });
   }
   void MakeFolder(TextView path) override {
-    const headless::SparedAllocations spared;
-    Begin(u"MakeFolder", path);
-    files_.MakeFolder(path);
+    Watched(u"MakeFolder", path, [&] { files_.MakeFolder(path); });
   }
   bool FileExists(TextView path) override {
-    const headless::SparedAllocations spared;
-    Begin(u"FileExists", path);
-    return files_.FileExists(path);
+    return Watched(u"FileExists", path, [&] { return files_.FileExists(path); });
   }
   std::int64_t FileSize(TextView path) override {
-    const headless::SparedAllocations spared;
-    Begin(u"FileSize", path);
-    return files_.FileSize(path);
+    return Watched(u"FileSize", path, [&] { return files_.FileSize(path); });
   }
   void RemoveFile(TextView path) override {
-    const headless::SparedAllocations spared;
-    Begin(u"RemoveFile", path);
-    files_.RemoveFile(path);
+    Watched(u"RemoveFile", path, [&] { files_.RemoveFile(path); });
   }
   void RenameFile(TextView from, TextView to) override {
-    const headless::SparedAllocations spared;
-    Begin(u"RenameFile", from);
-    files_.RenameFile(from, to);
+    Watched(u"RenameFile", from, [&] { files_.RenameFile(from, to); });
   }
   void MakeEmptyFile(TextView path) override {
-    const headless::SparedAllocations spared;
-    Begin(u"MakeEmptyFile", path);
-    files_.MakeEmptyFile(path);
+    Watched(u"MakeEmptyFile", path, [&] { files_.MakeEmptyFile(path); });
   }
   std::unique_ptr<ByteReader> OpenForReading(TextView path) override {
-    const headless::SparedAllocations spared;
-    Begin(u"OpenForReading", path);
-    return std::make_unique<Reader>(*this, path, files_.OpenForReading(path));
+    return Watched(u"OpenForReading", path, [&] {
+      return std::make_unique<Reader>(*this, path, files_.OpenForReading(path));
+    });
   }
 
  private:
@@ -70,9 +56,7 @@ class WatchedFileSystem final : public FileSystem {
     }
     ~Reader() override { --owner_.open_readers_; }
     std::size_t Read(std::span<char> buffer) override {
-      const headless::SparedAllocations spared;
-      owner_.Begin(u"Read", path_);
-      return reader_->Read(buffer);
+      return owner_.Watched(u"Read", path_, [&] { return reader_->Read(buffer); });
     }
 
    private:
@@ -81,8 +65,11 @@ class WatchedFileSystem final : public FileSystem {
     std::unique_ptr<ByteReader> reader_;
   };
 
-  void Begin(TextView operation, TextView path) const {
+  template <class Call>
+  auto Watched(TextView operation, TextView path, const Call& call) const -> decltype(call()) {
+    const headless::SparedAllocations spared;
     if (before) before(operation, path);
+    return call();
   }
 
   FileSystem& files_;

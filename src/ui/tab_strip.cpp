@@ -1,7 +1,6 @@
 // A tab strip: the choice among its captions.
 #include "ui/tab_strip.h"
 
-#include <exception>
 #include <utility>
 
 #include "support/trap.h"
