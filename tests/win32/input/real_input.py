@@ -204,8 +204,8 @@ def switch_tabs(job, width, height):
     """Every picture taken meanwhile is one of the three pages, whole.
 
     Wine shows what is drawn so far when a page takes longer than 50 ms, as on a machine that has much
-    else to do. So a picture of no whole page counts when it is taken earlier, or when nearly every
-    switch has one."""
+    else to do. So a picture of no whole page counts when it is taken earlier, or when more than
+    half of the switches have one."""
     camera = Camera(job.environment["DISPLAY"])
     whole = []
     # Below the tabs, where pointer and focus are.
@@ -238,7 +238,7 @@ def switch_tabs(job, width, height):
     watcher.join()
     print(f"real input: {taken} pictures during 100 switches; of no whole page in "
           f"{len(early)} switches, and in {len(late)} that took longer than Wine waits")
-    if early or len(late) > 90:
+    if early or len(late) > 50:
         odd = [*early.values(), *late.values()][0]
         job.screen.save_pixels(os.path.join(job.folder, "odd.png"), odd, width)
         sys.exit("real input: a page is seen half painted")
