@@ -43,7 +43,7 @@ void FillAvailableMaps(benchmark::State& state) {
 void AddByKey(benchmark::State& state) {
   PlainHost host;
   for (int i = 0; i < kFull; ++i) {
-    host.context.maps.server.AppendEntry(
+    host.session.maps.server.AppendEntry(
         Concat({u"Valley ", Decimal(i), u" <V", Decimal(i), u".BMS>0"}));
   }
   host.Show([&](frmrcBHDGS& dialog) {
@@ -53,10 +53,10 @@ void AddByKey(benchmark::State& state) {
     host.person.ClickTab(u"Map Settings");
     host.person.SelectRows(u"lstAvlMaps", rows);
     for (auto _ : state) {
-      host.context.maps.selected.Clear();
+      host.session.maps.selected.Clear();
       host.person.Key(u"lstAvlMaps", u'+');
     }
-    if (host.context.maps.selected.Count() != kFull - 1) state.SkipWithError("maps are missing");
+    if (host.session.maps.selected.Count() != kFull - 1) state.SkipWithError("maps are missing");
   });
 }
 
@@ -65,19 +65,19 @@ void RemoveByKey(benchmark::State& state) {
   PlainHost host;
   host.Show([&](frmrcBHDGS& dialog) {
     host.Select(kFull);
-    const std::vector<SelectedMap> full = host.context.maps.selected.maps();
+    const std::vector<SelectedMap> full = host.session.maps.selected.maps();
     std::vector<int> rows;
     for (int row = 0; row < kFull; row += 2) rows.push_back(row);
     host.person.ClickTab(u"Map Settings");
     for (auto _ : state) {
       state.PauseTiming();
-      host.context.maps.selected.Replace(full);
+      host.session.maps.selected.Replace(full);
       dialog.BuildMapList();
       host.person.SelectRows(u"lstSelMaps", rows);
       state.ResumeTiming();
       host.person.Key(u"lstSelMaps", u'-');
     }
-    if (host.context.maps.selected.Count() != kFull / 2) state.SkipWithError("maps are left");
+    if (host.session.maps.selected.Count() != kFull / 2) state.SkipWithError("maps are left");
   });
 }
 
@@ -92,7 +92,7 @@ void Refresh(benchmark::State& state) {
 std::vector<SelectedMap> FullRotation() {
   PlainHost host;
   host.Select(kFull);
-  return host.context.maps.selected.maps();
+  return host.session.maps.selected.maps();
 }
 
 void ShuffleOurs(benchmark::State& state) {

@@ -48,7 +48,7 @@ PlainHost::PlainHost() {
 }
 
 frmrcBHDGS& PlainHost::Dialog() {
-  frmrcBHDGS& dialog = *TakeDialog(context);
+  frmrcBHDGS& dialog = *TakeDialog(session);
   auto& mods = dialog.Get<ui::ComboBox>(u"cboMods");
   mods.Clear();
   mods.AddItem(u"None");
@@ -68,12 +68,12 @@ void PlainHost::Show(const std::function<void(frmrcBHDGS& dialog)>& script) {
 
 void PlainHost::Select(int count) {
   const auto rows = CatalogueRows();
-  context.maps.selected.Clear();
+  session.maps.selected.Clear();
   for (int i = 0; i < count; ++i) {
     const CatalogueRow& row = rows[static_cast<std::size_t>(i) % rows.size()];
-    context.maps.selected.Append({Text(row.name), Text(row.file), row.game_type - u'0', false});
+    session.maps.selected.Append({Text(row.name), Text(row.file), row.game_type - u'0', false});
   }
-  TakeDialog(context)->BuildMapList();
+  TakeDialog(session)->BuildMapList();
 }
 
 }  // namespace quill::bench

@@ -34,7 +34,7 @@ class PlainFileKit final : public FileKit {
 };
 
 struct PlainHost : host::HeadlessHost {
-  Session& context = module;
+  Session& session = module;
   PlainFileKit* kit = nullptr;
 
   PlainHost();

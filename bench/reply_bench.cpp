@@ -91,15 +91,15 @@ std::string Payload(int maps) {
 
 void HandleReply(benchmark::State& state, const std::string& payload) {
   PlainHost host;
-  Session& context = host.context;
+  Session& session = host.session;
   host.kit->decompressed = FromUtf8(payload);
-  const auto dialog = TakeDialog(host.context);
+  const auto dialog = TakeDialog(host.session);
   auto& mods = dialog->Get<ui::ComboBox>(u"cboMods");
-  context.PendingCommand = kLoadFormCommand;
+  session.PendingCommand = kLoadFormCommand;
   for (auto _ : state) {
     mods.Clear();
-    host.context.maps.server = ServerMapList();
-    TakeReply(context, kFrame);
+    host.session.maps.server = ServerMapList();
+    TakeReply(session, kFrame);
     benchmark::ClobberMemory();
   }
 }

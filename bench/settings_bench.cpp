@@ -13,7 +13,7 @@ void RunAction(benchmark::State& state, void (*action)(frmrcBHDGS&)) {
   PlainHost host;
   frmrcBHDGS& dialog = host.Dialog();
   host.Select(kRotationLimit);
-  const Text folder = SettingsFolder(host.context);
+  const Text folder = SettingsFolder(host.session);
   const Text file = Concat({folder, u"\\night.hsf"});
   host.memory.MakeFolders(folder);
   host.memory.SetContents(file, "[Settings]");
@@ -25,7 +25,7 @@ void RunAction(benchmark::State& state, void (*action)(frmrcBHDGS&)) {
     action(dialog);
     static_cast<void>(host.toolkit.TakeMessages());
   }
-  if (host.context.maps.selected.Count() != kRotationLimit) state.SkipWithError("maps are missing");
+  if (host.session.maps.selected.Count() != kRotationLimit) state.SkipWithError("maps are missing");
 }
 
 }  // namespace

@@ -41,9 +41,9 @@ void Fill(SelectedMapList& rotation) {
 
 void MeasureActions(NativeBench& bench) {
   host::DiskStorage storage([](TextView path) { return std::filesystem::path(path); });
-  host::ErrorJournal journal(bench.context.HostRoot, bench.files, storage, {});
-  bench.context.file_kit = std::make_unique<host::HostFileKit>(storage, journal);
-  Session& remote = bench.context;
+  host::ErrorJournal journal(bench.session.HostRoot, bench.files, storage, {});
+  bench.session.file_kit = std::make_unique<host::HostFileKit>(storage, journal);
+  Session& remote = bench.session;
   bench.Show([&](frmrcBHDGS& dialog) {
     auto& mods = dialog.Get<ui::ComboBox>(u"cboMods");
     mods.Clear();
@@ -53,18 +53,18 @@ void MeasureActions(NativeBench& bench) {
     DrainMessages();
     int mod = 0;
     PrintMedian("mod_change", [&] { mods.SetListIndex(mod ^= 1); });
-    Fill(bench.context.maps.selected);
+    Fill(bench.session.maps.selected);
     PrintMedian("refresh_255", [&] { dialog.BuildMapList(); });
     dialog.Get<ui::TextBox>(u"txtName").SetText(u"Night Server");
     dialog.Get<ui::TextBox>(u"txtMaxPing").SetText(u"900");
     dialog.Get<ui::TextBox>(u"txtPort").SetText(u"17479");
     PrintMedian("start_to_request", [&] { StartGame(remote, dialog); });
-    if (!bench.files.FileExists(RequestPath(bench.context.HostRoot, kStartGame))) {
+    if (!bench.files.FileExists(RequestPath(bench.session.HostRoot, kStartGame))) {
       throw std::runtime_error("there is no request file");
     }
   });
-  bench.context.dialog.reset();
-  bench.context.file_kit.reset();
+  bench.session.dialog.reset();
+  bench.session.file_kit.reset();
 }
 
 }  // namespace

@@ -116,14 +116,14 @@ inline OpeningSpeed MeasureOpening(NativeBench& bench, int pairs) {
   std::vector<double> dialogs;
   std::vector<double> templates;
   for (int pair = 0; pair < pairs; ++pair) {
-    bench.context.dialog.reset();
+    bench.session.dialog.reset();
     DrainMessages();
     double opening = 0;
     {
       const host::Heartbeat heartbeat([] {});
       opening = Milliseconds([&] {
-        const auto dialog = TakeDialog(bench.context);
-        bench.toolkit->Defer([&] { bench.context.dialog->Hide(); });
+        const auto dialog = TakeDialog(bench.session);
+        bench.toolkit->Defer([&] { bench.session.dialog->Hide(); });
         dialog->ShowModal();
       });
     }

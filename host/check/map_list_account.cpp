@@ -13,19 +13,21 @@ constexpr TextView kMapListTrap = u"cmdLoadMaps";
 
 Text WhySkipped(TextView line) {
   if (line.find(u'\n') != TextView::npos) return u"a line feed alone does not end a line";
-  const std::size_t fields = SplitStoredMap(line).count;
+  const std::size_t fields = SplitStoredMap(line).size();
   if (fields == 1) return u"it names no map";
   return Concat({u"it has ", Decimal(static_cast<std::int64_t>(fields)), u" fields instead of 3"});
 }
 
 // False when loading fails at the line.
 bool Judge(const DialogTrial& trial, TextView line, std::size_t number, FileAccount& account) {
-  const std::optional<StoredMapFields> fields = FieldsOfMapLine(line);
-  if (!fields) {
+  const std::vector<TextView> fields = FieldsOfMapLine(line);
+  if (fields.empty()) {
     account.Lose(number, u"LEFT OUT", line, WhySkipped(line));
     return true;
   }
-  const auto& [code, flag, file, unused] = fields->first;
+  const TextView code = fields[0];
+  const TextView flag = fields[1];
+  const TextView file = fields[2];
   try {
     if (const auto map = FindStoredMap(trial.maps(), code, flag, file)) {
       account.Select(number, *map);

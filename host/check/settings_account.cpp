@@ -144,11 +144,10 @@ class SettingsWatch {
     if (selected.Count() > maps_before_) {
       return account_.Select(entry.line, selected.At(selected.Count()));
     }
-    const StoredMapFields fields = SplitStoredMap(value);
-    const TextView file = fields.first[fields.count == 4 ? 3 : 2];
-    account_.Lose(
-        entry.line, u"MISSING map", TrimBlanks(file),
-        WhyMissing(trial_.maps(), trial_.conditions(), fields.first[0], fields.first[1], file));
+    const std::vector<TextView> fields = SplitStoredMap(value);
+    const TextView file = fields.at(fields.size() == 4 ? 3 : 2);
+    account_.Lose(entry.line, u"MISSING map", TrimBlanks(file),
+                  WhyMissing(trial_.maps(), trial_.conditions(), fields[0], fields[1], file));
   }
 
   // The entries from here on.

@@ -7,11 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "support/runtime_error.h"
-#include "ui/check_box.h"
-#include "ui/combo_box.h"
+#include "dialog/option_value.h"
 #include "ui/label.h"
-#include "ui/text_box.h"
 
 namespace quill {
 namespace {
@@ -24,32 +21,6 @@ Text LabelName(TextView key) {
   Text name = Concat({u"lbl", key});
   name[3] = ToUpper(name[3]);
   return name;
-}
-
-ui::Control& AddOptionControl(ui::Form& form, ui::Control& frame, const Option& option) {
-  const Text key(option.key);
-  switch (option.kind) {
-    case ui::ControlKind::kTextBox: {
-      auto& box = form.Add<ui::TextBox>(key, &frame, option.max_length, option.alignment);
-      box.SetText(option.initial_text);
-      return box;
-    }
-    case ui::ControlKind::kCheckBox: {
-      auto& box = form.Add<ui::CheckBox>(key, &frame);
-      box.SetValue(option.initial_state);
-      return box;
-    }
-    case ui::ControlKind::kListBox: {
-      auto& list =
-          form.Add<ui::ListBox>(key, &frame, ui::Selection::kSingle, ui::ListHeight::kSingleRow);
-      for (const TextView item : option.items) list.AddItem(item);
-      return list;
-    }
-    case ui::ControlKind::kComboBox:
-      return form.Add<ui::ComboBox>(key, &frame);
-    default:
-      throw RuntimeError(ErrorNumber::kInternalError);
-  }
 }
 
 }  // namespace

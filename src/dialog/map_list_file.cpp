@@ -15,21 +15,20 @@ namespace {
 
 // Adds the map of one line; a line that is no reference or names no known map is passed over.
 void TakeLine(MapLists& maps, TextView line) {
-  const std::optional<StoredMapFields> fields = FieldsOfMapLine(line);
-  if (!fields) return;
-  const auto& [code, flag, file, unused] = fields->first;
-  std::optional<SelectedMap> map = FindStoredMap(maps, code, flag, file);
+  const std::vector<TextView> fields = FieldsOfMapLine(line);
+  if (fields.empty()) return;
+  std::optional<SelectedMap> map = FindStoredMap(maps, fields[0], fields[1], fields[2]);
   if (!map) return;
-  map->server_map = flag == u"1";
+  map->server_map = fields[1] == u"1";
   maps.selected.Append(std::move(*map));
 }
 
 }  // namespace
 
-std::optional<StoredMapFields> FieldsOfMapLine(TextView line) {
-  if (line.find(u"[-]", 2) == TextView::npos) return std::nullopt;
-  StoredMapFields fields = SplitStoredMap(line);
-  if (fields.count != 3) return std::nullopt;
+std::vector<TextView> FieldsOfMapLine(TextView line) {
+  std::vector<TextView> fields;
+  if (line.find(u"[-]", 2) != TextView::npos) fields = SplitStoredMap(line);
+  if (fields.size() != 3) fields.clear();
   return fields;
 }
 

@@ -1,7 +1,7 @@
 // Map-list files: a rotation as plain text, one map a line; read only.
 #pragma once
 
-#include <optional>
+#include <vector>
 
 #include "dialog/stored_map.h"
 
@@ -13,6 +13,6 @@ class frmrcBHDGS;
 void LoadMapList(frmrcBHDGS& dialog);
 
 // The three fields of a line; nothing for one that is no reference and is passed over.
-[[nodiscard]] std::optional<StoredMapFields> FieldsOfMapLine(TextView line);
+[[nodiscard]] std::vector<TextView> FieldsOfMapLine(TextView line);
 
 }  // namespace quill

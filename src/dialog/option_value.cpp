@@ -1,21 +1,21 @@
-// The one place that tells the kinds apart when a value is read, written or printed.
+// The one place that tells the kinds apart when a control is made and when its value is read,
+// written or printed.
 #include "dialog/option_value.h"
 
 #include "support/number_text.h"
+#include "support/runtime_error.h"
 #include "ui/check_box.h"
 #include "ui/combo_box.h"
+#include "ui/form.h"
 #include "ui/list_box.h"
 #include "ui/text_box.h"
 
 namespace quill {
-namespace {
 
-bool HasNumber(const ui::Control& control) {
+bool HasNumberValue(const ui::Control& control) noexcept {
   return control.kind() == ui::ControlKind::kCheckBox ||
          control.kind() == ui::ControlKind::kListBox;
 }
-
-}  // namespace
 
 TextView TextValue(const ui::Control& control) {
   if (const auto* box = dynamic_cast<const ui::TextBox*>(&control)) return box->text();
@@ -32,12 +32,38 @@ void SetNumberValue(ui::Control& control, int number) {
   dynamic_cast<ui::ListBox&>(control).SetListIndex(number);
 }
 
+ui::Control& AddOptionControl(ui::Form& form, ui::Control& frame, const Option& option) {
+  const Text key(option.key);
+  switch (option.kind) {
+    case ui::ControlKind::kTextBox: {
+      auto& box = form.Add<ui::TextBox>(key, &frame, option.max_length, option.alignment);
+      box.SetText(option.initial_text);
+      return box;
+    }
+    case ui::ControlKind::kCheckBox: {
+      auto& box = form.Add<ui::CheckBox>(key, &frame);
+      box.SetValue(option.initial_state);
+      return box;
+    }
+    case ui::ControlKind::kListBox: {
+      auto& list =
+          form.Add<ui::ListBox>(key, &frame, ui::Selection::kSingle, ui::ListHeight::kSingleRow);
+      for (const TextView item : option.items) list.AddItem(item);
+      return list;
+    }
+    case ui::ControlKind::kComboBox:
+      return form.Add<ui::ComboBox>(key, &frame);
+    default:
+      throw RuntimeError(ErrorNumber::kInternalError);
+  }
+}
+
 Text PrintedValue(const ui::Control& control) {
-  return HasNumber(control) ? Decimal(NumberValue(control)) : Text(TextValue(control));
+  return HasNumberValue(control) ? Decimal(NumberValue(control)) : Text(TextValue(control));
 }
 
 void SetPrintedValue(ui::Control& control, TextView value) {
-  if (HasNumber(control)) return SetNumberValue(control, ToInt16(value));
+  if (HasNumberValue(control)) return SetNumberValue(control, ToInt16(value));
   if (auto* text_box = dynamic_cast<ui::TextBox*>(&control)) return text_box->SetText(value);
   auto* const list = dynamic_cast<ui::ComboBox*>(&control);
   for (int i = 0; list != nullptr && i < list->Count(); ++i) {

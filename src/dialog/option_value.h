@@ -2,15 +2,20 @@
 // check box and a list have a number (its state; the position of the chosen item, -1 for none).
 #pragma once
 
-#include "ui/control.h"
+#include "dialog/option_table.h"
+#include "ui/form.h"
 
 namespace quill {
 
+[[nodiscard]] bool HasNumberValue(const ui::Control& control) noexcept;
 // Both fail for a control that has no such value.
 [[nodiscard]] TextView TextValue(const ui::Control& control);
 [[nodiscard]] int NumberValue(const ui::Control& control);
 // Fails as the setters of CheckBox and ListBox do.
 void SetNumberValue(ui::Control& control, int number);
+
+// The control of an option in `frame`, with its initial value; number lists stay empty.
+ui::Control& AddOptionControl(ui::Form& form, ui::Control& frame, const Option& option);
 
 // As settings files hold the value: the text, or the number in decimal.
 [[nodiscard]] Text PrintedValue(const ui::Control& control);

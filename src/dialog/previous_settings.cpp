@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "dialog/frmrcBHDGS.h"
-#include "dialog/option_table.h"
+#include "dialog/option_value.h"
 #include "support/number_text.h"
 
 namespace quill {
@@ -54,8 +54,8 @@ class ReplacedEntries {
       return each.key == control->name();
     });
     // A list that is no option may refuse its value, which ends a load.
-    if (option == options.end()) return control->kind() != ui::ControlKind::kListBox;
-    if (option->kind == ui::ControlKind::kComboBox) mod_seen_ = true;
+    if (option == options.end()) return !HasNumberValue(*control);
+    if (option->key == u"cboMods") mod_seen_ = true;
     auto seen = options_.begin() + (option - options.begin());
     const bool is_first = !*seen;
     *seen = true;

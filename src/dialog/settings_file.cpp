@@ -51,10 +51,10 @@ Notice ResultOf(FileSystem& files, TextView file) {
 
 // Adds the map to the rotation, or its file name to the missing ones.
 void TakeMap(MapLists& maps, TextView value, Text& missing) {
-  const StoredMapFields fields = SplitStoredMap(value);
-  if (fields.count < 3) throw RuntimeError(ErrorNumber::kSubscriptOutOfRange);
-  const TextView file = TrimBlanks(fields.first[fields.count == 4 ? 3 : 2]);
-  if (auto map = FindStoredMap(maps, fields.first[0], fields.first[1], file)) {
+  const std::vector<TextView> fields = SplitStoredMap(value);
+  if (fields.size() < 3) throw RuntimeError(ErrorNumber::kSubscriptOutOfRange);
+  const TextView file = TrimBlanks(fields[fields.size() == 4 ? 3 : 2]);
+  if (auto map = FindStoredMap(maps, fields[0], fields[1], file)) {
     maps.selected.Append(std::move(*map));
   } else {
     missing += file;

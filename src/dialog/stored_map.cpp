@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "support/number_text.h"
-#include "support/text_pieces.h"
 
 namespace quill {
 namespace {
@@ -13,13 +12,8 @@ constexpr TextView kSeparator = u"[-]";
 
 }  // namespace
 
-StoredMapFields SplitStoredMap(TextView text) {
-  StoredMapFields fields;
-  PieceCursor cursor(text, kSeparator);
-  for (TextView field; cursor.Next(field); ++fields.count) {
-    if (fields.count < fields.first.size()) fields.first[fields.count] = field;
-  }
-  return fields;
+std::vector<TextView> SplitStoredMap(TextView text) {
+  return Split(text, kSeparator);
 }
 
 Text StoredMapText(const SelectedMap& map) {

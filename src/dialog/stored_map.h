@@ -1,22 +1,16 @@
 // Stored map references: how settings files and map-list files name a map, as code[-]flag[-]file.
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <optional>
+#include <vector>
 
 #include "maps/map_lists.h"
 #include "support/text.h"
 
 namespace quill {
 
-// The fields of a reference, of which only the first four can matter. The views point into the text
-// that was split.
-struct StoredMapFields {
-  std::array<TextView, 4> first;
-  std::size_t count = 0;  // all of them, at least 1
-};
-[[nodiscard]] StoredMapFields SplitStoredMap(TextView text);
+// The fields of a reference, at least one. The views point into `text`.
+[[nodiscard]] std::vector<TextView> SplitStoredMap(TextView text);
 
 [[nodiscard]] Text StoredMapText(const SelectedMap& map);
 

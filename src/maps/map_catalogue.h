@@ -23,27 +23,24 @@ struct CatalogueRow {
 inline constexpr std::uint8_t kStandardModFlag = 0;
 inline constexpr std::uint8_t kTeamSabreModFlag = 1;
 
-// The catalogue in use: three parallel lists, empty until the first LoadMapCatalogue. Positions are
-// 1-based, from 1 to Count().
+// The catalogue in use, empty until the first LoadMapCatalogue. Positions are 1-based, from 1 to
+// Count(); others fail with kSubscriptOutOfRange.
 class MapCatalogue {
  public:
-  // 1 builds the Team Sabre catalogue, any other flag the standard one. Either all three lists are
-  // replaced or, on failure, none.
+  // 1 builds the Team Sabre catalogue, any other flag the standard one. On failure the former one
+  // stays.
   void LoadMapCatalogue(std::uint8_t mod_flag);
 
-  [[nodiscard]] int Count() const noexcept { return static_cast<int>(names_.size()); }
-  [[nodiscard]] TextView MapNames(int position) const;
-  [[nodiscard]] TextView MapFiles(int position) const;
-  [[nodiscard]] TextView MapGameTypes(int position) const;  // decimal text, "0" to "8"
+  [[nodiscard]] int Count() const noexcept { return static_cast<int>(rows_.size()); }
+  [[nodiscard]] TextView MapNames(int position) const { return At(position).name; }
+  [[nodiscard]] TextView MapFiles(int position) const { return At(position).file; }
+  // Decimal text, "0" to "8".
+  [[nodiscard]] TextView MapGameTypes(int position) const { return {&At(position).game_type, 1}; }
 
  private:
-  std::vector<TextView> names_;
-  std::vector<TextView> files_;
-  std::vector<TextView> game_types_;
-};
+  [[nodiscard]] const CatalogueRow& At(int position) const;
 
-[[nodiscard]] std::vector<TextView> LoadMapNames(std::uint8_t mod_flag);
-[[nodiscard]] std::vector<TextView> LoadMapFiles(std::uint8_t mod_flag);
-[[nodiscard]] std::vector<TextView> LoadMapGameTypes(std::uint8_t mod_flag);
+  std::vector<CatalogueRow> rows_;
+};
 
 }  // namespace quill

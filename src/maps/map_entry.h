@@ -23,7 +23,7 @@ struct MapEntry {
 // without blanks around them. The name is the entry with every occurrence of its tail, the text
 // from that "<" on, taken out. Fails with kInvalidProcedureCall when nothing can follow the split
 // (the last "<" ends the entry, or there is none and the entry has fewer than two characters).
-[[nodiscard]] MapEntry SplitMapEntry(TextView entry);
+[[nodiscard]] inline MapEntry SplitMapEntry(TextView entry);
 
 // Taking an entry apart where it lies, without a copy of anything. In a header, because it is done
 // for each of a remote machine's maps, of which there may be very many.
@@ -58,6 +58,13 @@ struct MapEntrySplit {
     rest.remove_prefix(found + split.tail.size());
   }
   return kept;
+}
+
+inline MapEntry SplitMapEntry(TextView entry) {
+  Text copy(entry);
+  const MapEntrySplit split = FindMapEntrySplit(copy);
+  const TextView name(copy.data(), TakeOutTail(copy.data(), split));
+  return {Text(TrimBlanks(name)), Text(split.file)};
 }
 
 }  // namespace quill

@@ -1,5 +1,4 @@
-// The rotation: the selected maps in the order in which the server will play them. Four parallel
-// lists that can never differ in length, because each map is one record.
+// The rotation: the selected maps in the order in which the server will play them.
 #pragma once
 
 #include <cstddef>
@@ -30,13 +29,8 @@ enum class RowMove : std::uint8_t { kUp, kDown, kToTop, kToEnd };
 class SelectedMapList {
  public:
   [[nodiscard]] int Count() const noexcept { return static_cast<int>(maps_.size()); }
-  // Positions are 1-based, from 1 to Count(); others fail with kInvalidProcedureCall. The key of an
-  // element is always its position minus one.
+  // Positions are 1-based, from 1 to Count(); others fail with kInvalidProcedureCall.
   [[nodiscard]] const SelectedMap& At(int position) const;
-  [[nodiscard]] const Text& SelMapNames(int position) const { return At(position).name; }
-  [[nodiscard]] const Text& SelMapFiles(int position) const { return At(position).file; }
-  [[nodiscard]] std::int32_t SelMapGameTypes(int position) const { return At(position).game_type; }
-  [[nodiscard]] bool SelMapServerFlags(int position) const { return At(position).server_map; }
 
   void Clear() noexcept { maps_.clear(); }
   void Append(SelectedMap map) { maps_.push_back(std::move(map)); }

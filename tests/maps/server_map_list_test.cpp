@@ -134,16 +134,13 @@ TEST(SelectedMapList, RemovesMarkedRowsAndRenumbersTheRest) {
   list.Remove({false, false, false, true, true});
   EXPECT_EQ(list.maps(), three);
   for (const int position : {-1, 0, 4}) {
-    EXPECT_THROW((void)list.SelMapServerFlags(position), RuntimeError);
+    EXPECT_THROW((void)list.At(position), RuntimeError);
   }
   list.Remove({true});
   EXPECT_EQ(list.Count(), 2);
   list.Remove({false, true});
   ASSERT_EQ(list.Count(), 1);
-  EXPECT_EQ(list.SelMapNames(1), u"B");
-  EXPECT_EQ(list.SelMapFiles(1), u"B.BMS");
-  EXPECT_EQ(list.SelMapGameTypes(1), 7);
-  EXPECT_TRUE(list.SelMapServerFlags(1));
+  EXPECT_EQ(list.At(1), three[1]);
 }
 
 }  // namespace

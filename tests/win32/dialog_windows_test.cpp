@@ -82,7 +82,7 @@ TEST_F(DialogWindows, TypingEndsAtTheLimitAndKeepsTheCaret) {
     robot.Paste(u"txtCountry", u"GERMANY");
     EXPECT_EQ(Seen(u"txtName", u"text"), u"abcdefghijklmnopqrstuvwx");
     EXPECT_EQ(Seen(u"txtCountry", u"text"), u"GE");
-    EXPECT_EQ(context.dialog->Get<ui::TextBox>(u"txtCountry").text(), u"GE");
+    EXPECT_EQ(session.dialog->Get<ui::TextBox>(u"txtCountry").text(), u"GE");
 
     robot.ClickTab(u"Map Settings");
     EXPECT_NE(SendMessageW(robot.Find(u"cmdRandomize"), BM_GETIMAGE, IMAGE_ICON, 0), 0);
@@ -271,19 +271,19 @@ TEST_F(DialogWindows, AClosingHandlerEndsTheDisplayAndTheWindowsGoLater) {
     std::weak_ptr<frmrcBHDGS> watched;
     bool hidden = false;
     Show([&](frmrcBHDGS&) {
-      watched = context.dialog;
+      watched = session.dialog;
       robot.Press(button, ui::kMiddleButton);
       robot.Release(button, ui::kMiddleButton);
       hidden = robot.FormWindow() != nullptr && !robot.FormShown();
     });
     EXPECT_TRUE(hidden);
-    EXPECT_EQ(context.dialog, nullptr);
+    EXPECT_EQ(session.dialog, nullptr);
     DrainMessages();
     EXPECT_TRUE(watched.expired());
     EXPECT_EQ(robot.FormWindow(), nullptr);
   }
   Show([&](frmrcBHDGS&) { robot.CloseForm(); });
-  EXPECT_EQ(context.dialog, nullptr);
+  EXPECT_EQ(session.dialog, nullptr);
 }
 
 TEST_F(DialogWindows, TabsTurnPagesAndTheFocusLeavesAHiddenPage) {
@@ -357,7 +357,7 @@ TEST_F(DialogWindows, EscapeClosesTheDropDownOnly) {
     robot.PressKey(VK_ESCAPE);
     EXPECT_FALSE(SendMessageW(box, CB_GETDROPPEDSTATE, 0, 0));
     EXPECT_TRUE(robot.FormShown());
-    EXPECT_EQ(Seen(u"cboMods", u"text"), context.dialog->Get<ui::ComboBox>(u"cboMods").text());
+    EXPECT_EQ(Seen(u"cboMods", u"text"), session.dialog->Get<ui::ComboBox>(u"cboMods").text());
   });
 }
 

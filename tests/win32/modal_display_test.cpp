@@ -41,7 +41,7 @@ TEST(ModalDisplay, OtherWindowsOfTheThreadWait) {
     EXPECT_EQ(GetActiveWindow(), bench.robot.FormWindow());
     bench.during_box = [&] {
       EXPECT_FALSE(IsWindowEnabled(host.get()));
-      bench.context.dialog->Unload();
+      bench.session.dialog->Unload();
       EXPECT_FALSE(IsWindowEnabled(host.get())) << "the box is still open";
     };
     bench.toolkit->ShowMessage(u"", u"a box outlives the dialog");
@@ -154,7 +154,7 @@ TEST(ModalDisplay, AWindowThatTheSystemShowsHiddenOrMinimisedIsShownAgain) {
 TEST(ModalDisplay, ADialogThatIsHiddenWhileItIsBeingShownReturns) {
   NativeBench bench;
   const HostWindow host;
-  const auto dialog = TakeDialog(bench.context);
+  const auto dialog = TakeDialog(bench.session);
   for (const UINT moment : {WM_ACTIVATE, WM_ENABLE}) {
     SetActiveWindow(host.get());
     bool hidden = false;
@@ -217,7 +217,7 @@ TEST(ModalDisplay, AHostAwareOfEachMonitorGetsADialogThatTheSystemScales) {
 
 TEST(ModalDisplay, AWindowThatCannotBeMadeIsReportedWithItsCause) {
   NativeBench bench;
-  const auto dialog = TakeDialog(bench.context);
+  const auto dialog = TakeDialog(bench.session);
   const host::NoMoreWindows none;
   try {
     dialog->ShowModal();
@@ -279,7 +279,7 @@ TEST(ModalDisplay, ATextTallerThanTheScreenScrollsInABoxLikeTheSystems) {
 
 TEST(ModalDisplay, QuittingReachesTheOuterLoop) {
   NativeBench bench;
-  const auto dialog = TakeDialog(bench.context);
+  const auto dialog = TakeDialog(bench.session);
   {
     const host::Heartbeat heartbeat([] { PostQuitMessage(7); });
     dialog->ShowModal();
@@ -296,7 +296,7 @@ TEST(ModalDisplay, ADialogWhoseWindowTheHostDestroysIsUnloaded) {
   const HostWindow waiting;
   bench.Show([&](frmrcBHDGS&) { DestroyWindow(bench.robot.FormWindow()); });
   EXPECT_TRUE(IsWindowEnabled(waiting.get()));
-  EXPECT_EQ(bench.context.dialog, nullptr);
+  EXPECT_EQ(bench.session.dialog, nullptr);
   bench.Show([&](frmrcBHDGS&) { EXPECT_TRUE(bench.robot.FormShown()); });
 }
 
@@ -308,7 +308,7 @@ TEST(ModalDisplay, AHiddenDialogKeepsItsStateAndIsShownAgain) {
     first = bench.robot.FormWindow();
   });
   EXPECT_FALSE(bench.robot.FormShown());
-  bench.context.dialog->Get<ui::TextBox>(u"txtPort").SetText(u"1");
+  bench.session.dialog->Get<ui::TextBox>(u"txtPort").SetText(u"1");
   bench.Show([&](frmrcBHDGS& dialog) {
     EXPECT_EQ(bench.robot.FormWindow(), first);
     EXPECT_EQ(bench.Seen(u"txtName", u"text"), u"kept");
@@ -339,7 +339,7 @@ TEST(ModalDisplay, TasksWaitForTheEndOfTheEvent) {
     EXPECT_TRUE(ran);
   });
   bench.toolkit->Defer([&] { ran = false; });
-  bench.context.dialog.reset();
+  bench.session.dialog.reset();
   bench.toolkit->Defer([] { throw RuntimeError(ErrorNumber::kOverflow); });
   DrainMessages();
   EXPECT_FALSE(ran);

@@ -41,7 +41,7 @@ struct NativeBench {
   win32::Win32Clock clock;
   CodePage code_page = win32::SystemCodePage();
   std::unique_ptr<win32::Win32Toolkit> toolkit = std::make_unique<win32::Win32Toolkit>();
-  Session context{*toolkit, files, clock, code_page};
+  Session session{*toolkit, files, clock, code_page};
   host::WindowRobot robot{u"frmrcBHDGS"};
   // The message boxes that came up, each acknowledged at once; what to answer to file dialogs.
   std::vector<host::SeenBox> boxes;
@@ -50,18 +50,18 @@ struct NativeBench {
 
   NativeBench() {
     host::PutButtonPictures(root.text());
-    context.HostRoot = root.text();
-    context.Index = 3;
+    session.HostRoot = root.text();
+    session.Index = 3;
   }
   ~NativeBench() {
-    context.dialog.reset();
+    session.dialog.reset();
     DrainMessages();
   }
 
   // Shows the dialog, made when there is none, while `script` runs in its message loop; then hides
   // it, unless the script has closed it. Passes on what the script throws.
   void Show(const std::function<void(frmrcBHDGS& dialog)>& script) {
-    const auto dialog = TakeDialog(context);
+    const auto dialog = TakeDialog(session);
     std::exception_ptr failure;
     bool begun = false;
     {
@@ -96,7 +96,7 @@ struct NativeBench {
 
   // Fills the list of mods as a reply of the remote side does, and picks one.
   void PickMod(const Text& mod) {
-    auto& mods = context.dialog->Get<ui::ComboBox>(u"cboMods");
+    auto& mods = session.dialog->Get<ui::ComboBox>(u"cboMods");
     mods.Clear();
     mods.AddItem(u"None");
     mods.AddItem(mod);

@@ -224,7 +224,7 @@ TEST_F(OperatorAccess, AssistiveToolsHearNamesRolesAndValues) {
     EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Team Deathmatch");
     kept_ = next;
   });
-  context.dialog.reset();
+  session.dialog.reset();
   DrainMessages();
   VARIANT self = {};
   self.vt = VT_I4;
