@@ -37,6 +37,7 @@ class HeadlessOperator::Gesture {
 
   [[nodiscard]] ui::Control& control() const { return control_; }
   [[nodiscard]] MirrorPeer& mirror() const { return MirrorOf(control_); }
+  [[nodiscard]] Text text() const { return *mirror().Property(u"text"); }
 
   // The operator goes on at the same control.
   void CheckPossible() const {
@@ -75,6 +76,8 @@ ui::Control& HeadlessOperator::Find(TextView name) const {
 }
 
 void HeadlessOperator::Edit(const Gesture& gesture, Text text, std::size_t from) {
+  gesture.CheckPossible();
+  if (gesture.mirror().Property(u"locked") == u"true") return;
   gesture.mirror().ChangeText(text);
   gesture.Report(ui::TextEdited{std::move(text), from});
 }
@@ -87,41 +90,31 @@ void HeadlessOperator::Type(TextView name, TextView text) {
   }
   const Gesture gesture(*this, control, {ControlKind::kTextBox});
   for (const char16_t character : text) {
-    gesture.CheckPossible();
-    if (gesture.mirror().locked()) return;
-    const Text& before = gesture.mirror().text();
+    const Text before = gesture.text();
     Edit(gesture, before + character, before.size());
   }
 }
 
 void HeadlessOperator::SelectAllAndType(TextView name, TextView text) {
-  const Gesture gesture(*this, Find(name), {ControlKind::kTextBox});
-  if (gesture.mirror().locked()) return;
-  Edit(gesture, Text(text.substr(0, 1)), 0);
+  Edit(Gesture(*this, Find(name), {ControlKind::kTextBox}), Text(text.substr(0, 1)), 0);
   if (text.size() > 1) Type(name, text.substr(1));
 }
 
 void HeadlessOperator::Paste(TextView name, TextView text) {
-  Replace(name, text, false);
+  Edit(Gesture(*this, Find(name), {ControlKind::kTextBox}), Text(FirstLine(text)), 0);
 }
 
 void HeadlessOperator::PasteAtEnd(TextView name, TextView text) {
-  Replace(name, text, true);
-}
-
-void HeadlessOperator::Replace(TextView name, TextView text, bool keep_old) {
   const Gesture gesture(*this, Find(name), {ControlKind::kTextBox});
-  if (gesture.mirror().locked()) return;
-  const TextView kept = keep_old ? TextView(gesture.mirror().text()) : TextView();
-  Edit(gesture, Concat({kept, FirstLine(text)}), kept.size());
+  const Text before = gesture.text();
+  Edit(gesture, Concat({before, FirstLine(text)}), before.size());
 }
 
 void HeadlessOperator::EraseLast(TextView name, int count) {
   const Gesture gesture(*this, Find(name), {ControlKind::kTextBox});
   for (; count > 0; --count) {
-    gesture.CheckPossible();
-    const Text& text = gesture.mirror().text();
-    if (text.empty() || gesture.mirror().locked()) return;
+    const Text text = gesture.text();
+    if (text.empty()) return;
     Edit(gesture, text.substr(0, text.size() - 1), text.size());
   }
 }
@@ -239,7 +232,7 @@ void HeadlessOperator::MouseAt(TextView name, bool pressed, std::int16_t button,
                                std::int16_t shift) {
   const Gesture gesture(*this, Find(name),
                         {ControlKind::kImage, ControlKind::kLabel, ControlKind::kFrame});
-  const ui::Bounds& bounds = gesture.mirror().bounds();
+  const ui::Bounds& bounds = gesture.control().bounds();
   const ui::MouseEvent event{button, shift, bounds.width / 2, bounds.height / 2};
   if (pressed) {
     gesture.Report(ui::MousePressed{event});

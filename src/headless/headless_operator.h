@@ -71,7 +71,6 @@ class HeadlessOperator {
   [[nodiscard]] ui::Control& Find(TextView name) const;
   // `from` on, up to the end, was selected, or is the end.
   void Edit(const Gesture& gesture, Text text, std::size_t from);
-  void Replace(TextView name, TextView text, bool keep_old);
   void MouseAt(TextView name, bool pressed, std::int16_t button, std::int16_t shift);
 
   HeadlessToolkit& toolkit_;

@@ -3,8 +3,6 @@
 
 #include <algorithm>
 
-#include "support/runtime_error.h"
-
 namespace quill::headless {
 namespace {
 
@@ -23,6 +21,11 @@ void CheckName(TextView name, TextView path) {
     throw RuntimeError(ErrorNumber::kPathFileAccessError,
                        Concat({u"\"", name, u"\" is no file name, in the path \"", path, u"\""}));
   }
+}
+
+TextView FolderOf(TextView path) {
+  const std::size_t name_end = path.find_last_not_of(u"\\/") + 1;
+  return path.substr(0, std::min(path.substr(0, name_end).find_last_of(u"\\/"), path.size()));
 }
 
 }  // namespace
@@ -54,6 +57,25 @@ Text HostPathKey(const std::vector<TextView>& pieces) {
     key += ToLower(piece);
   }
   return key;
+}
+
+bool HostPathFileSystem::Has(TextView path, Entry entry) const try {
+  return EntryAt(path) == entry;
+} catch (const RuntimeError&) {
+  return false;
+}
+
+void HostPathFileSystem::CheckFile(TextView path) const {
+  if (Has(path, Entry::kFile)) return;
+  if (Has(path, Entry::kFolder)) FailAt(ErrorNumber::kPathFileAccessError, path);
+  // In the usual words, as a native file system says it: whoever reports it adds the path.
+  throw RuntimeError(Has(FolderOf(path), Entry::kFolder) ? ErrorNumber::kFileNotFound
+                                                         : ErrorNumber::kPathNotFound);
+}
+
+void HostPathFileSystem::CheckRoomForFile(TextView path) const {
+  if (EntryAt(path) == Entry::kFolder) FailAt(ErrorNumber::kPathFileAccessError, path);
+  if (!Has(FolderOf(path), Entry::kFolder)) FailAt(ErrorNumber::kPathNotFound, path);
 }
 
 void FailAt(ErrorNumber number, TextView path) {

@@ -1,8 +1,10 @@
-// Host paths ("C:\Host\RCData\a.txt") taken apart for file systems that are not Windows' own.
+// Host paths ("C:\Host\RCData\a.txt") for file systems that are not Windows' own, and what those
+// have in common.
 #pragma once
 
 #include <vector>
 
+#include "support/file_system.h"
 #include "support/runtime_error.h"
 #include "support/text.h"
 
@@ -22,5 +24,26 @@ namespace quill::headless {
 
 // Fails with that error, its usual description and the path.
 [[noreturn]] void FailAt(ErrorNumber number, TextView path);
+
+// A file system of host paths. Bad names are failures where something is to be made, and elsewhere
+// paths that nothing has.
+class HostPathFileSystem : public FileSystem {
+ public:
+  bool FolderExists(TextView path) final { return Has(path, Entry::kFolder); }
+  bool FileExists(TextView path) final { return Has(path, Entry::kFile); }
+
+ protected:
+  enum class Entry : std::uint8_t { kNone, kFile, kFolder };
+  // What has that path. Fails as SplitHostPath does.
+  [[nodiscard]] virtual Entry EntryAt(TextView path) const = 0;
+  // Fails unless there is a file, as FileSystem says; with kPathFileAccessError for a folder.
+  void CheckFile(TextView path) const;
+  // Fails with kPathFileAccessError where a folder is already, with kPathNotFound where the folder
+  // to lie in is missing.
+  void CheckRoomForFile(TextView path) const;
+
+ private:
+  [[nodiscard]] bool Has(TextView path, Entry entry) const;
+};
 
 }  // namespace quill::headless

@@ -4,9 +4,6 @@
 #include <algorithm>
 #include <cstring>
 
-#include "headless/host_path.h"
-#include "support/runtime_error.h"
-
 namespace quill::headless {
 namespace {
 
@@ -41,61 +38,28 @@ MemoryFileSystem::MemoryFileSystem(TextView root) {
   MakeFolders(root);
 }
 
-const MemoryFileSystem::Node* MemoryFileSystem::Find(TextView path) const {
+HostPathFileSystem::Entry MemoryFileSystem::EntryAt(TextView path) const {
   const auto found = nodes_.find(HostPathKey(SplitHostPath(path)));
-  return found == nodes_.end() ? nullptr : &found->second;
+  if (found == nodes_.end()) return Entry::kNone;
+  return found->second.is_folder ? Entry::kFolder : Entry::kFile;
 }
 
-const MemoryFileSystem::Node& MemoryFileSystem::FindFile(TextView path) const {
-  const Node* node = Find(path);
-  // In the usual words, as a native file system says it: whoever reports it adds the path.
-  if (node == nullptr) {
-    std::vector<TextView> folder = SplitHostPath(path);
-    folder.pop_back();
-    const bool is_folder = nodes_.contains(HostPathKey(folder));
-    throw RuntimeError(is_folder ? ErrorNumber::kFileNotFound : ErrorNumber::kPathNotFound);
-  }
-  if (node->is_folder) FailAt(ErrorNumber::kPathFileAccessError, path);
-  return *node;
+const MemoryFileSystem::Node& MemoryFileSystem::FileAt(TextView path) const {
+  CheckFile(path);
+  return nodes_.find(HostPathKey(SplitHostPath(path)))->second;
 }
 
 MemoryFileSystem::Node& MemoryFileSystem::FileForWriting(TextView path) {
-  std::vector<TextView> pieces = SplitHostPath(path);
-  const Text key = HostPathKey(pieces);
-  if (const auto found = nodes_.find(key); found != nodes_.end()) {
-    if (found->second.is_folder) FailAt(ErrorNumber::kPathFileAccessError, path);
-    return found->second;
-  }
-  const Text whole = Joined(pieces);
-  pieces.pop_back();
-  const auto parent = nodes_.find(HostPathKey(pieces));
-  if (parent == nodes_.end() || !parent->second.is_folder) FailAt(ErrorNumber::kPathNotFound, path);
-  return nodes_[key] = Node{whole, false, std::make_shared<const std::string>()};
-}
-
-bool MemoryFileSystem::FolderExists(TextView path) try {
-  const Node* node = Find(path);
-  return node != nullptr && node->is_folder;
-} catch (const RuntimeError&) {
-  return false;
-}
-
-bool MemoryFileSystem::FileExists(TextView path) try {
-  const Node* node = Find(path);
-  return node != nullptr && !node->is_folder;
-} catch (const RuntimeError&) {
-  return false;
+  CheckRoomForFile(path);
+  const std::vector<TextView> pieces = SplitHostPath(path);
+  const auto [node, is_new] = nodes_.try_emplace(HostPathKey(pieces));
+  if (is_new) node->second = Node{Joined(pieces), false, std::make_shared<const std::string>()};
+  return node->second;
 }
 
 void MemoryFileSystem::MakeFolder(TextView path) {
-  std::vector<TextView> pieces = SplitHostPath(path);
-  const Text key = HostPathKey(pieces);
-  if (nodes_.contains(key)) FailAt(ErrorNumber::kPathFileAccessError, path);
-  const Text whole = Joined(pieces);
-  pieces.pop_back();
-  const auto parent = nodes_.find(HostPathKey(pieces));
-  if (parent == nodes_.end() || !parent->second.is_folder) FailAt(ErrorNumber::kPathNotFound, path);
-  nodes_[key] = Node{whole, true, nullptr};
+  CheckRoomForFile(path);
+  MakeFolders(path);
 }
 
 void MemoryFileSystem::MakeFolders(TextView path) {
@@ -109,16 +73,16 @@ void MemoryFileSystem::MakeFolders(TextView path) {
 }
 
 std::int64_t MemoryFileSystem::FileSize(TextView path) {
-  return static_cast<std::int64_t>(FindFile(path).bytes->size());
+  return static_cast<std::int64_t>(FileAt(path).bytes->size());
 }
 
 void MemoryFileSystem::RemoveFile(TextView path) {
-  static_cast<void>(FindFile(path));
+  CheckFile(path);
   nodes_.erase(HostPathKey(SplitHostPath(path)));
 }
 
 void MemoryFileSystem::RenameFile(TextView from, TextView to) {
-  const std::shared_ptr<const std::string> bytes = FindFile(from).bytes;
+  const std::shared_ptr<const std::string> bytes = FileAt(from).bytes;
   const std::vector<TextView> pieces = SplitHostPath(to);
   FileForWriting(to) = Node{Joined(pieces), false, bytes};
   const Text from_key = HostPathKey(SplitHostPath(from));
@@ -130,11 +94,11 @@ void MemoryFileSystem::MakeEmptyFile(TextView path) {
 }
 
 std::unique_ptr<ByteReader> MemoryFileSystem::OpenForReading(TextView path) {
-  return std::make_unique<MemoryReader>(FindFile(path).bytes);
+  return std::make_unique<MemoryReader>(FileAt(path).bytes);
 }
 
 std::string MemoryFileSystem::Contents(TextView path) const {
-  return *FindFile(path).bytes;
+  return *FileAt(path).bytes;
 }
 
 void MemoryFileSystem::SetContents(TextView path, std::string_view bytes) {

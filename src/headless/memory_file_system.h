@@ -8,17 +8,15 @@
 #include <string_view>
 #include <vector>
 
-#include "support/file_system.h"
+#include "headless/host_path.h"
 
 namespace quill::headless {
 
-class MemoryFileSystem final : public FileSystem {
+class MemoryFileSystem final : public HostPathFileSystem {
  public:
   explicit MemoryFileSystem(TextView root = u"C:\\Host");
 
-  bool FolderExists(TextView path) override;
   void MakeFolder(TextView path) override;
-  bool FileExists(TextView path) override;
   std::int64_t FileSize(TextView path) override;
   void RemoveFile(TextView path) override;
   void RenameFile(TextView from, TextView to) override;
@@ -44,8 +42,8 @@ class MemoryFileSystem final : public FileSystem {
     std::shared_ptr<const std::string> bytes;  // shared with open readers; null for a folder
   };
 
-  [[nodiscard]] const Node* Find(TextView path) const;
-  [[nodiscard]] const Node& FindFile(TextView path) const;
+  [[nodiscard]] Entry EntryAt(TextView path) const override;
+  [[nodiscard]] const Node& FileAt(TextView path) const;
   // The node for a file that is about to be written, made when it is missing.
   Node& FileForWriting(TextView path);
 

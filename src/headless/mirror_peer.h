@@ -8,8 +8,6 @@
 #include <vector>
 
 #include "ui/control.h"
-#include "ui/picture_box.h"
-#include "ui/text_box.h"
 
 namespace quill::headless {
 
@@ -17,8 +15,6 @@ struct MirroredRow {
   Text text;
   std::int32_t data = 0;
   bool selected = false;
-
-  friend bool operator==(const MirroredRow&, const MirroredRow&) = default;
 };
 
 class MirrorPeer final : public ui::Peer {
@@ -40,23 +36,17 @@ class MirrorPeer final : public ui::Peer {
   [[nodiscard]] std::optional<Text> Property(TextView name) const;
 
   [[nodiscard]] ui::Control& control() const noexcept { return control_; }
-  [[nodiscard]] const Text& text() const noexcept { return text_; }
   [[nodiscard]] const std::vector<MirroredRow>& rows() const noexcept { return rows_; }
   [[nodiscard]] int current() const noexcept { return current_; }
   [[nodiscard]] int top_row() const noexcept { return top_row_; }
-  [[nodiscard]] bool locked() const noexcept { return locked_; }
-  [[nodiscard]] const ui::Bounds& bounds() const noexcept { return bounds_; }
-  // It and everything that it lies in, up to the form.
-  [[nodiscard]] bool IsShown() const noexcept;
-  [[nodiscard]] bool IsEnabled() const noexcept;
   // The outermost one, up to the form, that is hidden or disabled; null when there is none.
-  [[nodiscard]] const MirrorPeer* Obstacle() const noexcept;
+  [[nodiscard]] const MirrorPeer* Obstacle() const;
   // A property that shows something else than its control holds; empty when there is none. The rows
   // of a hidden list, which are told when it is shown, do not count.
   [[nodiscard]] TextView StaleSide() const;
 
   // What a native control changes by itself, just before it tells its model.
-  void ChangeText(Text text) { text_ = std::move(text); }
+  void ChangeText(Text text);  // of a text box
   void ChangeCurrent(int row) { current_ = row; }
   void ChangeSelection(const std::vector<int>& rows, int current);
   void ChangeTopRow(int row) { top_row_ = row; }
@@ -66,18 +56,11 @@ class MirrorPeer final : public ui::Peer {
   [[nodiscard]] std::size_t rows_taken() const noexcept { return rows_taken_; }
 
  private:
-  struct Reader;
-
-  void TakeText();
-  void TakeRows(bool from_the_start);
-  void TakeRowData();
-  void TakeSelection();
-  void TakePicture();
-  void TakeColour();
-  void TakeLimit();
   void ComeToFront();
   void LeaveContainer() noexcept;
   [[nodiscard]] bool StacksLikeControl() const;
+  // A property of the control itself.
+  [[nodiscard]] std::optional<Text> Held(TextView name) const;
   [[nodiscard]] std::optional<Text> RowProperty(TextView name) const;
 
   ui::Control& control_;
@@ -85,21 +68,7 @@ class MirrorPeer final : public ui::Peer {
   MirrorPeer* container_ = nullptr;
   std::vector<MirrorPeer*> stacked_;  // those lying in this one, the front last
 
-  ui::Bounds bounds_;
-  bool enabled_ = false;
-  bool visible_ = false;
-  int tab_index_ = -1;
-  Text tooltip_;
-  Text text_;  // of a text box; else the caption
-  int value_ = 0;
-  ui::Alignment alignment_ = ui::Alignment::kLeft;
-  int limit_ = 0;
-  bool locked_ = false;
-  int font_size_ = 0;
-  bool transparent_ = false;
-  ui::Colour colour_ = 0;
-  Text picture_;
-  ui::Pointer pointer_ = ui::Pointer::kDefault;
+  std::vector<std::optional<Text>> properties_;  // by their row in the table of all kinds'
   std::vector<MirroredRow> rows_;
   int current_ = -1;
   int top_row_ = 0;

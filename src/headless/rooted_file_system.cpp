@@ -7,9 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "headless/host_path.h"
-#include "support/runtime_error.h"
-
 namespace quill::headless {
 namespace {
 
@@ -49,13 +46,6 @@ fs::path FindEntry(const fs::path& folder, TextView name, TextView path) {
     if (EqualIgnoringCase(NameOf(entry->path()), name)) return entry->path();
   }
   return exact;
-}
-
-// In the usual words, as a native file system says it: whoever reports it adds the path.
-[[noreturn]] void FailAsMissing(RootedFileSystem& files, TextView path) {
-  const TextView folder = path.substr(0, std::min(path.find_last_of(u"\\/"), path.size()));
-  throw RuntimeError(files.FolderExists(folder) ? ErrorNumber::kFileNotFound
-                                                : ErrorNumber::kPathNotFound);
 }
 
 class StreamReader final : public ByteReader {
@@ -108,18 +98,11 @@ fs::path RootedFileSystem::RealPath(TextView path) const {
   return real;
 }
 
-bool RootedFileSystem::FolderExists(TextView path) try {
+HostPathFileSystem::Entry RootedFileSystem::EntryAt(TextView path) const {
   std::error_code error;
-  return fs::is_directory(RealPath(path), error);
-} catch (const RuntimeError&) {
-  return false;
-}
-
-bool RootedFileSystem::FileExists(TextView path) try {
-  std::error_code error;
-  return fs::is_regular_file(RealPath(path), error);
-} catch (const RuntimeError&) {
-  return false;
+  const fs::file_status status = fs::status(RealPath(path), error);
+  if (fs::is_directory(status)) return Entry::kFolder;
+  return fs::is_regular_file(status) ? Entry::kFile : Entry::kNone;
 }
 
 void RootedFileSystem::MakeFolder(TextView path) {
@@ -130,7 +113,7 @@ void RootedFileSystem::MakeFolder(TextView path) {
 }
 
 std::int64_t RootedFileSystem::FileSize(TextView path) {
-  if (!FileExists(path)) FailAsMissing(*this, path);
+  CheckFile(path);
   std::error_code error;
   const std::uintmax_t size = fs::file_size(RealPath(path), error);
   Check(error, path);
@@ -138,32 +121,28 @@ std::int64_t RootedFileSystem::FileSize(TextView path) {
 }
 
 void RootedFileSystem::RemoveFile(TextView path) {
-  if (!FileExists(path)) FailAsMissing(*this, path);
+  CheckFile(path);
   std::error_code error;
   fs::remove(RealPath(path), error);
   Check(error, path);
 }
 
 void RootedFileSystem::RenameFile(TextView from, TextView to) {
-  if (!FileExists(from)) FailAsMissing(*this, from);
-  if (FolderExists(to)) FailAt(ErrorNumber::kPathFileAccessError, to);
-  const fs::path real = RealPath(to);
-  if (!fs::is_directory(real.parent_path())) FailAt(ErrorNumber::kPathNotFound, to);
+  CheckFile(from);
+  CheckRoomForFile(to);
   std::error_code error;
-  fs::rename(RealPath(from), real, error);
+  fs::rename(RealPath(from), RealPath(to), error);
   Check(error, to);
 }
 
 void RootedFileSystem::MakeEmptyFile(TextView path) {
-  const fs::path real = RealPath(path);
-  if (!fs::is_directory(real.parent_path())) FailAt(ErrorNumber::kPathNotFound, path);
-  std::ofstream stream(real, std::ios::binary | std::ios::trunc);
+  CheckRoomForFile(path);
+  std::ofstream stream(RealPath(path), std::ios::binary | std::ios::trunc);
   if (!stream) FailAt(ErrorNumber::kPathFileAccessError, path);
 }
 
 std::unique_ptr<ByteReader> RootedFileSystem::OpenForReading(TextView path) {
-  if (FolderExists(path)) FailAt(ErrorNumber::kPathFileAccessError, path);
-  if (!FileExists(path)) FailAsMissing(*this, path);
+  CheckFile(path);
   std::ifstream stream(RealPath(path), std::ios::binary);
   if (!stream) FailAt(ErrorNumber::kPermissionDenied, path);
   return std::make_unique<StreamReader>(std::move(stream), path);

@@ -6,18 +6,16 @@
 
 #include <filesystem>
 
-#include "support/file_system.h"
+#include "headless/host_path.h"
 
 namespace quill::headless {
 
-class RootedFileSystem final : public FileSystem {
+class RootedFileSystem final : public HostPathFileSystem {
  public:
   // `folder` must exist. `host_root` is an absolute host path.
   RootedFileSystem(TextView host_root, const std::filesystem::path& folder);
 
-  bool FolderExists(TextView path) override;
   void MakeFolder(TextView path) override;
-  bool FileExists(TextView path) override;
   std::int64_t FileSize(TextView path) override;
   void RemoveFile(TextView path) override;
   void RenameFile(TextView from, TextView to) override;
@@ -28,10 +26,9 @@ class RootedFileSystem final : public FileSystem {
   // outside the host root and with kPathFileAccessError for one that is not allowed.
   [[nodiscard]] std::filesystem::path RealPath(TextView path) const;
 
-  [[nodiscard]] const Text& host_root() const noexcept { return host_root_; }
-  [[nodiscard]] const std::filesystem::path& folder() const noexcept { return folder_; }
-
  private:
+  [[nodiscard]] Entry EntryAt(TextView path) const override;
+
   Text host_root_;
   std::filesystem::path folder_;  // canonical
 };

@@ -36,7 +36,8 @@ class Changes {
   constexpr Changes(Bit bit) : bits_(bit) {}  // NOLINT(google-explicit-constructor): a set of one
   [[nodiscard]] static constexpr Changes Everything() { return FromBits(0xFFFFFFFFu); }
 
-  [[nodiscard]] constexpr bool Has(Bit bit) const { return (bits_ & bit) != 0; }
+  // One of these at least.
+  [[nodiscard]] constexpr bool Has(Changes changes) const { return (bits_ & changes.bits_) != 0; }
   [[nodiscard]] constexpr bool Any() const { return bits_ != 0; }
   friend constexpr Changes operator|(Changes a, Changes b) { return FromBits(a.bits_ | b.bits_); }
   constexpr Changes& operator|=(Changes other) {
