@@ -9,7 +9,6 @@
 #include "dialog/dialog_design.h"
 #include "dialog/option_table.h"
 #include "dialog/rotation.h"
-#include "dialog/shuffle_rotation.h"
 #include "support/trap.h"
 #include "ui/tab_background.h"
 

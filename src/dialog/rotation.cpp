@@ -2,12 +2,16 @@
 #include "dialog/rotation.h"
 
 #include <algorithm>
+#include <functional>
+#include <optional>
 #include <source_location>
+#include <utility>
 #include <vector>
 
 #include "dialog/rotation_menu.h"
 #include "dialog/rotation_view.h"
 #include "maps/map_entry.h"
+#include "maps/shuffle.h"
 #include "support/trap.h"
 
 namespace quill {
@@ -201,6 +205,21 @@ void UndoRotation(frmrcBHDGS& dialog) {
 
 void RedoRotation(frmrcBHDGS& dialog) {
   StepRotation(dialog, &RotationHistory::Redo);
+}
+
+// Each click has a seed of its own, and the new order is taken over when it is complete.
+void ShuffleRotation(frmrcBHDGS& dialog) {
+  Session& session = dialog.session();
+  Trapped(session.reporter, u"cmdRandomize", [&](Line& at) {
+    SelectedMapList& rotation = session.maps.selected;
+    if (rotation.Count() < 2) return;
+    std::optional<RandomSource> random;
+    std::vector<SelectedMap> shuffled;
+    at(), random.emplace(session.clock.Ticks());
+    at(), shuffled = Shuffled(rotation.maps(), std::ref(*random));
+    at(), rotation.Replace(std::move(shuffled));
+    at(), dialog.BuildMapList();
+  });
 }
 
 // A text that is no game type has the index behind the last one, so both ways work out.

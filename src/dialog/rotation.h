@@ -23,6 +23,9 @@ void MoveSelectedMaps(frmrcBHDGS& dialog, RowMove move);
 void UndoRotation(frmrcBHDGS& dialog);
 void RedoRotation(frmrcBHDGS& dialog);
 
+// The action of cmdRandomize: puts the rotation into a random order. Trapped.
+void ShuffleRotation(frmrcBHDGS& dialog);
+
 // The actions of cmdLeft and cmdRight: through all nine game types, from either end to the other.
 // From a text that is no game type they go to the last and the first.
 void ShowPreviousGameType(frmrcBHDGS& dialog);

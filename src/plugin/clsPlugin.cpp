@@ -9,7 +9,7 @@
 #include "remote/replies.h"
 #include "remote/request_file.h"
 #include "support/trap.h"
-#include "support/version_text.h"
+#include "support/version.h"
 
 namespace quill {
 
@@ -18,7 +18,7 @@ clsPlugin::clsPlugin(mdlBHDGS& module) : module_(module) {
 }
 
 Text clsPlugin::dllVersion(TextView) const {
-  return VersionText();
+  return Text(kVersionText);
 }
 
 PLUGIN clsPlugin::GetData() const {

@@ -1,7 +1,7 @@
 // The values of the information record.
 #include "plugin/plugin_record.h"
 
-#include "support/version_text.h"
+#include "support/version.h"
 
 namespace quill {
 
@@ -9,7 +9,7 @@ PLUGIN PluginRecord() {
   return {
       .Name = u"Quillstart",
       .File = Text(kLibraryFileName),
-      .Version = VersionText(),
+      .Version = Text(kVersionText),
       .Author = u"Tobin Marsh (Aka Kestrel)",
       .Description = u"This Plugin adds the ability to Start and Stop DFBHD via the Trackmoor.",
       .Game = {{u"Delta Force,  V1.5.0.5"}},

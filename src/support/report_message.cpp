@@ -4,7 +4,6 @@
 #include <new>
 
 #include "support/version.h"
-#include "support/version_text.h"
 
 namespace quill {
 namespace {
@@ -53,7 +52,7 @@ bool MessageReporter::Send(TextView label, const RuntimeError* error,
       report.number = Decimal(error->number());
       report.description = error->description();
     }
-    report.library = Concat({kLibraryFileName, u" ", VersionText()});
+    report.library = Concat({kLibraryFileName, u" ", kVersionText});
     report.label = label;
     report.reserved = u"0";
     report.line = line;

@@ -4,7 +4,6 @@
 
 #include "headless/fixed_process_paths.h"
 #include "support/runtime_error.h"
-#include "support/version_text.h"
 
 namespace quill {
 namespace {
@@ -69,11 +68,6 @@ TEST(HostEnvironmentTest, DevelopmentRootIsThePluginFolderWithoutItsOwnLevels) {
   // Each removal works on what the one before it left.
   EXPECT_EQ(root(u"C:\\VB6.EXE", u"D:\\dlls\\Plugins\\Quillstart"), u"D:");
   EXPECT_EQ(root(u"C:\\VB6.EXE", u"D:\\plug\\Pluginsins"), u"D:");
-}
-
-TEST(VersionTextTest, NumbersAreWrittenInFull) {
-  EXPECT_EQ(VersionText(), u"1.1.2");
-  EXPECT_EQ(VersionText(2, 10, 3), u"2.10.3");
 }
 
 }  // namespace
