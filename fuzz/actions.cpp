@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "fuzz/plugin_bench.h"
-#include "host/remote/settings_reply.h"
+#include "host/remote/scenario.h"
 #include "host/remote/wire.h"
 
 namespace quill::fuzz {

@@ -16,7 +16,7 @@ namespace {
 struct Kit {
   headless::MemoryFileSystem files;
   host::MemoryStorage storage{files};
-  host::ErrorJournal journal{u"C:\\Host", files, storage, host::SystemTime()};
+  host::ErrorJournal journal{u"C:\\Host", files, storage};
   host::HostFileKit kit{storage, journal};
 };
 

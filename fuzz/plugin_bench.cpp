@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "dialog/option_table.h"
-#include "host/remote/settings_reply.h"
+#include "host/remote/scenario.h"
 #include "plugin/operator_rights.h"
 
 namespace quill::fuzz {

@@ -1,7 +1,7 @@
 // A whole reply into the dialog, for an operator whose rights depend on the first byte. Whatever it
 // is, the plug-in stays whole and takes the next good reply as if nothing had been.
 #include "fuzz/plugin_bench.h"
-#include "host/remote/settings_reply.h"
+#include "host/remote/scenario.h"
 #include "host/remote/wire.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -41,7 +41,7 @@ void Fill(SelectedMapList& rotation) {
 
 void MeasureActions(NativeBench& bench) {
   host::DiskStorage storage([](TextView path) { return std::filesystem::path(path); });
-  host::ErrorJournal journal(bench.session.HostRoot, bench.files, storage, {});
+  host::ErrorJournal journal(bench.session.HostRoot, bench.files, storage);
   bench.session.file_kit = std::make_unique<host::HostFileKit>(storage, journal);
   Session& remote = bench.session;
   bench.Show([&](frmrcBHDGS& dialog) {

@@ -33,7 +33,9 @@ class DialogTrial final {
   // What the plug-in has reported since the dialog was filled, in order.
   [[nodiscard]] const std::vector<LoggedFailure>& failures() const { return host_.watch.failures; }
   [[nodiscard]] const LoggedFailure* FailureOf(TextView label) const;
-  [[nodiscard]] const TrialConditions& conditions() const { return conditions_; }
+  // Why a stored map reference, its fields as the file has them, finds no map. For people; says
+  // nothing about maps that are found.
+  [[nodiscard]] Text WhyMissing(TextView code, TextView flag, TextView file) const;
   // Completes an account of everything: what the dialog shows now.
   void Conclude(FileAccount& account);
 

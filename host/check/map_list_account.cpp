@@ -4,7 +4,6 @@
 
 #include "dialog/text_lines.h"
 #include "host/check/dialog_trial.h"
-#include "host/check/missing_map.h"
 
 namespace quill::host {
 namespace {
@@ -32,8 +31,7 @@ bool Judge(const DialogTrial& trial, TextView line, std::size_t number, FileAcco
     if (const auto map = FindStoredMap(trial.maps(), code, flag, file)) {
       account.Select(number, *map);
     } else {
-      account.Lose(number, u"MISSING map", TrimBlanks(file),
-                   WhyMissing(trial.maps(), trial.conditions(), code, flag, file));
+      account.Lose(number, u"MISSING map", TrimBlanks(file), trial.WhyMissing(code, flag, file));
     }
     return true;
   } catch (const RuntimeError& error) {

@@ -10,7 +10,6 @@
 #include "dialog/previous_settings.h"
 #include "dialog/stored_map.h"
 #include "host/check/dialog_trial.h"
-#include "host/check/missing_map.h"
 #include "host/kit/ini_text.h"
 #include "host/kit/text_file.h"
 
@@ -147,7 +146,7 @@ class SettingsWatch {
     const std::vector<TextView> fields = SplitStoredMap(value);
     const TextView file = fields.at(fields.size() == 4 ? 3 : 2);
     account_.Lose(entry.line, u"MISSING map", TrimBlanks(file),
-                  WhyMissing(trial_.maps(), trial_.conditions(), fields[0], fields[1], file));
+                  trial_.WhyMissing(fields[0], fields[1], file));
   }
 
   // The entries from here on.

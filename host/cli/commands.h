@@ -2,6 +2,7 @@
 // arguments that it cannot use.
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 #include "host/cli/arguments.h"
@@ -21,9 +22,9 @@ int RunCatalogueCommand(const Arguments& arguments, const CommandLineParts& part
 // `text` with blanks up to that width.
 [[nodiscard]] Text Padded(TextView text, std::size_t width);
 
-// The bytes of a file that an argument names.
+// The path, the bytes and the scenario of a file that an argument names.
+[[nodiscard]] std::filesystem::path ArgumentPath(const Text& name);
 [[nodiscard]] std::string ReadArgumentFile(const Text& name);
-// The scenario in one.
 [[nodiscard]] Scenario ReadScenario(const Text& name);
 
 }  // namespace quill::host

@@ -5,7 +5,6 @@
 #include <thread>
 #include <utility>
 
-#include "host/remote/wire.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
 
@@ -18,17 +17,15 @@ constexpr int kGameTypes = 9;
 
 }  // namespace
 
-MainJob::MainJob(const Scenario& scenario, Stage& stage, FileStorage& results,
-                 CommandLauncher& launcher, std::string record_name, EventSink tell,
-                 std::function<void(Stage& stage, const Text& moment)> look)
+MainJob::MainJob(const Scenario& scenario, Stage& stage, FileStorage& results, Text record_name,
+                 EventSink tell, std::function<void(Stage& stage, const Text& moment)> look)
     : scenario_(scenario),
       stage_(stage),
       results_(results),
       tell_(std::move(tell)),
       look_(std::move(look)),
       record_path_(Concat({stage.HostRoot(), kStartRecordPath})),
-      machine_(scenario,
-               RemoteMachineParts{results, launcher, record_path_, std::move(record_name), tell_}),
+      machine_(scenario, RemoteMachineParts{results, record_path_, std::move(record_name), tell_}),
       relay_(
           stage.HostRoot(), stage.storage(), results, machine_,
           [this](const Text& reply) { Receive(reply); }, tell_) {}

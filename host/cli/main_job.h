@@ -18,12 +18,11 @@ inline constexpr TextView kStartRecordPath = u"\\start-record.txt";
 
 class MainJob {
  public:
-  // Stage, storage and launcher outlive the job. `results` keeps the start record and copies of the
+  // Stage and storage outlive the job. `results` keeps the start record and copies of the
   // requests; `record_name` is what a start command calls the record. `tell` is given each step;
   // `look`, where there is one, is that of CommandLineParts.
-  MainJob(const Scenario& scenario, Stage& stage, FileStorage& results, CommandLauncher& launcher,
-          std::string record_name, EventSink tell,
-          std::function<void(Stage& stage, const Text& moment)> look = nullptr);
+  MainJob(const Scenario& scenario, Stage& stage, FileStorage& results, Text record_name,
+          EventSink tell, std::function<void(Stage& stage, const Text& moment)> look = nullptr);
 
   // The operator then loads this settings file, as it lies in the profile's settings folder,
   // instead of choosing a mod and maps. Without a folder in its name.

@@ -3,7 +3,6 @@
 #include <system_error>
 #include <utility>
 
-#include "headless/rooted_file_system.h"
 #include "host/cli/commands.h"
 #include "host/cli/main_job.h"
 #include "host/kit/disk_storage.h"
@@ -18,14 +17,13 @@ Text PathText(const fs::path& path) {
   return FromUtf8(std::string(bytes.begin(), bytes.end()));
 }
 
-// The folder for what the job leaves, made where it is missing.
+// The folder for what the job leaves, made where it is missing, with one for requests in it.
 fs::path ResultFolder(const Arguments& arguments) {
-  const std::string name = ToUtf8(arguments.Option(u"--folder").value_or(u"quillhost-run"));
-  const fs::path folder(std::u8string(name.begin(), name.end()));
+  const fs::path folder = ArgumentPath(arguments.Option(u"--folder").value_or(u"quillhost-run"));
   std::error_code error;
-  fs::create_directories(folder, error);
+  fs::create_directories(folder / "RCData", error);
   const fs::path whole = fs::canonical(folder, error);
-  if (error || !fs::is_directory(whole, error)) {
+  if (error || !fs::is_directory(whole / "RCData", error)) {
     throw UsageError(Concat({u"the folder \"", PathText(folder), u"\" cannot be used"}));
   }
   return whole;
@@ -45,21 +43,19 @@ int RunMainJobCommand(const Arguments& arguments, const CommandLineParts& parts,
   const fs::path folder = ResultFolder(arguments);
   const std::unique_ptr<Stage> stage = parts.make_stage();
   const Text root = stage->HostRoot();
-  headless::RootedFileSystem files(root, folder);
-  const Text requests = Concat({root, u"\\RCData"});
-  if (!files.FolderExists(requests)) files.MakeFolder(requests);
-  DiskStorage results([&](TextView path) { return files.RealPath(path); });
-  const fs::path record = files.RealPath(Concat({root, kStartRecordPath}));
-  const std::u8string record_name = record.u8string();
-
-  SystemCommandLauncher launcher;
+  // The job itself names the results, all of them below the host's root.
+  const auto real_path = [&](TextView path) {
+    return folder / ReplaceAll(path.substr(root.size() + 1), u"\\", u"/");
+  };
+  DiskStorage results(real_path);
+  const Text record = PathText(real_path(Concat({root, kStartRecordPath})));
   MainJob job(
-      scenario, *stage, results, launcher, std::string(record_name.begin(), record_name.end()),
-      [&](const Text& line) { console.PrintLine(line); }, parts.look);
+      scenario, *stage, results, record, [&](const Text& line) { console.PrintLine(line); },
+      parts.look);
   if (settings) job.LoadSettingsFirst(FileName(*settings), std::move(settings_bytes));
   const bool is_started = job.Run();
   if (job.has_record()) {
-    console.PrintLine(Concat({u"Start record: ", PathText(record)}));
+    console.PrintLine(Concat({u"Start record: ", record}));
   } else {
     console.PrintLine(u"Start record: none, no start request was accepted");
   }

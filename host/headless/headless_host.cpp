@@ -3,8 +3,7 @@
 
 #include <utility>
 
-#include "host/kit/memory_kit.h"
-#include "host/story/button_pictures.h"
+#include "host/headless/button_pictures.h"
 #include "support/runtime_error.h"
 
 namespace quill::host {
@@ -62,7 +61,7 @@ std::unique_ptr<FileKit> HeadlessHost::CreateFileKit() {
 
 std::unique_ptr<MemoryKit> HeadlessHost::CreateMemoryKit() {
   BeforeCreating(u"CreateMemoryKit", kMemoryKitProgId);
-  return std::make_unique<HostMemoryKit>();
+  return std::make_unique<MemoryKit>();
 }
 
 }  // namespace quill::host

@@ -48,7 +48,7 @@ class HeadlessHost : private HostServices {
   headless::SettableClock clock{1};
   headless::FixedProcessPaths paths;
   MemoryStorage storage{memory};
-  ErrorJournal journal{kRoot, memory, storage, SystemTime()};
+  ErrorJournal journal{kRoot, memory, storage};
   HostFileKit host_kit{storage, journal};
   host::KitWatch watch;
   mdlBHDGS module{{toolkit, files, paths, clock, CodePage::Windows1252(), *this}};

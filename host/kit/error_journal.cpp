@@ -1,6 +1,7 @@
 // Wording and appending of journal entries.
 #include "host/kit/error_journal.h"
 
+#include "host/kit/log_time.h"
 #include "host/kit/text_file.h"
 
 namespace quill::host {
@@ -24,29 +25,27 @@ Text Quoted(TextView text) {
 
 }  // namespace
 
-ErrorJournal::ErrorJournal(TextView host_root, FileSystem& files, FileStorage& storage,
-                           TimeSource now)
+ErrorJournal::ErrorJournal(TextView host_root, FileSystem& files, FileStorage& storage)
     : folder_(Concat({host_root, u"\\logs"})),
       log_path_(Concat({folder_, u"\\error-log.txt"})),
       report_path_(Concat({folder_, u"\\error-reports.txt"})),
       files_(files),
-      storage_(storage),
-      now_(std::move(now)) {}
+      storage_(storage) {}
 
 void ErrorJournal::AddLogEntry(TextView library, TextView label, std::int32_t number,
                                TextView description, std::int32_t line) {
-  Append(log_path_, Concat({LogTime(now_()), u"  ", Quoted(library), u"  ", Quoted(label),
-                            u", line ", Decimal(line), u": error ", Decimal(number), u", ",
-                            Quoted(description), u"\r\n"}));
+  Append(log_path_,
+         Concat({LogTime(), u"  ", Quoted(library), u"  ", Quoted(label), u", line ", Decimal(line),
+                 u": error ", Decimal(number), u", ", Quoted(description), u"\r\n"}));
 }
 
 void ErrorJournal::AddReport(const ErrorReport& report) {
-  Append(report_path_,
-         Concat({LogTime(now_()), u"\r\n  Number:      ", Quoted(report.number),
-                 u"\r\n  Description: ", Quoted(report.description), u"\r\n  Library:     ",
-                 Quoted(report.library), u"\r\n  Procedure:   ", Quoted(report.label),
-                 u"\r\n  Reserved:    ", Quoted(report.reserved), u"\r\n  Line:        ",
-                 Decimal(report.line), u"\r\n\r\n"}));
+  Append(
+      report_path_,
+      Concat({LogTime(), u"\r\n  Number:      ", Quoted(report.number), u"\r\n  Description: ",
+              Quoted(report.description), u"\r\n  Library:     ", Quoted(report.library),
+              u"\r\n  Procedure:   ", Quoted(report.label), u"\r\n  Reserved:    ",
+              Quoted(report.reserved), u"\r\n  Line:        ", Decimal(report.line), u"\r\n\r\n"}));
 }
 
 void ErrorJournal::Append(TextView path, TextView entry) {

@@ -4,7 +4,6 @@
 #pragma once
 
 #include "host/kit/file_storage.h"
-#include "host/kit/log_time.h"
 #include "support/file_kit.h"
 #include "support/file_system.h"
 
@@ -14,7 +13,7 @@ class ErrorJournal {
  public:
   // The logs lie in `host_root`\logs; the folder is made when the first entry is written. The file
   // system and the storage must outlive the journal.
-  ErrorJournal(TextView host_root, FileSystem& files, FileStorage& storage, TimeSource now);
+  ErrorJournal(TextView host_root, FileSystem& files, FileStorage& storage);
 
   // Adds to error-log.txt:
   //   2004-03-31 18:05:09Z  kvrrcBHDGS.dll  RemoteData, line 77: error 13, Type mismatch
@@ -37,7 +36,6 @@ class ErrorJournal {
   Text report_path_;
   FileSystem& files_;
   FileStorage& storage_;
-  TimeSource now_;
 };
 
 }  // namespace quill::host

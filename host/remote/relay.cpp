@@ -1,11 +1,11 @@
 // Polling of the request folder.
 #include "host/remote/relay.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "host/kit/text_file.h"
-#include "host/remote/wire.h"
 #include "support/runtime_error.h"
 
 namespace quill::host {
@@ -14,18 +14,6 @@ namespace {
 Text KeptPath(TextView host_root, TextView command) {
   return Concat({host_root, u"\\RCData\\sent_kvrBHDGS_", command, u".txt"});
 }
-
-// Set for as long as it lives.
-class Flag {
- public:
-  explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
-  ~Flag() { flag_ = false; }
-  Flag(const Flag&) = delete;
-  Flag& operator=(const Flag&) = delete;
-
- private:
-  bool& flag_;
-};
 
 }  // namespace
 
@@ -69,7 +57,9 @@ bool Relay::DeliverReply() {
   if (!reply) return false;
   tell_(Concat({u"relay: delivering a reply of ", Decimal(static_cast<std::int64_t>(reply->size())),
                 u" characters"}));
-  const Flag delivering(is_delivering_);
+  is_delivering_ = true;
+  const auto end = [](bool* is_delivering) { *is_delivering = false; };
+  const std::unique_ptr<bool, decltype(end)> delivering(&is_delivering_, end);
   deliver_(*reply);
   return true;
 }

@@ -3,25 +3,15 @@
 
 #include <algorithm>
 
+#include "host/kit/log_time.h"
 #include "host/kit/text_file.h"
 #include "host/remote/request_explanation.h"
-#include "host/remote/settings_reply.h"
-#include "host/remote/start_request.h"
-#include "host/remote/wire.h"
 #include "support/runtime_error.h"
 
 namespace quill::host {
 namespace {
 
 constexpr TextView kFailure = u"0";
-
-std::string ReplacedIn(std::string text, std::string_view from, const std::string& to) {
-  for (std::size_t at = text.find(from); at != std::string::npos;
-       at = text.find(from, at + to.size())) {
-    text.replace(at, from.size(), to);
-  }
-  return text;
-}
 
 }  // namespace
 
@@ -65,13 +55,13 @@ void RemoteMachine::Start(const RequestEnvelope& envelope) {
 }
 
 void RemoteMachine::KeepRecord(const RequestEnvelope& envelope, const StartRequest& request) {
-  const Text record = Concat({u"Start record of the remote machine\n\n", u"Received: ",
-                              LogTime(parts_.wall_clock()), u"\n", ExplainEnvelope(envelope), u"\n",
-                              ExplainStartRequest(request)});
+  const Text record =
+      Concat({u"Start record of the remote machine\n\n", u"Received: ", LogTime(), u"\n",
+              ExplainEnvelope(envelope), u"\n", ExplainStartRequest(request)});
   parts_.storage.Replace(parts_.record_path, EncodeTextFile(record));
   parts_.tell(Concat({u"remote: start request is good, ",
                       Decimal(static_cast<std::int64_t>(request.maps.size())), u" maps; kept in ",
-                      FromUtf8(parts_.record_name)}));
+                      parts_.record_name}));
 }
 
 void RemoteMachine::Begin() {
@@ -89,27 +79,27 @@ void RemoteMachine::Begin() {
       parts_.tell(u"remote: answering rubbish");
       return Answer(start.text, start.delay);
     case StartAction::kRun: {
-      const std::string command =
-          ReplacedIn(ToUtf8(start.command), "{record}", QuotedForCommand(parts_.record_name));
-      parts_.tell(Concat({u"remote: running ", FromUtf8(command)}));
+      const Text command =
+          ReplaceAll(start.command, u"{record}", QuotedForCommand(parts_.record_name));
+      parts_.tell(Concat({u"remote: running ", command}));
       Answer(Decimal(start.number), start.delay);
-      pending_.back().command = parts_.launcher.Launch(command);
+      pending_.back().command = LaunchCommand(command);
       return;
     }
   }
 }
 
 void RemoteMachine::Answer(Text reply, std::chrono::milliseconds delay) {
-  pending_.push_back({std::move(reply), parts_.steady_clock() + delay, nullptr});
+  pending_.push_back({std::move(reply), std::chrono::steady_clock::now() + delay, nullptr});
 }
 
 std::optional<Text> RemoteMachine::TakeReply() {
-  const auto now = parts_.steady_clock();
+  const auto now = std::chrono::steady_clock::now();
   for (auto pending = pending_.begin(); pending != pending_.end(); ++pending) {
     if (pending->due > now) continue;
     Text reply = pending->reply;
-    if (pending->command != nullptr) {
-      const std::optional<bool> outcome = pending->command->Outcome();
+    if (pending->command) {
+      const std::optional<bool> outcome = pending->command();
       if (!outcome) continue;
       // A text moved, not a constant assigned: GCC 12 takes the latter's one character for a copy
       // that overlaps itself (GCC bug 105329) and warns.

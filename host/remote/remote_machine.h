@@ -4,16 +4,13 @@
 #include <chrono>
 #include <functional>
 #include <list>
-#include <memory>
 #include <optional>
-#include <string>
 
 #include "host/kit/file_storage.h"
-#include "host/kit/log_time.h"
 #include "host/remote/command_launcher.h"
-#include "host/remote/request_envelope.h"
 #include "host/remote/scenario.h"
 #include "host/remote/start_request.h"
+#include "host/remote/wire.h"
 #include "support/text.h"
 
 namespace quill::host {
@@ -23,13 +20,9 @@ using EventSink = std::function<void(const Text&)>;
 
 struct RemoteMachineParts {
   FileStorage& storage;  // outlives the machine
-  CommandLauncher& launcher;
-  Text record_path;         // host path of the start record; its folder exists
-  std::string record_name;  // the same file as a start command must name it, in UTF-8
+  Text record_path;      // host path of the start record; its folder exists
+  Text record_name;      // the same file as a start command must name it
   EventSink tell;
-  TimeSource wall_clock = SystemTime();
-  std::function<std::chrono::steady_clock::time_point()> steady_clock =
-      std::chrono::steady_clock::now;
 };
 
 class RemoteMachine {
@@ -52,7 +45,7 @@ class RemoteMachine {
   struct Pending {
     Text reply;
     std::chrono::steady_clock::time_point due;
-    std::unique_ptr<RunningCommand> command;  // decides between the reply and "0"
+    CommandOutcome command;  // where there is one, it decides between the reply and "0"
   };
 
   void Start(const RequestEnvelope& envelope);

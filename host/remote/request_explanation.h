@@ -1,8 +1,8 @@
 // Requests told to people: the start record and the output of "quillhost decode". Lines end in LF.
 #pragma once
 
-#include "host/remote/request_envelope.h"
 #include "host/remote/start_request.h"
+#include "host/remote/wire.h"
 #include "support/text.h"
 
 namespace quill::host {

@@ -1,4 +1,4 @@
-// Reading scenario files line by line.
+// Reading scenario files line by line, and the reply that a scenario makes.
 #include "host/remote/scenario.h"
 
 #include <algorithm>
@@ -233,6 +233,14 @@ void SetIn(std::span<const Setting> settings, TextView name, TextView value, Sce
   Fail(Concat({u"there is no setting \"", name, u"\" here"}));
 }
 
+Text MapsField(const Scenario& scenario) {
+  std::vector<Text> maps;
+  for (const SelectedMap& map : scenario.maps) {
+    maps.push_back(EncodeField(JoinMapEntry(map.name, map.file) + Decimal(map.game_type)));
+  }
+  return Joined(maps, kListSeparator);
+}
+
 }  // namespace
 
 Scenario::Scenario() {
@@ -265,6 +273,31 @@ void Scenario::AddMap(TextView game_type, TextView name, TextView file) {
 
 Scenario ParseScenario(std::string_view bytes) {
   return ScenarioReader().Read(DecodeTextFile(bytes).text);
+}
+
+Text SettingsPayload(const Scenario& scenario) {
+  std::vector<Text> fields(scenario.has_fixed_values ? kFieldCountWithFixed : kFieldCount);
+  for (const auto settings : {CurrentSettings(), FixedSettings()}) {
+    for (const Setting& setting : settings) {
+      const auto field = static_cast<std::size_t>(setting.field);
+      if (field >= fields.size()) continue;
+      const Text& value = scenario.fields[field];
+      fields[field] = setting.form == SettingForm::kText ? EncodeField(value) : value;
+    }
+  }
+  fields[kModsField] = EncodeField(Joined(scenario.mods, kListSeparator));
+  fields[kMapsField] = MapsField(scenario);
+  for (const auto& [field, text] : scenario.raw_fields) {
+    fields.resize(std::max(fields.size(), static_cast<std::size_t>(field) + 1));
+    fields[static_cast<std::size_t>(field)] = text;
+  }
+
+  if (scenario.field_count) fields.resize(static_cast<std::size_t>(*scenario.field_count));
+  return Joined(fields, kFieldSeparator);
+}
+
+Text SettingsReply(const Scenario& scenario) {
+  return WriteFrame(SettingsPayload(scenario));
 }
 
 std::optional<int> FindGameType(TextView name_or_code) {

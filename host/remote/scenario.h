@@ -75,6 +75,12 @@ struct Scenario {
 // twice included.
 [[nodiscard]] Scenario ParseScenario(std::string_view bytes);
 
+// The reply to a game-settings query. Its fields: 26, or 33 with fixed values, or more where the
+// scenario sets raw fields beyond.
+[[nodiscard]] Text SettingsPayload(const Scenario& scenario);
+// The same as it travels, in its compressed frame.
+[[nodiscard]] Text SettingsReply(const Scenario& scenario);
+
 // The code of a game type given by its name in any letter case or by its code; nothing otherwise.
 [[nodiscard]] std::optional<int> FindGameType(TextView name_or_code);
 

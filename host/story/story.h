@@ -1,6 +1,8 @@
-// A story as its player sees it: steps in order, each with its line.
+// A story as its player sees it: steps in order, each with its line. docs/story-language.md is the
+// manual of the files.
 #pragma once
 
+#include <string_view>
 #include <vector>
 
 #include "host/story/story_words.h"
@@ -28,5 +30,19 @@ struct Story {
   Text title;
   std::vector<Step> steps;
 };
+
+struct StoryFault {
+  int line = 0;  // 1-based
+  Text message;
+};
+
+struct ParsedStory {
+  Story story;
+  // What could not be understood; a story with faults is not to be played.
+  std::vector<StoryFault> faults;
+};
+
+// `bytes` in an encoding of text_file.h; lines end in LF, CR LF or CR.
+[[nodiscard]] ParsedStory ParseStory(std::string_view bytes);
 
 }  // namespace quill::host

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "host/story/story.h"
-#include "host/story/story_parser.h"
 
 namespace quill::host {
 

@@ -1,5 +1,5 @@
 // Matching lines with the forms of the grammar, and nesting them.
-#include "host/story/story_parser.h"
+#include "host/story/story.h"
 
 #include <algorithm>
 #include <optional>

@@ -3,8 +3,8 @@
 
 #include <exception>
 
+#include "host/story/story.h"
 #include "host/story/story_differences.h"
-#include "host/story/story_parser.h"
 #include "host/story/story_player.h"
 
 namespace quill::host {

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/remote/settings_reply.h"
+#include "host/remote/scenario.h"
 #include "host/win32/host_folder.h"
 #include "host/win32/leak_watch.h"
 #include "host/win32/native_stage.h"

@@ -13,7 +13,7 @@
 #include <system_error>
 #include <utility>
 
-#include "host/story/button_pictures.h"
+#include "host/headless/button_pictures.h"
 #include "support/host_environment.h"
 #include "support/runtime_error.h"
 #include "support/version.h"

@@ -103,11 +103,10 @@ class HostWindow {
   void TakeScenario(const Scenario& scenario) {
     machine_scenario_ = scenario;
     relay_.reset();
-    machine_.emplace(
-        machine_scenario_,
-        RemoteMachineParts{session_.storage(), launcher_, Concat({root_, u"\\start-record.txt"}),
-                           ToUtf8(Concat({root_, u"\\start-record.txt"})),
-                           [this](const Text& line) { Tell(line); }});
+    machine_.emplace(machine_scenario_,
+                     RemoteMachineParts{session_.storage(), Concat({root_, u"\\start-record.txt"}),
+                                        Concat({root_, u"\\start-record.txt"}),
+                                        [this](const Text& line) { Tell(line); }});
     relay_.emplace(
         root_, session_.storage(), session_.storage(), *machine_,
         [this](const Text& reply) { Deliver(reply); }, [this](const Text& line) { Tell(line); });
@@ -222,7 +221,6 @@ class HostWindow {
   ContractLog& contract_;
   std::function<void(const Breach& breach)> told_before_;
   PluginSession session_;
-  SystemCommandLauncher launcher_;
   Scenario machine_scenario_;
   std::optional<RemoteMachine> machine_;
   std::optional<Relay> relay_;

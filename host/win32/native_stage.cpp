@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "headless/shown_words.h"
-#include "host/story/button_pictures.h"
+#include "host/headless/button_pictures.h"
 #include "host/story/operator_gestures.h"
 #include "host/win32/host_folder.h"
 #include "host/win32/plugin_session.h"

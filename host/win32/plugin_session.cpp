@@ -28,7 +28,7 @@ PluginSession::PluginSession(const LoadedLibrary& library, ContractLog& contract
     : library_(library),
       contract_(contract),
       storage_([](TextView path) { return std::filesystem::path(Text(path)); }),
-      journal_(root, files_, storage_, SystemTime()),
+      journal_(root, files_, storage_),
       classes_({watched_kit_, contract, thread_, [this](TextView kit) { KitIsCreated(kit); },
                 [this] { return running_calls_ != 0; }}) {}
 

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "support/runtime_error.h"
+
 namespace quill::headless {
 namespace {
 
@@ -23,13 +25,54 @@ class MemoryReader final : public ByteReader {
   std::size_t position_ = 0;
 };
 
-Text Joined(const std::vector<TextView>& pieces) {
-  Text path;
-  for (const TextView piece : pieces) {
-    if (!path.empty()) path += u'\\';
-    path += piece;
+bool IsDrive(TextView name) {
+  return name.size() == 2 && name[1] == u':' &&
+         ((name[0] >= u'A' && name[0] <= u'Z') || (name[0] >= u'a' && name[0] <= u'z'));
+}
+
+bool IsAllowedInNames(char16_t unit) {
+  return unit >= 0x20 && TextView(u"<>:\"|?*").find(unit) == TextView::npos;
+}
+
+// The path with one "\" between its names and none at its end. Fails for a path that does not begin
+// with a drive, and for names that are not allowed.
+Text NormalPath(TextView path) {
+  const Text separated = ReplaceAll(path, u"/", u"\\");
+  Text normal;
+  for (const TextView name : Split(separated, u"\\")) {
+    if (normal.empty()) {
+      if (!IsDrive(name)) {
+        throw RuntimeError(ErrorNumber::kPathNotFound,
+                           Concat({u"The path \"", path, u"\" does not begin with a drive"}));
+      }
+      normal = name;
+    } else if (!name.empty()) {
+      if (name.back() == u'.' || name.back() == u' ' ||
+          !std::ranges::all_of(name, IsAllowedInNames)) {
+        throw RuntimeError(
+            ErrorNumber::kPathFileAccessError,
+            Concat({u"\"", name, u"\" is no file name, in the path \"", path, u"\""}));
+      }
+      normal += Concat({u"\\", name});
+    }
   }
-  return path;
+  return normal;
+}
+
+// Equal for paths that name the same file.
+Text KeyOf(TextView path) {
+  return ToLower(NormalPath(path));
+}
+
+TextView FolderOf(TextView path) {
+  const std::size_t name_end = path.find_last_not_of(u"\\/") + 1;
+  return path.substr(0, std::min(path.substr(0, name_end).find_last_of(u"\\/"), path.size()));
+}
+
+// Fails with that error, its usual description and the path.
+[[noreturn]] void FailAt(ErrorNumber number, TextView path) {
+  throw RuntimeError(number,
+                     Concat({DefaultDescription(static_cast<std::int32_t>(number)), u": ", path}));
 }
 
 }  // namespace
@@ -38,22 +81,35 @@ MemoryFileSystem::MemoryFileSystem(TextView root) {
   MakeFolders(root);
 }
 
-HostPathFileSystem::Entry MemoryFileSystem::EntryAt(TextView path) const {
-  const auto found = nodes_.find(HostPathKey(SplitHostPath(path)));
+MemoryFileSystem::Entry MemoryFileSystem::EntryAt(TextView path) const {
+  const auto found = nodes_.find(KeyOf(path));
   if (found == nodes_.end()) return Entry::kNone;
   return found->second.is_folder ? Entry::kFolder : Entry::kFile;
 }
 
+bool MemoryFileSystem::Has(TextView path, Entry entry) const try {
+  return EntryAt(path) == entry;
+} catch (const RuntimeError&) {
+  return false;
+}
+
+void MemoryFileSystem::CheckRoomForFile(TextView path) const {
+  if (EntryAt(path) == Entry::kFolder) FailAt(ErrorNumber::kPathFileAccessError, path);
+  if (!Has(FolderOf(path), Entry::kFolder)) FailAt(ErrorNumber::kPathNotFound, path);
+}
+
 const MemoryFileSystem::Node& MemoryFileSystem::FileAt(TextView path) const {
-  CheckFile(path);
-  return nodes_.find(HostPathKey(SplitHostPath(path)))->second;
+  if (Has(path, Entry::kFile)) return nodes_.find(KeyOf(path))->second;
+  if (Has(path, Entry::kFolder)) FailAt(ErrorNumber::kPathFileAccessError, path);
+  // In the usual words, as a native file system says it: whoever reports it adds the path.
+  throw RuntimeError(Has(FolderOf(path), Entry::kFolder) ? ErrorNumber::kFileNotFound
+                                                         : ErrorNumber::kPathNotFound);
 }
 
 MemoryFileSystem::Node& MemoryFileSystem::FileForWriting(TextView path) {
   CheckRoomForFile(path);
-  const std::vector<TextView> pieces = SplitHostPath(path);
-  const auto [node, is_new] = nodes_.try_emplace(HostPathKey(pieces));
-  if (is_new) node->second = Node{Joined(pieces), false, std::make_shared<const std::string>()};
+  const auto [node, is_new] = nodes_.try_emplace(KeyOf(path));
+  if (is_new) node->second = {NormalPath(path), false, std::make_shared<const std::string>()};
   return node->second;
 }
 
@@ -63,11 +119,12 @@ void MemoryFileSystem::MakeFolder(TextView path) {
 }
 
 void MemoryFileSystem::MakeFolders(TextView path) {
-  std::vector<TextView> pieces;
-  for (const TextView piece : SplitHostPath(path)) {
-    pieces.push_back(piece);
-    const auto [node, is_new] = nodes_.try_emplace(HostPathKey(pieces));
-    if (is_new) node->second = Node{Joined(pieces), true, nullptr};
+  const Text whole = NormalPath(path);
+  for (std::size_t end = 0; end != Text::npos;) {
+    end = whole.find(u'\\', end + 1);
+    const Text folder = whole.substr(0, end);
+    const auto [node, is_new] = nodes_.try_emplace(ToLower(folder));
+    if (is_new) node->second = {folder, true, nullptr};
     if (!node->second.is_folder) FailAt(ErrorNumber::kPathFileAccessError, path);
   }
 }
@@ -77,16 +134,14 @@ std::int64_t MemoryFileSystem::FileSize(TextView path) {
 }
 
 void MemoryFileSystem::RemoveFile(TextView path) {
-  CheckFile(path);
-  nodes_.erase(HostPathKey(SplitHostPath(path)));
+  static_cast<void>(FileAt(path));
+  nodes_.erase(KeyOf(path));
 }
 
 void MemoryFileSystem::RenameFile(TextView from, TextView to) {
   const std::shared_ptr<const std::string> bytes = FileAt(from).bytes;
-  const std::vector<TextView> pieces = SplitHostPath(to);
-  FileForWriting(to) = Node{Joined(pieces), false, bytes};
-  const Text from_key = HostPathKey(SplitHostPath(from));
-  if (from_key != HostPathKey(pieces)) nodes_.erase(from_key);
+  FileForWriting(to) = {NormalPath(to), false, bytes};
+  if (KeyOf(from) != KeyOf(to)) nodes_.erase(KeyOf(from));
 }
 
 void MemoryFileSystem::MakeEmptyFile(TextView path) {

@@ -1,6 +1,11 @@
 // A file system that lives in memory, with the naming rules of Windows: any letter case finds a
-// file. The drives and folders of the given root exist from the start; everything else is made by
-// calls.
+// file, "\" and "/" separate, repeated and trailing separators count once. The drives and folders
+// of the given root exist from the start; everything else is made by calls.
+//
+// Paths begin with a drive, as in C:\Host\a.txt. Where something is to be made, another path fails
+// with kPathNotFound, and one with a name that Windows would not take, or would take for something
+// else, with kPathFileAccessError: "." and "..", names that end in a dot or a blank, and names with
+// a control character or one of < > : " | ? *. Elsewhere nothing has such a path.
 #pragma once
 
 #include <map>
@@ -8,15 +13,17 @@
 #include <string_view>
 #include <vector>
 
-#include "headless/host_path.h"
+#include "support/file_system.h"
 
 namespace quill::headless {
 
-class MemoryFileSystem final : public HostPathFileSystem {
+class MemoryFileSystem final : public FileSystem {
  public:
   explicit MemoryFileSystem(TextView root = u"C:\\Host");
 
+  bool FolderExists(TextView path) override { return Has(path, Entry::kFolder); }
   void MakeFolder(TextView path) override;
+  bool FileExists(TextView path) override { return Has(path, Entry::kFile); }
   std::int64_t FileSize(TextView path) override;
   void RemoveFile(TextView path) override;
   void RenameFile(TextView from, TextView to) override;
@@ -36,13 +43,18 @@ class MemoryFileSystem final : public HostPathFileSystem {
   [[nodiscard]] std::vector<Text> FilePaths() const;
 
  private:
+  enum class Entry : std::uint8_t { kNone, kFile, kFolder };
   struct Node {
     Text path;  // in the letter case it was made with
     bool is_folder = false;
     std::shared_ptr<const std::string> bytes;  // shared with open readers; null for a folder
   };
 
-  [[nodiscard]] Entry EntryAt(TextView path) const override;
+  [[nodiscard]] Entry EntryAt(TextView path) const;
+  [[nodiscard]] bool Has(TextView path, Entry entry) const;
+  // Fails where a folder is already, and where the folder to lie in is missing.
+  void CheckRoomForFile(TextView path) const;
+  // Fails unless there is a file, as FileSystem says; with kPathFileAccessError for a folder.
   [[nodiscard]] const Node& FileAt(TextView path) const;
   // The node for a file that is about to be written, made when it is missing.
   Node& FileForWriting(TextView path);

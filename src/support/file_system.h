@@ -1,5 +1,5 @@
 // The file-system operations that the system needs, over Windows paths (separator "\"). Implemented
-// by the platform, by a memory double and by one rooted in a real folder.
+// by the platform and in memory.
 //
 // Failures are RuntimeErrors: kFileNotFound for a missing file, kPathNotFound for a missing parent
 // folder, kPathFileAccessError or kPermissionDenied for one that may not be touched.

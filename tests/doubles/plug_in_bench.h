@@ -11,7 +11,7 @@
 
 #include "dialog/option_table.h"
 #include "host/headless/headless_host.h"
-#include "host/remote/settings_reply.h"
+#include "host/remote/scenario.h"
 #include "host/story/story_player.h"
 
 namespace quill {

@@ -8,8 +8,7 @@
 
 #include "headless/memory_file_system.h"
 #include "host/kit/memory_storage.h"
-#include "host/remote/request_envelope.h"
-#include "host/remote/settings_reply.h"
+#include "host/remote/scenario.h"
 #include "host/remote/wire.h"
 #include "host/story/headless_stage.h"
 
@@ -31,9 +30,8 @@ Played Play(std::string_view scenario_text) {
   files.MakeFolders(Concat({root, u"\\RCData"}));
   MemoryStorage results(files);
   results.Replace(record_path, "the record of an earlier job");
-  SystemCommandLauncher launcher;
   Played played;
-  MainJob job(scenario, *stage, results, launcher, "record",
+  MainJob job(scenario, *stage, results, u"record",
               [&](const Text& line) { played.told += ToUtf8(line) + "\n"; });
   played.is_started = job.Run();
   EXPECT_EQ(job.has_record(), results.ReadWhole(record_path).has_value());

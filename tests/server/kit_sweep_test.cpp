@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <fstream>
 
-#include "host/remote/settings_reply.h"
+#include "host/remote/scenario.h"
 #include "host/story/story_player.h"
 #include "tests/server/scripted_object.h"
 #include "tests/win32/no_more_windows.h"

@@ -245,7 +245,7 @@ class PluginBench : public testing::Test {
 
   win32::Win32FileSystem files_;
   host::DiskStorage storage_{[](TextView path) { return std::filesystem::path(Text(path)); }};
-  host::ErrorJournal journal_{host::HostFolderOfProgram(), files_, storage_, host::SystemTime()};
+  host::ErrorJournal journal_{host::HostFolderOfProgram(), files_, storage_};
   host::HostFileKit host_kit_{storage_, journal_};
   host::WatchedFileKit watched_kit_{host_kit_, kit};
   std::optional<host::KitClasses> kits_;

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <atomic>
 
-#include "host/remote/settings_reply.h"
+#include "host/remote/scenario.h"
 #include "host/story/story_player.h"
 #include "host/win32/plugin_client.h"
 #include "tests/server/plugin_bench.h"

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "dialog/frmrcBHDGS.h"
-#include "host/story/button_pictures.h"
+#include "host/headless/button_pictures.h"
 #include "host/win32/host_folder.h"
 #include "host/win32/window_robot.h"
 #include "tests/doubles/scratch_folder.h"

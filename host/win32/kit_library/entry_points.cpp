@@ -50,7 +50,7 @@ Text HostRoot() {
 struct Services {
   win32::Win32FileSystem files;
   DiskStorage storage{[](TextView path) { return std::filesystem::path(Text(path)); }};
-  ErrorJournal journal{HostRoot(), files, storage, SystemTime()};
+  ErrorJournal journal{HostRoot(), files, storage};
   HostFileKit file_kit{storage, journal};
   ContractLog contract;
 };
