@@ -55,9 +55,9 @@ void PluginBench::Reset() {
     dialog.txtGametype.SetText(u"Deathmatch");
     for (ui::ListBox* const list : {&dialog.lstAvlMaps, &dialog.lstSelMaps}) {
       list->Clear();
-      list->SetTooltip({});
+      list->tooltip = {};
     }
-    dialog.lblMapCnt.SetCaption(u"Number of Maps: 0");
+    dialog.lblMapCnt.caption = u"Number of Maps: 0";
     return false;
   });
   module.PendingCommand.clear();

@@ -126,7 +126,7 @@ class Inspection {
 
   void Pages(const frmrcBHDGS& dialog) {
     for (const ui::Frame* page : {&dialog.fmeServer, &dialog.fmeMap, &dialog.fmeMisc}) {
-      Holds(page->visible() == (page->caption() == dialog.tsMain.SelectedCaption()),
+      Holds(page->visible() == (page->caption() == dialog.tsMain.text()),
             {page->name(), u": shown without its tab, or not shown with it"});
     }
   }

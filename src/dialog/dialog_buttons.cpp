@@ -96,7 +96,7 @@ void ShowState(frmrcBHDGS& dialog, const DialogButton& button, TextView state) {
 // Face and caption answer the mouse alike.
 template <class FaceOrCaption>
 void ConnectMouse(FaceOrCaption& control, frmrcBHDGS& dialog, const DialogButton& button) {
-  control.SetAccessKey(button.access_key);
+  control.access_key = button.access_key;
   control.on_mouse_down = [&dialog, &button](const ui::MouseEvent& event) {
     if (event.button == ui::kLeftButton) ShowState(dialog, button, u"Down");
   };
@@ -118,8 +118,8 @@ void BuildButtonFace(frmrcBHDGS& dialog, const DialogButton& button) {
   ui::Image& face = ui::CreateButtonFace(dialog, Describe(dialog, button, FaceName(button)),
                                          dialog.session().HostRoot);
   face.SetTabIndex(button.tab_index);
-  face.SetRepeats(button.repeats);
-  face.SetAccessibleName(button.spoken);
+  face.repeats = button.repeats;
+  face.accessible_name = button.spoken;
   ConnectMouse(face, dialog, button);
 }
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "dialog/option_value.h"
-#include "ui/label.h"
+#include "ui/controls.h"
 
 namespace quill {
 namespace {
@@ -41,7 +41,7 @@ ui::ListBox& AddMapList(ui::Form& form, ui::Control& container, Text name, Text 
   auto& list = form.Add<ui::ListBox>(std::move(name), &container, ui::Selection::kExtended,
                                      ui::ListHeight::kManyRows);
   list.SetBounds(bounds);
-  list.SetAccessibleName(label);
+  list.accessible_name = label;
   return list;
 }
 
@@ -64,8 +64,8 @@ void AddOption(ui::Form& form, const Option& option) {
     };
   }
   control.SetBounds(ControlBounds(option));
-  control.SetTooltip(option.tooltip);
-  control.SetAccessibleName(option.label);
+  control.tooltip = option.tooltip;
+  control.accessible_name = option.label;
   if (option.note.empty()) return;
   form.Add<ui::Label>(Concat({LabelName(option.key), u"Note"}), &frame, option.note)
       .SetBounds(NoteBounds(option));

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "dialog/option_table.h"
+#include "ui/controls.h"
 #include "ui/form.h"
-#include "ui/frame.h"
 #include "ui/list_box.h"
 
 namespace quill {

@@ -28,9 +28,8 @@ constexpr ui::Colour kFrameColour = 0x00D8E9EC;
 
 frmrcBHDGS::frmrcBHDGS(Session& session)
     : Form(session.toolkit, u"frmrcBHDGS", u"Select Hosting Options", kClientWidth, kClientHeight),
-      tsMain(
-          Add<ui::TabStrip>(u"tsMain", nullptr,
-                            std::vector<Text>{Text(kServerPage), Text(kMapPage), Text(kMiscPage)})),
+      tsMain(Add<ui::TabStrip>(u"tsMain", nullptr,
+                               std::initializer_list<TextView>{kServerPage, kMapPage, kMiscPage})),
       fmeServer(AddFrame(*this, u"fmeServer", kServerPage, kPage)),
       fmeMap(AddFrame(*this, u"fmeMap", kMapPage, kPage, false)),
       fmeMisc(AddFrame(*this, u"fmeMisc", kMiscPage, kPage, false)),
@@ -52,12 +51,12 @@ frmrcBHDGS::frmrcBHDGS(Session& session)
   for (ui::Frame* page : {&fmeServer, &fmeMap, &fmeMisc}) page->BringToFront();
   txtGametype.SetBounds({1080, 240, 2415, 300});
   txtGametype.SetText(kGameTypeNames[0]);
-  txtGametype.SetAccessibleName(u"Game Type");
+  txtGametype.accessible_name = u"Game Type";
   lblMapCnt.SetBounds({4815, 2790, 2025, 195});
   cmdRandomize.SetBounds({8760, 2640, 495, 495});
-  cmdRandomize.SetTooltip(u"Randomize Current Maps List");
-  cmdRandomize.SetAccessibleName(u"Randomize Current Maps List");
-  cmdRandomize.SetAccessKey(u'R');
+  cmdRandomize.tooltip = u"Randomize Current Maps List";
+  cmdRandomize.accessible_name = u"Randomize Current Maps List";
+  cmdRandomize.access_key = u'R';
   Picture1.SetBounds({0, 0, 495, 495});
   Picture1.SetVisible(false);
   for (const Option& option : Options()) AddOption(*this, option);
@@ -131,7 +130,7 @@ int frmrcBHDGS::GameTypeIndex(TextView name) const noexcept {
 }
 
 void frmrcBHDGS::tsMain_Click() {
-  const TextView chosen = tsMain.SelectedCaption();
+  const TextView chosen = tsMain.text();
   if (chosen != kServerPage && chosen != kMapPage && chosen != kMiscPage) return;
   // One that cannot be shown or hidden does not keep the others from it.
   std::exception_ptr failure;

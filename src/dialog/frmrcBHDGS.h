@@ -9,18 +9,9 @@
 #include "dialog/session.h"
 #include "dialog/start_wait.h"
 #include "support/text.h"
-#include "ui/check_box.h"
-#include "ui/combo_box.h"
-#include "ui/command_button.h"
-#include "ui/file_dialog.h"
+#include "ui/controls.h"
 #include "ui/form.h"
-#include "ui/frame.h"
-#include "ui/image.h"
-#include "ui/label.h"
 #include "ui/list_box.h"
-#include "ui/picture_box.h"
-#include "ui/tab_strip.h"
-#include "ui/text_box.h"
 
 namespace quill {
 

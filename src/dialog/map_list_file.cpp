@@ -45,7 +45,7 @@ void LoadMapList(frmrcBHDGS& dialog) {
         if (file.empty() || dialog.unloaded()) return;
 
         at(), dialog.SetEnabled(false);
-        at(), dialog.SetPointer(ui::Pointer::kBusy);
+        at(), dialog.pointer = ui::Pointer::kBusy;
         at(), session.maps.selected.Clear();
         std::optional<TextLines> lines;
         at(), lines.emplace(session.files.OpenForReading(file), session.code_page);
@@ -60,10 +60,10 @@ void LoadMapList(frmrcBHDGS& dialog) {
         Line step = at;
         at(), ShowRotation(dialog, step);
         at(), dialog.SetEnabled(true);
-        at(), dialog.SetPointer(ui::Pointer::kDefault);
+        at(), dialog.pointer = ui::Pointer::kDefault;
       },
       [&](RuntimeError& error) {
-        RunEach([&] { dialog.SetEnabled(true); }, [&] { dialog.SetPointer(ui::Pointer::kDefault); },
+        RunEach([&] { dialog.SetEnabled(true); }, [&] { dialog.pointer = ui::Pointer::kDefault; },
                 [&] { dialog.lstSelMaps.SetVisible(true); });
         if (error.Is(ErrorNumber::kFileNotFound)) {
           error.AppendToDescription(Concat({u" [", file, u"]"}));

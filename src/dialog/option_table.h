@@ -8,7 +8,7 @@
 
 #include "support/text.h"
 #include "ui/control.h"
-#include "ui/text_box.h"
+#include "ui/controls.h"
 
 namespace quill {
 

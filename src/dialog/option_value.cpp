@@ -4,11 +4,9 @@
 
 #include "support/number_text.h"
 #include "support/runtime_error.h"
-#include "ui/check_box.h"
-#include "ui/combo_box.h"
+#include "ui/controls.h"
 #include "ui/form.h"
 #include "ui/list_box.h"
-#include "ui/text_box.h"
 
 namespace quill {
 

@@ -144,7 +144,7 @@ void lstSelMaps_Click(frmrcBHDGS& dialog) {
   const std::int32_t game_type = list.ItemData(list.ListIndex());
   const auto names = dialog.game_types();
   if (game_type < 0 || game_type >= std::ssize(names)) return;
-  list.SetTooltip(names[game_type]);
+  list.tooltip = names[game_type];
 }
 
 }  // namespace

@@ -104,7 +104,7 @@ void SetMenuOf(ui::ListBox& list, frmrcBHDGS& dialog, Place place) {
                     [&, applies] { return applies && row.is_usable(dialog, list); },
                     [&] { row.choose(dialog, list); }});
   }
-  list.SetMenu(std::move(menu));
+  list.menu = std::move(menu);
 }
 
 }  // namespace
@@ -114,12 +114,12 @@ void ConnectRotationMenus(frmrcBHDGS& dialog) {
   SetMenuOf(dialog.lstSelMaps, dialog, Place::kSelected);
   // After a button of the page has loaded or shuffled, the focus is there.
   std::vector<ui::MenuItem> keys;
-  for (const ui::MenuItem& item : dialog.lstSelMaps.menu()) {
+  for (const ui::MenuItem& item : dialog.lstSelMaps.menu) {
     const bool steps = item.stroke == ui::KeyStroke{u'Z', ui::kCtrlHeld} ||
                        item.stroke == ui::KeyStroke{u'Y', ui::kCtrlHeld};
     if (steps) keys.push_back(item);
   }
-  dialog.fmeMap.SetMenu(std::move(keys));
+  dialog.fmeMap.menu = std::move(keys);
 }
 
 }  // namespace quill

@@ -16,8 +16,7 @@ void AddMapRow(ui::ListBox& list, TextView name, TextView file, std::int32_t gam
 }
 
 void ShowCount(ui::ListBox& list, const MapLists& maps) {
-  list.SetTooltip(
-      Concat({u"Maps: ", Decimal(list.Count()), u" / ", Decimal(maps.TotalMapCount())}));
+  list.tooltip = Concat({u"Maps: ", Decimal(list.Count()), u" / ", Decimal(maps.TotalMapCount())});
 }
 
 }  // namespace
@@ -55,7 +54,7 @@ void ShowRotation(frmrcBHDGS& dialog, Line& at) {
   }
   at(), list.SetVisible(true);
   at(), ShowCount(list, maps);
-  at(), dialog.lblMapCnt.SetCaption(Concat({u"Number of Maps: ", Decimal(list.Count())}));
+  at(), dialog.lblMapCnt.caption = Concat({u"Number of Maps: ", Decimal(list.Count())});
 }
 
 void frmrcBHDGS::BuildMapList() {

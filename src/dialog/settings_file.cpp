@@ -125,7 +125,7 @@ void LoadSettings(frmrcBHDGS& dialog) {
         // The host has closed the dialog meanwhile: nothing is done for it any more.
         if (file.empty() || dialog.unloaded()) return;
 
-        at(), dialog.SetPointer(ui::Pointer::kBusy);
+        at(), dialog.pointer = ui::Pointer::kBusy;
         at(), session.maps.selected.Clear();
         Text missing;
         std::optional<IniElements> section;
@@ -145,13 +145,13 @@ void LoadSettings(frmrcBHDGS& dialog) {
           at(), TakeMap(session.maps, value, missing);
         }
         at(), dialog.BuildMapList();
-        at(), dialog.SetPointer(ui::Pointer::kDefault);
+        at(), dialog.pointer = ui::Pointer::kDefault;
         if (missing.empty()) return;
         at(), session.toolkit.ShowMessage(
                   kDefaultTitle, Concat({u"The following map files do not appear to exist: ",
                                          kLineBreak, kLineBreak, missing}));
       },
-      [&](RuntimeError&) { dialog.SetPointer(ui::Pointer::kDefault); });
+      [&](RuntimeError&) { dialog.pointer = ui::Pointer::kDefault; });
 }
 
 }  // namespace quill

@@ -17,8 +17,8 @@ void StartWait::Begin() noexcept {
     }
     const int minute = clock_.MinuteOfDay();
     const Text digits = Decimal(10000 + minute / 60 * 100 + minute % 60);
-    label_->SetCaption(
-        Concat({u"Awaiting reply since ", digits.substr(1, 2), u":", digits.substr(3)}));
+    label_->caption =
+        Concat({u"Awaiting reply since ", digits.substr(1, 2), u":", digits.substr(3)});
     label_->SetVisible(true);
   } catch (...) {
     // Nothing depends on it.

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "support/clock.h"
+#include "ui/controls.h"
 #include "ui/form.h"
-#include "ui/label.h"
 
 namespace quill {
 

@@ -145,7 +145,7 @@ void HeadlessOperator::ClickTab(TextView caption) {
     const Gesture gesture(*this, *control, {ControlKind::kTabStrip});
     const auto index = static_cast<int>(found - tabs.begin());
     gesture.mirror().ChangeCurrent(index);
-    gesture.Report(ui::TabChosen{index});
+    gesture.Report(ui::ItemChosen{index});
     return;
   }
   Refuse({u"There is no tab '", caption, u"'"});

@@ -9,8 +9,7 @@
 
 #include "headless/spared_allocations.h"
 #include "support/runtime_error.h"
-#include "ui/picture_box.h"
-#include "ui/tab_strip.h"
+#include "ui/controls.h"
 
 namespace quill::headless {
 namespace {
@@ -133,7 +132,7 @@ int HeadlessToolkit::ShowMenu(ui::Control& control, ui::Twips, ui::Twips) {
   menu_.clear();
   const Text choice = std::exchange(menu_choice, {});
   int chosen = -1;
-  for (const ui::MenuItem& item : control.menu()) {
+  for (const ui::MenuItem& item : control.menu) {
     const bool usable = item.is_usable();
     if (usable && item.caption == choice) chosen = static_cast<int>(menu_.size());
     menu_.push_back(

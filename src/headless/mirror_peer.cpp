@@ -8,17 +8,9 @@
 #include "headless/spared_allocations.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
-#include "ui/check_box.h"
-#include "ui/combo_box.h"
-#include "ui/command_button.h"
+#include "ui/controls.h"
 #include "ui/form.h"
-#include "ui/frame.h"
-#include "ui/image.h"
-#include "ui/label.h"
 #include "ui/list_box.h"
-#include "ui/picture_box.h"
-#include "ui/tab_strip.h"
-#include "ui/text_box.h"
 
 namespace quill::headless {
 namespace {
@@ -68,11 +60,7 @@ constexpr Property kProperties[] = {
     {u"height", Changes::kBounds, [](C c) -> Value { return Decimal(c.bounds().height); }},
     {u"tab_index", Changes::kTabIndex, [](C c) -> Value { return Decimal(c.tab_index()); }},
     {u"text", Changes::kText, Of<ui::TextBox, [](const auto& c) { return c.text(); }>},
-    {u"caption", Changes::kText, Of<ui::Form, [](const auto& c) { return c.caption(); }>},
-    {u"caption", Changes::kText, Of<ui::Frame, [](const auto& c) { return c.caption(); }>},
-    {u"caption", Changes::kText, Of<ui::Label, [](const auto& c) { return c.caption(); }>},
-    {u"caption", Changes::kText, Of<ui::CheckBox, [](const auto& c) { return c.caption(); }>},
-    {u"caption", Changes::kText, Of<ui::CommandButton, [](const auto& c) { return c.caption(); }>},
+    {u"caption", Changes::kText, [](C c) -> Value { return c.caption(); }},
     {u"alignment", Changes::kText,
      Of<ui::TextBox, [](const auto& c) { return AlignmentName(c.alignment()); }>},
     {u"alignment", Changes::kText,
@@ -94,52 +82,11 @@ constexpr Property kProperties[] = {
         [](const auto& c) { return Text(PointerWord(c.pointer() == ui::Pointer::kBusy)); }>},
 };
 
-// The rows of a control: items, tabs; none for one that has no rows.
-int CountOf(const ui::Control& control) {
-  switch (control.kind()) {
-    case ControlKind::kListBox:
-      return static_cast<const ui::ListBox&>(control).Count();
-    case ControlKind::kComboBox:
-      return static_cast<const ui::ComboBox&>(control).Count();
-    case ControlKind::kTabStrip:
-      return static_cast<int>(static_cast<const ui::TabStrip&>(control).captions().size());
-    default:
-      return 0;
-  }
-}
-
-struct RowView {
-  TextView text;
-  std::int32_t data = 0;
-  bool selected = false;
-};
-RowView RowOf(const ui::Control& control, int row) {
-  if (control.kind() == ControlKind::kListBox) {
-    const auto& list = static_cast<const ui::ListBox&>(control);
-    return {list.Item(row), list.ItemData(row), list.IsSelected(row)};
-  }
-  if (control.kind() == ControlKind::kComboBox) {
-    return {static_cast<const ui::ComboBox&>(control).Item(row)};
-  }
-  return {static_cast<const ui::TabStrip&>(control).captions()[static_cast<std::size_t>(row)]};
-}
-
-int CurrentOf(const ui::Control& control) {
-  if (const auto* list = dynamic_cast<const ui::ListBox*>(&control)) return list->ListIndex();
-  if (const auto* combo = dynamic_cast<const ui::ComboBox*>(&control)) return combo->ListIndex();
-  if (const auto* strip = dynamic_cast<const ui::TabStrip*>(&control)) return strip->selected();
-  return -1;
-}
-
-int TopRowOf(const ui::Control& control) {
-  const auto* const list = dynamic_cast<const ui::ListBox*>(&control);
-  return list != nullptr ? list->TopIndex() : 0;
-}
-
 }  // namespace
 
 MirrorPeer::MirrorPeer(ui::Control& control, std::function<void(const ui::Control&)> before_sync)
     : control_(control),
+      selector_(dynamic_cast<const ui::Selector*>(&control)),
       before_sync_(std::move(before_sync)),
       properties_(std::size(kProperties)) {}
 
@@ -155,27 +102,30 @@ void MirrorPeer::Sync(Changes changes) {
   for (std::size_t at = 0; at < properties_.size(); ++at) {
     if (changes.Has(kProperties[at].side)) properties_[at] = kProperties[at].read(control_);
   }
-  if (changes.Has(Changes::kRows)) rows_.clear();
-  if (changes.Has(Changes::kRows) || changes.Has(Changes::kRowsAdded)) {
-    for (int row = static_cast<int>(rows_.size()); row < CountOf(control_); ++row, ++rows_taken_) {
-      const RowView added = RowOf(control_, row);
-      rows_.push_back({Text(added.text), added.data});
-    }
-  }
-  const bool data_changed = changes.Has(Changes::kRowData);
-  const bool selection_changed = changes.Has(Changes::kSelection);
-  if (data_changed || selection_changed) {
-    const int known = std::min(static_cast<int>(rows_.size()), CountOf(control_));
-    for (int row = 0; row < known; ++row) {
-      const RowView now = RowOf(control_, row);
-      MirroredRow& mirrored = rows_[static_cast<std::size_t>(row)];
-      if (data_changed) mirrored.data = now.data;
-      if (selection_changed) mirrored.selected = now.selected;
-    }
-  }
-  if (selection_changed) current_ = CurrentOf(control_);
-  if (changes.Has(Changes::kTopRow)) top_row_ = TopRowOf(control_);
+  if (selector_ != nullptr) TakeRows(changes);
   if (changes.Has(Changes::kOrder)) ComeToFront();
+}
+
+void MirrorPeer::TakeRows(Changes changes) {
+  const auto& shown = selector_->rows();
+  if (changes.Has(Changes::kRows)) rows_.clear();
+  if (changes.Has(Changes::kRows | Changes::kRowsAdded)) {
+    for (std::size_t row = rows_.size(); row < shown.size(); ++row, ++rows_taken_) {
+      rows_.push_back({shown[row].text, shown[row].data});
+    }
+  }
+  if (changes.Has(Changes::kRowData | Changes::kSelection)) {
+    for (std::size_t row = 0; row < std::min(rows_.size(), shown.size()); ++row) {
+      if (changes.Has(Changes::kRowData)) rows_[row].data = shown[row].data;
+      if (changes.Has(Changes::kSelection)) rows_[row].selected = IsSelected(row);
+    }
+  }
+  if (changes.Has(Changes::kSelection)) current_ = selector_->ListIndex();
+  if (changes.Has(Changes::kTopRow)) top_row_ = selector_->TopIndex();
+}
+
+bool MirrorPeer::IsSelected(std::size_t row) const {
+  return selector_->IsSelected(static_cast<int>(row));
 }
 
 void MirrorPeer::ComeToFront() {
@@ -201,17 +151,15 @@ TextView MirrorPeer::StaleSide() const {
     if (properties_[at] != kProperties[at].read(control_)) return kProperties[at].name;
   }
   const bool held_back = control_.kind() == ControlKind::kListBox && !control_.visible();
-  if (!held_back) {
-    if (CountOf(control_) != std::ssize(rows_)) return u"rows";
-    for (int row = 0; row < CountOf(control_); ++row) {
-      const MirroredRow& mirrored = rows_[static_cast<std::size_t>(row)];
-      const RowView now = RowOf(control_, row);
-      const bool is_same = mirrored.text == now.text && mirrored.data == now.data &&
-                           mirrored.selected == now.selected;
-      if (!is_same) return u"rows";
+  if (selector_ != nullptr && !held_back) {
+    if (selector_->rows().size() != rows_.size()) return u"rows";
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+      MirroredRow now = selector_->rows()[row];
+      now.selected = IsSelected(row);
+      if (rows_[row] != now) return u"rows";
     }
-    if (current_ != CurrentOf(control_)) return u"index";
-    if (top_row_ != TopRowOf(control_)) return u"top";
+    if (current_ != selector_->ListIndex()) return u"index";
+    if (top_row_ != selector_->TopIndex()) return u"top";
   }
   return StacksLikeControl() ? TextView() : u"order";
 }
@@ -267,11 +215,8 @@ std::optional<Text> MirrorPeer::Held(TextView name) const {
 }
 
 std::optional<Text> MirrorPeer::RowProperty(TextView name) const {
+  if (selector_ == nullptr) return std::nullopt;
   const bool is_list = control_.kind() == ControlKind::kListBox;
-  if (!is_list && control_.kind() != ControlKind::kComboBox &&
-      control_.kind() != ControlKind::kTabStrip) {
-    return std::nullopt;
-  }
   const auto row_at = [this](std::int64_t row) {
     return row >= 0 && row < std::ssize(rows_) ? &rows_[static_cast<std::size_t>(row)] : nullptr;
   };

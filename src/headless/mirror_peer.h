@@ -7,15 +7,11 @@
 #include <optional>
 #include <vector>
 
-#include "ui/control.h"
+#include "ui/controls.h"
 
 namespace quill::headless {
 
-struct MirroredRow {
-  Text text;
-  std::int32_t data = 0;
-  bool selected = false;
-};
+using MirroredRow = ui::Selector::Row;
 
 class MirrorPeer final : public ui::Peer {
  public:
@@ -56,6 +52,8 @@ class MirrorPeer final : public ui::Peer {
   [[nodiscard]] std::size_t rows_taken() const noexcept { return rows_taken_; }
 
  private:
+  void TakeRows(ui::Changes changes);
+  [[nodiscard]] bool IsSelected(std::size_t row) const;
   void ComeToFront();
   void LeaveContainer() noexcept;
   [[nodiscard]] bool StacksLikeControl() const;
@@ -64,6 +62,7 @@ class MirrorPeer final : public ui::Peer {
   [[nodiscard]] std::optional<Text> RowProperty(TextView name) const;
 
   ui::Control& control_;
+  const ui::Selector* selector_;  // the control, when it has rows
   std::function<void(const ui::Control&)> before_sync_;
   MirrorPeer* container_ = nullptr;
   std::vector<MirrorPeer*> stacked_;  // those lying in this one, the front last

@@ -53,7 +53,7 @@ void clsPlugin::LoadInterface(std::int32_t Index, std::int32_t, const HostArray&
         if (session.PendingCommand == kStartGameCommand) {
           at(), session.toolkit.SetScreenPointer(ui::Pointer::kDefault);
         }
-        at(), dialog->SetPointer(ui::Pointer::kBusy);
+        at(), dialog->pointer = ui::Pointer::kBusy;
         at(), session.PendingCommand = kLoadFormCommand;
         at(),
             WriteRequest(session, kGameSettingsQuery, RequestEnvelope(session, kGameSettingsQuery));

@@ -28,7 +28,7 @@ class DialogInUse {
 
 // A failed call must not create a dialog only to reset its pointer.
 inline void RestorePointer(const Session& session) {
-  if (session.dialog) session.dialog->SetPointer(ui::Pointer::kDefault);
+  if (session.dialog) session.dialog->pointer = ui::Pointer::kDefault;
 }
 
 }  // namespace quill

@@ -96,7 +96,7 @@ void HandleGameSettingsReply(Session& session, TextView data, ReplyFields& field
   // Setting an option can start what follows from it, so the order counts.
   for (const Option& option : Options()) at(), FillOption(*dialog, option, fields);
   at(), dialog->Get<ui::CheckBox>(u"chkWindow").SetValue(1);
-  at(), dialog->SetPointer(ui::Pointer::kDefault);
+  at(), dialog->pointer = ui::Pointer::kDefault;
 }
 
 void HandleStartReply(Session& session, TextView data, Line& at) {

@@ -33,7 +33,6 @@ constexpr std::array<FactTrait, std::variant_size_v<Fact>> kFactTraits = {{
     {u"GotFocus", {}},                   // FocusTaken
     {u"LostFocus", {}},                  // FocusLost
     {u"Menu", {}},                       // MenuAsked
-    {u"Click", Changes::kSelection},     // TabChosen
     {u"Unload", {}},                     // CloseAsked
 }};
 
@@ -58,8 +57,8 @@ TextView KindName(ControlKind kind) noexcept {
   return kNames[static_cast<std::size_t>(kind)];
 }
 
-Control::Control(Form& form, ControlKind kind, Text name)
-    : form_(form), kind_(kind), name_(std::move(name)) {}
+Control::Control(Form& form, ControlKind kind, Text name, TextView title)
+    : caption(*this, Text(title)), form_(form), kind_(kind), name_(std::move(name)) {}
 
 Control::~Control() = default;
 
@@ -106,14 +105,9 @@ void Control::SetEnabled(bool enabled) {
 
 void Control::SetVisible(bool visible) {
   visible_ = visible;
-  Changed(visible ? Changes::kVisible | HeldBack() : Changes(Changes::kVisible));
-  if (visible) HeldBackTold();
+  if (visible) BeforeShown();
+  Changed(Changes::kVisible);
   form_.ReachChanged(*this);
-}
-
-void Control::SetTooltip(TextView tooltip) {
-  tooltip_ = tooltip;
-  Changed(Changes::kTooltip);
 }
 
 void Control::SetTabIndex(int index) {
@@ -156,7 +150,15 @@ bool Control::Happened(const Fact& fact) noexcept {
   return true;
 }
 
-void Control::React(const Fact&) {}
+void Control::React(const Fact& fact) {
+  if (const auto* const pressed = std::get_if<MousePressed>(&fact)) {
+    Raise(u"MouseDown", on_mouse_down, pressed->event);
+  } else if (const auto* const released = std::get_if<MouseReleased>(&fact)) {
+    Raise(u"MouseUp", on_mouse_up, released->event);
+  } else if (std::holds_alternative<MouseLost>(fact)) {
+    Raise(u"MouseLost", on_mouse_lost);
+  }
+}
 
 bool Control::ReactToKey(const KeyStruck&) {
   return false;
@@ -172,7 +174,7 @@ bool Control::TakeKey(const KeyStruck& key) {
 
 const MenuItem* Control::FindStroke(KeyStroke stroke) const noexcept {
   for (const Control* control = this; control != nullptr; control = control->container_) {
-    for (const MenuItem& item : control->menu_) {
+    for (const MenuItem& item : control->menu) {
       if (item.stroke.key != 0 && item.stroke == stroke) return &item;
     }
   }
@@ -182,8 +184,8 @@ const MenuItem* Control::FindStroke(KeyStroke stroke) const noexcept {
 void Control::OpenMenu(Twips x, Twips y) {
   const int chosen = form_.toolkit().ShowMenu(*this, x, y);
   // The host may have closed the dialog while the menu was open.
-  if (chosen < 0 || chosen >= std::ssize(menu_) || !IsReachable()) return;
-  Raise(u"Menu", menu_[static_cast<std::size_t>(chosen)].choose);
+  if (chosen < 0 || chosen >= std::ssize(menu) || !IsReachable()) return;
+  Raise(u"Menu", menu[static_cast<std::size_t>(chosen)].choose);
 }
 
 void Control::Changed(Changes changes) {

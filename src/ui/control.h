@@ -52,6 +52,23 @@ class Control {
   [[nodiscard]] const Text& name() const noexcept { return name_; }
   [[nodiscard]] Form& form() const noexcept { return form_; }
 
+  // A property that the peer is told of with every assignment. It is read by calling it.
+  template <class T, Changes::Bit side>
+  class Property {
+   public:
+    explicit Property(Control& owner, T value = {}) : owner_(owner), value_(std::move(value)) {}
+    [[nodiscard]] const T& operator()() const noexcept { return value_; }
+    template <class V = T>
+    void operator=(V&& value) {
+      value_ = std::forward<V>(value);
+      owner_.Changed(side);
+    }
+
+   private:
+    Control& owner_;
+    T value_;
+  };
+
   // The control that this one lies in: a frame, or the form itself; null for the form.
   [[nodiscard]] Control* container() const noexcept { return container_; }
   // Moves it to the front of `container`; its place is then relative to that one. Fails with
@@ -70,8 +87,9 @@ class Control {
   // The control's own flag; a visible control in a hidden frame does not show.
   [[nodiscard]] virtual bool visible() const noexcept { return visible_; }
   void SetVisible(bool visible);
-  [[nodiscard]] const Text& tooltip() const noexcept { return tooltip_; }
-  void SetTooltip(TextView tooltip);
+  Property<Text, Changes::kTooltip> tooltip{*this};
+  // What it shows as its text, other than by rows or for the operator to edit; empty for some.
+  Property<Text, Changes::kText> caption{*this};
 
   // Place in the tab order among the form's controls, from 0; -1: not a tab stop.
   [[nodiscard]] int tab_index() const noexcept { return tab_index_; }
@@ -79,16 +97,13 @@ class Control {
   // True when it has a place in the tab order and is of a kind that takes the keyboard.
   [[nodiscard]] bool IsTabStop() const noexcept;
   // The letter that, together with Alt, reaches the control and clicks it; 0: none. In upper case.
-  [[nodiscard]] char16_t access_key() const noexcept { return access_key_; }
-  void SetAccessKey(char16_t key) noexcept { access_key_ = key; }
+  char16_t access_key = 0;
   // What assistive tools call the control; empty: what it shows itself. Not copied: the text
   // outlives the control.
-  [[nodiscard]] TextView accessible_name() const noexcept { return accessible_name_; }
-  void SetAccessibleName(TextView name) noexcept { accessible_name_ = name; }
+  TextView accessible_name;
 
   // The items of its context menu. Their keys also hold for the controls that lie in this one.
-  [[nodiscard]] const std::vector<MenuItem>& menu() const noexcept { return menu_; }
-  void SetMenu(std::vector<MenuItem> menu) noexcept { menu_ = std::move(menu); }
+  std::vector<MenuItem> menu;
   // The item that the keys choose here; null: none.
   [[nodiscard]] const MenuItem* FindStroke(KeyStroke stroke) const noexcept;
 
@@ -107,10 +122,17 @@ class Control {
   // that means nothing here: the native control may have a use for it.
   bool Happened(const Fact& fact) noexcept;
 
- protected:
-  Control(Form& form, ControlKind kind, Text name);
+  // Run by the kinds of controls that the operator can click or press.
+  std::function<void()> on_click;
+  std::function<void(const MouseEvent&)> on_mouse_down;
+  std::function<void(const MouseEvent&)> on_mouse_up;
+  std::function<void()> on_mouse_lost;  // in place of the mouse-up
 
-  // What follows from a fact. Facts that are not for this kind of control are ignored.
+ protected:
+  Control(Form& form, ControlKind kind, Text name, TextView title = {});
+
+  // What follows from a fact: here, of those of the mouse. Facts that are not for this kind of
+  // control are ignored.
   virtual void React(const Fact& fact);
   // What a key does here that no menu has; false for one that does nothing.
   virtual bool ReactToKey(const KeyStruck& key);
@@ -118,10 +140,8 @@ class Control {
   void OpenMenu(Twips x, Twips y);
   // Tells the peer, at once; does nothing before the peer exists.
   void Changed(Changes changes);
-  // Changes that were kept from the peer while the control was hidden; told when it is shown.
-  [[nodiscard]] virtual Changes HeldBack() const noexcept { return {}; }
-  // The peer has been told of all that was held back.
-  virtual void HeldBackTold() noexcept {}
+  // The peer is about to be told that the control is shown.
+  virtual void BeforeShown() {}
   // Runs `handler` when there is one; a failure in it that passes through Happened is labelled with
   // the control's name, "_" and `event`.
   template <class... Args>
@@ -159,11 +179,7 @@ class Control {
   Bounds bounds_;
   bool enabled_ = true;
   bool visible_ = true;
-  Text tooltip_;
   int tab_index_ = -1;
-  char16_t access_key_ = 0;
-  TextView accessible_name_;
-  std::vector<MenuItem> menu_;
   std::unique_ptr<Peer> peer_;
 };
 

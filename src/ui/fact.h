@@ -43,7 +43,7 @@ struct MouseReleased {
   MouseEvent event;
 };
 struct MouseLost {};  // somebody else has taken the mouse: no release of what is pressed will come
-struct ItemChosen {   // in a drop-down list; 0-based
+struct ItemChosen {   // in a drop-down list or tab strip; 0-based
   int index = -1;
 };
 struct RowsSelected {  // in a list box, by mouse or keys; 0-based, ascending
@@ -78,14 +78,11 @@ struct MenuAsked {  // the context menu of a list box, at a place relative to it
   Twips y = 0;
   int row = -1;  // under the mouse; -1: none, or asked for by a key
 };
-struct TabChosen {  // 0-based
-  int index = 0;
-};
 struct CloseAsked {};  // the form's own close button, Alt+F4
 
 using Fact =
     std::variant<TextEdited, Clicked, MousePressed, MouseReleased, MouseLost, ItemChosen,
                  RowsSelected, RowDoubleClicked, ScrolledTo, KeyPressed, KeyStruck, KeyReleased,
-                 AccessKeyStruck, FocusTaken, FocusLost, MenuAsked, TabChosen, CloseAsked>;
+                 AccessKeyStruck, FocusTaken, FocusLost, MenuAsked, CloseAsked>;
 
 }  // namespace quill::ui

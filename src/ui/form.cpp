@@ -4,12 +4,12 @@
 #include <limits>
 
 #include "support/trap.h"
-#include "ui/tab_strip.h"
+#include "ui/controls.h"
 
 namespace quill::ui {
 
-Form::Form(Toolkit& toolkit, Text name, TextView caption, Twips client_width, Twips client_height)
-    : Control(*this, ControlKind::kForm, std::move(name)), toolkit_(toolkit), caption_(caption) {
+Form::Form(Toolkit& toolkit, Text name, TextView title, Twips client_width, Twips client_height)
+    : Control(*this, ControlKind::kForm, std::move(name), title), toolkit_(toolkit) {
   bounds_ = {0, 0, client_width, client_height};
   visible_ = false;
 }
@@ -54,15 +54,10 @@ void Form::Adopt(std::unique_ptr<Control> control, Control& container) {
   }
 }
 
-void Form::SetPointer(Pointer pointer) {
-  pointer_ = pointer;
-  Changed(Changes::kPointer);
-}
-
 Control* Form::FindAccessKey(char16_t key) const noexcept {
   const char16_t wanted = ToUpper(key);
   for (const auto& control : controls_) {
-    if (wanted != 0 && control->access_key() == wanted && control->IsReachable()) {
+    if (wanted != 0 && control->access_key == wanted && control->IsReachable()) {
       return control.get();
     }
   }

@@ -18,11 +18,10 @@ namespace quill::ui {
 
 class Form : public Control, public std::enable_shared_from_this<Form> {
  public:
-  Form(Toolkit& toolkit, Text name, TextView caption, Twips client_width, Twips client_height);
+  Form(Toolkit& toolkit, Text name, TextView title, Twips client_width, Twips client_height);
   ~Form() override;
 
   [[nodiscard]] Toolkit& toolkit() const noexcept { return toolkit_; }
-  [[nodiscard]] const Text& caption() const noexcept { return caption_; }
 
   // The collection, in the order in which the controls were added.
   [[nodiscard]] const std::vector<std::unique_ptr<Control>>& controls() const noexcept {
@@ -53,8 +52,7 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
     return added;
   }
 
-  [[nodiscard]] Pointer pointer() const noexcept { return pointer_; }
-  void SetPointer(Pointer pointer);
+  Property<Pointer, Changes::kPointer> pointer{*this};
 
   // The first control of the collection with that access key (in either letter case) that the
   // operator can reach; null when there is none.
@@ -104,9 +102,7 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   void DisplayEnded() noexcept;
 
   Toolkit& toolkit_;
-  Text caption_;
   std::vector<std::unique_ptr<Control>> controls_;
-  Pointer pointer_ = Pointer::kDefault;
   Control* focus_ = nullptr;
   bool focus_waits_ = false;  // until its control is shown again
   bool shown_ = false;

@@ -38,7 +38,7 @@ Image& CreateButtonFace(Form& dialog, const ImageButton& button, TextView host_r
   auto& face = dialog.Add<Image>(button.name, nullptr);
   face.SetBounds({button.left, button.top, button.width, button.height});
   face.SetEnabled(button.enabled);
-  face.SetStretch(true);
+  face.stretch = true;
   face.SetVisible(button.visible);
   face.BringToFront();
   face.SetPicture(dialog.toolkit().ReadPicture(Concat({host_root, kReleasedPicture})));
@@ -49,7 +49,7 @@ Image& CreateButtonFace(Form& dialog, const ImageButton& button, TextView host_r
 Label& CreateButtonCaption(Form& dialog, const ImageButton& button, TextView host_root) {
   auto& caption = dialog.Add<Label>(button.name, nullptr);
   if (button.container != nullptr) caption.MoveInto(*button.container);
-  caption.SetFontSize(FontSizeOf(button));
+  caption.font_size = FontSizeOf(button);
 
   const Text face_name = Concat({button.name, kFaceSuffix});
   const Bounds& face = dialog.At(face_name).bounds();
@@ -59,10 +59,10 @@ Label& CreateButtonCaption(Form& dialog, const ImageButton& button, TextView hos
 
   caption.SetEnabled(button.enabled);
   caption.SetVisible(button.visible);
-  caption.SetCaption(button.caption);
+  caption.caption = button.caption;
   caption.BringToFront();
-  caption.SetTransparent(true);
-  caption.SetAlignment(Alignment::kCentre);
+  caption.transparent = true;
+  caption.alignment = Alignment::kCentre;
   SetButtonState(dialog, face_name, u"Up", host_root);
   return caption;
 }

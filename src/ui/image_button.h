@@ -5,9 +5,8 @@
 
 #include <cstdint>
 
+#include "ui/controls.h"
 #include "ui/form.h"
-#include "ui/image.h"
-#include "ui/label.h"
 
 namespace quill::ui {
 

@@ -31,7 +31,7 @@ bool IsForTyping(char16_t unit) {
 }  // namespace
 
 ListBox::ListBox(Form& form, Text name, Selection selection, ListHeight height)
-    : Control(form, ControlKind::kListBox, std::move(name)),
+    : Selector(form, ControlKind::kListBox, std::move(name)),
       selection_(selection),
       list_height_(height) {}
 
@@ -50,68 +50,23 @@ ListBox::Refill::~Refill() {
   }
 }
 
-void ListBox::CheckRow(int row) const {
-  if (!Holds(row)) throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
-}
-
-TextView ListBox::Item(int row) const {
-  CheckRow(row);
-  return rows_.TextOf(row);
-}
-
-std::int32_t ListBox::ItemData(int row) const {
-  CheckRow(row);
-  return rows_.DataOf(row);
-}
-
 void ListBox::SetItemData(int row, std::int32_t data) {
-  CheckRow(row);
-  rows_.SetData(row, data);
+  rows_[Checked(row)].data = data;
   RowsChanged(Changes::kRowData);
 }
 
-void ListBox::Clear() {
-  rows_.Clear();
-  selected_.clear();
-  list_index_ = -1;
-  top_index_ = 0;
-  RowsChanged(Changes::kRows | Changes::kSelection | Changes::kTopRow);
-}
-
-void ListBox::AddItem(std::initializer_list<TextView> parts) {
-  if (selection_ == Selection::kExtended) {
-    selected_.push_back(0);
-    try {
-      rows_.Append(parts);
-    } catch (...) {
-      selected_.pop_back();
-      throw;
-    }
-  } else {
-    rows_.Append(parts);
-  }
-  RowsChanged(Changes::kRowsAdded);
-}
-
-void ListBox::SetListIndex(int row) {
-  if (row != -1 && !Holds(row)) throw RuntimeError(ErrorNumber::kInvalidPropertyValue);
-  RowsChanged(MakeCurrent(row));
-  if (row >= 0) Raise(u"Click", on_click);
-}
-
 Changes ListBox::MakeCurrent(int row) {
-  list_index_ = row;
   const int top_before = top_index_;
   if (row >= 0) {
     top_index_ = std::clamp(top_index_, row - VisibleRows() + 1, row);
     top_index_ = std::max(top_index_, 0);
   }
-  return top_index_ == top_before ? Changes(Changes::kSelection)
-                                  : Changes::kSelection | Changes::kTopRow;
+  const Changes changes = Selector::MakeCurrent(row);
+  return top_index_ == top_before ? changes : changes | Changes::kTopRow;
 }
 
 void ListBox::SetCurrentRow(int row) {
-  if (row != -1) CheckRow(row);
+  if (row != -1) static_cast<void>(Checked(row));
   RowsChanged(MakeCurrent(row));
 }
 
@@ -128,15 +83,14 @@ int ListBox::VisibleRows() const {
 }
 
 bool ListBox::IsSelected(int row) const {
-  CheckRow(row);
-  return selection_ == Selection::kExtended ? selected_[static_cast<std::size_t>(row)] != 0
-                                            : row == list_index_;
+  return selection_ == Selection::kExtended ? rows_[Checked(row)].selected
+                                            : Selector::IsSelected(row);
 }
 
 void ListBox::SetSelected(int row, bool selected) {
-  CheckRow(row);
+  Row& changed = rows_[Checked(row)];
   if (selection_ == Selection::kExtended) {
-    selected_[static_cast<std::size_t>(row)] = selected ? 1 : 0;
+    changed.selected = selected;
     RowsChanged(Changes::kSelection);
   } else if (selected) {
     SetListIndex(row);
@@ -193,14 +147,11 @@ void ListBox::TakeSelection(const RowsSelected& fact) {
     if (fact.current >= 0) Raise(u"Click", on_click);
     return;
   }
-  std::fill(selected_.begin(), selected_.end(), 0);
+  for (Row& row : rows_) row.selected = false;
   bool all_exist = true;
   for (const int row : fact.rows) {
-    if (Holds(row)) {
-      selected_[static_cast<std::size_t>(row)] = 1;
-    } else {
-      all_exist = false;
-    }
+    all_exist &= Holds(row);
+    if (Holds(row)) rows_[Checked(row)].selected = true;
   }
   list_index_ = fact.current;
   if (!all_exist) RowsChanged(Changes::kSelection);
@@ -237,7 +188,7 @@ int ListBox::RowOfTyping(TextView typed) const noexcept {
   int found = -1;
   for (int step = 0; step < Count(); ++step) {
     const int row = (first + step) % Count();
-    const TextView item = rows_.TextOf(row);
+    const TextView item = Item(row);
     if (!EqualIgnoringCase(item.substr(0, typed.size()), typed)) continue;
     if (!whole_counts || item.size() == typed.size()) return row;
     if (found < 0) found = row;
@@ -247,8 +198,8 @@ int ListBox::RowOfTyping(TextView typed) const noexcept {
 
 void ListBox::SelectOnly(int row) {
   if (selection_ == Selection::kExtended) {
-    std::fill(selected_.begin(), selected_.end(), 0);
-    selected_[static_cast<std::size_t>(row)] = 1;
+    for (Row& other : rows_) other.selected = false;
+    rows_[Checked(row)].selected = true;
     RowsChanged(MakeCurrent(row));
     Raise(u"Click", on_click);
   } else if (list_height_ == ListHeight::kSingleRow && top_index_ != row) {

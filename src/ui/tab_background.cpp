@@ -6,7 +6,7 @@
 namespace quill::ui {
 
 void AttachTabBackground(TabStrip& strip, PictureBox& colour_source) {
-  colour_source.SetPersistentImage(true);
+  colour_source.persistent_image = true;
   strip.form().toolkit().HookTabBackground(strip, colour_source);
 }
 

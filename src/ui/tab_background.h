@@ -1,8 +1,7 @@
 // The tab strip's body is shown in the colour of the dialog's frames instead of white.
 #pragma once
 
-#include "ui/picture_box.h"
-#include "ui/tab_strip.h"
+#include "ui/controls.h"
 
 namespace quill::ui {
 

@@ -12,10 +12,8 @@
 #include "com/com_ptr.h"
 #include "com/object.h"
 #include "support/compiler.h"
-#include "ui/check_box.h"
-#include "ui/combo_box.h"
+#include "ui/controls.h"
 #include "ui/list_box.h"
-#include "ui/text_box.h"
 #include "win32/window_peer.h"
 
 namespace quill::win32 {
@@ -69,8 +67,8 @@ class AccessibleObject final : public com::Object<IAccessible> {
 
   STDMETHODIMP get_accName(VARIANT child, BSTR* name) override {
     const ui::Control* const control = Own(child);
-    return control != nullptr && !control->accessible_name().empty()
-               ? Give(control->accessible_name(), name)
+    return control != nullptr && !control->accessible_name.empty()
+               ? Give(control->accessible_name, name)
                : standard_->get_accName(child, name);
   }
   STDMETHODIMP get_accValue(VARIANT child, BSTR* value) override {
@@ -79,11 +77,8 @@ class AccessibleObject final : public com::Object<IAccessible> {
       case ui::ControlKind::kTextBox:
         return Give(static_cast<const ui::TextBox*>(control)->text(), value);
       case ui::ControlKind::kComboBox:
-        return Give(static_cast<const ui::ComboBox*>(control)->text(), value);
-      case ui::ControlKind::kListBox: {
-        const auto& list = static_cast<const ui::ListBox&>(*control);
-        return Give(list.ListIndex() < 0 ? TextView() : list.Item(list.ListIndex()), value);
-      }
+      case ui::ControlKind::kListBox:
+        return Give(static_cast<const ui::Selector*>(control)->text(), value);
       default:
         return standard_->get_accValue(child, value);
     }
@@ -111,10 +106,10 @@ class AccessibleObject final : public com::Object<IAccessible> {
   }
   STDMETHODIMP get_accKeyboardShortcut(VARIANT child, BSTR* shortcut) override {
     const ui::Control* const control = Own(child);
-    if (control == nullptr || control->access_key() == 0) {
+    if (control == nullptr || control->access_key == 0) {
       return standard_->get_accKeyboardShortcut(child, shortcut);
     }
-    const char16_t text[] = {u'A', u'l', u't', u'+', control->access_key()};
+    const char16_t text[] = {u'A', u'l', u't', u'+', control->access_key};
     return Give({text, std::size(text)}, shortcut);
   }
   STDMETHODIMP get_accDefaultAction(VARIANT child, BSTR* action) override {

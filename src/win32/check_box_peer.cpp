@@ -1,5 +1,5 @@
 // The native check box.
-#include "ui/check_box.h"
+#include "ui/controls.h"
 #include "win32/form_peer.h"
 #include "win32/peers.h"
 

@@ -1,7 +1,7 @@
 // The native drop-down list.
 #include <algorithm>
 
-#include "ui/combo_box.h"
+#include "ui/controls.h"
 #include "win32/fonts.h"
 #include "win32/form_peer.h"
 #include "win32/native_text.h"

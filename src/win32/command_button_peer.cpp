@@ -1,7 +1,7 @@
 // The native push button.
 #include <utility>
 
-#include "ui/command_button.h"
+#include "ui/controls.h"
 #include "win32/native_text.h"
 #include "win32/owned.h"
 #include "win32/peers.h"

@@ -7,8 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "ui/picture_box.h"
-#include "ui/tab_strip.h"
+#include "ui/controls.h"
 #include "win32/fonts.h"
 #include "win32/mdlBHDGSRCStyle.h"
 #include "win32/modal_display.h"

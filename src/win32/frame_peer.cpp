@@ -1,5 +1,5 @@
 // The native group box of a frame, in which the windows of its controls lie.
-#include "ui/frame.h"
+#include "ui/controls.h"
 
 #include <windows.h>
 

@@ -1,5 +1,5 @@
 // The native window of an image; as a tab stop it takes the keyboard focus like a button.
-#include "ui/image.h"
+#include "ui/controls.h"
 
 #include "ui/image_button.h"
 #include "win32/form_peer.h"

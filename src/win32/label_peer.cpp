@@ -1,6 +1,6 @@
 // The native window of a label. It draws itself, so that a transparent one shows what lies behind
 // it between its letters.
-#include "ui/label.h"
+#include "ui/controls.h"
 
 #include "win32/form_peer.h"
 #include "win32/native_text.h"
@@ -46,8 +46,8 @@ class LabelPeer final : public PeerOf<ui::Label, DrawnPeer> {
     }
     Text caption = model_.caption();
     UINT flags = DT_WORDBREAK | DT_EXPANDTABS | AlignmentStyle(model_.alignment());
-    const std::size_t place = form_peer().shows_access_keys() && model_.access_key() != 0
-                                  ? ToUpper(caption).find(model_.access_key())
+    const std::size_t place = form_peer().shows_access_keys() && model_.access_key != 0
+                                  ? ToUpper(caption).find(model_.access_key)
                                   : Text::npos;
     if (place != Text::npos) {
       caption.insert(place, 1, u'&');

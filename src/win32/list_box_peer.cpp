@@ -130,7 +130,7 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
         SetFocus(window());
         break;
       case WM_CONTEXTMENU: {
-        if (model_.menu().empty()) break;
+        if (model_.menu.empty()) break;
         const bool by_key = lparam == -1;
         const POINT place = {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
         if (!by_key && SendMessageW(window(), WM_NCHITTEST, 0, lparam) != HTCLIENT) break;

@@ -39,12 +39,12 @@ void Paint(HDC memory, const RECT& area, HWND window, ui::PictureBox& box) {
   SetStretchBltMode(memory, COLORONCOLOR);
   const ui::Colour own = box.back_colour();
   try {
-    box.SetBackColour(kButtonFace);
+    box.back_colour = kButtonFace;
     Mix(memory, area, box, kMergePaint);
   } catch (...) {
     // The box's own colour comes back, whatever happens to its drawing in between.
   }
-  box.SetBackColour(own);
+  box.back_colour = own;
   Mix(memory, area, box, kSourceAnd);
 }
 

@@ -6,8 +6,7 @@
 
 #include <windows.h>
 
-#include "ui/picture_box.h"
-#include "ui/tab_strip.h"
+#include "ui/controls.h"
 
 namespace quill::win32 {
 

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "ui/picture_box.h"
+#include "ui/controls.h"
 
 namespace quill::win32 {
 

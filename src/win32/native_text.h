@@ -6,7 +6,7 @@
 #include <string>
 
 #include "support/text.h"
-#include "ui/text_box.h"
+#include "ui/controls.h"
 
 namespace quill::win32 {
 

@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "ui/picture_box.h"
+#include "ui/controls.h"
 #include "win32/drawing_surface.h"
 #include "win32/peers.h"
 

@@ -1,5 +1,5 @@
 // The native tab strip.
-#include "ui/tab_strip.h"
+#include "ui/controls.h"
 
 #include <windows.h>
 
@@ -38,23 +38,23 @@ class TabStripPeer final : public PeerOf<ui::TabStrip> {
 
   void Show(ui::Changes changes) override {
     if (Send(TCM_GETITEMCOUNT) == 0) {
-      int place = 0;
-      for (const Text& caption : model_.captions()) {
+      WPARAM place = 0;
+      for (const ui::Selector::Row& tab : model_.rows()) {
         TCITEMW item = {};
         item.mask = TCIF_TEXT;
-        item.pszText = const_cast<wchar_t*>(Wide(caption));
-        Send(TCM_INSERTITEMW, static_cast<WPARAM>(place++), reinterpret_cast<LPARAM>(&item));
+        item.pszText = const_cast<wchar_t*>(Wide(tab.text));
+        Send(TCM_INSERTITEMW, place++, reinterpret_cast<LPARAM>(&item));
       }
     }
     if (changes.Has(ui::Changes::kTurnBegins) && !making()) BeginOnePaint();
-    if (changes.Has(ui::Changes::kSelection) && Send(TCM_GETCURSEL) != model_.selected()) {
-      Send(TCM_SETCURSEL, static_cast<WPARAM>(model_.selected()));
+    if (changes.Has(ui::Changes::kSelection) && Send(TCM_GETCURSEL) != model_.ListIndex()) {
+      Send(TCM_SETCURSEL, static_cast<WPARAM>(model_.ListIndex()));
     }
     if (changes.Has(ui::Changes::kTurnEnds) && !making()) EndOnePaint();
   }
 
   void OnNotify(const NMHDR& header) override {
-    if (header.code == TCN_SELCHANGE) Tell(ui::TabChosen{static_cast<int>(Send(TCM_GETCURSEL))});
+    if (header.code == TCN_SELCHANGE) Tell(ui::ItemChosen{static_cast<int>(Send(TCM_GETCURSEL))});
   }
 
   LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override {

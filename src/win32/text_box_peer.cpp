@@ -1,5 +1,5 @@
 // The native text box.
-#include "ui/text_box.h"
+#include "ui/controls.h"
 
 #include <algorithm>
 #include <utility>

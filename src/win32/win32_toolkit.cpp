@@ -157,7 +157,7 @@ int Win32Toolkit::ShowMenu(ui::Control& control, ui::Twips x, ui::Twips y) {
   if (peer == nullptr || peer->window() == nullptr) return -1;
   POINT place = {scale_.PixelsX(x), scale_.PixelsY(y)};
   ClientToScreen(peer->window(), &place);
-  return WithBox([&] { return ChooseFromMenu(peer->window(), place, control.menu()); });
+  return WithBox([&] { return ChooseFromMenu(peer->window(), place, control.menu); });
 }
 
 void Win32Toolkit::SetScreenPointer(ui::Pointer pointer) {

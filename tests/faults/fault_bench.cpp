@@ -98,7 +98,7 @@ void FaultBench::Open(const std::function<void()>& use) {
 void FaultBench::OpenFilled(const std::function<void()>& use) {
   Open([&] {
     plug_in().RemoteData(settings_reply);
-    Tell(u"tsMain", ui::TabChosen{1});
+    Tell(u"tsMain", ui::ItemChosen{1});
     SelectRows(u"lstAvlMaps", {1, 2, 3});
     Tell(u"lstAvlMaps", ui::KeyPressed{u'+'});
     use();
@@ -115,7 +115,6 @@ void FaultBench::Tell(TextView control, const ui::Fact& fact) {
     if (const auto* edited = std::get_if<ui::TextEdited>(&fact)) mirror.ChangeText(edited->text);
     if (const auto* chosen = std::get_if<ui::ItemChosen>(&fact))
       mirror.ChangeCurrent(chosen->index);
-    if (const auto* tab = std::get_if<ui::TabChosen>(&fact)) mirror.ChangeCurrent(tab->index);
     if (const auto* scrolled = std::get_if<ui::ScrolledTo>(&fact))
       mirror.ChangeTopRow(scrolled->top);
     if (const auto* rows = std::get_if<ui::RowsSelected>(&fact)) {

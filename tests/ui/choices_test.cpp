@@ -2,9 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/ui/form_bench.h"
-#include "ui/check_box.h"
-#include "ui/combo_box.h"
-#include "ui/image.h"
+#include "ui/controls.h"
 
 namespace quill::ui {
 namespace {

@@ -4,13 +4,8 @@
 #include <stdexcept>
 
 #include "tests/ui/form_bench.h"
-#include "ui/check_box.h"
-#include "ui/combo_box.h"
-#include "ui/frame.h"
-#include "ui/image.h"
-#include "ui/label.h"
+#include "ui/controls.h"
 #include "ui/list_box.h"
-#include "ui/text_box.h"
 
 namespace quill::ui {
 namespace {

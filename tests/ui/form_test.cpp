@@ -2,11 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/ui/form_bench.h"
-#include "ui/check_box.h"
-#include "ui/command_button.h"
-#include "ui/frame.h"
-#include "ui/tab_strip.h"
-#include "ui/text_box.h"
+#include "ui/controls.h"
 
 namespace quill::ui {
 namespace {
@@ -27,7 +23,7 @@ TEST_F(FormTest, FindsControlsByNameInAnyCaseAndTakesNoneTwice) {
   EXPECT_EQ(FailureOf([&] { static_cast<void>(form.Get<CheckBox>(u"txtName")); }), 13);
   EXPECT_EQ(FailureOf([&] { static_cast<void>(form.At(u"txtOther")); }), 730);
 
-  box.SetAccessKey(u'N');
+  box.access_key = u'N';
   EXPECT_EQ(form.FindAccessKey(u'n'), nullptr) << "it is not shown";
   bench.WhileShown([&] {
     EXPECT_EQ(form.FindAccessKey(u'n'), &box);
@@ -43,7 +39,8 @@ TEST_F(FormTest, FindsControlsByNameInAnyCaseAndTakesNoneTwice) {
 }
 
 TEST_F(FormTest, MovesTheFocusInTabOrderWhereItCanBeReached) {
-  auto& strip = form.Add<TabStrip>(u"strip", nullptr, std::vector<Text>{u"One", u"Two"});
+  auto& strip =
+      form.Add<TabStrip>(u"strip", nullptr, std::initializer_list<TextView>{u"One", u"Two"});
   auto& frame = form.Add<Frame>(u"fme", nullptr, u"");
   auto& last = form.Add<CheckBox>(u"chkLast", &frame);
   auto& box = form.Add<TextBox>(u"txt", nullptr);
@@ -75,11 +72,11 @@ TEST_F(FormTest, MovesTheFocusInTabOrderWhereItCanBeReached) {
     EXPECT_EQ(at(kTabKey, kAltHeld), "not taken");
 
     EXPECT_EQ(at(kPageDownKey, kCtrlHeld), "chkLast");
-    EXPECT_EQ(ToUtf8(strip.SelectedCaption()), "Two");
+    EXPECT_EQ(ToUtf8(strip.text()), "Two");
     EXPECT_EQ(at(kTabKey, kCtrlHeld), "chkLast");
-    EXPECT_EQ(ToUtf8(strip.SelectedCaption()), "One");
+    EXPECT_EQ(ToUtf8(strip.text()), "One");
 
-    box.SetAccessKey(u'B');
+    box.access_key = u'B';
     EXPECT_TRUE(form.Happened(AccessKeyStruck{u'b'}));
     EXPECT_EQ(form.focus(), &box);
     EXPECT_FALSE(form.Happened(AccessKeyStruck{u'x'}));

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/ui/form_bench.h"
-#include "ui/frame.h"
+#include "ui/controls.h"
 
 namespace quill::ui {
 namespace {

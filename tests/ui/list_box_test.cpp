@@ -15,7 +15,7 @@ class ListBoxTest : public testing::Test {
   ListBox& Make(Selection selection, ListHeight height, int rows) {
     auto& list = bench.form->Add<ListBox>(u"lst", nullptr, selection, height);
     list.SetBounds({0, 0, 3000, 195 * 5});
-    for (int row = 0; row < rows; ++row) list.AddItem({u"row ", Decimal(row)});
+    for (int row = 0; row < rows; ++row) list.AddItem(Concat({u"row ", Decimal(row)}));
     list.on_click = [this] { ++clicks; };
     return list;
   }
@@ -197,7 +197,7 @@ TEST_F(ListBoxTest, RefillsReachThePeerOnce) {
   const auto refill = [&](int rows) {
     list.Clear();
     for (int row = 0; row < rows; ++row) {
-      list.AddItem({u"map ", Decimal(row)});
+      list.AddItem(Concat({u"map ", Decimal(row)}));
       list.SetItemData(row, row % 9);
     }
     list.SetSelected(rows - 1, true);
@@ -229,7 +229,7 @@ TEST_F(ListBoxTest, RefillsReachThePeerOnce) {
 
 TEST_F(ListBoxTest, AMenuThatOutlivesTheDisplayDoesNothing) {
   auto& list = Make(Selection::kExtended, ListHeight::kManyRows, 1);
-  list.SetMenu({{u"Add", u"", {}, false, [] { return true; }, [&] { ++clicks; }}});
+  list.menu = {{u"Add", u"", {}, false, [] { return true; }, [&] { ++clicks; }}};
   bench.toolkit.menu_choice = u"Add";
   bench.toolkit.before_call = [&](TextView call) {
     if (call == u"ShowMenu lst") bench.form->Hide();

@@ -1,5 +1,5 @@
 // The limit of a text box, for any edit.
-#include "ui/text_box.h"
+#include "ui/controls.h"
 
 #include <gtest/gtest.h>
 

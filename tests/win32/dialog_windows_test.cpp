@@ -423,10 +423,10 @@ TEST_F(DialogWindows, BoxesBelongToTheDialogAndFilesArePicked) {
 TEST_F(DialogWindows, PointersTurnBusyAndBack) {
   Show([&](frmrcBHDGS& dialog) {
     EXPECT_FALSE(robot.IsBusyOver(u"txtName"));
-    dialog.SetPointer(ui::Pointer::kBusy);
+    dialog.pointer = ui::Pointer::kBusy;
     EXPECT_TRUE(robot.IsBusyOver(u"txtName"));
     EXPECT_TRUE(robot.IsBusyOver(u"frmrcBHDGS"));
-    dialog.SetPointer(ui::Pointer::kDefault);
+    dialog.pointer = ui::Pointer::kDefault;
     toolkit->SetScreenPointer(ui::Pointer::kBusy);
     EXPECT_TRUE(robot.IsBusyOver(u"tsMain"));
     toolkit->SetScreenPointer(ui::Pointer::kDefault);

@@ -8,7 +8,7 @@
 #include "host/win32/leak_watch.h"
 #include "tests/win32/native_bench.h"
 #include "tests/win32/no_more_windows.h"
-#include "ui/text_box.h"
+#include "ui/controls.h"
 
 namespace quill {
 namespace {

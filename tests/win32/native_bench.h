@@ -16,7 +16,7 @@
 #include "host/win32/window_robot.h"
 #include "tests/doubles/scratch_folder.h"
 #include "tests/win32/system_thread.h"
-#include "ui/combo_box.h"
+#include "ui/controls.h"
 #include "win32/native_text.h"
 #include "win32/system_code_page.h"
 #include "win32/win32_clock.h"
