@@ -3,7 +3,7 @@
 #include "fuzz/fuzz_target.h"
 #include "headless/memory_file_system.h"
 #include "host/kit/file_kit.h"
-#include "host/kit/memory_storage.h"
+#include "host/kit/file_storage.h"
 #include "host/remote/wire.h"
 #include "maps/map_entry.h"
 #include "maps/server_map_list.h"

@@ -1,7 +1,6 @@
 // What the remote side makes of requests: any text is taken apart or refused, and what is taken can
 // be put together again and told to people.
 #include "fuzz/fuzz_target.h"
-#include "host/remote/request_explanation.h"
 #include "host/remote/start_request.h"
 #include "host/remote/wire.h"
 

@@ -4,9 +4,9 @@
 #include <string>
 
 #include "bench/win32/opening_speed.h"
-#include "host/kit/disk_storage.h"
 #include "host/kit/error_journal.h"
 #include "host/kit/file_kit.h"
+#include "host/kit/file_storage.h"
 #include "maps/map_catalogue.h"
 #include "remote/request_file.h"
 #include "remote/start_command.h"

@@ -12,6 +12,7 @@
 #include "host/check/dialog_trial.h"
 #include "host/kit/ini_text.h"
 #include "host/kit/text_file.h"
+#include "host/kit/text_line.h"
 
 namespace quill::host {
 namespace {
@@ -167,12 +168,12 @@ class SettingsWatch {
   }
 
   void TellNotMentioned() {
-    Text names;
+    std::vector<Text> names;
     for (const Option& option : Options()) {
-      if (set_at_.contains(&option)) continue;
-      names += Concat({names.empty() ? u"" : u", ", option.key});
+      if (!set_at_.contains(&option)) names.emplace_back(option.key);
     }
-    if (!names.empty()) account_.Note(0, u"these options stay as they are: " + names);
+    if (!names.empty())
+      account_.Note(0, u"these options stay as they are: " + Joined(names, u", "));
   }
 
   DialogTrial& trial_;

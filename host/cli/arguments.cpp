@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "host/cli/console.h"
+#include "host/cli/command_line.h"
 
 namespace quill::host {
 

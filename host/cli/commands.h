@@ -7,7 +7,6 @@
 
 #include "host/cli/arguments.h"
 #include "host/cli/command_line.h"
-#include "host/cli/console.h"
 #include "host/remote/scenario.h"
 
 namespace quill::host {

@@ -3,7 +3,6 @@
 #include <vector>
 
 #include "host/cli/command_line.h"
-#include "host/story/headless_stage.h"
 
 int main(int argc, char** argv) {
   std::vector<quill::Text> words;

@@ -2,6 +2,7 @@
 #include "host/cli/main_job.h"
 
 #include <chrono>
+#include <memory>
 #include <thread>
 #include <utility>
 
@@ -25,9 +26,8 @@ MainJob::MainJob(const Scenario& scenario, Stage& stage, FileStorage& results, T
       tell_(std::move(tell)),
       look_(std::move(look)),
       record_path_(Concat({stage.HostRoot(), kStartRecordPath})),
-      machine_(scenario, RemoteMachineParts{results, record_path_, std::move(record_name), tell_}),
       relay_(
-          stage.HostRoot(), stage.storage(), results, machine_,
+          stage.HostRoot(), stage.storage(), results, scenario, std::move(record_name),
           [this](const Text& reply) { Receive(reply); }, tell_) {}
 
 void MainJob::LoadSettingsFirst(Text name, std::string bytes) {
@@ -52,31 +52,25 @@ bool MainJob::Run() {
 }
 
 bool MainJob::GoOn() {
-  if (is_busy_) return true;
-  is_busy_ = true;
-  bool goes_on = true;
-  try {
-    if (!std::exchange(is_looked_at_, true)) Look(u"empty");
-    if (relay_.Pump()) {
-      TellBoxes();
-    } else if (phase_ == Phase::kFilled) {
-      phase_ = Phase::kStarted;
-      Operate();
-    } else if (machine_.HasOutstandingReplies()) {
-      std::this_thread::sleep_for(10ms);
-    } else if (phase_ == Phase::kGivenUp) {
-      goes_on = false;
-    } else {
-      phase_ = Phase::kGivenUp;
-      Note(u"operator", u"no answer will come, presses Cancel");
-      Push(u"cmdCancel");
-    }
-  } catch (...) {
-    is_busy_ = false;
-    throw;
+  if (std::exchange(is_busy_, true)) return true;
+  const auto end = [](bool* is_busy) { *is_busy = false; };
+  const std::unique_ptr<bool, decltype(end)> busy(&is_busy_, end);
+  if (!std::exchange(is_looked_at_, true)) Look(u"empty");
+  if (relay_.Pump()) {
+    TellBoxes();
+  } else if (phase_ == Phase::kFilled) {
+    phase_ = Phase::kStarted;
+    Operate();
+  } else if (relay_.AwaitsReply()) {
+    std::this_thread::sleep_for(10ms);
+  } else if (phase_ == Phase::kGivenUp) {
+    return false;
+  } else {
+    phase_ = Phase::kGivenUp;
+    Note(u"operator", u"no answer will come, presses Cancel");
+    Push(u"cmdCancel");
   }
-  is_busy_ = false;
-  return goes_on;
+  return true;
 }
 
 void MainJob::Receive(const Text& reply) {

@@ -8,13 +8,9 @@
 
 #include "host/kit/file_storage.h"
 #include "host/remote/relay.h"
-#include "host/remote/remote_machine.h"
 #include "host/story/stage.h"
 
 namespace quill::host {
-
-// Where the start record lies in the storage for results, under the root of the stage's host.
-inline constexpr TextView kStartRecordPath = u"\\start-record.txt";
 
 class MainJob {
  public:
@@ -62,7 +58,6 @@ class MainJob {
   std::optional<SettingsFile> settings_;
   std::function<void(Stage& stage, const Text& moment)> look_;
   const Text record_path_;
-  RemoteMachine machine_;
   Relay relay_;
   enum class Phase { kOpening, kFilled, kStarted, kGivenUp } phase_ = Phase::kOpening;
   bool is_busy_ = false;       // a step is being played; further calls come from within it

@@ -5,7 +5,8 @@
 
 #include "host/cli/commands.h"
 #include "host/cli/main_job.h"
-#include "host/kit/disk_storage.h"
+#include "host/kit/file_storage.h"
+#include "host/kit/text_line.h"
 
 namespace quill::host {
 namespace {
@@ -27,11 +28,6 @@ fs::path ResultFolder(const Arguments& arguments) {
     throw UsageError(Concat({u"the folder \"", PathText(folder), u"\" cannot be used"}));
   }
   return whole;
-}
-
-// What stands behind the last separator of either kind.
-Text FileName(TextView path) {
-  return Text(path.substr(path.find_last_of(u"/\\") + 1));
 }
 
 }  // namespace

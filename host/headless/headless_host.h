@@ -16,7 +16,7 @@
 #include "host/headless/host_objects.h"
 #include "host/kit/error_journal.h"
 #include "host/kit/file_kit.h"
-#include "host/kit/memory_storage.h"
+#include "host/kit/file_storage.h"
 #include "host/watch/watched_file_kit.h"
 #include "host/watch/watched_file_system.h"
 #include "plugin/clsPlugin.h"

@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
 #include <vector>
 
+#include "host/kit/text_file.h"
 #include "support/base64.h"
 #include "support/runtime_error.h"
 
@@ -22,16 +24,6 @@ namespace {
   Fail(Concat({u"it holds ", found, u" characters, not ", Decimal(length)}));
 }
 
-std::vector<std::uint8_t> BytesOf(TextView text) {
-  std::vector<std::uint8_t> bytes;
-  bytes.reserve(2 * text.size());
-  for (const char16_t unit : text) {
-    bytes.push_back(static_cast<std::uint8_t>(unit & 0xFF));
-    bytes.push_back(static_cast<std::uint8_t>(unit >> 8));
-  }
-  return bytes;
-}
-
 // A zlib stream being unpacked; ends zlib's own state however it is left.
 class Inflater {
  public:
@@ -45,14 +37,14 @@ class Inflater {
   Inflater& operator=(const Inflater&) = delete;
 
   // Unpacks up to `limit` bytes and one more, if there is one.
-  std::vector<std::uint8_t> Run(std::size_t limit) {
-    std::vector<std::uint8_t> output;
+  std::string Run(std::size_t limit) {
+    std::string output;
     int result = Z_OK;
     while (result == Z_OK && output.size() <= limit) {
       const std::size_t held = output.size();
       const std::size_t room = std::min(limit + 1 - held, std::max<std::size_t>(held, 4096));
       output.resize(held + room);
-      stream_.next_out = output.data() + held;
+      stream_.next_out = reinterpret_cast<Bytef*>(output.data()) + held;
       stream_.avail_out = static_cast<uInt>(room);
       result = inflate(&stream_, Z_NO_FLUSH);
       output.resize(output.size() - stream_.avail_out);
@@ -74,10 +66,11 @@ Text CompressText(TextView text) {
   if (text.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max()) / 4) {
     throw RuntimeError(ErrorNumber::kOverflow);
   }
-  const std::vector<std::uint8_t> bytes = BytesOf(text);
+  const std::string bytes = ToUtf16Bytes(text);
   uLongf size = compressBound(static_cast<uLong>(bytes.size()));
   std::vector<std::uint8_t> packed(size);
-  if (compress(packed.data(), &size, bytes.data(), static_cast<uLong>(bytes.size())) != Z_OK) {
+  if (compress(packed.data(), &size, reinterpret_cast<const Bytef*>(bytes.data()),
+               static_cast<uLong>(bytes.size())) != Z_OK) {
     throw RuntimeError(ErrorNumber::kOutOfMemory);
   }
   packed.resize(size);
@@ -94,16 +87,12 @@ Text DecompressText(TextView compressed, std::int32_t length) {
   if (packed.size() > std::numeric_limits<std::int32_t>::max()) Fail(u"it is too long");
 
   const std::size_t wanted = 2 * static_cast<std::size_t>(length);
-  const std::vector<std::uint8_t> bytes = Inflater(packed).Run(wanted);
+  const std::string bytes = Inflater(packed).Run(wanted);
   if (bytes.size() > wanted) FailLength(u"more", length);
   if (bytes.size() < wanted) {
     FailLength(Decimal(static_cast<std::int64_t>(bytes.size() / 2)), length);
   }
-  Text text(wanted / 2, u'\0');
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    text[at] = static_cast<char16_t>(bytes[2 * at] | (bytes[2 * at + 1] << 8));
-  }
-  return text;
+  return FromUtf16Bytes(bytes);
 }
 
 }  // namespace quill::host

@@ -1,7 +1,8 @@
 // Wording and appending of journal entries.
 #include "host/kit/error_journal.h"
 
-#include "host/kit/log_time.h"
+#include <array>
+
 #include "host/kit/text_file.h"
 
 namespace quill::host {
@@ -24,6 +25,12 @@ Text Quoted(TextView text) {
 }
 
 }  // namespace
+
+Text LogTime(std::time_t time) {
+  std::array<char, 32> text{};
+  std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%SZ", std::gmtime(&time));
+  return FromUtf8(text.data());
+}
 
 ErrorJournal::ErrorJournal(TextView host_root, FileSystem& files, FileStorage& storage)
     : folder_(Concat({host_root, u"\\logs"})),

@@ -3,11 +3,16 @@
 // only grow.
 #pragma once
 
+#include <ctime>
+
 #include "host/kit/file_storage.h"
 #include "support/file_kit.h"
 #include "support/file_system.h"
 
 namespace quill::host {
+
+// Universal time to the second, such as "2004-03-31 18:05:09Z".
+[[nodiscard]] Text LogTime(std::time_t time = std::time(nullptr));
 
 class ErrorJournal {
  public:

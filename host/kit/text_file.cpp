@@ -13,9 +13,16 @@ namespace {
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16Mark = "\xFF\xFE";
 
-std::span<const std::uint8_t> AsBytes(std::string_view bytes) {
-  return {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()};
+// The text in Windows-1252, or nothing when it would not be read back as the same text.
+std::string ToWindows1252(TextView text) {
+  const CodePage& page = CodePage::Windows1252();
+  std::vector<std::uint8_t> encoded;
+  page.AppendBytes(text, encoded);
+  std::string bytes(encoded.begin(), encoded.end());
+  return DecodeTextFile(bytes).text == text ? bytes : std::string();
 }
+
+}  // namespace
 
 Text FromUtf16Bytes(std::string_view bytes) {
   Text text(bytes.size() / 2, u'\0');
@@ -27,25 +34,14 @@ Text FromUtf16Bytes(std::string_view bytes) {
 }
 
 std::string ToUtf16Bytes(TextView text) {
-  std::string bytes(kUtf16Mark);
-  bytes.reserve(2 + 2 * text.size());
+  std::string bytes;
+  bytes.reserve(2 * text.size());
   for (const char16_t unit : text) {
     bytes += static_cast<char>(unit & 0xFF);
     bytes += static_cast<char>(unit >> 8);
   }
   return bytes;
 }
-
-// The text in Windows-1252, or nothing when it would not be read back as the same text.
-std::string ToWindows1252(TextView text) {
-  const CodePage& page = CodePage::Windows1252();
-  std::vector<std::uint8_t> encoded;
-  page.AppendBytes(text, encoded);
-  std::string bytes(encoded.begin(), encoded.end());
-  return DecodeTextFile(bytes).text == text ? bytes : std::string();
-}
-
-}  // namespace
 
 DecodedFile DecodeTextFile(std::string_view bytes) {
   if (bytes.starts_with(kUtf16Mark)) {
@@ -58,14 +54,15 @@ DecodedFile DecodeTextFile(std::string_view bytes) {
     return {std::move(text), has_mark ? TextEncoding::kUtf8WithMark : TextEncoding::kUtf8};
   }
   text.clear();
-  CodePage::Windows1252().AppendText(AsBytes(bytes), text);
+  CodePage::Windows1252().AppendText(
+      {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, text);
   return {std::move(text), TextEncoding::kWindows1252};
 }
 
 std::string EncodeTextFile(TextView text, TextEncoding encoding) {
   switch (encoding) {
     case TextEncoding::kUtf16WithMark:
-      return ToUtf16Bytes(text);
+      return std::string(kUtf16Mark) + ToUtf16Bytes(text);
     case TextEncoding::kUtf8WithMark:
       return std::string(kUtf8Mark) + ToUtf8(text);
     case TextEncoding::kWindows1252:

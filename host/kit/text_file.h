@@ -15,6 +15,10 @@
 
 namespace quill::host {
 
+// The 16-bit units as bytes, little endian; an odd last byte is dropped.
+[[nodiscard]] std::string ToUtf16Bytes(TextView text);
+[[nodiscard]] Text FromUtf16Bytes(std::string_view bytes);
+
 enum class TextEncoding : std::uint8_t { kUtf8, kUtf8WithMark, kUtf16WithMark, kWindows1252 };
 
 struct DecodedFile {
@@ -22,8 +26,7 @@ struct DecodedFile {
   TextEncoding encoding = TextEncoding::kUtf8;
 };
 
-// Decodes any bytes, NULs included; no byte-order mark is left in the text. An odd last byte of
-// UTF-16 is dropped.
+// Decodes any bytes, NULs included; no byte-order mark is left in the text.
 [[nodiscard]] DecodedFile DecodeTextFile(std::string_view bytes);
 
 [[nodiscard]] std::string EncodeTextFile(TextView text,

@@ -30,6 +30,11 @@ struct TextLine {
   return text.substr(begin, text.find_last_not_of(u" \t") - begin + 1);
 }
 
+// What stands behind the last separator of either kind.
+[[nodiscard]] inline Text FileName(TextView path) {
+  return Text(path.substr(path.find_last_of(u"/\\") + 1));
+}
+
 [[nodiscard]] inline Text Joined(const std::vector<Text>& pieces, TextView separator) {
   Text joined;
   for (const Text& piece : pieces) {

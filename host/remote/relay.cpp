@@ -17,14 +17,14 @@ Text KeptPath(TextView host_root, TextView command) {
 
 }  // namespace
 
-Relay::Relay(TextView host_root, FileStorage& requests, FileStorage& kept, RemoteMachine& machine,
-             Deliver deliver, EventSink tell)
+Relay::Relay(TextView host_root, FileStorage& requests, FileStorage& kept, Scenario scenario,
+             Text record_name, Deliver deliver, EventSink tell)
     : host_root_(host_root),
       requests_(requests),
       kept_(kept),
-      machine_(machine),
       deliver_(std::move(deliver)),
-      tell_(std::move(tell)) {}
+      tell_(std::move(tell)),
+      machine_(std::move(scenario), host_root, kept, std::move(record_name), tell_) {}
 
 bool Relay::Pump() {
   bool happened = false;

@@ -16,10 +16,10 @@ class Relay {
  public:
   using Deliver = std::function<void(const Text& reply)>;
 
-  // Watches `host_root`\RCData among the requests. All of them outlive the relay; `requests` and
-  // `kept` may be one.
-  Relay(TextView host_root, FileStorage& requests, FileStorage& kept, RemoteMachine& machine,
-        Deliver deliver, EventSink tell);
+  // Watches `host_root`\RCData among the requests. `requests` and `kept` outlive the relay and may
+  // be one; `kept` keeps the machine's results too, see RemoteMachine.
+  Relay(TextView host_root, FileStorage& requests, FileStorage& kept, Scenario scenario,
+        Text record_name, Deliver deliver, EventSink tell);
 
   // Takes what lies in the request folder, then delivers at most one reply that is due. True when
   // anything happened. May be called from within a delivery (a reply that opens a message box):
@@ -28,6 +28,9 @@ class Relay {
   // A request that was taken is kept as sent_kvrBHDGS_<command word>.txt in the same folder. A
   // request file that cannot be read is told about once and left alone.
   bool Pump();
+
+  // True while a reply is still to come.
+  [[nodiscard]] bool AwaitsReply() const noexcept { return machine_.HasOutstandingReplies(); }
 
  private:
   struct Watched {
@@ -41,9 +44,9 @@ class Relay {
   const Text host_root_;
   FileStorage& requests_;
   FileStorage& kept_;
-  RemoteMachine& machine_;
   Deliver deliver_;
   EventSink tell_;
+  RemoteMachine machine_;
   std::array<Watched, 2> watched_ = {Watched{kQueryCommand}, Watched{kStartCommand}};
   bool is_delivering_ = false;
 };

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-#include "host/kit/log_time.h"
+#include "host/kit/error_journal.h"
 #include "host/kit/text_file.h"
-#include "host/remote/request_explanation.h"
+#include "host/remote/start_request.h"
 #include "support/runtime_error.h"
 
 namespace quill::host {
@@ -15,39 +15,43 @@ constexpr TextView kFailure = u"0";
 
 }  // namespace
 
-RemoteMachine::RemoteMachine(Scenario scenario, RemoteMachineParts parts)
-    : scenario_(std::move(scenario)), parts_(std::move(parts)) {}
+RemoteMachine::RemoteMachine(Scenario scenario, TextView host_root, FileStorage& results,
+                             Text record_name, EventSink tell)
+    : scenario_(std::move(scenario)),
+      results_(results),
+      record_path_(Concat({host_root, kStartRecordPath})),
+      record_name_(std::move(record_name)),
+      tell_(std::move(tell)) {}
 
 void RemoteMachine::Receive(TextView request) try {
   const RequestEnvelope envelope = ParseRequestEnvelope(request);
   if (envelope.target != scenario_.target) {
-    parts_.tell(Concat({u"remote: warning: asked as \"", envelope.target, u"\", but is \"",
-                        scenario_.target, u"\""}));
+    tell_(Concat({u"remote: warning: asked as \"", envelope.target, u"\", but is \"",
+                  scenario_.target, u"\""}));
   }
   if (envelope.command == kQueryCommand) {
-    parts_.tell(u"remote: asked for the game settings, answering");
+    tell_(u"remote: asked for the game settings, answering");
     Answer(SettingsReply(scenario_));
   } else {
     Start(envelope);
   }
 } catch (const RuntimeError& error) {
-  parts_.tell(Concat({u"remote: error: ", error.description(), u"; answering 0"}));
+  tell_(Concat({u"remote: error: ", error.description(), u"; answering 0"}));
   Answer(Text(kFailure));
 }
 
 void RemoteMachine::Start(const RequestEnvelope& envelope) {
   const StartRequest request = DecodeStartPayload(ReadFrame(envelope.frame), &scenario_.maps);
   for (const StartFinding& finding : request.findings) {
-    parts_.tell(
-        Concat({finding.is_error ? u"remote: error: " : u"remote: warning: ", finding.text}));
+    tell_(Concat({finding.is_error ? u"remote: error: " : u"remote: warning: ", finding.text}));
   }
   const bool is_installed =
       std::find(scenario_.mods.begin(), scenario_.mods.end(), request.mod) != scenario_.mods.end();
   if (!is_installed) {
-    parts_.tell(Concat({u"remote: warning: the mod \"", request.mod, u"\" is not installed"}));
+    tell_(Concat({u"remote: warning: the mod \"", request.mod, u"\" is not installed"}));
   }
   if (request.HasErrors()) {
-    parts_.tell(u"remote: this cannot be started, answering 0");
+    tell_(u"remote: this cannot be started, answering 0");
     return Answer(Text(kFailure));
   }
   KeepRecord(envelope, request);
@@ -58,30 +62,29 @@ void RemoteMachine::KeepRecord(const RequestEnvelope& envelope, const StartReque
   const Text record =
       Concat({u"Start record of the remote machine\n\n", u"Received: ", LogTime(), u"\n",
               ExplainEnvelope(envelope), u"\n", ExplainStartRequest(request)});
-  parts_.storage.Replace(parts_.record_path, EncodeTextFile(record));
-  parts_.tell(Concat({u"remote: start request is good, ",
-                      Decimal(static_cast<std::int64_t>(request.maps.size())), u" maps; kept in ",
-                      parts_.record_name}));
+  results_.Replace(record_path_, EncodeTextFile(record));
+  tell_(Concat({u"remote: start request is good, ",
+                Decimal(static_cast<std::int64_t>(request.maps.size())), u" maps; kept in ",
+                record_name_}));
 }
 
 void RemoteMachine::Begin() {
   const StartBehaviour& start = scenario_.start;
   switch (start.action) {
     case StartAction::kSucceed:
-      parts_.tell(Concat({u"remote: starting succeeds, answering ", Decimal(start.number)}));
+      tell_(Concat({u"remote: starting succeeds, answering ", Decimal(start.number)}));
       return Answer(Decimal(start.number), start.delay);
     case StartAction::kFail:
-      parts_.tell(u"remote: starting fails, answering 0");
+      tell_(u"remote: starting fails, answering 0");
       return Answer(Text(kFailure), start.delay);
     case StartAction::kNever:
-      return parts_.tell(u"remote: never answering");
+      return tell_(u"remote: never answering");
     case StartAction::kRubbish:
-      parts_.tell(u"remote: answering rubbish");
+      tell_(u"remote: answering rubbish");
       return Answer(start.text, start.delay);
     case StartAction::kRun: {
-      const Text command =
-          ReplaceAll(start.command, u"{record}", QuotedForCommand(parts_.record_name));
-      parts_.tell(Concat({u"remote: running ", command}));
+      const Text command = ReplaceAll(start.command, u"{record}", QuotedForCommand(record_name_));
+      tell_(Concat({u"remote: running ", command}));
       Answer(Decimal(start.number), start.delay);
       pending_.back().command = LaunchCommand(command);
       return;
@@ -104,7 +107,7 @@ std::optional<Text> RemoteMachine::TakeReply() {
       // A text moved, not a constant assigned: GCC 12 takes the latter's one character for a copy
       // that overlaps itself (GCC bug 105329) and warns.
       if (!*outcome) reply = Text(kFailure);
-      parts_.tell(Concat(
+      tell_(Concat(
           {u"remote: the command ", *outcome ? u"ended well" : u"failed", u", answering ", reply}));
     }
     pending_.erase(pending);

@@ -18,16 +18,15 @@ namespace quill::host {
 // Told what happens, one line of text each.
 using EventSink = std::function<void(const Text&)>;
 
-struct RemoteMachineParts {
-  FileStorage& storage;  // outlives the machine
-  Text record_path;      // host path of the start record; its folder exists
-  Text record_name;      // the same file as a start command must name it
-  EventSink tell;
-};
+// Where the start record lies in the storage for results, under the host's root.
+inline constexpr TextView kStartRecordPath = u"\\start-record.txt";
 
 class RemoteMachine {
  public:
-  RemoteMachine(Scenario scenario, RemoteMachineParts parts);
+  // `results` keeps the start record and outlives the machine; a start command must call the record
+  // `record_name`.
+  RemoteMachine(Scenario scenario, TextView host_root, FileStorage& results, Text record_name,
+                EventSink tell);
 
   // Takes the text of a request file. A request that is malformed, or a start that cannot be kept,
   // is told as an error and answered with "0"; nothing is started then. A good start request leaves
@@ -54,7 +53,10 @@ class RemoteMachine {
   void Answer(Text reply, std::chrono::milliseconds delay = {});
 
   Scenario scenario_;
-  RemoteMachineParts parts_;
+  FileStorage& results_;
+  const Text record_path_;
+  const Text record_name_;
+  EventSink tell_;
   std::list<Pending> pending_;
 };
 

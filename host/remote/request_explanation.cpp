@@ -1,5 +1,5 @@
 // Plain-text tables of a request.
-#include "host/remote/request_explanation.h"
+#include "host/remote/start_request.h"
 
 #include <algorithm>
 

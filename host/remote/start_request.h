@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "host/remote/wire.h"
 #include "maps/selected_map_list.h"
 #include "support/text.h"
 
@@ -46,5 +47,12 @@ struct StartRequest {
 // the machine has is a warning.
 [[nodiscard]] StartRequest DecodeStartPayload(TextView payload,
                                               const std::vector<SelectedMap>* own_maps = nullptr);
+
+// Requests told to people: the start record and the output of "quillhost decode". Lines end in LF.
+// - Command, target and profile.
+[[nodiscard]] Text ExplainEnvelope(const RequestEnvelope& envelope);
+// - Every option with what was sent and what it means, the flags bit by bit, every map in order
+//   with its game type, and the findings.
+[[nodiscard]] Text ExplainStartRequest(const StartRequest& request);
 
 }  // namespace quill::host

@@ -1,9 +1,9 @@
 // Fields, frames and requests of the remote side.
 #include "host/remote/wire.h"
 
-#include <algorithm>
-#include <limits>
+#include <charconv>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "host/kit/compression.h"
@@ -64,23 +64,14 @@ Text DecodeField(TextView field) {
   return text;
 }
 
-bool ParseWholeNumber(TextView text, std::int32_t& number) noexcept {
-  const bool is_negative = text.starts_with(u'-');
-  const TextView digits = text.substr(is_negative ? 1 : 0);
-  constexpr std::size_t kMostDigits = 10;
-  if (digits.empty() || digits.size() > kMostDigits) return false;
-  if (digits[0] == u'0' && text.size() > 1) return false;
-  std::int64_t value = 0;
-  for (const char16_t digit : digits) {
-    if (digit < u'0' || digit > u'9') return false;
-    value = value * 10 + (digit - u'0');
-  }
-  if (is_negative) value = -value;
-  if (value < std::numeric_limits<std::int32_t>::min() ||
-      value > std::numeric_limits<std::int32_t>::max()) {
-    return false;
-  }
-  number = static_cast<std::int32_t>(value);
+bool ParseWholeNumber(TextView text, std::int32_t& number) {
+  constexpr std::size_t kLongest = 11;
+  if (text.size() > kLongest) return false;
+  const std::string digits = ToUtf8(text);
+  std::int32_t value = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  if (Decimal(value) != text) return false;
+  number = value;
   return true;
 }
 

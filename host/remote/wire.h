@@ -26,7 +26,7 @@ inline constexpr std::int32_t kMaxPayloadLength = 16'000'000;
 
 // The whole number that `text` is: decimal digits without leading zeros, "-" before a negative one.
 // False for anything else and for numbers beyond 32 bits.
-[[nodiscard]] bool ParseWholeNumber(TextView text, std::int32_t& number) noexcept;
+[[nodiscard]] bool ParseWholeNumber(TextView text, std::int32_t& number);
 
 // The payload with its length, compressed.
 [[nodiscard]] Text WriteFrame(TextView payload);

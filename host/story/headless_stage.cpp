@@ -1,5 +1,5 @@
 // The host, the operator and the eyes of a stage without a screen.
-#include "host/story/headless_stage.h"
+#include "host/story/stage.h"
 
 #include <utility>
 #include <variant>

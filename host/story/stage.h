@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -92,5 +93,8 @@ class Stage {
   // The command whose reply the plug-in awaits; nothing where that cannot be seen from outside.
   [[nodiscard]] virtual std::optional<Text> PendingCommand() { return std::nullopt; }
 };
+
+// A stage without a screen: the plug-in over mirrors, with the host's files in memory.
+[[nodiscard]] std::unique_ptr<Stage> MakeHeadlessStage();
 
 }  // namespace quill::host

@@ -11,7 +11,6 @@
 #include "host/remote/scenario.h"
 #include "host/story/stage.h"
 #include "host/story/story.h"
-#include "host/story/story_differences.h"
 #include "host/story/story_sightings.h"
 
 namespace quill::host {

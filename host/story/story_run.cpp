@@ -3,8 +3,8 @@
 
 #include <exception>
 
+#include "host/kit/text_line.h"
 #include "host/story/story.h"
-#include "host/story/story_differences.h"
 #include "host/story/story_player.h"
 
 namespace quill::host {
@@ -16,15 +16,11 @@ Text PlaceOf(const Text& file, int line) {
   return Concat({file, u":", Decimal(line), u": "});
 }
 
-Text WithoutFolders(const Text& file) {
-  return file.substr(file.find_last_of(u"/\\") + 1);
-}
-
 std::vector<StoryDifference> DifferencesOf(const Text& file,
                                            const std::vector<StoryDifference>& all) {
   std::vector<StoryDifference> own;
   for (const StoryDifference& difference : all) {
-    if (difference.story == WithoutFolders(file)) own.push_back(difference);
+    if (difference.story == FileName(file)) own.push_back(difference);
   }
   return own;
 }

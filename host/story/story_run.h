@@ -18,7 +18,7 @@ struct StoryFile {
 using StageFactory = std::function<std::unique_ptr<Stage>()>;
 
 // `differences`, when it has bytes, is the list of what must fail on this layer (see
-// story_differences.h). `tell` is given each line of the outcome: one for each failure,
+// story.h). `tell` is given each line of the outcome: one for each failure,
 //   stories/rights.story:12: expect lstMax enabled = true: expected "true", actual "false"
 // one for each story, "passed: ..." or "FAILED: ...", and last "N passed, N failed". True when
 // nothing failed; a list of differences that cannot be read fails the run before any story.

@@ -57,6 +57,14 @@ std::string BytesOf(const Words& words) {
   return bytes;
 }
 
+void BreakKit(P p, S s, bool from_now_on) {
+  p.stage.kit_watch().Break({s[0], s.Number(1), s[2], from_now_on});
+}
+
+void AddRight(P p, S s, Right::Form form, TextView value) {
+  p.rights.push_back({s[0], form, Text(value)});
+}
+
 void Answer(P p, const Words& paths, bool by_double_click) {
   p.stage.AnswerFileDialog(paths, by_double_click);
   p.sightings.FileDialogAnswered();
@@ -190,14 +198,8 @@ constexpr StepForm kSteps[] = {
      [](P p, S s) { p.stage.PutFile(s[0], BytesOf(From(s, 1))); }},
     {u"file TEXT missing", kSetUp, [](P p, S s) { p.stage.storage().Remove(s[0]); }},
     {u"file TEXT LINES", kSetUp, [](P p, S s) { p.stage.PutFile(s[0], FileBytes(FileOf(s))); }},
-    {u"kit NAME fails from now on NUMBER TEXT", kSetUp,
-     [](P p, S s) {
-       p.stage.kit_watch().Break({s[0], s.Number(1), s[2], true});
-     }},
-    {u"kit NAME fails NUMBER TEXT", kSetUp,
-     [](P p, S s) {
-       p.stage.kit_watch().Break({s[0], s.Number(1), s[2]});
-     }},
+    {u"kit NAME fails from now on NUMBER TEXT", kSetUp, [](P p, S s) { BreakKit(p, s, true); }},
+    {u"kit NAME fails NUMBER TEXT", kSetUp, [](P p, S s) { BreakKit(p, s, false); }},
     {u"kit refuses reports", kSetUp,
      [](P p, S) {
        p.stage.kit_watch().Break({u"SendErrorReport", 0, {}, true});
@@ -206,17 +208,9 @@ constexpr StepForm kSteps[] = {
     {u"clock NUMBER", kSetUp,
      [](P p, S s) { p.stage.SetClock(static_cast<std::uint64_t>(s.Number(0))); }},
     {u"right TEXT = number NUMBER", kSetUp,
-     [](P p, S s) {
-       p.rights.push_back({s[0], Right::Form::kNumber, s[1]});
-     }},
-    {u"right TEXT = TEXT", kSetUp,
-     [](P p, S s) {
-       p.rights.push_back({s[0], Right::Form::kText, s[1]});
-     }},
-    {u"right TEXT fails", kSetUp,
-     [](P p, S s) {
-       p.rights.push_back({s[0], Right::Form::kFails, {}});
-     }},
+     [](P p, S s) { AddRight(p, s, Right::Form::kNumber, s[1]); }},
+    {u"right TEXT = TEXT", kSetUp, [](P p, S s) { AddRight(p, s, Right::Form::kText, s[1]); }},
+    {u"right TEXT fails", kSetUp, [](P p, S s) { AddRight(p, s, Right::Form::kFails, {}); }},
 
     {u"reply new", kSetUp, [](P p, S) { p.reply = StoryServer(); }},
     {u"reply fixed TEXT = TEXT", kSetUp, [](P p, S s) { p.reply.SetFixed(s[0], s[1]); }},
@@ -237,7 +231,7 @@ constexpr StepForm kSteps[] = {
      [](P p, S s) { p.Open(s.Number(0), {u""}); }},
     {u"host opens profile NUMBER target TEXT", kSetUp,
      [](P p, S s) {
-       p.Open(s.Number(0), {u"", s[1]});
+       p.Open(s.Number(0), Words{u"", s[1]});
      }},
     {u"host hides", kSetUp, [](P p, S) { p.stage.HideInterface(); }},
     {u"host replies with payload TEXT", kSetUp,

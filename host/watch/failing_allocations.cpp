@@ -1,5 +1,5 @@
 // The replaced operator new.
-#include "host/watch/failing_allocations.h"
+#include "host/watch/fault_plan.h"
 
 #include <cstdlib>
 #include <new>

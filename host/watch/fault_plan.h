@@ -1,6 +1,9 @@
 // Which of the calls that are counted fail: the n-th one, or the n-th and every later one. To sweep
 // an operation, run it with n = 1, 2, 3 ... until the plan has not struck: each step has then
 // failed once.
+//
+// Allocations fail by plan in programs that link quill_failing_allocations, which replaces the
+// global operator new; in others none fails.
 #pragma once
 
 #include <cstdint>
@@ -32,6 +35,19 @@ class FaultPlan {
   Extent extent_ = Extent::kOnce;
   int calls_ = 0;
   int struck_ = 0;
+};
+
+// What operator new asks. Not for use but by the class below.
+inline constinit FaultPlan* allocation_faults = nullptr;
+
+// While one lives, `plan`, which outlives it, is asked before each allocation; one that it strikes
+// throws std::bad_alloc. One at a time.
+class FailingAllocations {
+ public:
+  explicit FailingAllocations(FaultPlan& plan) noexcept { allocation_faults = &plan; }
+  ~FailingAllocations() { allocation_faults = nullptr; }
+  FailingAllocations(const FailingAllocations&) = delete;
+  FailingAllocations& operator=(const FailingAllocations&) = delete;
 };
 
 }  // namespace quill::host

@@ -7,6 +7,7 @@
 #include "dialog/frmrcBHDGS.h"
 #include "headless/mirror_peer.h"
 #include "maps/map_catalogue.h"
+#include "maps/map_entry.h"
 #include "remote/request_file.h"
 #include "support/runtime_error.h"
 
@@ -169,8 +170,9 @@ class Inspection {
     const int rows = std::min(list.Count(), maps_.selected.Count());
     for (int row = 0; row < rows; ++row) {
       const SelectedMap& map = rotation[static_cast<std::size_t>(row)];
-      Holds(ShowsMap(list.Item(row), map.name, map.file) && list.ItemData(row) == map.game_type,
-            {u"lstSelMaps: row ", Decimal(row), u" is not what the rotation holds"});
+      Holds(
+          list.Item(row) == JoinMapEntry(map.name, map.file) && list.ItemData(row) == map.game_type,
+          {u"lstSelMaps: row ", Decimal(row), u" is not what the rotation holds"});
     }
     Holds(maps_.history.IsNoted(maps_.selected), {u"A change of the rotation cannot be undone"});
     const Text count = Concat({u"Number of Maps: ", Decimal(list.Count())});
@@ -186,7 +188,7 @@ class Inspection {
     bool agrees = true;
     maps_.ForEachOfGameType(
         static_cast<std::int16_t>(game_type), [&](TextView name, TextView file) {
-          agrees = agrees && row < list.Count() && ShowsMap(list.Item(row), name, file) &&
+          agrees = agrees && row < list.Count() && list.Item(row) == JoinMapEntry(name, file) &&
                    list.ItemData(row) == game_type;
           ++row;
         });
@@ -194,13 +196,6 @@ class Inspection {
     Holds(list.tooltip() ==
               Concat({u"Maps: ", Decimal(list.Count()), u" / ", Decimal(maps_.TotalMapCount())}),
           {u"lstAvlMaps: '", list.tooltip(), u"' is not the count"});
-  }
-
-  static bool ShowsMap(TextView row, TextView name, TextView file) {
-    constexpr TextView kOpening = u" <";
-    return row.size() == name.size() + kOpening.size() + file.size() + 1 && row.starts_with(name) &&
-           row.substr(name.size()).starts_with(kOpening) &&
-           row.substr(name.size() + kOpening.size()).starts_with(file) && row.back() == u'>';
   }
 
   const mdlBHDGS& module_;

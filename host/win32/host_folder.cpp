@@ -78,12 +78,16 @@ std::optional<int> RunInHostFolder() {
   win32::Win32ProcessPaths paths;
   const TemporaryFolder folder;
   if (!std::ofstream(folder.path() / kMarkName)) Fail(u"This folder cannot be used", folder.path());
+  const fs::path program = PathOf(paths.ExecutablePath(32768));
   const fs::path library = PathOf(kLibraryFileName);
-  for (const auto& [from, to] :
-       {std::pair(PathOf(paths.ExecutablePath(32768)), fs::path(kProgramName)),
-        std::pair(here / library, library)}) {
+  const auto copy = [&](const fs::path& from, const fs::path& to) {
     if (!fs::copy_file(from, folder.path() / to, error)) Fail(u"This file cannot be copied", from);
-  }
+  };
+  copy(program, kProgramName);
+  copy(here / library, library);
+  // The system reads it as the program starts.
+  const fs::path manifest = program.native() + L".manifest";
+  if (fs::exists(manifest, error)) copy(manifest, kProgramName + std::wstring(L".manifest"));
   // The runtime joins arguments by blanks and does not quote them, so that the whole command line
   // is passed as one.
   const std::intptr_t code =

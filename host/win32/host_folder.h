@@ -1,6 +1,6 @@
 // The folder in which this program plays the host. The plug-in takes the folder of the host's
 // program as the host's root, so the program runs as a copy of itself, with the library beside it,
-// in a temporary folder that holds nothing else.
+// in a temporary folder that holds nothing else but a manifest, where one lies beside the program.
 #pragma once
 
 #include <optional>

@@ -101,14 +101,8 @@ class HostWindow {
   }
 
   void TakeScenario(const Scenario& scenario) {
-    machine_scenario_ = scenario;
-    relay_.reset();
-    machine_.emplace(machine_scenario_,
-                     RemoteMachineParts{session_.storage(), Concat({root_, u"\\start-record.txt"}),
-                                        Concat({root_, u"\\start-record.txt"}),
-                                        [this](const Text& line) { Tell(line); }});
     relay_.emplace(
-        root_, session_.storage(), session_.storage(), *machine_,
+        root_, session_.storage(), session_.storage(), scenario, Concat({root_, kStartRecordPath}),
         [this](const Text& reply) { Deliver(reply); }, [this](const Text& line) { Tell(line); });
     SetDlgItemTextW(window_, ID_PROFILE, Wide(Decimal(scenario.index)));
     SetDlgItemTextW(window_, ID_TARGET, Wide(scenario.target));
@@ -221,8 +215,6 @@ class HostWindow {
   ContractLog& contract_;
   std::function<void(const Breach& breach)> told_before_;
   PluginSession session_;
-  Scenario machine_scenario_;
-  std::optional<RemoteMachine> machine_;
   std::optional<Relay> relay_;
   const HWND window_ = MakeWindow(L"HOST_WINDOW");
   HWND hide_bar_ = nullptr;  // null while the dialog is not shown

@@ -1,6 +1,20 @@
+// Where an import stands in the loaded image, and a string function that fails once.
 #include "host/win32/import_table.h"
 
+#include <oleauto.h>
+
 namespace quill::host {
+namespace {
+
+FARPROC* text_import = nullptr;
+FARPROC text_function = nullptr;
+
+BSTR WINAPI RefuseText(const OLECHAR*, UINT) {
+  Redirect(text_import, text_function);
+  return nullptr;
+}
+
+}  // namespace
 
 FARPROC* FindImport(HMODULE module, const wchar_t* library, const char* function) noexcept {
   auto* const base = reinterpret_cast<BYTE*>(module);
@@ -26,6 +40,15 @@ void Redirect(FARPROC* import, FARPROC target) noexcept {
   if (!VirtualProtect(import, sizeof *import, PAGE_READWRITE, &protection)) return;
   *import = target;
   VirtualProtect(import, sizeof *import, protection, &protection);
+}
+
+bool RefuseNextText(HMODULE module) noexcept {
+  FARPROC* const found = FindImport(module, L"oleaut32.dll", "SysAllocStringLen");
+  if (found == nullptr) return false;
+  text_import = found;
+  text_function = *found;
+  Redirect(found, reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&RefuseText)));
+  return true;
 }
 
 }  // namespace quill::host

@@ -1,12 +1,16 @@
 // The reference host's service objects as the plug-in sees them: automation objects that are called
-// by name. They can check how they are called and note every breach of the contract.
+// by name. They can check how they are called and note every breach of the contract. Their classes
+// become creatable by name inside this process, as long as it lives.
 #pragma once
 
+#include <array>
 #include <functional>
+#include <span>
 
 #include "com/automation.h"
 #include "com/com_ptr.h"
 #include "host/win32/contract_log.h"
+#include "server/class_registration.h"
 #include "support/file_kit.h"
 
 namespace quill::host {
@@ -31,7 +35,38 @@ struct KitServices {
 // more is noted as a breach and harms nothing. This ends all of those, when nobody can use them.
 void ForgetReleasedKitObjects() noexcept;
 
-[[nodiscard]] com::ComPtr<IDispatch> MakeFileKitObject(const KitServices& services);
-[[nodiscard]] com::ComPtr<IDispatch> MakeMemoryKitObject(const KitServices& services);
+// How a service object is made.
+struct KitClass {
+  com::RegisteredClass registered;
+  com::ComPtr<IDispatch> (*make)(const KitServices& services);
+};
+// The file kit and the memory kit.
+[[nodiscard]] std::span<const KitClass, 2> KitClassTable() noexcept;
+
+[[nodiscard]] com::ComPtr<IClassFactory> MakeKitFactory(const KitServices& services,
+                                                        const KitClass& kit);
+
+// The classes in memory, their names in the registry. Names that lead to other kits lead there
+// again afterwards.
+class KitClasses {
+ public:
+  // Fails with a RuntimeError when the names cannot be written for the machine or for the user.
+  explicit KitClasses(const KitServices& services);
+  ~KitClasses();
+  KitClasses(const KitClasses&) = delete;
+  KitClasses& operator=(const KitClasses&) = delete;
+
+ private:
+  struct Offered {
+    DWORD class_object = 0;
+    bool is_named = false;
+    com::RegistrationScope scope = com::RegistrationScope::kMachine;
+    Text former_id;  // what the name led to before
+  };
+  KitClasses() = default;
+  static void Name(Offered& offered, const KitClass& kit);
+
+  std::array<Offered, 2> offered_;
+};
 
 }  // namespace quill::host

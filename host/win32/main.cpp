@@ -2,18 +2,21 @@
 // window.
 #include <windows.h>
 
+#include <filesystem>
 #include <iostream>
 #include <optional>
+#include <system_error>
 #include <vector>
 
 #include "host/cli/arguments.h"
 #include "host/cli/command_line.h"
-#include "host/win32/dialog_pictures.h"
 #include "host/win32/endurance.h"
 #include "host/win32/high_contrast.h"
 #include "host/win32/host_folder.h"
 #include "host/win32/host_window.h"
 #include "host/win32/native_stage.h"
+#include "host/win32/window_picture.h"
+#include "host/win32/window_robot.h"
 #include "host/win32/wine.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
@@ -24,7 +27,6 @@ namespace {
 
 constexpr TextView kPictures = u"--pictures";
 constexpr TextView kHighContrast = u"--high-contrast";
-constexpr TextView kManifest = u"--manifest";
 
 constexpr TextView kOwnHelp =
     u"\nWith the real library also:\n"
@@ -34,8 +36,7 @@ constexpr TextView kOwnHelp =
     u"      with --high-contrast also those of such a scheme\n"
     u"  endure [--cycles N]   loads and opens the plug-in N times (1000) and sends it ten times "
     u"as\n"
-    u"                        many replies; exit code 1: something leaked\n"
-    u"With any of them --manifest FILE stands for this program's own manifest.\n";
+    u"                        many replies; exit code 1: something leaked\n";
 
 constexpr CommandOption kEndureOptions[] = {{u"--cycles", u"N", u""}};
 
@@ -68,29 +69,32 @@ class Apartment {
   Apartment& operator=(const Apartment&) = delete;
 };
 
-// The activation context that a manifest describes, for this thread.
-class ManifestInForce {
- public:
-  explicit ManifestInForce(const Text& file) {
-    ACTCTXW described = {};
-    described.cbSize = sizeof described;
-    described.lpSource = win32::Wide(file);
-    context_ = CreateActCtxW(&described);
-    if (context_ == INVALID_HANDLE_VALUE || !ActivateActCtx(context_, &cookie_)) {
-      throw UsageError(Concat({file, u" is no manifest"}));
-    }
+// Turns to each tab, takes it and turns back; the moment "empty" leaves empty-1-game-settings.png
+// and so on in the folder, which is made when it is missing; the same in high contrast when asked
+// for. Each tab is drawn anew before its picture is taken.
+void TakeDialogPictures(const std::filesystem::path& folder, const Text& moment, bool high_contrast,
+                        Console& console) {
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  const WindowRobot robot(u"frmrcBHDGS");
+  const HWND form = robot.FormWindow();
+  const Text before = robot.Read(u"tsMain", u"caption");
+  const int count = ToInt32(robot.Read(u"tsMain", u"count"));
+  for (int tab = 0; tab < count; ++tab) {
+    const Text caption = robot.Read(u"tsMain", Concat({u"item ", Decimal(tab)}));
+    robot.ClickTab(caption);
+    RedrawWindow(form, nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    const Text name = ReplaceAll(ToLower(caption), u" ", u"-");
+    const auto file = folder / Concat({moment, u"-", Decimal(tab + 1), u"-", name, u".png"});
+    WritePng(TakeWindow(form), file);
+    console.PrintLine(Concat({u"picture: ", file.u16string()}));
   }
-  ~ManifestInForce() {
-    DeactivateActCtx(0, cookie_);
-    ReleaseActCtx(context_);
-  }
-  ManifestInForce(const ManifestInForce&) = delete;
-  ManifestInForce& operator=(const ManifestInForce&) = delete;
-
- private:
-  HANDLE context_;
-  ULONG_PTR cookie_ = 0;
-};
+  robot.ClickTab(before);
+  if (!high_contrast) return;
+  const HighContrast scheme(GetModuleHandleW(L"kvrrcBHDGS.dll"), form);
+  TakeDialogPictures(folder, Concat({u"high-contrast-", moment}), false, console);
+}
 
 int PerformEndure(std::span<const Text> words, ContractLog& contract, Console& console) {
   constexpr std::int32_t kMost = 1'000'000;
@@ -122,7 +126,7 @@ int PerformWithLibrary(std::vector<Text> words, ContractLog& contract, Console& 
   if (const auto folder = TakeOption(words, kPictures)) {
     parts.look = [&, folder = *folder, high_contrast = TakeHighContrast(words)](
                      Stage&, const Text& moment) {
-      TakeDialogPictures(folder, moment, high_contrast, tell);
+      TakeDialogPictures(folder, moment, high_contrast, console);
     };
   }
   const int code = RunCommandLine(words, parts, console);
@@ -131,8 +135,6 @@ int PerformWithLibrary(std::vector<Text> words, ContractLog& contract, Console& 
 }
 
 int Perform(std::vector<Text> words, Console& console) {
-  std::optional<ManifestInForce> manifest;
-  if (const auto file = TakeOption(words, kManifest)) manifest.emplace(*file);
   const Apartment apartment;
   ContractLog contract;
   contract.on_breach = [&](const Breach& breach) {

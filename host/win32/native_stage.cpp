@@ -179,11 +179,11 @@ class NativeStage final : public Stage {
         answers_.pop_front();
       }
       if (answer.by_double_click) person_.held_button.emplace(VK_LBUTTON);
-      return AnswerFileBox(box, answer.paths);
+      return AnswerBox(box, answer.paths);
     }
     boxes_.push_back({box.caption, box.text});
     if (const auto step = std::exchange(during_next_box_, nullptr)) step();
-    AcknowledgeBox(box);
+    AnswerBox(box);
   }
 
   // A disabled dialog waits for a box that is about to show, or for the one inside which it was

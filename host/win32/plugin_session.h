@@ -3,20 +3,49 @@
 // in a process; everything happens on the thread that made it.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
+#include <utility>
+#include <vector>
 
-#include "host/kit/disk_storage.h"
+#include "com/com_ptr.h"
+#include "com/late_bound.h"
 #include "host/kit/error_journal.h"
 #include "host/kit/file_kit.h"
+#include "host/kit/file_storage.h"
+#include "host/story/stage.h"
 #include "host/watch/watched_file_kit.h"
 #include "host/win32/contract_log.h"
-#include "host/win32/kit_classes.h"
-#include "host/win32/plugin_client.h"
+#include "host/win32/kit_object.h"
 #include "host/win32/plugin_library.h"
 #include "win32/win32_file_system.h"
 
 namespace quill::host {
+
+// The operator's rights as this host's collection: keyed by name without regard to letter case,
+// with Item and Count, failing with "invalid procedure call" for a missing key.
+[[nodiscard]] com::ComPtr<IDispatch> MakeRightsCollection(std::vector<Right> rights);
+
+// The plug-in object as the host holds it: called late-bound as a host in a script language calls
+// it.
+class PluginClient {
+ public:
+  explicit PluginClient(com::LateBound plugin) : plugin_(std::move(plugin)) {}
+
+  [[nodiscard]] Text DllVersion();
+  // A field of the information record: text, "true" or "false", the elements of an array joined by
+  // "|", or "empty".
+  [[nodiscard]] Text Field(const Text& name);
+  void SetPrivis(const std::vector<Right>& rights, bool is_super_admin);
+  // `target` becomes an array of variants; returns when the dialog has been hidden or closed.
+  void LoadInterface(std::int32_t index, const std::vector<Text>& target);
+  void RemoteData(const Text& data);
+  void HideInterface();
+
+ private:
+  com::LateBound plugin_;
+};
 
 class PluginSession {
  public:

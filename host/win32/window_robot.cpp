@@ -11,6 +11,7 @@
 #include <string>
 
 #include "headless/shown_words.h"
+#include "host/kit/text_line.h"
 #include "host/win32/window_picture.h"
 #include "support/number_text.h"
 #include "win32/drawing_surface.h"
@@ -200,6 +201,16 @@ std::array<int, 4> PlaceInTwips(HWND window) {
           scale.TwipsY(place.bottom - place.top)};
 }
 
+// True when the pointer over the window would be the hourglass.
+bool IsBusyOver(HWND window) {
+  const HCURSOR before = GetCursor();
+  SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+  Send(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+  const bool busy = GetCursor() == LoadCursorW(nullptr, IDC_WAIT);
+  SetCursor(before);
+  return busy;
+}
+
 Text Truth(bool value) {
   return Text(headless::TruthWord(value));
 }
@@ -217,11 +228,9 @@ Text RowData(HWND list, int row) {
 }
 
 Text SelectionOf(HWND list) {
-  Text rows;
-  for (const int row : SelectedRows(list)) {
-    rows += Concat({rows.empty() ? u"" : u" ", Decimal(row)});
-  }
-  return rows;
+  std::vector<Text> rows;
+  for (const int row : SelectedRows(list)) rows.push_back(Decimal(row));
+  return Joined(rows, u" ");
 }
 
 Text CurrentItem(HWND list) {
@@ -240,6 +249,7 @@ constexpr Sight kSights[] = {
     {u"enabled", {}, [](HWND w, int) { return Truth(!HasStyle(w, WS_DISABLED)); }},
     {u"visible", {}, [](HWND w, int) { return Truth(HasStyle(w, WS_VISIBLE)); }},
     {u"shown", {}, [](HWND w, int) { return Truth(IsWindowVisible(w) != FALSE); }},
+    {u"pointer", {}, [](HWND w, int) { return Text(headless::PointerWord(IsBusyOver(w))); }},
     {u"value", {}, [](HWND w, int) { return Decimal(Send(w, BM_GETCHECK)); }},
     {u"count", kStrip, [](HWND w, int) { return Decimal(Send(w, TCM_GETITEMCOUNT)); }},
     {u"count", {}, [](HWND w, int) { return Decimal(CountOf(w)); }},
@@ -584,7 +594,6 @@ Text WindowRobot::Read(const Text& control, const Text& property,
                        const std::vector<Text>& pictures) const {
   const HWND window = Find(control);
   if (property == u"tooltip") return ReadTooltip(window);
-  if (property == u"pointer") return Text(headless::PointerWord(IsBusyOver(control)));
   if (property == u"picture") return PictureIn(window, pictures);
   const std::size_t blank = property.find(u' ');
   const int row = blank == Text::npos ? -1 : ToInt32(TextView(property).substr(blank));
@@ -594,16 +603,6 @@ Text WindowRobot::Read(const Text& control, const Text& property,
     return sight.read(window, row);
   }
   throw StageError("no window shows the property " + ToUtf8(property));
-}
-
-bool WindowRobot::IsBusyOver(const Text& control) const {
-  const HWND window = Find(control);
-  const HCURSOR before = GetCursor();
-  SetCursor(LoadCursorW(nullptr, IDC_ARROW));
-  Send(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
-  const bool busy = GetCursor() == LoadCursorW(nullptr, IDC_WAIT);
-  SetCursor(before);
-  return busy;
 }
 
 Text WindowRobot::Focused() const {
@@ -641,22 +640,13 @@ OpenBox FindOpenBox() {
   return box;
 }
 
-void AcknowledgeBox(const OpenBox& box) {
-  Send(box.window, WM_COMMAND, IDOK);
-}
-
-void AnswerFileBox(const OpenBox& box, const std::vector<Text>& paths) {
-  if (paths.empty()) {
-    Send(box.window, WM_COMMAND, IDCANCEL);
-    return;
+void AnswerBox(const OpenBox& box, const std::vector<Text>& paths) {
+  if (box.asks_for_file && !paths.empty()) {
+    const Text quoted = Concat({u"\"", Joined(paths, u"\" \""), u"\""});
+    const Text& answer = paths.size() == 1 ? paths.front() : quoted;
+    Send(FileNameField(box.window), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(answer)));
   }
-  Text answer = paths.front();
-  if (paths.size() > 1) {
-    answer.clear();
-    for (const Text& path : paths) answer += Concat({answer.empty() ? u"\"" : u" \"", path, u"\""});
-  }
-  Send(FileNameField(box.window), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(answer)));
-  Send(box.window, WM_COMMAND, IDOK);
+  Send(box.window, WM_COMMAND, box.asks_for_file && paths.empty() ? IDCANCEL : IDOK);
 }
 
 namespace {

@@ -66,8 +66,6 @@ class WindowRobot {
   // among `pictures` (full paths) and read as the file's name, empty when none shows.
   [[nodiscard]] Text Read(const Text& control, const Text& property,
                           const std::vector<Text>& pictures = {}) const;
-  // True when the pointer over the control would be the hourglass.
-  [[nodiscard]] bool IsBusyOver(const Text& control) const;
   // The name of the control that has the keyboard focus; empty when none of the dialog's has.
   [[nodiscard]] Text Focused() const;
 
@@ -108,9 +106,9 @@ struct OpenBox {
 };
 // The one opened last.
 [[nodiscard]] OpenBox FindOpenBox();
-void AcknowledgeBox(const OpenBox& box);
-// Picks these full paths in a file dialog, or cancels it when there is none.
-void AnswerFileBox(const OpenBox& box, const std::vector<Text>& paths);
+// Acknowledges a message box; picks these full paths in a file dialog, or cancels it when there is
+// none.
+void AnswerBox(const OpenBox& box, const std::vector<Text>& paths = {});
 
 // Runs `turn` again and again from this thread's message loops, nested ones included, while it
 // exists; also while a call of `turn` waits for a box to be closed. One at a time in a thread.

@@ -1,5 +1,5 @@
 // What stands for the system, the host or the operator does not live on the plug-in's memory:
-// where tests make allocations fail (host/watch/failing_allocations.h), it is spared.
+// where tests make allocations fail (host/watch/fault_plan.h), it is spared.
 #pragma once
 
 namespace quill::headless {

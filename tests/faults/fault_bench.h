@@ -7,7 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "host/watch/failing_allocations.h"
 #include "host/watch/fault_plan.h"
 #include "host/watch/plugin_invariants.h"
 #include "tests/doubles/plug_in_bench.h"

@@ -9,7 +9,6 @@
 #include <sstream>
 
 #include "host/remote/wire.h"
-#include "host/story/headless_stage.h"
 #include "tests/doubles/scratch_folder.h"
 
 namespace quill::host {

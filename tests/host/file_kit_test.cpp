@@ -6,9 +6,7 @@
 #include <regex>
 
 #include "headless/memory_file_system.h"
-#include "host/kit/disk_storage.h"
-#include "host/kit/log_time.h"
-#include "host/kit/memory_storage.h"
+#include "host/kit/file_storage.h"
 #include "host/kit/text_file.h"
 #include "tests/doubles/scratch_folder.h"
 

@@ -7,10 +7,9 @@
 #include <iterator>
 
 #include "headless/memory_file_system.h"
-#include "host/kit/memory_storage.h"
+#include "host/kit/file_storage.h"
 #include "host/remote/scenario.h"
 #include "host/remote/wire.h"
-#include "host/story/headless_stage.h"
 
 namespace quill::host {
 namespace {

@@ -1,6 +1,6 @@
 // The arrays and collections that hosts and scripts hand over, of every make.
 #include "com/late_bound.h"
-#include "host/win32/plugin_client.h"
+#include "host/win32/plugin_session.h"
 #include "tests/server/scripted_object.h"
 
 namespace quill::com {

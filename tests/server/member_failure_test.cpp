@@ -1,6 +1,6 @@
 // A member without a trap that fails: its caller learns the number and the description, however it
 // is bound, and can go on.
-#include "host/win32/failing_texts.h"
+#include "host/win32/import_table.h"
 #include "tests/server/plugin_bench.h"
 
 namespace quill::com {

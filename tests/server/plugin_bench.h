@@ -15,11 +15,11 @@
 #include "com/com_ptr.h"
 #include "com/identifiers.h"
 #include "com/variant.h"
-#include "host/kit/disk_storage.h"
 #include "host/kit/file_kit.h"
+#include "host/kit/file_storage.h"
 #include "host/watch/watched_file_kit.h"
 #include "host/win32/host_folder.h"
-#include "host/win32/kit_classes.h"
+#include "host/win32/kit_object.h"
 #include "host/win32/plugin_library.h"
 #include "host/win32/window_robot.h"
 #include "host/win32/wine.h"
@@ -230,10 +230,10 @@ class PluginBench : public testing::Test {
   void Watch() {
     const host::OpenBox box = host::FindOpenBox();
     if (box.window != nullptr && box.asks_for_file) {
-      host::AnswerFileBox(box, picked);
+      host::AnswerBox(box, picked);
     } else if (box.window != nullptr) {
       boxes.push_back({box.caption, box.text});
-      host::AcknowledgeBox(box);
+      host::AnswerBox(box);
     } else if (robot.FormShown()) {
       if (const auto step = std::exchange(while_shown, nullptr)) {
         step();

@@ -7,7 +7,7 @@
 
 #include "host/remote/scenario.h"
 #include "host/story/story_player.h"
-#include "host/win32/plugin_client.h"
+#include "host/win32/plugin_session.h"
 #include "tests/server/plugin_bench.h"
 
 namespace quill::com {

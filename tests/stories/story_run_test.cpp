@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/story/headless_stage.h"
+#include "host/story/stage.h"
 
 namespace quill::host {
 namespace {

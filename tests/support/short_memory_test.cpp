@@ -5,7 +5,7 @@
 #include <stdexcept>
 
 #include "host/headless/headless_host.h"
-#include "host/watch/failing_allocations.h"
+#include "host/watch/fault_plan.h"
 #include "support/base64.h"
 #include "support/trap.h"
 

@@ -10,7 +10,7 @@
 #include <set>
 
 #include "dialog/option_table.h"
-#include "host/watch/failing_allocations.h"
+#include "host/watch/fault_plan.h"
 #include "host/win32/high_contrast.h"
 #include "host/win32/leak_watch.h"
 #include "host/win32/window_picture.h"

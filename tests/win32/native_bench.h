@@ -87,10 +87,10 @@ struct NativeBench {
   void AnswerBox(const host::OpenBox& box) {
     if (const auto step = std::exchange(during_box, nullptr)) step();
     if (box.asks_for_file) {
-      host::AnswerFileBox(box, file_answer);
+      host::AnswerBox(box, file_answer);
     } else {
       boxes.push_back({box.caption, box.text});
-      host::AcknowledgeBox(box);
+      host::AnswerBox(box);
     }
   }
 

@@ -4,13 +4,15 @@
 #include <deque>
 #include <filesystem>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "com/com_error.h"
 #include "com/late_bound.h"
 #include "com/library_use.h"
 #include "com/variant.h"
-#include "host/win32/failing_texts.h"
+#include "host/kit/text_line.h"
+#include "host/win32/import_table.h"
 #include "host/win32/member_table.h"
 #include "host/win32/window_picture.h"
 #include "host/win32/window_robot.h"
@@ -72,7 +74,7 @@ class Robot final : public TableObject {
                          const Text& property) { return robot_.Read(control, property); }},
         {u"IsShown", [this] { return robot_.FormShown(); }},
         {u"AnswerFile", [this](const Text& path) { files_.push_back(path); }},
-        {u"Boxes", [this] { return TakeBoxes(); }},
+        {u"Boxes", [this] { return Joined(std::exchange(boxes_, {}), u"\n"); }},
         {u"RefuseNextText",
          [] {
            const HMODULE plugin = GetModuleHandleW(L"kvrrcBHDGS.dll");
@@ -94,13 +96,6 @@ class Robot final : public TableObject {
   void Press(const Text& control, std::int16_t button) {
     robot_.Press(control, button);
     robot_.Release(control, button);
-  }
-
-  Text TakeBoxes() {
-    Text joined;
-    for (const Text& box : boxes_) joined += Concat({joined.empty() ? u"" : u"\n", box});
-    boxes_.clear();
-    return joined;
   }
 
   void Turn() {
@@ -134,14 +129,14 @@ class Robot final : public TableObject {
     Attempt([&] {
       if (!box.asks_for_file) {
         boxes_.push_back(Concat({box.caption, u": ", ReplaceAll(box.text, kLineBreak, u" / ")}));
-        return AcknowledgeBox(box);
+        return AnswerBox(box);
       }
       std::vector<Text> paths;
       if (!files_.empty()) {
         paths.push_back(std::move(files_.front()));
         files_.pop_front();
       }
-      AnswerFileBox(box, paths);
+      AnswerBox(box, paths);
     });
     box_in_hand_ = nullptr;
   }

@@ -1,5 +1,5 @@
-// Reading, replacing and appending with standard streams.
-#include "host/kit/disk_storage.h"
+// Reading, replacing and appending on a disk with standard streams.
+#include "host/kit/file_storage.h"
 
 #include <fstream>
 #include <ios>
