@@ -3,9 +3,12 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <span>
+#include <vector>
 
 #include "host/story/stage.h"
 #include "support/text.h"
@@ -40,6 +43,25 @@ class Console {
   std::ostream& output_;
   std::ostream& errors_;
 };
+
+// The arguments of one command: options with a value each, and what is left.
+struct CommandOption {
+  TextView name;   // "--mod"
+  TextView value;  // what its value is called in the help
+  TextView help;
+};
+
+struct Arguments {
+  std::vector<Text> positional;
+  std::map<Text, Text> options;  // by name
+
+  [[nodiscard]] std::optional<Text> Option(TextView name) const;
+};
+
+// Options are written "--mod VALUE" or "--mod=VALUE", anywhere; "--" ends them. Throws UsageError
+// for an unknown option, one without its value and one given twice.
+[[nodiscard]] Arguments ParseArguments(std::span<const Text> words,
+                                       std::span<const CommandOption> options);
 
 // What the program around the command line offers.
 struct CommandLineParts {

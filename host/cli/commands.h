@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <string>
 
-#include "host/cli/arguments.h"
 #include "host/cli/command_line.h"
 #include "host/remote/scenario.h"
 

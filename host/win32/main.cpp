@@ -8,7 +8,6 @@
 #include <system_error>
 #include <vector>
 
-#include "host/cli/arguments.h"
 #include "host/cli/command_line.h"
 #include "host/win32/endurance.h"
 #include "host/win32/high_contrast.h"

@@ -422,15 +422,15 @@ TEST_F(DialogWindows, BoxesBelongToTheDialogAndFilesArePicked) {
 
 TEST_F(DialogWindows, PointersTurnBusyAndBack) {
   Show([&](frmrcBHDGS& dialog) {
-    EXPECT_FALSE(robot.IsBusyOver(u"txtName"));
+    EXPECT_EQ(robot.Read(u"txtName", u"pointer"), u"default");
     dialog.pointer = ui::Pointer::kBusy;
-    EXPECT_TRUE(robot.IsBusyOver(u"txtName"));
-    EXPECT_TRUE(robot.IsBusyOver(u"frmrcBHDGS"));
+    EXPECT_EQ(robot.Read(u"txtName", u"pointer"), u"busy");
+    EXPECT_EQ(robot.Read(u"frmrcBHDGS", u"pointer"), u"busy");
     dialog.pointer = ui::Pointer::kDefault;
     toolkit->SetScreenPointer(ui::Pointer::kBusy);
-    EXPECT_TRUE(robot.IsBusyOver(u"tsMain"));
+    EXPECT_EQ(robot.Read(u"tsMain", u"pointer"), u"busy");
     toolkit->SetScreenPointer(ui::Pointer::kDefault);
-    EXPECT_FALSE(robot.IsBusyOver(u"tsMain"));
+    EXPECT_EQ(robot.Read(u"tsMain", u"pointer"), u"default");
   });
 }
 
