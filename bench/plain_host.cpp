@@ -70,7 +70,7 @@ void PlainHost::Select(int count) {
   const auto rows = CatalogueRows();
   session.maps.selected.Clear();
   for (int i = 0; i < count; ++i) {
-    const CatalogueRow& row = rows[static_cast<std::size_t>(i) % rows.size()];
+    const KnownMap& row = rows[static_cast<std::size_t>(i) % rows.size()];
     session.maps.selected.Append({Text(row.name), Text(row.file), row.game_type - u'0', false});
   }
   TakeDialog(session)->BuildMapList();

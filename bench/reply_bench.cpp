@@ -12,11 +12,8 @@
 #include "bench/base64_coders.h"
 #include "bench/measurements.h"
 #include "bench/plain_host.h"
-#include "remote/compressed_frame.h"
 #include "remote/replies.h"
-#include "remote/reply_fields.h"
 #include "remote/request_file.h"
-#include "remote/server_maps_field.h"
 #include "support/base64.h"
 
 namespace quill::bench {
@@ -113,7 +110,7 @@ void FillModel(benchmark::State& state, const std::string& payload) {
     ServerMapList maps;
     ReplyFields fields;
     fields.Assign(DecodeFrame(kFrame, kit));
-    ReadServerMaps(fields[kMapsField], page, maps);
+    maps.AppendField(fields[kMapsField], page);
     benchmark::DoNotOptimize(maps);
     benchmark::ClobberMemory();
   }

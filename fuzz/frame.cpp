@@ -7,8 +7,8 @@
 #include "host/remote/wire.h"
 #include "maps/map_entry.h"
 #include "maps/server_map_list.h"
-#include "remote/compressed_frame.h"
-#include "remote/reply_fields.h"
+#include "remote/replies.h"
+#include "remote/request_file.h"
 
 namespace quill::fuzz {
 namespace {
@@ -60,15 +60,15 @@ void CheckFields(TextView text) {
 void CheckServerMap(TextView text) {
   ServerMapList maps;
   const auto taken = Attempt([&] { return maps.AppendEntry(text), true; });
-  Claim(maps.Count() == (taken ? 1 : 0));
+  Claim(maps.maps().size() == (taken ? 1U : 0U));
   if (text.empty()) return Claim(!taken);
   const TextView game_type = text.substr(text.size() - 1);
   const auto entry = Attempt([&] { return SplitMapEntry(text.substr(0, text.size() - 1)); });
   Claim(taken.has_value() == entry.has_value());
   if (!entry) return;
-  Claim(maps.ServerMapGameTypes(1) == game_type);
-  Claim(maps.ServerMapNames(1) == entry->name && maps.ServerMapFiles(1) == entry->file);
-  Claim(maps.PositionOfFile(entry->file, game_type) == 1 && maps.HasName(entry->name));
+  const KnownMap& map = maps.maps().front();
+  Claim(map.name == entry->name && map.file == entry->file && map.game_type == game_type.front());
+  Claim(maps.Find(entry->file, game_type) == &map && maps.HasName(entry->name));
 }
 
 }  // namespace

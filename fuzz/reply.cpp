@@ -23,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto items = Split(fields[25], u"|");
     const auto maps =
         std::count_if(items.begin(), items.end(), [](TextView item) { return !IsBlank(item); });
-    Claim(bench.module.maps.server.Count() == maps);
+    Claim(std::ssize(bench.module.maps.server.maps()) == maps);
   }
   bench.CheckInvariants({.available_maps_are_shown = false});
 

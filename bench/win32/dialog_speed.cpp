@@ -34,7 +34,7 @@ void PrintMedian(const char* name, Work work) {
 void Fill(SelectedMapList& rotation) {
   const auto rows = CatalogueRows();
   for (int i = 0; i < kRotationLimit; ++i) {
-    const CatalogueRow& row = rows[static_cast<std::size_t>(i) % rows.size()];
+    const KnownMap& row = rows[static_cast<std::size_t>(i) % rows.size()];
     rotation.Append({Text(row.name), Text(row.file), row.game_type - u'0', false});
   }
 }
@@ -43,7 +43,7 @@ void MeasureActions(NativeBench& bench) {
   host::DiskStorage storage([](TextView path) { return std::filesystem::path(path); });
   host::ErrorJournal journal(bench.session.HostRoot, bench.files, storage);
   bench.session.file_kit = std::make_unique<host::HostFileKit>(storage, journal);
-  Session& remote = bench.session;
+
   bench.Show([&](frmrcBHDGS& dialog) {
     auto& mods = dialog.Get<ui::ComboBox>(u"cboMods");
     mods.Clear();
@@ -58,7 +58,7 @@ void MeasureActions(NativeBench& bench) {
     dialog.Get<ui::TextBox>(u"txtName").SetText(u"Night Server");
     dialog.Get<ui::TextBox>(u"txtMaxPing").SetText(u"900");
     dialog.Get<ui::TextBox>(u"txtPort").SetText(u"17479");
-    PrintMedian("start_to_request", [&] { StartGame(remote, dialog); });
+    PrintMedian("start_to_request", [&] { StartGame(dialog); });
     if (!bench.files.FileExists(RequestPath(bench.session.HostRoot, kStartGame))) {
       throw std::runtime_error("there is no request file");
     }

@@ -5,7 +5,7 @@
 #include <exception>
 #include <utility>
 
-#include "dialog/game_types.h"
+#include "maps/map_catalogue.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
 
@@ -97,7 +97,7 @@ std::unique_ptr<ByteReader> DialogTrial::Reader(std::string_view bytes) {
 }
 
 bool DialogTrial::UsesTeamSabreMaps() const {
-  return maps().catalogue.Count() == std::ssize(CatalogueRows());
+  return maps().catalogue.size() == CatalogueRows().size();
 }
 
 const LoggedFailure* DialogTrial::FailureOf(TextView label) const {
@@ -108,9 +108,9 @@ const LoggedFailure* DialogTrial::FailureOf(TextView label) const {
 Text DialogTrial::WhyMissing(TextView code, TextView flag, TextView file) const {
   const TextView name = TrimBlanks(file);
   if (MeansServerMap(flag)) {
-    for (int position = 1; position <= maps().server.Count(); ++position) {
-      const TextView own_code = maps().server.ServerMapGameTypes(position);
-      if (maps().server.ServerMapFiles(position) == name && AreOneNumber(own_code, code)) {
+    for (const KnownMap& map : maps().server.maps()) {
+      const TextView own_code(&map.game_type, 1);
+      if (map.file == name && AreOneNumber(own_code, code)) {
         return WrittenOtherwise(own_code);
       }
     }
@@ -118,7 +118,7 @@ Text DialogTrial::WhyMissing(TextView code, TextView flag, TextView file) const 
     return u"it is one of a machine's own maps, which only a scenario tells";
   }
   Text why = u"the game has no such map";
-  for (const CatalogueRow& row : CatalogueRows()) {
+  for (const KnownMap& row : CatalogueRows()) {
     if (!EqualIgnoringCase(row.file, name)) continue;
     if (row.file != name) {
       why = Concat({u"its name is written ", row.file});

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "dialog/game_types.h"
+#include "maps/map_catalogue.h"
 #include "maps/map_entry.h"
 
 namespace quill::host {

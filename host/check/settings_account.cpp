@@ -5,10 +5,9 @@
 #include <span>
 #include <utility>
 
-#include "dialog/option_table.h"
-#include "dialog/option_value.h"
-#include "dialog/previous_settings.h"
-#include "dialog/stored_map.h"
+#include "dialog/map_list_file.h"
+#include "dialog/option_control.h"
+#include "dialog/settings_file.h"
 #include "host/check/dialog_trial.h"
 #include "host/kit/ini_text.h"
 #include "host/kit/text_file.h"

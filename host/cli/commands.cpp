@@ -8,7 +8,6 @@
 #include <system_error>
 #include <vector>
 
-#include "dialog/game_types.h"
 #include "host/check/file_account.h"
 #include "host/kit/text_file.h"
 #include "host/remote/start_request.h"
@@ -140,7 +139,7 @@ int RunCatalogueCommand(const Arguments& arguments, const CommandLineParts&, Con
     if (!wanted) throw UsageError(Concat({u"there is no game type \"", *type, u"\""}));
   }
   std::int64_t count = 0;
-  for (const CatalogueRow& row : CatalogueRows()) {
+  for (const KnownMap& row : CatalogueRows()) {
     const int code = row.game_type - u'0';
     if ((standard_only && row.team_sabre_only) || (wanted && code != *wanted)) continue;
     ++count;

@@ -51,7 +51,7 @@ class HeadlessHost : private HostServices {
   ErrorJournal journal{kRoot, memory, storage};
   HostFileKit host_kit{storage, journal};
   host::KitWatch watch;
-  mdlBHDGS module{{toolkit, files, paths, clock, CodePage::Windows1252(), *this}};
+  mdlBHDGS module{{toolkit, files, clock, CodePage::Windows1252()}, paths, *this};
   headless::HeadlessOperator person{toolkit, [this]() -> ui::Form* { return module.dialog.get(); }};
 
   // Told before "CreateFileKit" and "CreateMemoryKit"; the object is not offered when it throws.

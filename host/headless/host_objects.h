@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "plugin/host_values.h"
+#include "plugin/host_objects.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
 

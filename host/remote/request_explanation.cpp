@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "dialog/game_types.h"
 #include "host/remote/wire.h"
+#include "maps/map_catalogue.h"
 
 namespace quill::host {
 namespace {

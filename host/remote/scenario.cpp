@@ -6,10 +6,10 @@
 #include <set>
 #include <span>
 
-#include "dialog/game_types.h"
 #include "host/kit/text_file.h"
 #include "host/kit/text_line.h"
 #include "host/remote/wire.h"
+#include "maps/map_catalogue.h"
 #include "maps/map_entry.h"
 #include "plugin/operator_rights.h"
 #include "support/number_text.h"

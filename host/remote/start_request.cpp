@@ -5,7 +5,6 @@
 #include <array>
 #include <span>
 
-#include "dialog/game_types.h"
 #include "host/remote/setting_table.h"
 #include "host/remote/wire.h"
 #include "maps/map_catalogue.h"
@@ -201,7 +200,7 @@ class Decoder {
       return Concat({u"the machine has no own map ", map.file, u" of that game type"});
     }
     Text doubt = Concat({u"the game has no map ", map.file, u" of that game type"});
-    for (const CatalogueRow& row : CatalogueRows()) {
+    for (const KnownMap& row : CatalogueRows()) {
       if (!is_meant(row.file, row.game_type - u'0')) continue;
       if (!row.team_sabre_only || request_.mod != u"None") return {};
       doubt = Concat({map.file, u" comes with Team Sabre only"});

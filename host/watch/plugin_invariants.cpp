@@ -48,35 +48,30 @@ class Inspection {
   }
 
   void Catalogue() {
-    const MapCatalogue& catalogue = maps_.catalogue;
     const auto rows = CatalogueRows();
-    const auto standard = std::ranges::count(rows, false, &CatalogueRow::team_sabre_only);
-    const int count = catalogue.Count();
+    const auto standard = std::ranges::count(rows, false, &KnownMap::team_sabre_only);
+    const auto count = std::ssize(maps_.catalogue);
     if (count == 0) return;
     const bool is_whole = count == std::ssize(rows) || count == standard;
     Holds(is_whole, {u"The catalogue has ", Decimal(count), u" maps"});
     if (!is_whole) return;
-    int position = 0;
-    for (const CatalogueRow& row : rows) {
+    auto map = maps_.catalogue.begin();
+    for (const KnownMap& row : rows) {
       if (row.team_sabre_only && count == standard) continue;
-      ++position;
-      Holds(catalogue.MapNames(position) == row.name && catalogue.MapFiles(position) == row.file &&
-                catalogue.MapGameTypes(position) == TextView(&row.game_type, 1),
-            {u"The catalogue's map ", Decimal(position), u" is not '", row.name, u"'"});
+      Holds(map->name == row.name && map->file == row.file && map->game_type == row.game_type,
+            {u"The catalogue holds '", map->name, u"' in the place of '", row.name, u"'"});
+      ++map;
     }
   }
 
   void ServerMaps() {
     const ServerMapList& server = maps_.server;
-    for (int position = 1; position <= server.Count(); ++position) {
-      const TextView name = server.ServerMapNames(position);
-      const TextView file = server.ServerMapFiles(position);
-      const TextView type = server.ServerMapGameTypes(position);
-      const int found = server.PositionOfFile(file, type);
-      Holds(TrimBlanks(name) == name && TrimBlanks(file) == file && type.size() == 1 &&
-                server.HasName(name) && found >= 1 && found <= position &&
-                server.ServerMapFiles(found) == file && server.ServerMapGameTypes(found) == type,
-            {u"Server map ", Decimal(position), u" cannot be found again"});
+    for (const KnownMap& map : server.maps()) {
+      const KnownMap* const found = server.Find(map.file, {&map.game_type, 1});
+      Holds(TrimBlanks(map.name) == map.name && TrimBlanks(map.file) == map.file &&
+                server.HasName(map.name) && found != nullptr && found <= &map &&
+                found->file == map.file && found->game_type == map.game_type,
+            {u"Server map '", map.name, u"' cannot be found again"});
     }
   }
 
@@ -186,12 +181,11 @@ class Inspection {
     const int game_type = dialog.GameTypeIndex(dialog.txtGametype.text());
     int row = 0;
     bool agrees = true;
-    maps_.ForEachOfGameType(
-        static_cast<std::int16_t>(game_type), [&](TextView name, TextView file) {
-          agrees = agrees && row < list.Count() && list.Item(row) == JoinMapEntry(name, file) &&
-                   list.ItemData(row) == game_type;
-          ++row;
-        });
+    maps_.ForEachOfGameType(static_cast<std::int16_t>(game_type), [&](const KnownMap& map) {
+      agrees = agrees && row < list.Count() && list.Item(row) == JoinMapEntry(map.name, map.file) &&
+               list.ItemData(row) == game_type;
+      ++row;
+    });
     Holds(agrees && row == list.Count(), {u"lstAvlMaps: not the maps of the game type shown"});
     Holds(list.tooltip() ==
               Concat({u"Maps: ", Decimal(list.Count()), u" / ", Decimal(maps_.TotalMapCount())}),

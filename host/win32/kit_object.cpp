@@ -11,7 +11,7 @@
 #include "com/late_bound.h"
 #include "com/variant.h"
 #include "host/win32/member_table.h"
-#include "plugin/host_services.h"
+#include "plugin/host_objects.h"
 #include "support/runtime_error.h"
 
 namespace quill::host {

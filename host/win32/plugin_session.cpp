@@ -11,7 +11,7 @@
 #include "headless/shown_words.h"
 #include "host/kit/text_line.h"
 #include "host/win32/member_table.h"
-#include "plugin/host_services.h"
+#include "plugin/host_objects.h"
 #include "server/record.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"

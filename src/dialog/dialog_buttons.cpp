@@ -9,7 +9,7 @@ namespace quill {
 namespace {
 
 void StartGame(frmrcBHDGS& dialog) {
-  if (const auto start = dialog.session().start_game) start(dialog);
+  if (dialog.session().start_game != nullptr) dialog.session().start_game(dialog);
 }
 
 void Cancel(frmrcBHDGS& dialog) {
@@ -17,57 +17,29 @@ void Cancel(frmrcBHDGS& dialog) {
 }
 
 constexpr DialogButton kButtons[] = {
-    {u"cmdStart",
-     u"Start Game",
-     u"Frame3",
-     {1440, 240, 1335, 495},
-     u'S',
-     83,
-     u"Start Game",
-     StartGame},
-    {u"cmdSave",
-     u"Save Settings",
-     u"Frame3",
-     {3120, 240, 1335, 495},
-     u'V',
-     84,
-     u"Save Settings",
-     SaveSettings},
-    {u"cmdLoad",
-     u"Load Settings",
-     u"Frame3",
-     {4800, 240, 1335, 495},
-     u'L',
-     85,
-     u"Load Settings",
-     LoadSettings},
-    {u"cmdCancel", u"Cancel", u"Frame3", {6480, 240, 1335, 495}, u'C', 86, u"Cancel", Cancel},
+    {u"cmdStart", u"Start Game", u"Frame3", {1440, 240, 1335, 495}, u'S', 12, StartGame},
+    {u"cmdSave", u"Save Settings", u"Frame3", {3120, 240, 1335, 495}, u'V', 13, SaveSettings},
+    {u"cmdLoad", u"Load Settings", u"Frame3", {4800, 240, 1335, 495}, u'L', 14, LoadSettings},
+    {u"cmdCancel", u"Cancel", u"Frame3", {6480, 240, 1335, 495}, u'C', 15, Cancel},
     {u"cmdLeft",
      u"<",
      u"fmeMap",
      {790, 240, 300, 300},
      u'P',
-     69,
-     u"Previous Game Type",
+     1,
      ShowPreviousGameType,
+     u"Previous Game Type",
      true},
     {u"cmdRight",
      u">",
      u"fmeMap",
      {3500, 240, 300, 300},
      u'N',
-     71,
-     u"Next Game Type",
+     3,
      ShowNextGameType,
+     u"Next Game Type",
      true},
-    {u"cmdLoadMaps",
-     u"Load Maps",
-     u"fmeMap",
-     {6960, 2640, 1335, 495},
-     u'M',
-     77,
-     u"Load Maps",
-     LoadMapList},
+    {u"cmdLoadMaps", u"Load Maps", u"fmeMap", {6960, 2640, 1335, 495}, u'M', 9, LoadMapList},
 };
 
 ui::ImageButton Describe(frmrcBHDGS& dialog, const DialogButton& button, Text name) {
@@ -117,9 +89,9 @@ std::span<const DialogButton> DialogButtons() noexcept {
 void BuildButtonFace(frmrcBHDGS& dialog, const DialogButton& button) {
   ui::Image& face = ui::CreateButtonFace(dialog, Describe(dialog, button, FaceName(button)),
                                          dialog.session().HostRoot);
-  face.SetTabIndex(button.tab_index);
+  face.SetTabIndex(dialog.fmeMap.tab_index() + button.tab_place);
   face.repeats = button.repeats;
-  face.accessible_name = button.spoken;
+  face.accessible_name = button.spoken.empty() ? button.caption : button.spoken;
   ConnectMouse(face, dialog, button);
 }
 

@@ -14,10 +14,10 @@ struct DialogButton {
   TextView container;
   ui::Bounds bounds;
   char16_t access_key;  // reaches it together with Alt; no two of one page are the same
-  int tab_index;        // of the face
-  TextView spoken;      // what assistive tools call it
+  int tab_place;        // of the face in the tab order, behind fmeMap
   // What a release of any mouse button does.
   void (*action)(frmrcBHDGS& dialog);
+  TextView spoken = {};  // what assistive tools call it; empty: its caption
   bool repeats = false;  // while its key is held
 };
 

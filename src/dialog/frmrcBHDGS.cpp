@@ -1,15 +1,17 @@
-// The dialog's design, its load and unload, its tabs, spin lists and mods.
+// The dialog's design, its load and unload, its tabs, spin lists and mods, and what it shows of the
+// maps.
 #include "dialog/frmrcBHDGS.h"
 
 #include <algorithm>
+#include <deque>
 #include <exception>
-#include <iterator>
+#include <utility>
+#include <vector>
 
 #include "dialog/dialog_buttons.h"
-#include "dialog/dialog_design.h"
-#include "dialog/option_table.h"
+#include "dialog/option_control.h"
 #include "dialog/rotation.h"
-#include "support/trap.h"
+#include "maps/map_entry.h"
 #include "ui/tab_background.h"
 
 namespace quill {
@@ -22,7 +24,61 @@ constexpr TextView kMiscPage = u"Misc Options";
 constexpr ui::Twips kClientWidth = 9615;
 constexpr ui::Twips kClientHeight = 4695;
 constexpr ui::Bounds kPage = {120, 480, 9375, 3255};
+constexpr ui::Twips kListLabelHeight = 195;
+constexpr ui::Twips kLabelGap = 15;
 constexpr ui::Colour kFrameColour = 0x00D8E9EC;
+
+ui::Frame& AddFrame(ui::Form& form, Text name, TextView caption, const ui::Bounds& bounds,
+                    bool visible = true) {
+  auto& frame = form.Add<ui::Frame>(std::move(name), nullptr, caption);
+  frame.SetBounds(bounds);
+  frame.SetVisible(visible);
+  return frame;
+}
+
+// A list of many rows with extended selection, under a label of its own. `label` is not copied.
+ui::ListBox& AddMapList(ui::Form& form, ui::Control& container, Text name, Text label_name,
+                        TextView label, const ui::Bounds& bounds) {
+  auto& caption = form.Add<ui::Label>(std::move(label_name), &container, label);
+  caption.SetBounds(
+      {bounds.left, bounds.top - kLabelGap - kListLabelHeight, bounds.width, kListLabelHeight});
+  auto& list = form.Add<ui::ListBox>(std::move(name), &container, ui::Selection::kExtended,
+                                     ui::ListHeight::kManyRows);
+  list.SetBounds(bounds);
+  list.accessible_name = label;
+  return list;
+}
+
+// Adds the numbers to all number lists, in the order of the options. Neighbours of the same range
+// are filled together, one number at a time.
+void FillNumberLists(ui::Form& form) {
+  const auto options = Options();
+  for (auto first = options.begin(), last = first; first != options.end(); first = last) {
+    const NumberRange numbers = first->numbers;
+    last = std::ranges::find_if(first, options.end(),
+                                [&](const Option& option) { return option.numbers != numbers; });
+    if (numbers == NumberRange{}) continue;
+    std::vector<ui::ListBox*> lists;
+    std::deque<ui::ListBox::Refill> refills;
+    for (const Option& option : std::span(first, last)) {
+      refills.emplace_back(*lists.emplace_back(&form.Get<ui::ListBox>(option.key)));
+    }
+    for (int number = numbers.first; number <= numbers.last; ++number) {
+      const Text item = Decimal(number);
+      for (ui::ListBox* list : lists) list->AddItem(item);
+    }
+    for (ui::ListBox::Refill& refill : refills) refill.Finish();
+  }
+}
+
+void AddMapRow(ui::ListBox& list, TextView name, TextView file, std::int32_t game_type) {
+  list.AddItem(JoinMapEntry(name, file));
+  list.SetItemData(list.Count() - 1, game_type);
+}
+
+void ShowCount(ui::ListBox& list, const MapLists& maps) {
+  list.tooltip = Concat({u"Maps: ", Decimal(list.Count()), u" / ", Decimal(maps.TotalMapCount())});
+}
 
 }  // namespace
 
@@ -44,8 +100,7 @@ frmrcBHDGS::frmrcBHDGS(Session& session)
       cmdRandomize(Add<ui::CommandButton>(u"cmdRandomize", &fmeMap, TextView(), u"SHUFFLE")),
       Picture1(Add<ui::PictureBox>(u"Picture1", nullptr, kFrameColour)),
       cdSettings(Add<ui::FileDialog>(u"cdSettings", nullptr)),
-      session_(session),
-      start_wait_(*this, Frame3, session.clock) {
+      session_(session) {
   tsMain.SetBounds({0, 0, kClientWidth, kClientHeight});
   // The pages' lower edges lie on the frame below them.
   for (ui::Frame* page : {&fmeServer, &fmeMap, &fmeMisc}) page->BringToFront();
@@ -65,9 +120,9 @@ frmrcBHDGS::frmrcBHDGS(Session& session)
   Connect();
 }
 
-// The image buttons bring their own numbers. Those of the map page lie between its other controls,
-// those below the pages come last. The notes beside the lists make room for the former, so that the
-// map page's last control, the shuffle button, is number 78.
+// The image buttons bring their own places. Those of the map page lie between its other controls,
+// those below the pages come last of all that takes the focus. The notes beside the lists come
+// behind them, so that the map page's last control, the shuffle button, is number 78.
 void frmrcBHDGS::NumberTabOrder() {
   int next = 0;
   const auto number = [&](ui::Control& control) { control.SetTabIndex(next++); };
@@ -81,10 +136,13 @@ void frmrcBHDGS::NumberTabOrder() {
   }
   number(fmeMap);
   for (ui::Control* control : fmeMap.children()) {
-    for (const DialogButton& button : DialogButtons()) next += button.tab_index == next ? 1 : 0;
+    for (const DialogButton& button : DialogButtons()) {
+      if (fmeMap.tab_index() + button.tab_place == next) ++next;
+    }
     number(*control);
   }
   number(Picture1);
+  for (const DialogButton& button : DialogButtons()) next += &At(button.container) == &Frame3;
   for (ui::Control* control : fmeServer.children()) {
     if (is_note(*control)) number(*control);
   }
@@ -124,9 +182,8 @@ void frmrcBHDGS::Form_Load() {
 }
 
 int frmrcBHDGS::GameTypeIndex(TextView name) const noexcept {
-  const auto found = std::find(game_types_.begin(), game_types_.end(), name);
-  return found == game_types_.end() ? kNoGameType
-                                    : static_cast<int>(std::distance(game_types_.begin(), found));
+  const auto found = std::ranges::find(game_types_, name);
+  return found == game_types_.end() ? kNoGameType : static_cast<int>(found - game_types_.begin());
 }
 
 void frmrcBHDGS::tsMain_Click() {
@@ -147,13 +204,79 @@ void frmrcBHDGS::tsMain_Click() {
 void frmrcBHDGS::cboMods_Click() {
   const int game_type = GameTypeIndex(txtGametype.text());
   const bool standard = Get<ui::ComboBox>(u"cboMods").text() == u"None";
-  session_.maps.catalogue.LoadMapCatalogue(standard ? kStandardModFlag : kTeamSabreModFlag);
+  session_.maps.catalogue = LoadMapCatalogue(standard ? kStandardModFlag : kTeamSabreModFlag);
   SetMaps(static_cast<std::int16_t>(game_type));
+}
+
+void frmrcBHDGS::SetMaps(std::int16_t Gametype) {
+  Trapped(session_.reporter, u"SetMaps", [&](Line& at) {
+    {
+      ui::ListBox::Refill refill(lstAvlMaps);
+      at(), lstAvlMaps.Clear();
+      at(), session_.maps.ForEachOfGameType(Gametype, [&](const KnownMap& map) {
+        AddMapRow(lstAvlMaps, map.name, map.file, Gametype);
+      });
+      at(), refill.Finish();
+    }
+    at(), ShowCount(lstAvlMaps, session_.maps);
+  });
+}
+
+void frmrcBHDGS::ShowRotation(Line& at) {
+  MapLists& maps = session_.maps;
+  ui::ListBox& list = lstSelMaps;
+  maps.history.Note(maps.selected);
+  const int top = list.TopIndex();
+  const int current = list.ListIndex();
+  {
+    const ui::ListBox::Refill refill(list);
+    at(), list.Clear();
+    at(), list.SetVisible(false);
+    for (const SelectedMap& map : maps.selected.maps()) {
+      at(), AddMapRow(list, map.name, map.file, map.game_type);
+    }
+    const int count = list.Count();
+    at(), list.SetCurrentRow(std::min(current, count - 1));
+    if (count > 0) at(), list.SetTopIndex(std::clamp(count - list.VisibleRows(), 0, top));
+  }
+  at(), list.SetVisible(true);
+  at(), ShowCount(list, maps);
+  at(), lblMapCnt.caption = Concat({u"Number of Maps: ", Decimal(list.Count())});
+}
+
+void frmrcBHDGS::BuildMapList() {
+  Trapped(
+      session_.reporter, u"BuildMapList", [&](Line& at) { ShowRotation(at); },
+      [&](RuntimeError&) { lstSelMaps.SetVisible(true); });
+}
+
+void frmrcBHDGS::ShowStartWait() noexcept {
+  // Nothing depends on it, so a failure is dropped.
+  RunEach([&] {
+    if (waiting_ == nullptr) {
+      waiting_ = &Add<ui::Label>(u"lblWaiting", &Frame3);
+      // Right of the last button, as high as its face.
+      waiting_->SetBounds({7935, 285, 1320, 405});
+    }
+    const int minute = session_.clock.MinuteOfDay();
+    const Text digits = Decimal(10000 + minute / 60 * 100 + minute % 60);
+    waiting_->caption =
+        Concat({u"Awaiting reply since ", digits.substr(1, 2), u":", digits.substr(3)});
+    waiting_->SetVisible(true);
+  });
+}
+
+void frmrcBHDGS::HideStartWait() noexcept {
+  if (waiting_ != nullptr) RunEach([&] { waiting_->SetVisible(false); });
 }
 
 void frmrcBHDGS::Form_Unload() {
   session_.toolkit.SetScreenPointer(ui::Pointer::kDefault);
   ui::DetachTabBackground(tsMain);
+}
+
+void Session::RestorePointer() const {
+  if (dialog) dialog->pointer = ui::Pointer::kDefault;
 }
 
 std::shared_ptr<frmrcBHDGS> TakeDialog(Session& session) {

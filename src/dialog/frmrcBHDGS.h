@@ -3,12 +3,14 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
+#include <utility>
 
-#include "dialog/game_types.h"
 #include "dialog/session.h"
-#include "dialog/start_wait.h"
+#include "maps/map_catalogue.h"
 #include "support/text.h"
+#include "support/trap.h"
 #include "ui/controls.h"
 #include "ui/form.h"
 #include "ui/list_box.h"
@@ -28,6 +30,14 @@ class frmrcBHDGS final : public ui::Form {
   void SetMaps(std::int16_t Gametype);
   // Refreshes lstSelMaps and lblMapCnt from the rotation. Trapped.
   void BuildMapList();
+  // The same without a trap; `at` notes the step. The list keeps its place, and the history takes
+  // note of the change. A failure can leave the list hidden.
+  void ShowRotation(Line& at);
+
+  // What the operator sees while the answer to a start is awaited: since when, beside the buttons.
+  // Where that cannot be shown the wait goes on unseen.
+  void ShowStartWait() noexcept;
+  void HideStartWait() noexcept;
 
   // The game types by index; empty until Form_Load has come to them.
   [[nodiscard]] std::span<const TextView> game_types() const noexcept { return game_types_; }
@@ -35,7 +45,6 @@ class frmrcBHDGS final : public ui::Form {
   [[nodiscard]] int GameTypeIndex(TextView name) const noexcept;
 
   [[nodiscard]] Session& session() const noexcept { return session_; }
-  [[nodiscard]] StartWait& start_wait() noexcept { return start_wait_; }
 
   // Controls that code names; every option is found by its key (Form::Get).
   ui::TabStrip& tsMain;
@@ -60,7 +69,24 @@ class frmrcBHDGS final : public ui::Form {
 
   Session& session_;
   std::span<const TextView> game_types_;
-  StartWait start_wait_;
+  ui::Label* waiting_ = nullptr;  // made for the first wait
+};
+
+// The one dialog, created hidden when there is none, and held in memory while a host call works
+// with it, because what the call sets off may unload it.
+class DialogInUse {
+ public:
+  explicit DialogInUse(Session& session) : DialogInUse(TakeDialog(session)) {}
+
+  [[nodiscard]] frmrcBHDGS& operator*() const noexcept { return dialog_; }
+  [[nodiscard]] frmrcBHDGS* operator->() const noexcept { return &dialog_; }
+
+ private:
+  explicit DialogInUse(std::shared_ptr<frmrcBHDGS> dialog)
+      : dialog_(*dialog), keep_alive_(std::move(dialog)) {}
+
+  frmrcBHDGS& dialog_;
+  ui::KeepAlive keep_alive_;
 };
 
 }  // namespace quill

@@ -1,4 +1,4 @@
-// Reading a map list into the rotation.
+// How files name maps, and reading a map list into the rotation.
 #include "dialog/map_list_file.h"
 
 #include <memory>
@@ -6,12 +6,13 @@
 
 #include "dialog/frmrcBHDGS.h"
 #include "dialog/profile_folders.h"
-#include "dialog/rotation_view.h"
 #include "dialog/text_lines.h"
-#include "support/trap.h"
+#include "support/number_text.h"
 
 namespace quill {
 namespace {
+
+constexpr TextView kSeparator = u"[-]";
 
 // Adds the map of one line; a line that is no reference or names no known map is passed over.
 void TakeLine(MapLists& maps, TextView line) {
@@ -25,9 +26,27 @@ void TakeLine(MapLists& maps, TextView line) {
 
 }  // namespace
 
+std::vector<TextView> SplitStoredMap(TextView text) {
+  return Split(text, kSeparator);
+}
+
+Text StoredMapText(const SelectedMap& map) {
+  const TextView flag = map.server_map ? u"1" : u"0";
+  return Concat({Decimal(map.game_type), kSeparator, flag, kSeparator, map.file});
+}
+
+std::optional<SelectedMap> FindStoredMap(const MapLists& maps, TextView code, TextView flag,
+                                         TextView file) {
+  const bool server_map = ToTruth(flag);
+  const TextView trimmed = TrimBlanks(file);
+  Text name = maps.GetMapDisplayName(trimmed, code, server_map);
+  if (name.empty()) return std::nullopt;
+  return SelectedMap{std::move(name), Text(trimmed), ToInt32(code), server_map};
+}
+
 std::vector<TextView> FieldsOfMapLine(TextView line) {
   std::vector<TextView> fields;
-  if (line.find(u"[-]", 2) != TextView::npos) fields = SplitStoredMap(line);
+  if (line.find(kSeparator, 2) != TextView::npos) fields = SplitStoredMap(line);
   if (fields.size() != 3) fields.clear();
   return fields;
 }
@@ -58,7 +77,7 @@ void LoadMapList(frmrcBHDGS& dialog) {
         }
         at(), lines.reset();
         Line step = at;
-        at(), ShowRotation(dialog, step);
+        at(), dialog.ShowRotation(step);
         at(), dialog.SetEnabled(true);
         at(), dialog.pointer = ui::Pointer::kDefault;
       },

@@ -17,15 +17,6 @@ constexpr OptionColumn kServerFarRight = {u"fmeServer", 6960, 1680, 8760};
 constexpr OptionColumn kMiscLeft = {u"fmeMisc", 120, 1860, 2040};
 constexpr OptionColumn kMiscRight = {u"fmeMisc", 4800, 2220, 7080};
 
-constexpr Twips kFirstRowTop = 270;
-constexpr Twips kRowPitch = 360;
-constexpr Twips kBoxHeight = 285;  // text boxes and single-row lists: one row and the borders
-constexpr Twips kComboHeight = 315;
-constexpr Twips kCheckSize = 255;
-constexpr Twips kLabelHeight = 195;
-constexpr Twips kNoteGap = 120;
-constexpr Twips kNoteWidth = 1620;
-
 constexpr Twips kWideText = 2985;
 constexpr Twips kPasswordText = 1800;
 constexpr Twips kWordList = 1500;
@@ -61,7 +52,7 @@ constexpr Option kOptions[] = {
      .place = {kServerLeft, 6, kWordList}, .tooltip = u"Limit: 0 - 3", .items = kDelays,
      .payload = {6, kNumber}, .reply = {6, kNumber}},
     {.key = u"chkLoop", .kind = kCheckBox, .label = u"Loop Maps:",
-     .place = {kServerLeft, 7, kCheckSize}, .payload = {7, kNumber}, .reply = {7, kLoopState}},
+     .place = {kServerLeft, 7}, .payload = {7, kNumber}, .reply = {7, kLoopState}},
     
     {.key = u"lstKills", .kind = kListBox, .label = u"Max Kills:",
      .place = {kServerRight, 0, kNumberList}, .note = u"(DM + TDM)", .tooltip = u"Limit: 1 - 500",
@@ -80,16 +71,16 @@ constexpr Option kOptions[] = {
      .place = {kServerRight, 4, kNumberList}, .tooltip = u"Limit: 0 - 100", .numbers = {0, 100},
      .payload = {12, kNumber}, .reply = {11, kNumberPlusOne}},
     {.key = u"chkNova", .kind = kCheckBox, .label = u"Req. Nova Login:",
-     .place = {kServerRight, 5, kCheckSize}, .payload = {13, kNumber}, .reply = {12, kNumber},
+     .place = {kServerRight, 5}, .payload = {13, kNumber}, .reply = {12, kNumber},
      .fixed = {32, 0, u"0"}},
     {.key = u"chkSkins", .kind = kCheckBox, .label = u"Allow Custom Skins:",
-     .place = {kServerFarRight, 5, kCheckSize}, .payload = {14, kNumber}, .reply = {13, kNumber},
+     .place = {kServerFarRight, 5}, .payload = {14, kNumber}, .reply = {13, kNumber},
      .fixed = {31, 0, u"0"}},
     {.key = u"chkWindow", .kind = kCheckBox, .label = u"Run Windowed:",
-     .place = {kServerRight, 6, kCheckSize}, .initial_state = 1, .payload = {15, kNumber},
+     .place = {kServerRight, 6}, .initial_state = 1, .payload = {15, kNumber},
      .reply = {14, kNumber}, .fixed = {29, 1, u"1"}},
     {.key = u"chkDedi", .kind = kCheckBox, .label = u"Run Dedicated:",
-     .place = {kServerFarRight, 6, kCheckSize}, .payload = {16, kNumber}, .reply = {15, kNumber},
+     .place = {kServerFarRight, 6}, .payload = {16, kNumber}, .reply = {15, kNumber},
      .fixed = {30, 1, u"1"}},
     {.key = u"cboMods", .kind = kComboBox, .label = u"Game Mod:", .place = {kServerRight, 7, 2775},
      .payload = {25, kBase64}, .reply = {16, kBase64List}, .fixed = {28}},
@@ -101,28 +92,28 @@ constexpr Option kOptions[] = {
      .place = {kMiscLeft, 1, kPasswordText}, .tooltip = u"Limit: 31 Characters", .max_length = 16,
      .blank_replacement = u" ", .payload = {18, kBase64OrEmpty}, .reply = {18, kBase64OrEmpty}},
     {.key = u"chkFFKills", .kind = kCheckBox, .label = u"Friendly Fire Kills:",
-     .place = {kMiscLeft, 2, kCheckSize}, .flag = {0x200, 0}},
+     .place = {kMiscLeft, 2}, .flag = {0x200, 0}},
     {.key = u"chkFFTags", .kind = kCheckBox, .label = u"Friendly Tags:",
-     .place = {kMiscLeft, 3, kCheckSize}, .initial_state = 1, .flag = {0x400, 0}},
+     .place = {kMiscLeft, 3}, .initial_state = 1, .flag = {0x400, 0}},
     {.key = u"chkFFWarn", .kind = kCheckBox, .label = u"Friendly Fire Warning:",
-     .place = {kMiscLeft, 4, kCheckSize}, .flag = {0x8, 0}},
+     .place = {kMiscLeft, 4}, .flag = {0x8, 0}},
     {.key = u"chkTeam", .kind = kCheckBox, .label = u"Auto Balance:",
-     .place = {kMiscLeft, 5, kCheckSize}, .flag = {0x4, 0}},
+     .place = {kMiscLeft, 5}, .flag = {0x4, 0}},
     {.key = u"chkTracers", .kind = kCheckBox, .label = u"Show Tracers:",
-     .place = {kMiscLeft, 6, kCheckSize}, .flag = {0x1, 0}},
+     .place = {kMiscLeft, 6}, .flag = {0x1, 0}},
     {.key = u"chkClays", .kind = kCheckBox, .label = u"Show Team Clays:",
-     .place = {kMiscLeft, 7, kCheckSize}, .flag = {0x8000, 1}},
+     .place = {kMiscLeft, 7}, .flag = {0x8000, 1}},
     
     {.key = u"chkAutoRange", .kind = kCheckBox, .label = u"Allow Auto Range:",
-     .place = {kMiscRight, 0, kCheckSize}, .flag = {0x10000, 1}},
+     .place = {kMiscRight, 0}, .flag = {0x10000, 1}},
     {.key = u"chkMinPing", .kind = kCheckBox, .label = u"Enable Min Ping Checking:",
-     .place = {kMiscRight, 1, kCheckSize}, .payload = {19, kNumber}, .reply = {20, kNumber}},
+     .place = {kMiscRight, 1}, .payload = {19, kNumber}, .reply = {20, kNumber}},
     {.key = u"txtMinPing", .kind = kTextBox, .label = u" - Min. Ping",
      .place = {kMiscRight, 2, kNumberText, kPingIndent}, .tooltip = u"Limit: 31 Characters",
      .max_length = 4, .alignment = ui::Alignment::kCentre, .initial_text = u"0",
      .blank_replacement = u" ", .payload = {20, kPlainText}, .reply = {21, kPlainText}},
     {.key = u"chkMaxPing", .kind = kCheckBox, .label = u"Enable Max Ping Checking:",
-     .place = {kMiscRight, 3, kCheckSize}, .payload = {21, kNumber}, .reply = {22, kNumber}},
+     .place = {kMiscRight, 3}, .payload = {21, kNumber}, .reply = {22, kNumber}},
     {.key = u"txtMaxPing", .kind = kTextBox, .label = u" - Max. Ping",
      .place = {kMiscRight, 4, kNumberText, kPingIndent}, .tooltip = u"Limit: 31 Characters",
      .max_length = 4, .alignment = ui::Alignment::kCentre, .initial_text = u"1500",
@@ -134,37 +125,10 @@ constexpr Option kOptions[] = {
 };
 // clang-format on
 
-constexpr Twips HeightOf(ui::ControlKind kind) {
-  return kind == kCheckBox ? kCheckSize : kind == kComboBox ? kComboHeight : kBoxHeight;
-}
-
-// The top of something `height` high that is centred on a row.
-constexpr Twips TopIn(int row, Twips height) {
-  return kFirstRowTop + row * kRowPitch + (kBoxHeight - height) / 2;
-}
-
 }  // namespace
 
 std::span<const Option> Options() noexcept {
   return kOptions;
-}
-
-ui::Bounds LabelBounds(const Option& option) noexcept {
-  const auto& place = option.place;
-  return {place.column.label_left + place.indent, TopIn(place.row, kLabelHeight),
-          place.column.label_width, kLabelHeight};
-}
-
-ui::Bounds ControlBounds(const Option& option) noexcept {
-  const auto& place = option.place;
-  const auto height = HeightOf(option.kind);
-  return {place.column.control_left + place.indent, TopIn(place.row, height), place.width, height};
-}
-
-ui::Bounds NoteBounds(const Option& option) noexcept {
-  const auto control = ControlBounds(option);
-  return {control.left + control.width + kNoteGap, TopIn(option.place.row, kLabelHeight),
-          kNoteWidth, kLabelHeight};
 }
 
 }  // namespace quill

@@ -23,7 +23,7 @@ struct OptionColumn {
 struct OptionPlace {
   OptionColumn column;
   int row = 0;           // from the top of the frame, 0-based
-  ui::Twips width = 0;   // of the control
+  ui::Twips width = 0;   // of the control; a check box has the one of its kind
   ui::Twips indent = 0;  // of label and control
 };
 
@@ -98,10 +98,5 @@ struct Option {
 // In the order in which settings files are written and a reply is applied; within a column from top
 // to bottom.
 [[nodiscard]] std::span<const Option> Options() noexcept;
-
-// Relative to the option's frame.
-[[nodiscard]] ui::Bounds LabelBounds(const Option& option) noexcept;
-[[nodiscard]] ui::Bounds ControlBounds(const Option& option) noexcept;
-[[nodiscard]] ui::Bounds NoteBounds(const Option& option) noexcept;
 
 }  // namespace quill

@@ -1,18 +1,16 @@
-// The operator's actions on the map page.
+// The operator's actions on the map page: its lists, their menus and keys, and its buttons.
 #include "dialog/rotation.h"
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <optional>
 #include <source_location>
 #include <utility>
 #include <vector>
 
-#include "dialog/rotation_menu.h"
-#include "dialog/rotation_view.h"
 #include "maps/map_entry.h"
 #include "maps/shuffle.h"
-#include "support/trap.h"
 
 namespace quill {
 namespace {
@@ -33,7 +31,7 @@ void ShowLimitMessage(frmrcBHDGS& dialog) {
 void AddAvailableRow(frmrcBHDGS& dialog, int row) {
   MapLists& maps = dialog.session().maps;
   MapEntry entry = SplitMapEntry(dialog.lstAvlMaps.Item(row));
-  const bool server_map = maps.IsServerMapName(entry.name);
+  const bool server_map = maps.server.HasName(entry.name);
   maps.selected.Append({.name = std::move(entry.name),
                         .file = std::move(entry.file),
                         .game_type = dialog.lstAvlMaps.ItemData(row),
@@ -54,35 +52,15 @@ std::vector<bool> SelectedMaps(const frmrcBHDGS& dialog) {
   return MapsOf(dialog, [&](int row) { return dialog.lstSelMaps.IsSelected(row); });
 }
 
-bool HasSelection(const ui::ListBox& list) {
-  for (int row = 0; row < list.Count(); ++row) {
-    if (list.IsSelected(row)) return true;
-  }
-  return false;
-}
-
 // What was added is to be seen.
 void ShowAddedMaps(frmrcBHDGS& dialog) {
   dialog.BuildMapList();
   dialog.lstSelMaps.SetCurrentRow(dialog.lstSelMaps.Count() - 1);
 }
 
-void StepRotation(frmrcBHDGS& dialog, bool (RotationHistory::*step)(SelectedMapList&)) {
-  Trapped(dialog.session().reporter, u"lstSelMaps_KeyDown", [&](Line& at) {
-    MapLists& maps = dialog.session().maps;
-    maps.history.Note(maps.selected);  // a load that failed half-way counts as a change
-    bool stepped = false;
-    at(), stepped = (maps.history.*step)(maps.selected);
-    if (stepped) at(), dialog.BuildMapList();
-  });
-}
-
 void lstAvlMaps_DblClick(frmrcBHDGS& dialog) {
   Trapped(dialog.session().reporter, u"lstAvlMapsDblClick", [&](Line& at) {
-    if (IsFull(dialog)) {
-      at(), ShowLimitMessage(dialog);
-      return;
-    }
+    if (IsFull(dialog)) return at(), ShowLimitMessage(dialog);
     const int row = dialog.lstAvlMaps.ListIndex();
     if (row < 0) return;
     at(), AddAvailableRow(dialog, row);
@@ -95,14 +73,11 @@ void lstAvlMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
   const auto show_added = [&](RuntimeError&) {
     if (dialog.lstSelMaps.Count() == dialog.session().maps.selected.Count()) return;
     Line unused(std::source_location::current());
-    RunEach([&] { ShowRotation(dialog, unused); }, [&] { dialog.lstSelMaps.SetVisible(true); });
+    RunEach([&] { dialog.ShowRotation(unused); }, [&] { dialog.lstSelMaps.SetVisible(true); });
   };
   const auto add = [&](Line& at) {
     if (key != u'+' && key != u'=') return;
-    if (IsFull(dialog)) {
-      at(), ShowLimitMessage(dialog);
-      return;
-    }
+    if (IsFull(dialog)) return at(), ShowLimitMessage(dialog);
     const int before = dialog.session().maps.selected.Count();
     for (int row = 0; row < dialog.lstAvlMaps.Count(); ++row) {
       if (dialog.lstAvlMaps.IsSelected(row)) at(), AddAvailableRow(dialog, row);
@@ -111,11 +86,8 @@ void lstAvlMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
         break;
       }
     }
-    if (dialog.session().maps.selected.Count() == before) {
-      at(), dialog.BuildMapList();
-    } else {
-      at(), ShowAddedMaps(dialog);
-    }
+    const bool added = dialog.session().maps.selected.Count() != before;
+    at(), added ? ShowAddedMaps(dialog) : dialog.BuildMapList();
   };
   Trapped(dialog.session().reporter, u"lstAvlMaps_KeyPress", add, show_added);
 }
@@ -123,8 +95,8 @@ void lstAvlMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
 void lstSelMaps_DblClick(frmrcBHDGS& dialog) {
   Trapped(dialog.session().reporter, u"lstSelMapsDblClick", [&](Line& at) {
     const int current = dialog.lstSelMaps.ListIndex();
-    at(), dialog.session().maps.selected.Remove(
-              MapsOf(dialog, [&](int row) { return row == current; }));
+    const std::vector<bool> marked = MapsOf(dialog, [&](int row) { return row == current; });
+    at(), dialog.session().maps.selected.Reorder(OrderAfter(RowMove::kOut, marked));
     at(), dialog.BuildMapList();
   });
 }
@@ -132,7 +104,7 @@ void lstSelMaps_DblClick(frmrcBHDGS& dialog) {
 void lstSelMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
   Trapped(dialog.session().reporter, u"lstSelMaps_KeyPress", [&](Line& at) {
     if (key != u'-') return;
-    at(), dialog.session().maps.selected.Remove(SelectedMaps(dialog));
+    at(), dialog.session().maps.selected.Reorder(OrderAfter(RowMove::kOut, SelectedMaps(dialog)));
     at(), dialog.BuildMapList();
   });
 }
@@ -147,28 +119,10 @@ void lstSelMaps_Click(frmrcBHDGS& dialog) {
   list.tooltip = names[game_type];
 }
 
-}  // namespace
-
-void ConnectRotation(frmrcBHDGS& dialog) {
-  dialog.lstAvlMaps.on_double_click = [&dialog] { lstAvlMaps_DblClick(dialog); };
-  dialog.lstAvlMaps.on_key_press = [&dialog](char16_t key) { lstAvlMaps_KeyPress(dialog, key); };
-  dialog.lstSelMaps.on_double_click = [&dialog] { lstSelMaps_DblClick(dialog); };
-  dialog.lstSelMaps.on_key_press = [&dialog](char16_t key) { lstSelMaps_KeyPress(dialog, key); };
-  dialog.lstSelMaps.on_click = [&dialog] { lstSelMaps_Click(dialog); };
-  ConnectRotationMenus(dialog);
-}
-
-void AddSelectedMaps(frmrcBHDGS& dialog) {
-  lstAvlMaps_KeyPress(dialog, u'+');
-}
-
-void RemoveSelectedMaps(frmrcBHDGS& dialog) {
-  lstSelMaps_KeyPress(dialog, u'-');
-}
-
-void MoveSelectedMaps(frmrcBHDGS& dialog, RowMove move) {
+// Moves the selected rows, and leaves them selected.
+template <RowMove move>
+void MoveSelected(frmrcBHDGS& dialog, ui::ListBox& list) {
   Trapped(dialog.session().reporter, u"lstSelMaps_KeyDown", [&](Line& at) {
-    ui::ListBox& list = dialog.lstSelMaps;
     std::vector<bool> moved;
     at(), moved = SelectedMaps(dialog);
     std::vector<int> order;
@@ -187,24 +141,133 @@ void MoveSelectedMaps(frmrcBHDGS& dialog, RowMove move) {
   });
 }
 
-bool CanAddMaps(const frmrcBHDGS& dialog) {
-  return HasSelection(dialog.lstAvlMaps) && !IsFull(dialog);
+// One change of the rotation back, or forth again.
+template <bool (RotationHistory::*step)(SelectedMapList&)>
+void StepRotation(frmrcBHDGS& dialog, ui::ListBox&) {
+  Trapped(dialog.session().reporter, u"lstSelMaps_KeyDown", [&](Line& at) {
+    MapLists& maps = dialog.session().maps;
+    maps.history.Note(maps.selected);  // a load that failed half-way counts as a change
+    bool stepped = false;
+    at(), stepped = (maps.history.*step)(maps.selected);
+    if (stepped) at(), dialog.BuildMapList();
+  });
 }
 
-bool CanRemoveMaps(const frmrcBHDGS& dialog) {
-  return HasSelection(dialog.lstSelMaps);
+template <bool (RotationHistory::*can_step)(const SelectedMapList&) const>
+bool CanStep(const frmrcBHDGS& dialog, const ui::ListBox&) {
+  const MapLists& maps = dialog.session().maps;
+  return (maps.history.*can_step)(maps.selected);
 }
 
-bool CanMoveMaps(const frmrcBHDGS& dialog, RowMove move) {
-  return !std::ranges::is_sorted(OrderAfter(move, SelectedMaps(dialog)));
+// Whether anything would change.
+template <RowMove move>
+bool CanMove(const frmrcBHDGS& dialog, const ui::ListBox&) {
+  const std::vector<int> order = OrderAfter(move, SelectedMaps(dialog));
+  return std::ssize(order) != dialog.session().maps.selected.Count() ||
+         !std::ranges::is_sorted(order);
 }
 
-void UndoRotation(frmrcBHDGS& dialog) {
-  StepRotation(dialog, &RotationHistory::Undo);
+bool HasRow(const ui::ListBox& list, bool selected) {
+  for (int row = 0; row < list.Count(); ++row) {
+    if (list.IsSelected(row) == selected) return true;
+  }
+  return false;
 }
 
-void RedoRotation(frmrcBHDGS& dialog) {
-  StepRotation(dialog, &RotationHistory::Redo);
+enum class Place : std::uint8_t { kAvailable, kSelected, kBoth };
+using enum Place;
+using enum RowMove;
+
+// A menu's item. `list` is the one whose menu it is in.
+struct Row {
+  TextView caption;
+  TextView key_name;
+  ui::KeyStroke stroke;
+  Place place;
+  bool begins_group;
+  bool (*is_usable)(const frmrcBHDGS& dialog, const ui::ListBox& list);
+  void (*choose)(frmrcBHDGS& dialog, ui::ListBox& list);
+};
+
+template <RowMove move>
+constexpr Row Mover(TextView caption, TextView key_name, char16_t key, bool begins_group = false) {
+  const ui::KeyStroke stroke = {key, ui::kAltHeld};
+  return {caption, key_name, stroke, kSelected, begins_group, CanMove<move>, MoveSelected<move>};
+}
+
+bool CanAdd(const frmrcBHDGS& dialog, const ui::ListBox& list) {
+  return HasRow(list, true) && !IsFull(dialog);
+}
+
+void AddSelected(frmrcBHDGS& dialog, ui::ListBox&) {
+  lstAvlMaps_KeyPress(dialog, u'+');
+}
+
+void RemoveSelected(frmrcBHDGS& dialog, ui::ListBox&) {
+  lstSelMaps_KeyPress(dialog, u'-');
+}
+
+bool CanSelectMore(const frmrcBHDGS&, const ui::ListBox& list) {
+  return HasRow(list, false);
+}
+
+void SelectAll(frmrcBHDGS&, ui::ListBox& list) {
+  ui::ListBox::Refill refill(list);
+  for (int row = 0; row < list.Count(); ++row) list.SetSelected(row, true);
+  refill.Finish();
+}
+
+constexpr ui::KeyStroke kUndoKey = {u'Z', ui::kCtrlHeld};
+constexpr ui::KeyStroke kRedoKey = {u'Y', ui::kCtrlHeld};
+constexpr ui::KeyStroke kAllKey = {u'A', ui::kCtrlHeld};
+using History = RotationHistory;
+
+// Both lists have the same items, so that the keys can be learnt from either; what cannot be done
+// in a list is grey there and its key is not taken.
+constexpr Row kRows[] = {
+    // "+" is a character, which the list receives anyway.
+    {u"Add", u"+", {}, kAvailable, false, CanAdd, AddSelected},
+    {u"Remove", u"Del", {ui::kDeleteKey}, kSelected, false, CanMove<kOut>, RemoveSelected},
+    Mover<kUp>(u"Move Up", u"Alt+Up", ui::kUpKey, true),
+    Mover<kDown>(u"Move Down", u"Alt+Down", ui::kDownKey),
+    Mover<kToTop>(u"Move to Top", u"Alt+Home", ui::kHomeKey),
+    Mover<kToEnd>(u"Move to End", u"Alt+End", ui::kEndKey),
+    {u"Undo", u"Ctrl+Z", kUndoKey, kBoth, true, CanStep<&History::CanUndo>,
+     StepRotation<&History::Undo>},
+    {u"Redo", u"Ctrl+Y", kRedoKey, kBoth, false, CanStep<&History::CanRedo>,
+     StepRotation<&History::Redo>},
+    {u"Select All", u"Ctrl+A", kAllKey, kBoth, true, CanSelectMore, SelectAll},
+};
+
+void SetMenuOf(ui::ListBox& list, frmrcBHDGS& dialog, Place place) {
+  std::vector<ui::MenuItem> menu;
+  for (const Row& row : kRows) {
+    const bool applies = row.place == place || row.place == kBoth;
+    menu.push_back({row.caption, row.key_name, applies ? row.stroke : ui::KeyStroke(),
+                    row.begins_group,
+                    [&, applies] { return applies && row.is_usable(dialog, list); },
+                    [&] { row.choose(dialog, list); }});
+  }
+  list.menu = std::move(menu);
+}
+
+}  // namespace
+
+void ConnectRotation(frmrcBHDGS& dialog) {
+  dialog.lstAvlMaps.on_double_click = [&dialog] { lstAvlMaps_DblClick(dialog); };
+  dialog.lstAvlMaps.on_key_press = [&dialog](char16_t key) { lstAvlMaps_KeyPress(dialog, key); };
+  dialog.lstSelMaps.on_double_click = [&dialog] { lstSelMaps_DblClick(dialog); };
+  dialog.lstSelMaps.on_key_press = [&dialog](char16_t key) { lstSelMaps_KeyPress(dialog, key); };
+  dialog.lstSelMaps.on_click = [&dialog] { lstSelMaps_Click(dialog); };
+  SetMenuOf(dialog.lstAvlMaps, dialog, kAvailable);
+  SetMenuOf(dialog.lstSelMaps, dialog, kSelected);
+  // The whole page takes these two keys: after a button of it has loaded or shuffled, the focus is
+  // there.
+  std::vector<ui::MenuItem> keys;
+  std::ranges::copy_if(
+      dialog.lstSelMaps.menu, std::back_inserter(keys),
+      [](const ui::MenuItem& item) { return item.stroke == kUndoKey || item.stroke == kRedoKey; });
+  dialog.fmeMap.menu = std::move(keys);
 }
 
 // Each click has a seed of its own, and the new order is taken over when it is complete.

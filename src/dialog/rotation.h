@@ -1,27 +1,13 @@
 // What the operator does on the map page: stepping the game type, taking maps into the rotation
-// and out of it.
+// and out of it, changing its order.
 #pragma once
 
 #include "dialog/frmrcBHDGS.h"
 
 namespace quill {
 
-// Connects the handlers of lstAvlMaps and lstSelMaps.
+// Connects the handlers, the menus and the keys of lstAvlMaps and lstSelMaps.
 void ConnectRotation(frmrcBHDGS& dialog);
-
-// On the rows that are selected; each is trapped, and shows the rotation anew. A move leaves its
-// rows selected.
-void AddSelectedMaps(frmrcBHDGS& dialog);
-void RemoveSelectedMaps(frmrcBHDGS& dialog);
-void MoveSelectedMaps(frmrcBHDGS& dialog, RowMove move);
-// Whether they would change anything now.
-[[nodiscard]] bool CanAddMaps(const frmrcBHDGS& dialog);
-[[nodiscard]] bool CanRemoveMaps(const frmrcBHDGS& dialog);
-[[nodiscard]] bool CanMoveMaps(const frmrcBHDGS& dialog, RowMove move);
-
-// One change of the rotation back, or forth again. Trapped.
-void UndoRotation(frmrcBHDGS& dialog);
-void RedoRotation(frmrcBHDGS& dialog);
 
 // The action of cmdRandomize: puts the rotation into a random order. Trapped.
 void ShuffleRotation(frmrcBHDGS& dialog);

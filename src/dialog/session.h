@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 
 #include "maps/map_lists.h"
@@ -19,21 +18,18 @@ namespace quill {
 
 class frmrcBHDGS;
 
-struct Session {
-  Session(ui::Toolkit& toolkit_used, FileSystem& files_used, Clock& clock_used,
-          const CodePage& code_page_used)
-      : toolkit(toolkit_used),
-        files(files_used),
-        clock(clock_used),
-        code_page(code_page_used),
-        reporter(file_kit, toolkit_used) {}
-  Session(const Session&) = delete;
-  Session& operator=(const Session&) = delete;
-
+// What the platform offers; everything outlives the session.
+struct Platform {
   ui::Toolkit& toolkit;
   FileSystem& files;
   Clock& clock;
   const CodePage& code_page;
+};
+
+struct Session : Platform {
+  explicit Session(const Platform& platform) : Platform(platform), reporter(file_kit, toolkit) {}
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
 
   std::unique_ptr<FileKit> file_kit;  // null: the host offers none
   MessageReporter reporter;
@@ -49,9 +45,11 @@ struct Session {
 
   // The one dialog, null while there is none.
   std::shared_ptr<frmrcBHDGS> dialog;
+  // Ends the busy pointer of a failed call, which must not create a dialog only for that.
+  void RestorePointer() const;
 
-  // What the Start button's release does.
-  std::function<void(frmrcBHDGS&)> start_game;
+  // What the Start button's release does; null: nothing.
+  void (*start_game)(frmrcBHDGS& dialog) = nullptr;
 };
 
 // The dialog, created hidden (its load procedure runs) when there is none.

@@ -1,103 +1,56 @@
-// Finding line ends in a buffer that is filled again and again.
+// Bytes become units, and units become lines.
 #include "dialog/text_lines.h"
 
-#include <algorithm>
 #include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 
 namespace quill {
-namespace {
-
-constexpr std::size_t kBufferSize = 65536;
-constexpr char16_t kReturn = u'\r';
-constexpr char16_t kFeed = u'\n';
-
-}  // namespace
 
 TextLines::TextLines(std::unique_ptr<ByteReader> file, const CodePage& code_page)
-    : file_(std::move(file)), code_page_(code_page), buffer_(kBufferSize) {
-  ReadMark();
-}
-
-void TextLines::ReadMark() {
+    : file_(std::move(file)), code_page_(code_page), buffer_(65536) {
   constexpr std::size_t kLongestMark = 3;
-  while (end_ < kLongestMark && Fill()) {
+  // A reader may give fewer bytes than there are.
+  for (std::size_t read = 1; end_ < kLongestMark && read != 0; end_ += read) {
+    read = file_->Read(std::span(buffer_).subspan(end_));
   }
   const std::string_view begin(buffer_.data(), end_);
-  if (begin.starts_with("\xEF\xBB\xBF")) {
-    form_ = Form::kUtf8;
-    at_ = 3;
-  } else if (begin.starts_with("\xFF\xFE")) {
-    form_ = Form::kLowByteFirst;
-    at_ = 2;
-  } else if (begin.starts_with("\xFE\xFF")) {
-    form_ = Form::kHighByteFirst;
-    at_ = 2;
-  }
+  if (begin.starts_with("\xEF\xBB\xBF")) form_ = Form::kUtf8;
+  if (begin.starts_with("\xFF\xFE")) form_ = Form::kLowByteFirst;
+  if (begin.starts_with("\xFE\xFF")) form_ = Form::kHighByteFirst;
+  if (form_ != Form::kBytes) at_ = form_ == Form::kUtf8 ? 3 : 2;
 }
 
-bool TextLines::Fill() {
-  std::copy(buffer_.begin() + static_cast<std::ptrdiff_t>(at_),
-            buffer_.begin() + static_cast<std::ptrdiff_t>(end_), buffer_.begin());
-  end_ -= at_;
-  at_ = 0;
-  const std::size_t read = file_->Read(std::span(buffer_).subspan(end_));
-  end_ += read;
-  return read != 0;
+int TextLines::NextByte() {
+  if (at_ == end_) {
+    at_ = end_ = 0;
+    end_ = file_->Read(buffer_);
+  }
+  return at_ == end_ ? -1 : static_cast<std::uint8_t>(buffer_[at_++]);
 }
 
-char16_t TextLines::Unit() const noexcept {
-  const auto byte = [this](std::size_t place) {
-    return static_cast<std::uint8_t>(buffer_[at_ + place]);
-  };
-  switch (form_) {
-    case Form::kLowByteFirst:
-      return static_cast<char16_t>(byte(0) | byte(1) << 8);
-    case Form::kHighByteFirst:
-      return static_cast<char16_t>(byte(0) << 8 | byte(1));
-    case Form::kUtf8:
-      return byte(0);
-    default:
-      return code_page_.ToUnit(byte(0));
-  }
-}
-
-bool TextLines::TakeUntilReturn(Text& line) {
-  for (; HoldsUnit(); at_ += UnitSize()) {
-    const char16_t unit = Unit();
-    if (unit == kReturn) {
-      at_ += UnitSize();
-      return true;
-    }
-    line.push_back(unit);
-  }
-  return false;
+int TextLines::NextUnit() {
+  const int first = NextByte();
+  if (first < 0 || form_ == Form::kUtf8) return first;
+  if (form_ == Form::kBytes) return code_page_.ToUnit(static_cast<std::uint8_t>(first));
+  const int second = NextByte();
+  if (second < 0) return second;  // half a unit ends the file and is dropped
+  return form_ == Form::kLowByteFirst ? first | second << 8 : first << 8 | second;
 }
 
 bool TextLines::Next(Text& line) {
-  const bool is_line = TakeLine(line);
-  if (form_ == Form::kUtf8) line = FromUtf8(std::string(line.begin(), line.end()));
-  return is_line;
-}
-
-bool TextLines::TakeLine(Text& line) {
   line.clear();
-  while (!HoldsUnit() && Fill()) {
+  int unit = NextUnit();
+  if (feed_belongs_to_end_ && unit == u'\n') unit = NextUnit();
+  if (unit < 0) return false;
+  for (; unit >= 0 && unit != u'\r'; unit = NextUnit()) {
+    line.push_back(static_cast<char16_t>(unit));
   }
-  if (feed_belongs_to_end_ && HoldsUnit() && Unit() == kFeed) at_ += UnitSize();
-  feed_belongs_to_end_ = false;
-
-  bool anything = false;
-  do {
-    anything = anything || HoldsUnit();
-    if (TakeUntilReturn(line)) {
-      feed_belongs_to_end_ = true;
-      return true;
-    }
-  } while (Fill());
-  return anything;
+  feed_belongs_to_end_ = unit == u'\r';
+  // Only whole lines are converted: a character may lie across the end of the buffer.
+  if (form_ == Form::kUtf8) line = FromUtf8(std::string(line.begin(), line.end()));
+  return true;
 }
 
 }  // namespace quill

@@ -28,19 +28,9 @@ class TextLines {
  private:
   enum class Form : std::uint8_t { kBytes, kUtf8, kLowByteFirst, kHighByteFirst };
 
-  void ReadMark();
-  // The next line; of UTF-8 the bytes, each as a unit.
-  bool TakeLine(Text& line);
-  // Fills the buffer again; false at the end of the file.
-  bool Fill();
-  // Moves units from the buffer to the line, up to a carriage return; true when one was there.
-  bool TakeUntilReturn(Text& line);
-  [[nodiscard]] std::size_t UnitSize() const noexcept {
-    return form_ < Form::kLowByteFirst ? 1 : 2;
-  }
-  // At `at_`, where a whole unit is.
-  [[nodiscard]] char16_t Unit() const noexcept;
-  [[nodiscard]] bool HoldsUnit() const noexcept { return end_ - at_ >= UnitSize(); }
+  // Both are -1 at the end of the file; of UTF-8 each byte is a unit.
+  int NextByte();
+  int NextUnit();
 
   std::unique_ptr<ByteReader> file_;
   const CodePage& code_page_;

@@ -1,22 +1,222 @@
+// The rows of the map catalogue: every map of the game and of its Team Sabre expansion.
 #include "maps/map_catalogue.h"
 
-#include <utility>
-
-#include "support/runtime_error.h"
+#include <algorithm>
+#include <iterator>
 
 namespace quill {
+namespace {
 
-void MapCatalogue::LoadMapCatalogue(std::uint8_t mod_flag) {
-  std::vector<CatalogueRow> rows;
-  for (const CatalogueRow& row : CatalogueRows()) {
-    if (mod_flag == kTeamSabreModFlag || !row.team_sabre_only) rows.push_back(row);
-  }
-  rows_ = std::move(rows);
+constexpr bool kSabre = true;
+constexpr bool kBoth = false;
+
+constexpr std::array<KnownMap, 185> kRows = {{
+    // Deathmatch
+    {u"Crude City Conflict", u"DMR_01A.BMS", u'0', kSabre},
+    {u"Tequila Sunset", u"DMR_02A.BMS", u'0', kSabre},
+    {u"Smuggler's Run", u"DMR_03A.BMS", u'0', kSabre},
+    {u"Oil Island", u"DMR_04A.BMS", u'0', kSabre},
+    {u"Squid Island", u"DMR_05.BMS", u'0', kSabre},
+    {u"Road Rage", u"DMK_01A.BMS", u'0', kBoth},
+    {u"City Madness", u"DMM_01A.BMS", u'0', kBoth},
+    {u"Cracked", u"DMM_01E.BMS", u'0', kBoth},
+    {u"Walled In", u"DMM_01G.BMS", u'0', kBoth},
+    {u"Mines Eye", u"DMM_01H.BMS", u'0', kBoth},
+    {u"Stadium Riot", u"DMM_01K.BMS", u'0', kBoth},
+    {u"Desert Funeral", u"DMM_02A.BMS", u'0', kBoth},
+    {u"Devil Dogs", u"DMM_03A.BMS", u'0', kBoth},
+    {u"Squirrels Nest", u"DMP_01A.BMS", u'0', kBoth},
+    // Team Deathmatch
+    {u"Crude City Conflict A", u"TDMR_01A.BMS", u'1', kSabre},
+    {u"Crude City Conflict B", u"TDMR_01B.BMS", u'1', kSabre},
+    {u"Tequila Sunset A", u"TDMR_02A.BMS", u'1', kSabre},
+    {u"Tequila Sunset B", u"TDMR_02B.BMS", u'1', kSabre},
+    {u"Smuggler's Run A", u"TDMR_03A.BMS", u'1', kSabre},
+    {u"Smuggler's Run B", u"TDMR_03B.BMS", u'1', kSabre},
+    {u"Oil Island A", u"TDMR_04A.BMS", u'1', kSabre},
+    {u"Oil Island B", u"TDMR_04B.BMS", u'1', kSabre},
+    {u"Squid Island A", u"TDMR_05A.BMS", u'1', kSabre},
+    {u"Squid Island B", u"TDMR_05B.BMS", u'1', kSabre},
+    {u"Culture Clash A", u"TDMK_01A.BMS", u'1', kBoth},
+    {u"Culture Clash B", u"TDMK_01B.BMS", u'1', kBoth},
+    {u"Mean Streets A", u"TDMM_01A.BMS", u'1', kBoth},
+    {u"Mean Streets B", u"TDMM_01B.BMS", u'1', kBoth},
+    {u"Panic Attack A", u"TDMM_01E.BMS", u'1', kBoth},
+    {u"Panic Attack B", u"TDMM_01F.BMS", u'1', kBoth},
+    {u"Rampage A", u"TDMM_01G.BMS", u'1', kBoth},
+    {u"Rampage B", u"TDMM_01H.BMS", u'1', kBoth},
+    {u"Double Barrel A", u"TDMM_01K.BMS", u'1', kBoth},
+    {u"Double Barrel B", u"TDMM_01L.BMS", u'1', kBoth},
+    {u"Hornets Nest A", u"TDMM_02A.BMS", u'1', kBoth},
+    {u"Hornets Nest B", u"TDMM_02B.BMS", u'1', kBoth},
+    {u"Sidewinder A", u"TDMM_03A.BMS", u'1', kBoth},
+    {u"Sidewinder B", u"TDMM_03B.BMS", u'1', kBoth},
+    {u"Clue Map A", u"TDMP_01A.BMS", u'1', kBoth},
+    {u"Clue Map B", u"TDMP_01B.BMS", u'1', kBoth},
+    // Team King of the Hill
+    {u"Crude City Conflict A", u"TKHR_01A.BMS", u'3', kSabre},
+    {u"Crude City Conflict B", u"TKHR_01B.BMS", u'3', kSabre},
+    {u"Tequila Sunset A", u"TKHR_02A.BMS", u'3', kSabre},
+    {u"Tequila Sunset B", u"TKHR_02B.BMS", u'3', kSabre},
+    {u"Smuggler's Run A", u"TKHR_03A.BMS", u'3', kSabre},
+    {u"Smuggler's Run B", u"TKHR_03B.BMS", u'3', kSabre},
+    {u"TKHR_04", u"TKHR_04.BMS", u'3', kSabre},
+    {u"Oil Island A", u"TKHR_04A.BMS", u'3', kSabre},
+    {u"Oil Island B", u"TKHR_04B.BMS", u'3', kSabre},
+    {u"Squid Island A", u"TKHR_05A.BMS", u'3', kSabre},
+    {u"Squid Island B", u"TKHR_05B.BMS", u'3', kSabre},
+    {u"Meat Grinder A", u"TKHK_01A.BMS", u'3', kBoth},
+    {u"Meat Grinder B", u"TKHK_01B.BMS", u'3', kBoth},
+    {u"House of Pain A", u"TKHM_01A.BMS", u'3', kBoth},
+    {u"House of Pain B", u"TKHM_01B.BMS", u'3', kBoth},
+    {u"Eye of the Dead A", u"TKHM_01E.BMS", u'3', kBoth},
+    {u"Eye of the Dead B", u"TKHM_01F.BMS", u'3', kBoth},
+    {u"Dust Devil A", u"TKHM_01G.BMS", u'3', kBoth},
+    {u"Dust Devil B", u"TKHM_01H.BMS", u'3', kBoth},
+    {u"Spider Web A", u"TKHM_01K.BMS", u'3', kBoth},
+    {u"Spider Web B", u"TKHM_01L.BMS", u'3', kBoth},
+    {u"Desert Insertion A", u"TKHM_02A.BMS", u'3', kBoth},
+    {u"Desert Insertion B", u"TKHM_02B.BMS", u'3', kBoth},
+    {u"Desert Fox A", u"TKHM_03A.BMS", u'3', kBoth},
+    {u"Desert Fox B", u"TKHM_03B.BMS", u'3', kBoth},
+    {u"Tunnel Trouble A", u"TKHP_01A.BMS", u'3', kBoth},
+    {u"Tunnel Trouble B", u"TKHP_01B.BMS", u'3', kBoth},
+    // Search and Destroy
+    {u"Crude City Conflict A", u"SDR_01A.BMS", u'5', kSabre},
+    {u"Crude City Conflict B", u"SDR_01B.BMS", u'5', kSabre},
+    {u"Tequila Sunset A", u"SDR_02A.BMS", u'5', kSabre},
+    {u"Tequila Sunset B", u"SDR_02B.BMS", u'5', kSabre},
+    {u"Smuggler's Run A", u"SDR_03A.BMS", u'5', kSabre},
+    {u"Smuggler's Run B", u"SDR_03B.BMS", u'5', kSabre},
+    {u"Oil Island A", u"SDR_04A.BMS", u'5', kSabre},
+    {u"Oil Island B", u"SDR_04B.BMS", u'5', kSabre},
+    {u"Squid Island A", u"SDR_05A.BMS", u'5', kSabre},
+    {u"Squid Island B", u"SDR_05B.BMS", u'5', kSabre},
+    {u"Mog Mayhem A", u"SDK_01A.BMS", u'5', kBoth},
+    {u"Mog Mayhem B", u"SDK_01B.BMS", u'5', kBoth},
+    {u"Firefighter A", u"SDM_01A.BMS", u'5', kBoth},
+    {u"Firefighter B", u"SDM_01B.BMS", u'5', kBoth},
+    {u"Roof Stalker A", u"SDM_01E.BMS", u'5', kBoth},
+    {u"Roof Stalker B", u"SDM_01F.BMS", u'5', kBoth},
+    {u"Savannah Town A", u"SDM_01G.BMS", u'5', kBoth},
+    {u"Savannah Town B", u"SDM_01H.BMS", u'5', kBoth},
+    {u"Stadium Feud A", u"SDM_01K.BMS", u'5', kBoth},
+    {u"Stadium Feud B", u"SDM_01L.BMS", u'5', kBoth},
+    {u"Sky Raiders A", u"SDM_02A.BMS", u'5', kBoth},
+    {u"Sky Raiders B", u"SDM_02B.BMS", u'5', kBoth},
+    {u"Trail Blazer A", u"SDM_03A.BMS", u'5', kBoth},
+    {u"Trail Blazer B", u"SDM_03B.BMS", u'5', kBoth},
+    {u"The Hidden A", u"SDP_01A.BMS", u'5', kBoth},
+    {u"The Hidden B", u"SDP_01B.BMS", u'5', kBoth},
+    // Attack and Defend
+    {u"Crude City Conflict A", u"ADR_01A.BMS", u'6', kSabre},
+    {u"Crude City Conflict B", u"ADR_01B.BMS", u'6', kSabre},
+    {u"Tequila Sunset A", u"ADR_02A.BMS", u'6', kSabre},
+    {u"Tequila Sunset B", u"ADR_02B.BMS", u'6', kSabre},
+    {u"Smuggler's Run A", u"ADR_03A.BMS", u'6', kSabre},
+    {u"Smuggler's Run B", u"ADR_03B.BMS", u'6', kSabre},
+    {u"Oil Island A", u"ADR_04A.BMS", u'6', kSabre},
+    {u"Oil Island B", u"ADR_04B.BMS", u'6', kSabre},
+    {u"Squid Island A", u"ADR_05A.BMS", u'6', kSabre},
+    {u"Squid Island B", u"ADR_05B.BMS", u'6', kSabre},
+    {u"Crossfire A", u"ADK_01A.BMS", u'6', kBoth},
+    {u"Crossfire B", u"ADK_01B.BMS", u'6', kBoth},
+    {u"Urban Raid A", u"ADK_02A.BMS", u'6', kBoth},
+    {u"Urban Raid B", u"ADK_02B.BMS", u'6', kBoth},
+    {u"Rapid Fire A", u"ADM_01A.BMS", u'6', kBoth},
+    {u"Rapid Fire B", u"ADM_01B.BMS", u'6', kBoth},
+    {u"Ground Fire A", u"ADM_01E.BMS", u'6', kBoth},
+    {u"Ground Fire B", u"ADM_01F.BMS", u'6', kBoth},
+    {u"Dust and Bones A", u"ADM_01G.BMS", u'6', kBoth},
+    {u"Dust and Bones B", u"ADM_01H.BMS", u'6', kBoth},
+    {u"Valkyrie A", u"ADM_02A.BMS", u'6', kBoth},
+    {u"Valkyrie B", u"ADM_02B.BMS", u'6', kBoth},
+    {u"Snake Pit A", u"ADM_03A.BMS", u'6', kBoth},
+    {u"Snake Pit B", u"ADM_03B.BMS", u'6', kBoth},
+    {u"Lost and Dead A", u"ADP_01A.BMS", u'6', kBoth},
+    {u"Lost and Dead B", u"ADP_01B.BMS", u'6', kBoth},
+    {u"Defensive Assault A", u"ADP_11A.BMS", u'6', kBoth},
+    {u"Defensive Assault B", u"ADP_11B.BMS", u'6', kBoth},
+    // Capture the Flag
+    {u"Crude City Conflict A", u"CTFR_01A.BMS", u'7', kSabre},
+    {u"Crude City Conflict B", u"CTFR_01B.BMS", u'7', kSabre},
+    {u"Tequila Sunset A", u"CTFR_02A.BMS", u'7', kSabre},
+    {u"Tequila Sunset B", u"CTFR_02B.BMS", u'7', kSabre},
+    {u"Smuggler's Run A", u"CTFR_03A.BMS", u'7', kSabre},
+    {u"Smuggler's Run B", u"CTFR_03B.BMS", u'7', kSabre},
+    {u"Oil Island A", u"CTFR_04A.BMS", u'7', kSabre},
+    {u"Oil Island B", u"CTFR_04B.BMS", u'7', kSabre},
+    {u"Squid Island A", u"CTFR_05A.BMS", u'7', kSabre},
+    {u"Squid Island B", u"CTFR_05B.BMS", u'7', kSabre},
+    {u"Oil Island A", u"CTF_04A.BMS", u'7', kSabre},
+    {u"Oil Island B", u"CTF_04B.BMS", u'7', kSabre},
+    {u"The Barrens A", u"CTFK_01A.BMS", u'7', kBoth},
+    {u"The Barrens B", u"CTFK_01B.BMS", u'7', kBoth},
+    {u"Tug O' War A", u"CTFK_02A.BMS", u'7', kBoth},
+    {u"Tug O' War B", u"CTFK_02B.BMS", u'7', kBoth},
+    {u"Groundhog Day A", u"CTFK_03A.BMS", u'7', kBoth},
+    {u"Groundhog Day B", u"CTFK_03B.BMS", u'7', kBoth},
+    {u"Block Mayhem A", u"CTFM_01A.BMS", u'7', kBoth},
+    {u"Block Mayhem B", u"CTFM_01B.BMS", u'7', kBoth},
+    {u"Burned Asphalt A", u"CTFM_01E.BMS", u'7', kBoth},
+    {u"Burned Asphalt B", u"CTFM_01F.BMS", u'7', kBoth},
+    {u"Desert Trap A", u"CTFM_01G.BMS", u'7', kBoth},
+    {u"Desert Trap B", u"CTFM_01H.BMS", u'7', kBoth},
+    {u"Snake Eyes A", u"CTFM_01I.BMS", u'7', kBoth},
+    {u"Snake Eyes B", u"CTFM_01J.BMS", u'7', kBoth},
+    {u"Storage Space A", u"CTFM_01K.BMS", u'7', kBoth},
+    {u"Storage Space B", u"CTFM_01L.BMS", u'7', kBoth},
+    {u"Dead Zone A", u"CTFM_02A.BMS", u'7', kBoth},
+    {u"Dead Zone B", u"CTFM_02B.BMS", u'7', kBoth},
+    {u"Hit and Run A", u"CTFM_03A.BMS", u'7', kBoth},
+    {u"Hit and Run B", u"CTFM_03B.BMS", u'7', kBoth},
+    {u"Bad Juju A", u"CTFM_05A.BMS", u'7', kBoth},
+    {u"Bad Juju B", u"CTFM_05B.BMS", u'7', kBoth},
+    {u"Ribcage A", u"CTFP_01A.BMS", u'7', kBoth},
+    {u"Ribcage B", u"CTFP_01B.BMS", u'7', kBoth},
+    // Flagball
+    {u"Crude City Conflict A", u"FBR_01A.BMS", u'8', kSabre},
+    {u"Crude City Conflict B", u"FBR_01B.BMS", u'8', kSabre},
+    {u"Tequila Sunset A", u"FBR_02A.BMS", u'8', kSabre},
+    {u"Tequila Sunset B", u"FBR_02B.BMS", u'8', kSabre},
+    {u"Smuggler's Run A", u"FBR_03A.BMS", u'8', kSabre},
+    {u"Smuggler's Run B", u"FBR_03B.BMS", u'8', kSabre},
+    {u"Oil Island A", u"FBR_04A.BMS", u'8', kSabre},
+    {u"Oil Island B", u"FBR_04B.BMS", u'8', kSabre},
+    {u"Squid Island A", u"FBR_05A.BMS", u'8', kSabre},
+    {u"Squid Island B", u"FBR_05B.BMS", u'8', kSabre},
+    {u"Scrimmage Line A", u"FBK_01A.BMS", u'8', kBoth},
+    {u"Scrimmage Line B", u"FBK_01B.BMS", u'8', kBoth},
+    {u"Blitzkrieg A", u"FBK_03A.BMS", u'8', kBoth},
+    {u"Blitzkrieg B", u"FBK_03B.BMS", u'8', kBoth},
+    {u"Pigskin A", u"FBM_01A.BMS", u'8', kBoth},
+    {u"Pigskin B", u"FBM_01B.BMS", u'8', kBoth},
+    {u"Wall Jumper A", u"FBM_01E.BMS", u'8', kBoth},
+    {u"Wall Jumper B", u"FBM_01F.BMS", u'8', kBoth},
+    {u"Desert Scarab A", u"FBM_01G.BMS", u'8', kBoth},
+    {u"Desert Scarab B", u"FBM_01H.BMS", u'8', kBoth},
+    {u"Bloodball A", u"FBM_01K.BMS", u'8', kBoth},
+    {u"Bloodball B", u"FBM_01L.BMS", u'8', kBoth},
+    {u"Sky Fire A", u"FBM_02A.BMS", u'8', kBoth},
+    {u"Sky Fire B", u"FBM_02B.BMS", u'8', kBoth},
+    {u"Frontal Assault A", u"FBM_03A.BMS", u'8', kBoth},
+    {u"Frontal Assault B", u"FBM_03B.BMS", u'8', kBoth},
+    {u"Frantic Traffic A", u"FBP_01A.BMS", u'8', kBoth},
+    {u"Frantic Traffic B", u"FBP_01B.BMS", u'8', kBoth},
+}};
+
+}  // namespace
+
+std::span<const KnownMap> CatalogueRows() noexcept {
+  return kRows;
 }
 
-const CatalogueRow& MapCatalogue::At(int position) const {
-  if (position < 1 || position > Count()) throw RuntimeError(ErrorNumber::kSubscriptOutOfRange);
-  return rows_[static_cast<std::size_t>(position) - 1];
+std::vector<KnownMap> LoadMapCatalogue(std::uint8_t mod_flag) {
+  std::vector<KnownMap> catalogue;
+  std::ranges::copy_if(kRows, std::back_inserter(catalogue), [&](const KnownMap& map) {
+    return mod_flag == kTeamSabreModFlag || !map.team_sabre_only;
+  });
+  return catalogue;
 }
 
 }  // namespace quill

@@ -1,7 +1,8 @@
 // The built-in map catalogue: one table of all maps, from which the standard and the Team Sabre
-// catalogue come.
+// catalogue come; and the game types.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -10,37 +11,27 @@
 
 namespace quill {
 
-struct CatalogueRow {
-  TextView name;         // as shown to the operator
-  TextView file;         // as the game loads it
-  char16_t game_type;    // u'0' to u'8'
-  bool team_sabre_only;  // not part of the standard catalogue
+// The nine game types; the index is the game-type code used throughout.
+inline constexpr std::array<TextView, 9> kGameTypeNames = {
+    u"Deathmatch",       u"Team Deathmatch",    u"Cooperative",       u"Team King of the Hill",
+    u"King of the Hill", u"Search and Destroy", u"Attack and Defend", u"Capture the Flag",
+    u"Flagball"};
+inline constexpr int kNoGameType = 9;
+
+// A map that can be selected: one of the game's, or one of the remote machine's own.
+struct KnownMap {
+  TextView name;                 // as shown to the operator
+  TextView file;                 // as the game loads it
+  char16_t game_type = 0;        // of the game's own maps u'0' to u'8'
+  bool team_sabre_only = false;  // not part of the standard catalogue
 };
 
-// All 185 rows in catalogue order.
-[[nodiscard]] std::span<const CatalogueRow> CatalogueRows() noexcept;
+// All 185 rows, in the order in which the lists show them.
+[[nodiscard]] std::span<const KnownMap> CatalogueRows() noexcept;
 
 inline constexpr std::uint8_t kStandardModFlag = 0;
 inline constexpr std::uint8_t kTeamSabreModFlag = 1;
-
-// The catalogue in use, empty until the first LoadMapCatalogue. Positions are 1-based, from 1 to
-// Count(); others fail with kSubscriptOutOfRange.
-class MapCatalogue {
- public:
-  // 1 builds the Team Sabre catalogue, any other flag the standard one. On failure the former one
-  // stays.
-  void LoadMapCatalogue(std::uint8_t mod_flag);
-
-  [[nodiscard]] int Count() const noexcept { return static_cast<int>(rows_.size()); }
-  [[nodiscard]] TextView MapNames(int position) const { return At(position).name; }
-  [[nodiscard]] TextView MapFiles(int position) const { return At(position).file; }
-  // Decimal text, "0" to "8".
-  [[nodiscard]] TextView MapGameTypes(int position) const { return {&At(position).game_type, 1}; }
-
- private:
-  [[nodiscard]] const CatalogueRow& At(int position) const;
-
-  std::vector<CatalogueRow> rows_;
-};
+// 1 gives the Team Sabre catalogue, any other flag the standard one.
+[[nodiscard]] std::vector<KnownMap> LoadMapCatalogue(std::uint8_t mod_flag);
 
 }  // namespace quill

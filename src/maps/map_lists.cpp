@@ -1,30 +1,17 @@
+// The look-ups over catalogue and server maps.
 #include "maps/map_lists.h"
+
+#include <algorithm>
 
 #include "support/number_text.h"
 
 namespace quill {
-namespace {
 
-// Codes compare as numbers; nearly all are one digit, which needs no parsing.
-bool IsCode(TextView code, std::int16_t game_type) {
-  if (code.size() == 1 && code.front() >= u'0' && code.front() <= u'9') {
-    return code.front() - u'0' == game_type;
-  }
-  return ToInt16(code) == game_type;
-}
-
-}  // namespace
-
-void MapLists::ForEachOfGameType(
-    std::int16_t game_type, const std::function<void(TextView name, TextView file)>& visit) const {
-  for (int position = 1; position <= catalogue.Count(); ++position) {
-    if (IsCode(catalogue.MapGameTypes(position), game_type)) {
-      visit(catalogue.MapNames(position), catalogue.MapFiles(position));
-    }
-  }
-  for (int position = 1; position <= server.Count(); ++position) {
-    if (IsCode(server.ServerMapGameTypes(position), game_type)) {
-      visit(server.ServerMapNames(position), server.ServerMapFiles(position));
+void MapLists::ForEachOfGameType(std::int16_t game_type,
+                                 const std::function<void(const KnownMap&)>& visit) const {
+  for (const std::span<const KnownMap> maps : {std::span(catalogue), server.maps()}) {
+    for (const KnownMap& map : maps) {
+      if (ToInt16({&map.game_type, 1}) == game_type) visit(map);
     }
   }
 }
@@ -33,19 +20,13 @@ Text MapLists::GetMapDisplayName(TextView file_name, TextView game_type,
                                  bool from_server_list) const {
   const TextView file = TrimBlanks(file_name);
   if (from_server_list) {
-    const int position = server.PositionOfFile(file, game_type);
-    return position == 0 ? Text() : Text(TrimBlanks(server.ServerMapNames(position)));
+    const KnownMap* const map = server.Find(file, game_type);
+    return map == nullptr ? Text() : Text(map->name);
   }
-  for (int position = 1; position <= catalogue.Count(); ++position) {
-    if (catalogue.MapFiles(position) == file && catalogue.MapGameTypes(position) == game_type) {
-      return Text(TrimBlanks(catalogue.MapNames(position)));
-    }
-  }
-  return Text();
-}
-
-bool MapLists::IsServerMapName(TextView name) const {
-  return server.HasName(name);
+  const auto map = std::ranges::find_if(catalogue, [&](const KnownMap& each) {
+    return each.file == file && TextView(&each.game_type, 1) == game_type;
+  });
+  return map == catalogue.end() ? Text() : Text(map->name);
 }
 
 }  // namespace quill

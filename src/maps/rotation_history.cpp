@@ -1,3 +1,4 @@
+// Steps are kept as the rows in which two rotations differ.
 #include "maps/rotation_history.h"
 
 #include <algorithm>

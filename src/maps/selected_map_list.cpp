@@ -1,3 +1,4 @@
+// Where the rows of a list go that are moved or taken out.
 #include "maps/selected_map_list.h"
 
 #include <algorithm>
@@ -37,6 +38,9 @@ std::vector<int> OrderAfter(RowMove move, const std::vector<bool>& marked_rows) 
     case RowMove::kToEnd:
       std::ranges::stable_partition(order, std::not_fn(is_marked));
       break;
+    case RowMove::kOut:
+      std::erase_if(order, is_marked);
+      break;
   }
   return order;
 }
@@ -46,16 +50,6 @@ void SelectedMapList::Reorder(const std::vector<int>& order) {
   reordered.reserve(order.size());
   for (const int row : order) reordered.push_back(At(row + 1));
   maps_ = std::move(reordered);
-}
-
-void SelectedMapList::Remove(const std::vector<bool>& marked_rows) {
-  std::vector<SelectedMap> kept;
-  kept.reserve(maps_.size());
-  for (std::size_t row = 0; row < maps_.size(); ++row) {
-    const bool marked = row < marked_rows.size() && marked_rows[row];
-    if (!marked) kept.push_back(maps_[row]);
-  }
-  maps_ = std::move(kept);
 }
 
 }  // namespace quill

@@ -1,8 +1,8 @@
 // The rotation: the selected maps in the order in which the server will play them.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "support/text.h"
@@ -21,9 +21,9 @@ struct SelectedMap {
 // The adding operations of the dialog refuse to go beyond; the loaders do not.
 inline constexpr int kRotationLimit = 255;
 
-enum class RowMove : std::uint8_t { kUp, kDown, kToTop, kToEnd };
-// The rows, in their new order, of a list whose marked ones move by one, or to its top or end, and
-// keep their order.
+enum class RowMove : std::uint8_t { kUp, kDown, kToTop, kToEnd, kOut };
+// The 0-based rows, in their new order, of a list whose marked ones move by one, or to its top or
+// end, and keep their order, or are taken out.
 [[nodiscard]] std::vector<int> OrderAfter(RowMove move, const std::vector<bool>& marked_rows);
 
 class SelectedMapList {
@@ -34,11 +34,8 @@ class SelectedMapList {
 
   void Clear() noexcept { maps_.clear(); }
   void Append(SelectedMap map) { maps_.push_back(std::move(map)); }
-  // The list without the elements at those 0-based rows that are marked; shorter mark lists count
-  // as unmarked behind their end. On failure the list is unchanged.
-  void Remove(const std::vector<bool>& marked_rows);
-  // Puts the element of each 0-based row in `order` at its place there. On failure the list is
-  // unchanged.
+  // Puts the element of each 0-based row in `order` at its place there; those that it does not have
+  // are removed. On failure the list is unchanged.
   void Reorder(const std::vector<int>& order);
   // Takes over the new order or contents.
   void Replace(std::vector<SelectedMap> maps) noexcept { maps_ = std::move(maps); }

@@ -1,3 +1,4 @@
+// Each entry is decoded and taken apart where it stays.
 #include "maps/server_map_list.h"
 
 #include <algorithm>
@@ -6,124 +7,69 @@
 #include "maps/map_entry.h"
 #include "support/base64.h"
 #include "support/runtime_error.h"
+#include "support/text_pieces.h"
 
 namespace quill {
 
-const ServerMapList::Map& ServerMapList::At(int position) const {
-  if (position < 1 || position > Count()) throw RuntimeError(ErrorNumber::kSubscriptOutOfRange);
-  return maps_[static_cast<std::size_t>(position) - 1];
-}
-
-TextView ServerMapList::ServerMapNames(int position) const {
-  const Map& map = At(position);
-  return View(map.name_begin, map.name_length);
-}
-
-TextView ServerMapList::ServerMapFiles(int position) const {
-  const Map& map = At(position);
-  return View(map.file_begin, map.file_length);
-}
-
-TextView ServerMapList::ServerMapGameTypes(int position) const {
-  const Map& map = At(position);
-  return View(map.file_begin + map.file_length, 1);
-}
-
 void ServerMapList::Clear() noexcept {
-  buffer_.clear();
+  index_ = {};
   maps_.clear();
-  ForgetPositions();
-}
-
-void ServerMapList::Reserve(std::size_t encoded_size) {
-  constexpr std::size_t kUsualEntry = 32;
-  buffer_.reserve(buffer_.size() + Dec64Room(encoded_size));
-  maps_.reserve(maps_.size() + encoded_size / kUsualEntry);
+  texts_.clear();
 }
 
 void ServerMapList::AppendEntry(TextView entry) {
-  ForgetPositions();
-  const std::size_t begin = buffer_.size();
-  buffer_.insert(buffer_.end(), entry.begin(), entry.end());
-  maps_.emplace_back(begin, entry.size());
-  TakeApartFrom(maps_.size() - 1);
+  char16_t* const room = MakeRoom(entry.size());
+  std::ranges::copy(entry, room);
+  Take({room, entry.size()});
 }
 
-void ServerMapList::AppendEncodedEntries(std::span<const TextView> entries, const CodePage& page) {
-  ForgetPositions();
-  const std::size_t first = maps_.size();
-  std::size_t end = buffer_.size();
-  std::size_t room = 0;
-  for (const TextView entry : entries) room += Dec64Room(entry.size());
-  buffer_.resize(end + room);
-  try {
-    for (const TextView entry : entries) {
-      const std::size_t length = Dec64To(entry, page, buffer_.data() + end);
-      maps_.emplace_back(end, length);
-      end += length;
-    }
-  } catch (...) {
-    buffer_.resize(end);
-    TakeApartFrom(first);
-    throw;
-  }
-  buffer_.resize(end);
-  TakeApartFrom(first);
-}
-
-void ServerMapList::TakeApartFrom(std::size_t first) {
-  for (; first != maps_.size(); ++first) {
-    try {
-      TakeApart(maps_[first]);
-    } catch (...) {
-      maps_.erase(maps_.begin() + static_cast<std::ptrdiff_t>(first), maps_.end());
-      throw;
-    }
+void ServerMapList::AppendField(TextView field, const CodePage& page) {
+  constexpr std::size_t kUsualEntry = 32;
+  char16_t* room = MakeRoom(Dec64Room(field.size()));
+  maps_.reserve(maps_.size() + field.size() / kUsualEntry);
+  PieceCursor entries(field, kListSeparator);
+  for (TextView entry; entries.Next(entry);) {
+    if (IsBlank(entry)) continue;
+    const std::size_t size = Dec64To(entry, page, room);
+    Take({room, size});
+    room += size;
   }
 }
 
-void ServerMapList::TakeApart(Map& map) {
-  if (map.name_length == 0) throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
-  char16_t* const entry = buffer_.data() + map.name_begin;
-  const std::size_t length = map.name_length - 1;
-  const char16_t game_type = entry[length];
-  const MapEntrySplit split = FindMapEntrySplit(TextView(entry, length));
-  const TextView name = TrimBlanks(TextView(entry, TakeOutTail(entry, split)));
-  map.name_begin = static_cast<std::size_t>(name.data() - buffer_.data());
-  map.name_length = name.size();
-  map.file_begin = static_cast<std::size_t>(split.file.data() - buffer_.data());
-  map.file_length = split.file.size();
-  // At least the last character of the tail lies behind the file name.
-  buffer_[map.file_begin + map.file_length] = game_type;
+char16_t* ServerMapList::MakeRoom(std::size_t size) {
+  index_ = {};
+  return texts_.emplace_back(std::make_unique_for_overwrite<char16_t[]>(size)).get();
 }
 
-template <class KeyOf>
-int ServerMapList::Look(FirstPositions& known, TextView key, KeyOf key_of) const {
-  if (known.empty()) {
-    FirstPositions all;
-    for (int position = 1; position <= Count(); ++position) {
-      all.try_emplace(key_of(At(position)), position);
+void ServerMapList::Take(std::span<char16_t> entry) {
+  if (entry.empty()) throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
+  const char16_t game_type = entry.back();
+  const MapEntryParts parts = TakeMapEntryApart(entry.first(entry.size() - 1));
+  entry[static_cast<std::size_t>(parts.file.data() + parts.file.size() - entry.data())] = game_type;
+  maps_.push_back({parts.name, parts.file, game_type});
+}
+
+const ServerMapList::Index& ServerMapList::FullIndex() const {
+  if (index_.names.empty()) {
+    Index index;
+    for (const KnownMap& map : maps_) {
+      index.by_file.try_emplace({map.file.data(), map.file.size() + 1}, &map);
+      index.names.insert(map.name);
     }
-    known = std::move(all);
+    index_ = std::move(index);
   }
-  const auto found = known.find(key);
-  return found == known.end() ? 0 : found->second;
+  return index_;
 }
 
-int ServerMapList::PositionOfFile(TextView file, TextView game_type) const {
-  if (game_type.size() != 1) return 0;
-  return Look(by_file_, Concat({file, game_type}),
-              [this](const Map& map) { return View(map.file_begin, map.file_length + 1); });
+const KnownMap* ServerMapList::Find(TextView file, TextView game_type) const {
+  if (game_type.size() != 1) return nullptr;
+  const auto& by_file = FullIndex().by_file;
+  const auto found = by_file.find(Concat({file, game_type}));
+  return found == by_file.end() ? nullptr : found->second;
 }
 
 bool ServerMapList::HasName(TextView name) const {
-  return Look(by_name_, name,
-              [this](const Map& map) { return View(map.name_begin, map.name_length); }) != 0;
-}
-
-void ServerMapList::ForgetPositions() noexcept {
-  by_file_.clear();
-  by_name_.clear();
+  return FullIndex().names.contains(name);
 }
 
 }  // namespace quill

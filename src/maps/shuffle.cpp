@@ -1,3 +1,4 @@
+// Drawing one row after the other.
 #include "maps/shuffle.h"
 
 #include <cmath>
@@ -6,16 +7,6 @@
 #include "support/runtime_error.h"
 
 namespace quill {
-
-RandomSource::RandomSource(std::uint64_t seed) {
-  std::seed_seq words{static_cast<std::uint32_t>(seed), static_cast<std::uint32_t>(seed >> 32)};
-  engine_.seed(words);
-}
-
-float RandomSource::operator()() {
-  // The 24 bits that a single-precision number holds, so that the result never rounds up to 1.
-  return static_cast<float>(engine_() >> 8) * 0x1p-24F;
-}
 
 std::vector<SelectedMap> Shuffled(const std::vector<SelectedMap>& maps,
                                   const std::function<float()>& draw) {

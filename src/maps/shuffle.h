@@ -13,11 +13,12 @@ namespace quill {
 // A pseudo-random generator in [0, 1), single precision.
 class RandomSource {
  public:
-  explicit RandomSource(std::uint64_t seed);
-  [[nodiscard]] float operator()();
+  explicit RandomSource(std::uint64_t seed) : engine_(seed) {}
+  // The 24 bits that a single-precision number holds, so that the result never rounds up to 1.
+  [[nodiscard]] float operator()() { return static_cast<float>(engine_() >> 40) * 0x1p-24F; }
 
  private:
-  std::mt19937 engine_;
+  std::mt19937_64 engine_;
 };
 
 // The maps in a new order: step by step one of those not yet placed is drawn and placed behind the

@@ -5,7 +5,6 @@
 
 #include "dialog/frmrcBHDGS.h"
 #include "plugin/operator_rights.h"
-#include "remote/dialog_in_use.h"
 #include "remote/replies.h"
 #include "remote/request_file.h"
 #include "support/trap.h"
@@ -22,7 +21,7 @@ Text clsPlugin::dllVersion(TextView) const {
 }
 
 PLUGIN clsPlugin::GetData() const {
-  return PluginRecord();
+  return {};
 }
 
 void clsPlugin::SetPrivis(std::shared_ptr<HostCollection> NameCol,
@@ -49,7 +48,7 @@ void clsPlugin::LoadInterface(std::int32_t Index, std::int32_t, const HostArray&
         // In a dialog that is still shown the former rotation can be brought back.
         if (!dialog->shown()) session.maps.history.Forget();
         // The answer to a start would be taken for that to the query, so nobody waits for it.
-        dialog->start_wait().End();
+        dialog->HideStartWait();
         if (session.PendingCommand == kStartGameCommand) {
           at(), session.toolkit.SetScreenPointer(ui::Pointer::kDefault);
         }
@@ -59,7 +58,7 @@ void clsPlugin::LoadInterface(std::int32_t Index, std::int32_t, const HostArray&
             WriteRequest(session, kGameSettingsQuery, RequestEnvelope(session, kGameSettingsQuery));
         at(), dialog->ShowModal();
       },
-      [&](RuntimeError&) { RestorePointer(session); });
+      [&](RuntimeError&) { session.RestorePointer(); });
 }
 
 void clsPlugin::RemoteData(TextView Data) {

@@ -9,10 +9,9 @@
 
 namespace quill {
 
-mdlBHDGS::mdlBHDGS(const Platform& platform)
-    : Session(platform.toolkit, platform.files, platform.clock, platform.code_page),
-      platform_(platform) {
-  start_game = [this](frmrcBHDGS& pressed_in) { StartGame(*this, pressed_in); };
+mdlBHDGS::mdlBHDGS(const Platform& platform, ProcessPaths& paths, HostServices& services)
+    : Session(platform), paths_(paths), services_(services) {
+  start_game = StartGame;
 }
 
 mdlBHDGS::~mdlBHDGS() {
@@ -25,9 +24,9 @@ mdlBHDGS::~mdlBHDGS() {
 void mdlBHDGS::SubMain() {
   if (std::exchange(started_, true)) return;
   Trapped(reporter, u"SubMain", [&](Line& at) {
-    at(), HostRoot = ResolveHostRoot(platform_.paths);
-    at(), file_kit = platform_.services.CreateFileKit();
-    at(), memory_kit = platform_.services.CreateMemoryKit();
+    at(), HostRoot = ResolveHostRoot(paths_);
+    at(), file_kit = services_.CreateFileKit();
+    at(), memory_kit = services_.CreateMemoryKit();
   });
 }
 

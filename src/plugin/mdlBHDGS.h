@@ -4,30 +4,16 @@
 #include <memory>
 
 #include "dialog/session.h"
-#include "plugin/host_services.h"
-#include "plugin/host_values.h"
+#include "plugin/host_objects.h"
 #include "remote/request_file.h"
-#include "support/clock.h"
-#include "support/code_page.h"
-#include "support/file_system.h"
 #include "support/host_environment.h"
-#include "ui/toolkit.h"
 
 namespace quill {
 
-// What the platform offers; everything outlives the module.
-struct Platform {
-  ui::Toolkit& toolkit;
-  FileSystem& files;
-  ProcessPaths& paths;
-  Clock& clock;
-  const CodePage& code_page;
-  HostServices& services;
-};
-
 class mdlBHDGS : public Session {
  public:
-  explicit mdlBHDGS(const Platform& platform);
+  // All of it outlives the module.
+  mdlBHDGS(const Platform& platform, ProcessPaths& paths, HostServices& services);
   ~mdlBHDGS();
 
   // Start-up: resolves HostRoot and creates the host's service objects. Runs once; later calls do
@@ -44,7 +30,8 @@ class mdlBHDGS : public Session {
   std::shared_ptr<HostCollection> ValCol;
 
  private:
-  Platform platform_;
+  ProcessPaths& paths_;
+  HostServices& services_;
   bool started_ = false;
 };
 

@@ -5,7 +5,7 @@
 #include <span>
 
 #include "dialog/frmrcBHDGS.h"
-#include "plugin/host_values.h"
+#include "plugin/host_objects.h"
 #include "support/text.h"
 
 namespace quill {

@@ -1,18 +1,13 @@
-// Routing a reply, filling the dialog from game settings, and taking a start's answer: all that
-// the label "RemoteData" takes lines from.
+// Splitting and routing a reply, filling the dialog from game settings, and taking a start's
+// answer: all that the label "RemoteData" takes lines from.
 #include "remote/replies.h"
 
 #include <algorithm>
-#include <array>
+#include <utility>
 
 #include "dialog/frmrcBHDGS.h"
-#include "dialog/option_table.h"
-#include "dialog/option_value.h"
-#include "remote/compressed_frame.h"
-#include "remote/dialog_in_use.h"
-#include "remote/reply_fields.h"
+#include "dialog/option_control.h"
 #include "remote/request_file.h"
-#include "remote/server_maps_field.h"
 #include "support/base64.h"
 #include "support/number_text.h"
 #include "support/text_pieces.h"
@@ -26,8 +21,7 @@ constexpr int kFieldsWithoutFixedValues = 26;
 
 constexpr TextView kTeamSabre = u"Team Sabre";
 constexpr TextView kNoMod = u"None";
-constexpr std::array<TextView, 4> kTeamSabreSynonyms = {u"teamsabre", u"team sabre", u"exp1.pff",
-                                                        u"exp1"};
+constexpr TextView kTeamSabreSynonyms[] = {u"teamsabre", u"team sabre", u"exp1.pff", u"exp1"};
 
 bool HasFixedValues(const ReplyFields& fields) {
   return fields.Count() > kFieldsWithoutFixedValues;
@@ -91,7 +85,7 @@ void HandleGameSettingsReply(Session& session, TextView data, ReplyFields& field
   at(), fields.Assign(DecodeFrame(data, session.kit()));
   const DialogInUse dialog((at(), session));
   at(), session.maps.server.Clear();
-  at(), ReadServerMaps(fields[25], session.code_page, session.maps.server);
+  at(), session.maps.server.AppendField(fields[25], session.code_page);
   if (HasFixedValues(fields)) at(), RepairFixedValues(fields);
   // Setting an option can start what follows from it, so the order counts.
   for (const Option& option : Options()) at(), FillOption(*dialog, option, fields);
@@ -100,7 +94,7 @@ void HandleGameSettingsReply(Session& session, TextView data, ReplyFields& field
 }
 
 void HandleStartReply(Session& session, TextView data, Line& at) {
-  if (frmrcBHDGS* const dialog = session.dialog.get()) dialog->start_wait().End();
+  if (frmrcBHDGS* const dialog = session.dialog.get()) dialog->HideStartWait();
   if (at(), ToInt32(data) == 0) {
     session.reporter.Show(MessageKind::kFailed, u"Failed to initialize game process!");
   }
@@ -116,6 +110,30 @@ void ExplainTypeMismatch(RuntimeError& error, const ReplyFields& fields) {
 
 }  // namespace
 
+void ReplyFields::Assign(Text payload) {
+  payload_ = std::move(payload);
+  count_ = 0;
+  PieceCursor pieces(payload_, u"_");
+  while (count_ < kMostFields && pieces.Next(fields_[static_cast<std::size_t>(count_)])) ++count_;
+}
+
+TextView ReplyFields::operator[](int number) const {
+  if (number < 0 || number >= count_) {
+    throw RuntimeError(ErrorNumber::kSubscriptOutOfRange,
+                       Concat({u"Subscript out of range: the reply has no field ", Decimal(number),
+                               u", only ", Decimal(count_)}));
+  }
+  return fields_[static_cast<std::size_t>(number)];
+}
+
+TextView ReplyFields::ValueOrEmpty(int number) const noexcept {
+  return number < 0 || number >= count_ ? TextView() : fields_[static_cast<std::size_t>(number)];
+}
+
+void ReplyFields::RepairNumber(int number, TextView value) {
+  if (!IsNumber((*this)[number])) fields_[static_cast<std::size_t>(number)] = value;
+}
+
 void TakeReply(Session& session, TextView data) {
   Text reply;
   ReplyFields fields;
@@ -130,7 +148,7 @@ void TakeReply(Session& session, TextView data) {
         }
       },
       [&](RuntimeError& error) {
-        RunEach([&] { RestorePointer(session); }, [&] { ExplainTypeMismatch(error, fields); });
+        RunEach([&] { session.RestorePointer(); }, [&] { ExplainTypeMismatch(error, fields); });
       });
 }
 

@@ -1,4 +1,5 @@
-// Request files: how a command reaches the host, which relays it to the remote side.
+// Request files: how a command reaches the host, which relays it to the remote side; and the
+// compressed frame that large payloads travel in, both ways.
 #pragma once
 
 #include "dialog/session.h"
@@ -18,6 +19,14 @@ struct RemoteCommand {
 inline constexpr RemoteCommand kGameSettingsQuery = {u"GetGameSettingsRem", kLoadFormCommand,
                                                      false};
 inline constexpr RemoteCommand kStartGame = {u"StartGameRem", kStartGameCommand, true};
+
+// The frame is the payload's length in 16-bit units, a marker, and the payload as the file kit
+// compresses it.
+[[nodiscard]] Text EncodeFrame(TextView payload, FileKit& file_kit);
+// The payload of `frame`. What follows a second marker is ignored. Fails with kTypeMismatch or
+// kOverflow when it does not begin with a 32-bit number, then with kSubscriptOutOfRange when there
+// is no marker, and as the file kit does.
+[[nodiscard]] Text DecodeFrame(TextView frame, FileKit& file_kit);
 
 // `host_root` without a trailing backslash.
 [[nodiscard]] Text RequestPath(TextView host_root, const RemoteCommand& command);

@@ -1,12 +1,10 @@
 // Checking, packing and sending a start of the game.
 #include "remote/start_command.h"
 
-#include <array>
+#include <algorithm>
 #include <vector>
 
-#include "dialog/option_table.h"
-#include "dialog/option_value.h"
-#include "remote/compressed_frame.h"
+#include "dialog/option_control.h"
 #include "remote/request_file.h"
 #include "support/base64.h"
 #include "support/number_text.h"
@@ -70,29 +68,24 @@ std::int32_t OptionFlags(const frmrcBHDGS& dialog) {
 }
 
 Text StartPayload(const frmrcBHDGS& dialog, std::int32_t flags) {
-  std::array<const Option*, kFieldCount> options{};
-  for (const Option& option : Options()) {
-    if (option.payload.form == FieldForm::kNone) continue;
-    options.at(static_cast<std::size_t>(option.payload.number)) = &option;
-  }
-
+  const auto options = Options();
   Text payload;
   for (int number = 0; number < kFieldCount; ++number) {
     if (number != 0) payload += u'_';
-    if (number == kFlagsField) {
-      AppendDecimal(payload, flags);
-    } else if (const Option* option = options[static_cast<std::size_t>(number)]) {
-      AppendField(payload, dialog, *option);
-    }
+    if (number == kFlagsField) AppendDecimal(payload, flags);
+    const auto option = std::ranges::find_if(
+        options, [&](const Option& each) { return each.payload.number == number; });
+    if (option != options.end()) AppendField(payload, dialog, *option);
   }
   payload += u'|';
   AppendMapList(payload, dialog.session());
   return payload;
 }
 
-void StartGame(Session& session, frmrcBHDGS& dialog) {
+void StartGame(frmrcBHDGS& dialog) {
+  Session& session = dialog.session();
   MessageReporter& reporter = session.reporter;
-  const auto give_up = [&](RuntimeError&) { dialog.start_wait().End(); };
+  const auto give_up = [&](RuntimeError&) { dialog.HideStartWait(); };
   const auto steps = [&](Line& at) {
     const auto text_box = [&](TextView key) -> ui::TextBox& {
       return dialog.Get<ui::TextBox>(key);
@@ -126,7 +119,7 @@ void StartGame(Session& session, frmrcBHDGS& dialog) {
     at(), session.toolkit.SetScreenPointer(ui::Pointer::kBusy);
     at(), session.PendingCommand = kStartGame.pending_name;
     // Before the request, which the host may answer at once.
-    at(), dialog.start_wait().Begin();
+    at(), dialog.ShowStartWait();
     at(), WriteRequest(session, kStartGame, RequestEnvelope(session, kStartGame, frame));
   };
   Trapped(reporter, u"cmdStart_Error", steps, give_up);

@@ -5,14 +5,13 @@
 #include <cstdint>
 
 #include "dialog/frmrcBHDGS.h"
-#include "remote/request_file.h"
 #include "support/text.h"
 
 namespace quill {
 
 // What the Start button's release does. A failed check shows its message and sends nothing; repairs
 // that were made before stay. Trapped as "cmdStart_Error".
-void StartGame(Session& session, frmrcBHDGS& dialog);
+void StartGame(frmrcBHDGS& dialog);
 
 // The check boxes that travel as bits of one number.
 [[nodiscard]] std::int32_t OptionFlags(const frmrcBHDGS& dialog);

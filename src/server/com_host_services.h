@@ -1,7 +1,7 @@
 // Creates the host's service objects through automation.
 #pragma once
 
-#include "plugin/host_services.h"
+#include "plugin/host_objects.h"
 
 namespace quill::com {
 

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "com/automation.h"
-#include "plugin/host_values.h"
+#include "plugin/host_objects.h"
 
 namespace quill::com {
 

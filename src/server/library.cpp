@@ -24,7 +24,7 @@ struct Library::Runtime {
   win32::Win32Clock clock;
   CodePage code_page = win32::SystemCodePage();
   ComHostServices services;
-  mdlBHDGS module{Platform{toolkit, files, paths, clock, code_page, services}};
+  mdlBHDGS module{{toolkit, files, clock, code_page}, paths, services};
 };
 
 constexpr Library::Library() noexcept = default;

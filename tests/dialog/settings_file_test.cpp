@@ -89,7 +89,7 @@ TEST(SettingsFile, AFailedSaveReportsItsMapAndKeepsWhatIsWritten) {
   bench.OpenFilled([&](frmrcBHDGS& dialog) {
     bench.Select({kRoadRage, kOilIsland, kRoadRage});
     // The view is older than the rotation now, as after a host call from within a box.
-    bench.module.maps.selected.Remove({false, false, true});
+    bench.module.maps.selected.Reorder({0, 1});
     bench.Push(u"cmdSave", u"short.hsf");
     EXPECT_EQ(bench.Failures(), Strings{"cmdSave|5|Invalid procedure call or argument [2]"});
     EXPECT_TRUE(bench.Read(u"short.hsf").ends_with("Map1=7[-]0[-]CTF_04A.BMS\r\n"));

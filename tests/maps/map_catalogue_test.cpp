@@ -13,7 +13,7 @@ namespace {
 std::array<int, 9> MapsPerGameType(const MapLists& lists) {
   std::array<int, 9> counts{};
   for (std::int16_t type = 0; type < 9; ++type) {
-    lists.ForEachOfGameType(type, [&](TextView, TextView) { ++counts[type]; });
+    lists.ForEachOfGameType(type, [&](const KnownMap&) { ++counts[type]; });
   }
   return counts;
 }
@@ -22,16 +22,14 @@ TEST(MapCatalogue, IsEmptyUntilLoadedAndHoldsEitherVariantInFull) {
   MapLists lists;
   EXPECT_EQ(lists.TotalMapCount(), 0);
   EXPECT_EQ(lists.GetMapDisplayName(u"DMK_01A.BMS", u"0", false), u"");
-  lists.catalogue.LoadMapCatalogue(kTeamSabreModFlag);
-  EXPECT_EQ(lists.catalogue.Count(), 185);
+  lists.catalogue = LoadMapCatalogue(kTeamSabreModFlag);
+  EXPECT_EQ(lists.catalogue.size(), 185u);
   EXPECT_EQ(MapsPerGameType(lists), (std::array{14, 26, 0, 27, 0, 26, 28, 36, 28}));
   for (const std::uint8_t flag : std::initializer_list<std::uint8_t>{0, 2, 255}) {
-    lists.catalogue.LoadMapCatalogue(flag);
-    EXPECT_EQ(lists.catalogue.Count(), 117);
+    lists.catalogue = LoadMapCatalogue(flag);
+    EXPECT_EQ(lists.catalogue.size(), 117u);
     EXPECT_EQ(MapsPerGameType(lists), (std::array{9, 16, 0, 16, 0, 16, 18, 24, 18}));
   }
-  EXPECT_THROW((void)lists.catalogue.MapNames(0), RuntimeError);
-  EXPECT_THROW((void)lists.catalogue.MapFiles(118), RuntimeError);
 }
 
 TEST(MapCatalogue, LooksUpByFileAndGameTypeExactly) {
@@ -53,22 +51,22 @@ TEST(MapCatalogue, LooksUpByFileAndGameTypeExactly) {
                {u"", u"7", false, u"", u""}};
   for (const auto& it : cases) {
     SCOPED_TRACE(ToUtf8(it.file) + " " + ToUtf8(it.type));
-    lists.catalogue.LoadMapCatalogue(kTeamSabreModFlag);
+    lists.catalogue = LoadMapCatalogue(kTeamSabreModFlag);
     EXPECT_EQ(lists.GetMapDisplayName(it.file, it.type, it.is_server), it.name);
-    lists.catalogue.LoadMapCatalogue(kStandardModFlag);
+    lists.catalogue = LoadMapCatalogue(kStandardModFlag);
     EXPECT_EQ(lists.GetMapDisplayName(it.file, it.type, it.is_server), it.standard_name);
   }
 }
 
 TEST(MapCatalogue, ServerMapsFollowTheCatalogueWithinAGameType) {
   MapLists lists;
-  lists.catalogue.LoadMapCatalogue(kTeamSabreModFlag);
+  lists.catalogue = LoadMapCatalogue(kTeamSabreModFlag);
   lists.server.AppendEntry(u"Mine <MINE.BMS>0");
   lists.server.AppendEntry(u"Kitchen <KITCHEN.BMS>2");
   EXPECT_EQ(lists.TotalMapCount(), 187);
   std::vector<Text> rows;
-  const auto note = [&](TextView name, TextView file) {
-    rows.push_back(Concat({name, u"|", file}));
+  const auto note = [&](const KnownMap& map) {
+    rows.push_back(Concat({map.name, u"|", map.file}));
   };
   lists.ForEachOfGameType(0, note);
   ASSERT_EQ(rows.size(), 15u);

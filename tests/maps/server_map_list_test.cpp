@@ -55,20 +55,21 @@ TEST(ServerMapList, TakesEntriesApartUpToTheFirstBadOne) {
   const TextView euro = u"gCA8Ri5CTVMgPjE=";                     // \u20AC <F.BMS >1
   const TextView no_map = u"YTg=";                               // a8
   struct Case {
-    std::vector<TextView> entries;
+    Text field;
     std::size_t taken;
     bool fails;
   };
-  for (const Case& it :
-       {Case{{harbour, twice, euro}, 3, false}, Case{{harbour, no_map, u"*"}, 1, true},
-        Case{{harbour, twice, u"A*=="}, 2, true}, Case{{u"", harbour}, 0, true},
-        Case{{}, 0, false}}) {
+  for (const Case& it : {Case{Concat({harbour, u"| ||", twice, u"|", euro}), 3, false},
+                         Case{Concat({harbour, u"|", no_map, u"|*"}), 1, true},
+                         Case{Concat({harbour, u"|", twice, u"|A*=="}), 2, true},
+                         Case{Concat({u"Yg==|", harbour}), 0, true}, Case{u"", 0, false}}) {
     ServerMapList list;
     list.AppendEntry(u"First <1.BMS>1");
     EXPECT_THROW(list.AppendEntry(u"Name <8"), RuntimeError);
+    EXPECT_THROW(list.AppendEntry(u""), RuntimeError);
     bool failed = false;
     try {
-      list.AppendEncodedEntries(it.entries, CodePage::Windows1252());
+      list.AppendField(it.field, CodePage::Windows1252());
     } catch (const RuntimeError& error) {
       failed = true;
       // The first bad entry speaks, not one behind it.
@@ -81,13 +82,10 @@ TEST(ServerMapList, TakesEntriesApartUpToTheFirstBadOne) {
     wanted.resize(1 + it.taken);
     wanted.emplace_back(u"Last/2.BMS/x");
     std::vector<Text> got;
-    for (int i = 1; i <= list.Count(); ++i) {
-      got.push_back(Concat({list.ServerMapNames(i), u"/", list.ServerMapFiles(i), u"/",
-                            list.ServerMapGameTypes(i)}));
+    for (const KnownMap& map : list.maps()) {
+      got.push_back(Concat({map.name, u"/", map.file, u"/", {&map.game_type, 1}}));
     }
     EXPECT_EQ(got, wanted);
-    EXPECT_THROW((void)list.ServerMapNames(0), RuntimeError);
-    EXPECT_THROW((void)list.ServerMapFiles(list.Count() + 1), RuntimeError);
   }
 }
 
@@ -106,18 +104,18 @@ TEST(ServerMapList, TheFirstOfEqualMapsIsFoundAfterEveryKindOfChange) {
   EXPECT_EQ(found(u"A.BM", u"S1"), u"");
   EXPECT_EQ(found(u"A.BMS", u""), u"");
   EXPECT_EQ(found(u"a.bms", u"1"), u"");
-  EXPECT_TRUE(lists.IsServerMapName(u"Second"));
-  EXPECT_FALSE(lists.IsServerMapName(u"second"));
+  EXPECT_TRUE(lists.server.HasName(u"Second"));
+  EXPECT_FALSE(lists.server.HasName(u"second"));
 
   lists.server.AppendEntry(u"Late <B.BMS>1");
   EXPECT_EQ(found(u"B.BMS", u"1"), u"Late");
-  EXPECT_TRUE(lists.IsServerMapName(u"Late"));
+  EXPECT_TRUE(lists.server.HasName(u"Late"));
 
   ServerMapList former = std::move(lists.server);
   lists.server.Clear();
   lists.server.AppendEntry(u"Fresh <A.BMS>1");
   EXPECT_EQ(found(u"A.BMS", u"1"), u"Fresh");
-  EXPECT_FALSE(lists.IsServerMapName(u"Late"));
+  EXPECT_FALSE(lists.server.HasName(u"Late"));
   std::swap(former, lists.server);
   EXPECT_EQ(found(u"B.BMS", u"1"), u"Late");
   EXPECT_TRUE(former.HasName(u"Fresh"));
@@ -130,15 +128,19 @@ TEST(SelectedMapList, RemovesMarkedRowsAndRenumbersTheRest) {
   const std::vector<SelectedMap> three = {
       {u"A", u"A.BMS", 0, false}, {u"B", u"B.BMS", 7, true}, {u"A", u"A.BMS", 0, false}};
   list.Replace(three);
-  list.Remove({});
-  list.Remove({false, false, false, true, true});
+  const auto remove = [&](const std::vector<bool>& marked) {
+    list.Reorder(OrderAfter(RowMove::kOut, marked));
+  };
+  remove({false, false, false});
   EXPECT_EQ(list.maps(), three);
   for (const int position : {-1, 0, 4}) {
     EXPECT_THROW((void)list.At(position), RuntimeError);
   }
-  list.Remove({true});
+  EXPECT_THROW(list.Reorder({0, 3}), RuntimeError);
+  EXPECT_EQ(list.maps(), three);
+  remove({true, false, false});
   EXPECT_EQ(list.Count(), 2);
-  list.Remove({false, true});
+  remove({false, true});
   ASSERT_EQ(list.Count(), 1);
   EXPECT_EQ(list.At(1), three[1]);
 }

@@ -1,5 +1,5 @@
 // The frame of large payloads, both ways.
-#include "remote/compressed_frame.h"
+#include "remote/request_file.h"
 
 #include <gtest/gtest.h>
 

@@ -41,7 +41,7 @@ struct NativeBench {
   win32::Win32Clock clock;
   CodePage code_page = win32::SystemCodePage();
   std::unique_ptr<win32::Win32Toolkit> toolkit = std::make_unique<win32::Win32Toolkit>();
-  Session session{*toolkit, files, clock, code_page};
+  Session session{{*toolkit, files, clock, code_page}};
   host::WindowRobot robot{u"frmrcBHDGS"};
   // The message boxes that came up, each acknowledged at once; what to answer to file dialogs.
   std::vector<host::SeenBox> boxes;

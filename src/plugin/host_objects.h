@@ -1,10 +1,12 @@
-// Values that the host hands over, as far as the plug-in looks into them.
+// What the host hands over, as far as the plug-in looks into it: values, and its two service
+// objects.
 #pragma once
 
 #include <cstdint>
 #include <memory>
 #include <optional>
 
+#include "support/file_kit.h"
 #include "support/text.h"
 
 namespace quill {
@@ -35,6 +37,23 @@ class HostCollection {
   // The item of that key, without regard to letter case; nothing when there is none. kTypeMismatch
   // for an item that cannot be compared with a text.
   [[nodiscard]] virtual std::optional<HostItem> Find(TextView key) = 0;
+};
+
+inline constexpr TextView kMemoryKitProgId = u"rcMemKit.clsMemKit";
+
+// Created and held, never called.
+class MemoryKit {
+ public:
+  virtual ~MemoryKit() = default;
+};
+
+// Creates the service objects by their programmatic names.
+class HostServices {
+ public:
+  virtual ~HostServices() = default;
+  // Both fail with kCannotCreateObject when the host does not offer the object.
+  [[nodiscard]] virtual std::unique_ptr<FileKit> CreateFileKit() = 0;
+  [[nodiscard]] virtual std::unique_ptr<MemoryKit> CreateMemoryKit() = 0;
 };
 
 }  // namespace quill
