@@ -18,7 +18,7 @@
 #include "support/runtime_error.h"
 #include "support/version.h"
 #include "win32/native_text.h"
-#include "win32/win32_process_paths.h"
+#include "win32/system_services.h"
 
 namespace quill::host {
 namespace {

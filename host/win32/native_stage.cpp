@@ -150,7 +150,7 @@ class NativeStage final : public Stage {
       for (const TextView picture : {kReleasedPicturePath, kPressedPicturePath}) {
         const Text path = Concat({root_, folder, picture});
         try {
-          static_cast<void>(win32::ReadGifPicture(path));
+          static_cast<void>(win32::NativePicture(path));
           readable.push_back(path);
         } catch (const RuntimeError&) {
           // Then no window shows it.

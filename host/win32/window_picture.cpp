@@ -14,20 +14,20 @@ using std::min;
 }  // namespace Gdiplus
 #include <gdiplus.h>
 
-#include "win32/drawing_surface.h"
+#include "win32/drawing.h"
 
 namespace quill::host {
 namespace {
 
 template <class Draw>
 Pixels Take(int width, int height, const Draw& draw) {
-  std::uint32_t* bits = nullptr;
-  const win32::DrawingSurface surface({width, height}, &bits);
-  if (!surface.valid()) throw std::runtime_error("no memory for a picture of a window");
+  const win32::DrawingSurface surface({width, height});
+  if (surface.pixels() == nullptr) throw std::runtime_error("no memory for a picture of a window");
   draw(surface.context());
   GdiFlush();
   const auto count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-  Pixels pixels{width, height, std::vector<std::uint32_t>(bits, bits + count)};
+  Pixels pixels{width, height,
+                std::vector<std::uint32_t>(surface.pixels(), surface.pixels() + count)};
   for (std::uint32_t& pixel : pixels.values) pixel &= 0x00FFFFFFu;
   return pixels;
 }

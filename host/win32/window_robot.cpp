@@ -14,7 +14,7 @@
 #include "host/kit/text_line.h"
 #include "host/win32/window_picture.h"
 #include "support/number_text.h"
-#include "win32/drawing_surface.h"
+#include "win32/drawing.h"
 #include "win32/native_picture.h"
 #include "win32/native_text.h"
 #include "win32/screen_scale.h"
@@ -35,12 +35,8 @@ constexpr LPARAM kRepeated = 1 << 30;
 }
 
 Text ControlName(HWND window) {
-  const auto atom =
-      static_cast<ATOM>(reinterpret_cast<ULONG_PTR>(GetPropW(window, L"ControlName")));
-  std::array<wchar_t, 256> name{};
-  if (atom == 0) return {};
-  const UINT length = GlobalGetAtomNameW(atom, name.data(), static_cast<int>(name.size()));
-  return FromWide({name.data(), length});
+  const auto* const name = static_cast<const wchar_t*>(GetPropW(window, L"ControlName"));
+  return name != nullptr ? FromWide(name) : Text();
 }
 
 struct Search {
@@ -176,14 +172,13 @@ bool HasStyle(HWND window, DWORD style) {
 Text PictureIn(HWND window, const std::vector<Text>& pictures) {
   const Pixels shown = TakeOwnDrawing(window);
   for (const Text& path : pictures) {
-    const auto picture = win32::ReadGifPicture(path);
-    std::uint32_t* bits = nullptr;
-    const win32::DrawingSurface surface({shown.width, shown.height}, &bits);
+    const win32::NativePicture picture(path);
+    const win32::DrawingSurface surface({shown.width, shown.height});
     // Where the picture is transparent both show the same ground.
     Send(window, WM_ERASEBKGND, reinterpret_cast<WPARAM>(surface.context()));
-    picture->Draw(surface.context(), {0, 0, shown.width, shown.height});
+    picture.Draw(surface.context(), {0, 0, shown.width, shown.height});
     GdiFlush();
-    if (std::equal(shown.values.begin(), shown.values.end(), bits,
+    if (std::equal(shown.values.begin(), shown.values.end(), surface.pixels(),
                    [](std::uint32_t a, std::uint32_t b) { return a == (b & 0x00FFFFFFu); })) {
       return path.substr(path.rfind(u'\\') + 1);
     }
@@ -197,8 +192,8 @@ std::array<int, 4> PlaceInTwips(HWND window) {
   RECT place = {};
   GetWindowRect(window, &place);
   MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&place), 2);
-  return {scale.TwipsX(place.left), scale.TwipsY(place.top), scale.TwipsX(place.right - place.left),
-          scale.TwipsY(place.bottom - place.top)};
+  return {scale.ToTwips(place.left), scale.ToTwips(place.top),
+          scale.ToTwips(place.right - place.left), scale.ToTwips(place.bottom - place.top)};
 }
 
 // True when the pointer over the window would be the hourglass.

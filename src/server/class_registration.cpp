@@ -7,9 +7,9 @@
 #include "com/bstr.h"
 #include "com/com_error.h"
 #include "support/runtime_error.h"
-#include "win32/file_handle.h"
 #include "win32/owned.h"
-#include "win32/win32_process_paths.h"
+#include "win32/system_services.h"
+#include "win32/win32_file_system.h"
 
 namespace quill::com {
 namespace {

@@ -7,11 +7,8 @@
 #include "com/library_use.h"
 #include "server/com_host_services.h"
 #include "support/runtime_error.h"
-#include "win32/system_code_page.h"
-#include "win32/this_module.h"
-#include "win32/win32_clock.h"
+#include "win32/system_services.h"
 #include "win32/win32_file_system.h"
-#include "win32/win32_process_paths.h"
 #include "win32/win32_toolkit.h"
 
 namespace quill::com {

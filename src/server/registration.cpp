@@ -7,7 +7,7 @@
 #include "com/com_ptr.h"
 #include "com/identifiers.h"
 #include "support/compiler.h"
-#include "win32/win32_process_paths.h"
+#include "win32/system_services.h"
 
 // Of Windows Vista and later; the cross compilers' headers have only what is for the machine.
 #ifdef QUILL_HEADERS_ARE_SHORT

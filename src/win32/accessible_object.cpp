@@ -1,6 +1,4 @@
 // The answers to assistive tools: the model's where it knows better, the system's for all else.
-#include "win32/accessible_object.h"
-
 #include "com/automation.h"
 
 #include <oleacc.h>
@@ -14,6 +12,7 @@
 #include "support/compiler.h"
 #include "ui/controls.h"
 #include "ui/list_box.h"
+#include "ui/controls.h"
 #include "win32/window_peer.h"
 
 namespace quill::win32 {
@@ -42,34 +41,34 @@ HRESULT Give(TextView text, BSTR* out) {
 class AccessibleObject final : public com::Object<IAccessible> {
  public:
   AccessibleObject(HWND window, ComPtr<IAccessible> standard) noexcept
-      : window_(window), standard_(std::move(standard)) {}
+      : window_(window), system_(std::move(standard)) {}
 
   STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
     // How the children are told one by one is the system's business.
     const bool is_systems = IsEqualIID(wanted, QUILL_ID_OF(IEnumVARIANT)) ||
                             IsEqualIID(wanted, QUILL_ID_OF(IOleWindow));
-    return is_systems ? standard_->QueryInterface(wanted, object)
+    return is_systems ? system_->QueryInterface(wanted, object)
                       : Object::QueryInterface(wanted, object);
   }
 
-  STDMETHODIMP GetTypeInfoCount(UINT* count) override { return standard_->GetTypeInfoCount(count); }
+  STDMETHODIMP GetTypeInfoCount(UINT* count) override { return system_->GetTypeInfoCount(count); }
   STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override {
-    return standard_->GetTypeInfo(index, locale, info);
+    return system_->GetTypeInfo(index, locale, info);
   }
   STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
                              DISPID* ids) override {
-    return standard_->GetIDsOfNames(reserved, names, count, locale, ids);
+    return system_->GetIDsOfNames(reserved, names, count, locale, ids);
   }
   STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments,
                       VARIANT* result, EXCEPINFO* failure, UINT* wrong) override {
-    return standard_->Invoke(id, reserved, locale, flags, arguments, result, failure, wrong);
+    return system_->Invoke(id, reserved, locale, flags, arguments, result, failure, wrong);
   }
 
   STDMETHODIMP get_accName(VARIANT child, BSTR* name) override {
     const ui::Control* const control = Own(child);
     return control != nullptr && !control->accessible_name.empty()
                ? Give(control->accessible_name, name)
-               : standard_->get_accName(child, name);
+               : system_->get_accName(child, name);
   }
   STDMETHODIMP get_accValue(VARIANT child, BSTR* value) override {
     const ui::Control* const control = Own(child);
@@ -80,19 +79,19 @@ class AccessibleObject final : public com::Object<IAccessible> {
       case ui::ControlKind::kListBox:
         return Give(static_cast<const ui::Selector*>(control)->text(), value);
       default:
-        return standard_->get_accValue(child, value);
+        return system_->get_accValue(child, value);
     }
   }
   STDMETHODIMP get_accRole(VARIANT child, VARIANT* role) override {
     const ui::Control* const control = Own(child);
-    if (control == nullptr) return standard_->get_accRole(child, role);
+    if (control == nullptr) return system_->get_accRole(child, role);
     role->vt = VT_I4;
     role->lVal = IsImageButton(*control) ? ROLE_SYSTEM_PUSHBUTTON
                                          : kRoles[static_cast<std::size_t>(control->kind())];
     return S_OK;
   }
   STDMETHODIMP get_accState(VARIANT child, VARIANT* state) override {
-    const HRESULT result = standard_->get_accState(child, state);
+    const HRESULT result = system_->get_accState(child, state);
     const ui::Control* const control = Own(child);
     if (control == nullptr || FAILED(result) || state->vt != VT_I4) return result;
     if (control->kind() == ui::ControlKind::kCheckBox) {
@@ -107,7 +106,7 @@ class AccessibleObject final : public com::Object<IAccessible> {
   STDMETHODIMP get_accKeyboardShortcut(VARIANT child, BSTR* shortcut) override {
     const ui::Control* const control = Own(child);
     if (control == nullptr || control->access_key == 0) {
-      return standard_->get_accKeyboardShortcut(child, shortcut);
+      return system_->get_accKeyboardShortcut(child, shortcut);
     }
     const char16_t text[] = {u'A', u'l', u't', u'+', control->access_key};
     return Give({text, std::size(text)}, shortcut);
@@ -116,53 +115,49 @@ class AccessibleObject final : public com::Object<IAccessible> {
     const ui::Control* const control = Own(child);
     return control != nullptr && IsImageButton(*control)
                ? Give(u"Press", action)
-               : standard_->get_accDefaultAction(child, action);
+               : system_->get_accDefaultAction(child, action);
   }
   STDMETHODIMP accDoDefaultAction(VARIANT child) override {
     const ui::Control* const control = Own(child);
-    if (control == nullptr || !IsImageButton(*control)) return standard_->accDoDefaultAction(child);
+    if (control == nullptr || !IsImageButton(*control)) return system_->accDoDefaultAction(child);
     // Posted, because the action may show a box, which the tool must not wait for.
     return PostMessageW(window_, WM_KEYDOWN, VK_RETURN, 1) ? S_OK : E_FAIL;
   }
 
-  STDMETHODIMP get_accParent(IDispatch** parent) override {
-    return standard_->get_accParent(parent);
-  }
-  STDMETHODIMP get_accChildCount(LONG* count) override {
-    return standard_->get_accChildCount(count);
-  }
+  STDMETHODIMP get_accParent(IDispatch** parent) override { return system_->get_accParent(parent); }
+  STDMETHODIMP get_accChildCount(LONG* count) override { return system_->get_accChildCount(count); }
   STDMETHODIMP get_accChild(VARIANT child, IDispatch** object) override {
-    return standard_->get_accChild(child, object);
+    return system_->get_accChild(child, object);
   }
   STDMETHODIMP get_accDescription(VARIANT child, BSTR* text) override {
-    return standard_->get_accDescription(child, text);
+    return system_->get_accDescription(child, text);
   }
   STDMETHODIMP get_accHelp(VARIANT child, BSTR* text) override {
-    return standard_->get_accHelp(child, text);
+    return system_->get_accHelp(child, text);
   }
   STDMETHODIMP get_accHelpTopic(BSTR* file, VARIANT child, LONG* topic) override {
-    return standard_->get_accHelpTopic(file, child, topic);
+    return system_->get_accHelpTopic(file, child, topic);
   }
-  STDMETHODIMP get_accFocus(VARIANT* child) override { return standard_->get_accFocus(child); }
+  STDMETHODIMP get_accFocus(VARIANT* child) override { return system_->get_accFocus(child); }
   STDMETHODIMP get_accSelection(VARIANT* children) override {
-    return standard_->get_accSelection(children);
+    return system_->get_accSelection(children);
   }
   STDMETHODIMP accSelect(LONG flags, VARIANT child) override {
-    return standard_->accSelect(flags, child);
+    return system_->accSelect(flags, child);
   }
   STDMETHODIMP accLocation(LONG* left, LONG* top, LONG* width, LONG* height,
                            VARIANT child) override {
-    return standard_->accLocation(left, top, width, height, child);
+    return system_->accLocation(left, top, width, height, child);
   }
   STDMETHODIMP accNavigate(LONG direction, VARIANT start, VARIANT* end) override {
-    return standard_->accNavigate(direction, start, end);
+    return system_->accNavigate(direction, start, end);
   }
   STDMETHODIMP accHitTest(LONG left, LONG top, VARIANT* child) override {
-    return standard_->accHitTest(left, top, child);
+    return system_->accHitTest(left, top, child);
   }
   STDMETHODIMP put_accName(VARIANT, BSTR) override { return E_NOTIMPL; }  // withdrawn by the system
   STDMETHODIMP put_accValue(VARIANT child, BSTR value) override {
-    return standard_->put_accValue(child, value);
+    return system_->put_accValue(child, value);
   }
 
  private:
@@ -175,12 +170,12 @@ class AccessibleObject final : public com::Object<IAccessible> {
   }
 
   HWND window_;
-  ComPtr<IAccessible> standard_;
+  ComPtr<IAccessible> system_;
 };
 
 }  // namespace
 
-LRESULT AnswerAssistiveTool(HWND window, WPARAM wparam) noexcept {
+LRESULT WindowPeer::AnswerAssistiveTool(WPARAM wparam) const noexcept {
   // Loaded only where a tool asks; it stays, as the tool will ask again.
   static HMODULE support = nullptr;
   if (support == nullptr) support = LoadLibraryW(L"oleacc.dll");
@@ -191,11 +186,11 @@ LRESULT AnswerAssistiveTool(HWND window, WPARAM wparam) noexcept {
       reinterpret_cast<void*>(GetProcAddress(support, "LresultFromObject")));
   if (create_standard == nullptr || answer_with == nullptr) return 0;
   ComPtr<IAccessible> standard;
-  if (FAILED(create_standard(window, OBJID_CLIENT, QUILL_ID_OF(IAccessible),
+  if (FAILED(create_standard(window_, OBJID_CLIENT, QUILL_ID_OF(IAccessible),
                              standard.ReceiveVoid()))) {
     return 0;
   }
-  auto* const object = new (std::nothrow) AccessibleObject(window, std::move(standard));
+  auto* const object = new (std::nothrow) AccessibleObject(window_, std::move(standard));
   if (object == nullptr) return 0;
   const LRESULT answer = answer_with(QUILL_ID_OF(IAccessible), wparam, object);
   object->Release();

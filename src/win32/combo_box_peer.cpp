@@ -1,9 +1,6 @@
 // The native drop-down list.
-#include <algorithm>
-
 #include "ui/controls.h"
-#include "win32/fonts.h"
-#include "win32/form_peer.h"
+#include "win32/drawing.h"
 #include "win32/native_text.h"
 #include "win32/peers.h"
 #include "win32/win32_toolkit.h"
@@ -25,15 +22,14 @@ class ComboBoxPeer final : public PeerOf<ui::ComboBox> {
     Tell(ui::ItemChosen{index});
   }
 
- protected:
   [[nodiscard]] Style GetStyle() const override {
-    return {L"COMBOBOX", nullptr, CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL | WS_TABSTOP, 0};
+    return {L"COMBOBOX", nullptr, CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL | WS_TABSTOP};
   }
 
   // With the height of the list dropped down, as the class wants it.
   [[nodiscard]] RECT Place() const override {
     RECT place = WindowPeer::Place();
-    place.bottom += toolkit().scale().PixelsY(kDroppedHeight);
+    place.bottom += toolkit().scale().Pixels(kDroppedHeight);
     return place;
   }
 
@@ -73,27 +69,16 @@ class ComboBoxPeer final : public PeerOf<ui::ComboBox> {
     for (int index = static_cast<int>(Send(CB_GETCOUNT)); index < model_.Count(); ++index) {
       Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(Text(model_.Item(index)))));
     }
-    FitDroppedWidth();
+    // The open list is never narrower than the closed one, whatever it is told.
+    const int around = GetSystemMetrics(SM_CXVSCROLL) + 4 * GetSystemMetrics(SM_CXEDGE);
+    Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(WidestRow(window(), model_, 0) + around));
     Send(WM_SETREDRAW, TRUE);
     Repaint();
-  }
-
-  // The open list is never narrower than the closed one, whatever it is told.
-  void FitDroppedWidth() {
-    const TextWidths widths(window(), form_peer().Font(kDialogFontPoints));
-    int widest = 0;
-    for (int index = 0; index < model_.Count(); ++index) {
-      widest = std::max(widest, widths.Of(model_.Item(index)));
-    }
-    const int around = GetSystemMetrics(SM_CXVSCROLL) + 4 * GetSystemMetrics(SM_CXEDGE);
-    Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest) + static_cast<WPARAM>(around));
   }
 };
 
 }  // namespace
 
-std::unique_ptr<WindowPeer> MakeComboBoxPeer(Win32Toolkit& toolkit, ui::Control& control) {
-  return MakePeerOf<ComboBoxPeer>(toolkit, control);
-}
+PeerMaker* const kMakeComboBoxPeer = &MakePeerOf<ComboBoxPeer>;
 
 }  // namespace quill::win32

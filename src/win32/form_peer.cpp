@@ -8,12 +8,10 @@
 #include <vector>
 
 #include "ui/controls.h"
-#include "win32/fonts.h"
+#include "win32/drawing.h"
 #include "win32/mdlBHDGSRCStyle.h"
 #include "win32/modal_display.h"
-#include "win32/native_colour.h"
-#include "win32/peers.h"
-#include "win32/this_module.h"
+#include "win32/system_services.h"
 #include "win32/win32_toolkit.h"
 
 namespace quill::win32 {
@@ -37,11 +35,10 @@ bool Overlap(const ui::Control& a, const ui::Control& b) {
 // From front to back.
 std::vector<ui::Control*> NativeOrder(const std::vector<ui::Control*>& back_to_front) {
   std::vector<ui::Control*> order;
-  order.reserve(back_to_front.size());
   for (ui::Control* const control : back_to_front) {
-    order.insert(std::find_if(order.begin(), order.end(),
-                              [&](ui::Control* other) { return Overlap(*control, *other); }),
-                 control);
+    order.insert(
+        std::ranges::find_if(order, [&](auto* other) { return Overlap(*control, *other); }),
+        control);
   }
   return order;
 }
@@ -53,9 +50,6 @@ BOOL CALLBACK PassOn(HWND window, LPARAM message) {
 
 }  // namespace
 
-FormPeer::FormPeer(Win32Toolkit& toolkit, ui::Form& form) noexcept
-    : WindowPeer(toolkit, form), form_(form) {}
-
 FormPeer::~FormPeer() {
   DestroyWindowNow();
 }
@@ -63,10 +57,9 @@ FormPeer::~FormPeer() {
 void FormPeer::MakeWindows() {
   if (window() != nullptr) return;
   toolkit().RegisterClasses();
-  ReadColours();
   MakeWindow(nullptr);
   try {
-    MakeChildren(form_);
+    MakeChildren(model_);
   } catch (...) {
     DestroyWindow(window());  // a form with half its controls would only mislead
     tooltips_ = nullptr;
@@ -87,9 +80,7 @@ void FormPeer::MakeChildren(ui::Control& container) {
 
 void FormPeer::MakeWindowOf(WindowPeer& peer) {
   if (window() == nullptr) return;
-  const WindowPeer* const outer = Of(*peer.control().container());
-  if (outer == nullptr || outer->window() == nullptr) return;
-  peer.MakeWindow(outer->window());
+  peer.MakeWindow(Of(*peer.control().container())->window());
   PutInOrder(peer);
 }
 
@@ -112,11 +103,11 @@ void FormPeer::PutInOrder(WindowPeer& peer) {
 }
 
 WindowPeer::Style FormPeer::GetStyle() const {
-  return {Win32Toolkit::kFormClass, &form_.caption(), kFormStyle, kFormExtendedStyle};
+  return {Win32Toolkit::kFormClass, &model_.caption(), kFormStyle, kFormExtendedStyle};
 }
 
 RECT FormPeer::Place() const {
-  RECT frame = toolkit().scale().Pixels(form_.bounds());
+  RECT frame = toolkit().scale().Pixels(model_.bounds());
   AdjustWindowRectEx(&frame, kFormStyle, FALSE, kFormExtendedStyle);
   const int width = frame.right - frame.left;
   const int height = frame.bottom - frame.top;
@@ -132,7 +123,7 @@ void FormPeer::Show(ui::Changes changes) {
 }
 
 void FormPeer::ShowVisible() {
-  if (!form_.visible()) {
+  if (!model_.visible()) {
     if (window() != nullptr) ShowWindow(window(), SW_HIDE);
     return;
   }
@@ -143,8 +134,8 @@ void FormPeer::ShowVisible() {
   // maximised. Meanwhile the host may have hidden it.
   const bool is_as_designed =
       IsWindowVisible(window()) && !IsIconic(window()) && !IsZoomed(window());
-  if (form_.visible() && !is_as_designed) ShowWindow(window(), SW_SHOWNORMAL);
-  if (!form_.visible()) return;
+  if (model_.visible() && !is_as_designed) ShowWindow(window(), SW_SHOWNORMAL);
+  if (!model_.visible()) return;
   SetForegroundWindow(window());
   UpdateWindow(window());
 }
@@ -167,8 +158,8 @@ LRESULT FormPeer::FillFace(HWND window, HDC context) const noexcept {
 }
 
 COLORREF FormPeer::FaceColour() const noexcept {
-  return hook_ && own_face_ != nullptr ? ToColorRef(hook_->colour_source->back_colour())
-                                       : GetSysColor(COLOR_BTNFACE);
+  return own_face_ != nullptr ? ToColorRef(colour_source_->back_colour())
+                              : GetSysColor(COLOR_BTNFACE);
 }
 
 COLORREF FormPeer::TextColour() const noexcept {
@@ -178,9 +169,8 @@ COLORREF FormPeer::TextColour() const noexcept {
 }
 
 void FormPeer::ReadColours() noexcept {
-  const bool is_own = hook_.has_value() && !IsHighContrast();
-  own_face_.reset(is_own ? CreateSolidBrush(ToColorRef(hook_->colour_source->back_colour()))
-                         : nullptr);
+  const bool is_own = colour_source_ != nullptr && !IsHighContrast();
+  own_face_.reset(is_own ? CreateSolidBrush(ToColorRef(colour_source_->back_colour())) : nullptr);
 }
 
 void FormPeer::RepaintAll() const noexcept {
@@ -197,29 +187,21 @@ HWND FormPeer::Tooltips() {
   return tooltips_;
 }
 
-void FormPeer::HookTabBackground(ui::TabStrip& strip, ui::PictureBox& colour_source) {
-  if (hook_.has_value()) UnhookTabBackground(*hook_->strip);
-  hook_ = Hook{&strip, &colour_source};
-  if (window() == nullptr) return;
+void FormPeer::HookTabBackground(ui::TabStrip* strip, ui::PictureBox* colour_source) noexcept {
+  if (HookedWindow() != nullptr) DetachTabBackground(HookedWindow());
+  strip_ = strip;
+  colour_source_ = colour_source;
+  if (window() != nullptr) AttachHook();
+}
+
+HWND FormPeer::HookedWindow() const noexcept {
+  return strip_ != nullptr ? Of(*strip_)->window() : nullptr;
+}
+
+void FormPeer::AttachHook() noexcept {
   ReadColours();
-  AttachHook();
+  if (HookedWindow() != nullptr) AttachTabBackground(HookedWindow(), *strip_, *colour_source_);
   RepaintAll();
-}
-
-void FormPeer::AttachHook() {
-  if (!hook_.has_value()) return;
-  const WindowPeer* const strip = Of(*hook_->strip);
-  if (strip == nullptr || strip->window() == nullptr) return;
-  AttachTabBackground(strip->window(), *hook_->strip, *hook_->colour_source);
-}
-
-void FormPeer::UnhookTabBackground(ui::TabStrip& strip) noexcept {
-  if (!hook_.has_value() || hook_->strip != &strip) return;
-  const WindowPeer* const peer = Of(strip);
-  if (peer != nullptr && peer->window() != nullptr) DetachTabBackground(peer->window());
-  hook_.reset();
-  ReadColours();
-  if (window() != nullptr) RepaintAll();
 }
 
 LRESULT FormPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -246,7 +228,7 @@ LRESULT FormPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       ComeForward();
       return 0;
     case WM_SETFOCUS:
-      form_.Happened(ui::FocusTaken{});
+      model_.Happened(ui::FocusTaken{});
       return 0;
     // The system tells top-level windows only, and common controls keep colours.
     case WM_SYSCOLORCHANGE:
@@ -265,7 +247,7 @@ LRESULT FormPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
 // The task bar and Alt+Tab also activate windows that take no input.
 void FormPeer::ComeForward() const noexcept {
   const HWND active = GetActiveWindow();
-  if (active == nullptr || IsWindowEnabled(active) || !form_.shown()) return;
+  if (active == nullptr || IsWindowEnabled(active) || !model_.shown()) return;
   const HWND box = OpenBoxOf(window());
   SetForegroundWindow(box != nullptr ? box : window());
 }
@@ -274,8 +256,6 @@ void FormPeer::ShowAccessKeys() {
   if (!std::exchange(shows_access_keys_, true)) RepaintAll();
 }
 
-std::unique_ptr<WindowPeer> MakeFormPeer(Win32Toolkit& toolkit, ui::Control& control) {
-  return std::make_unique<FormPeer>(toolkit, static_cast<ui::Form&>(control));
-}
+PeerMaker* const kMakeFormPeer = &MakePeerOf<FormPeer>;
 
 }  // namespace quill::win32

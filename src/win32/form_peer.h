@@ -2,21 +2,19 @@
 #pragma once
 
 #include <map>
-#include <optional>
 
 #include "ui/form.h"
 #include "ui/tab_background.h"
 #include "win32/owned.h"
-#include "win32/window_peer.h"
+#include "win32/peers.h"
 
 namespace quill::win32 {
 
-class FormPeer final : public WindowPeer {
+class FormPeer final : public PeerOf<ui::Form> {
  public:
-  FormPeer(Win32Toolkit& toolkit, ui::Form& form) noexcept;
+  using PeerOf::PeerOf;
   ~FormPeer() override;
 
-  [[nodiscard]] ui::Form& form() const noexcept { return form_; }
   // The thread's active window until the form was shown last.
   [[nodiscard]] HWND active_before() const noexcept { return active_before_; }
   // Makes the windows of the form and of all its controls, unless they exist.
@@ -38,12 +36,10 @@ class FormPeer final : public WindowPeer {
   // Of text on that.
   [[nodiscard]] COLORREF TextColour() const noexcept;
   [[nodiscard]] HWND Tooltips();
-  [[nodiscard]] bool has_tooltips() const noexcept { return tooltips_ != nullptr; }
 
-  // The strip's body is drawn in the box's colour, and the form's faces with it. Before the windows
-  // exist it is kept for their making.
-  void HookTabBackground(ui::TabStrip& strip, ui::PictureBox& colour_source);
-  void UnhookTabBackground(ui::TabStrip& strip) noexcept;
+  // The strip's body is drawn in the box's colour, and the form's faces with it; both null: no
+  // longer. Before the windows exist it is kept for their making.
+  void HookTabBackground(ui::TabStrip* strip, ui::PictureBox* colour_source) noexcept;
 
   // Captions underline their access keys from the first time on that the operator presses Alt.
   void ShowAccessKeys();
@@ -57,21 +53,18 @@ class FormPeer final : public WindowPeer {
   LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
 
  private:
-  struct Hook {
-    ui::TabStrip* strip;
-    ui::PictureBox* colour_source;
-  };
   void MakeChildren(ui::Control& container);
-  void AttachHook();
+  [[nodiscard]] HWND HookedWindow() const noexcept;
+  void AttachHook() noexcept;
   void ReadColours() noexcept;
   void RepaintAll() const noexcept;
   void ComeForward() const noexcept;
 
-  ui::Form& form_;
   std::map<int, Owned<HFONT>> fonts_;  // by their size
   HWND tooltips_ = nullptr;
-  Owned<HBRUSH> own_face_;  // while the tab strip is hooked
-  std::optional<Hook> hook_;
+  Owned<HBRUSH> own_face_;         // while the tab strip is hooked
+  ui::TabStrip* strip_ = nullptr;  // the hooked one
+  ui::PictureBox* colour_source_ = nullptr;
   bool shows_access_keys_ = false;
   HWND active_before_ = nullptr;
 };

@@ -6,16 +6,18 @@
 #include <windowsx.h>
 
 #include <algorithm>
-#include <optional>
+#include <utility>
+#include <vector>
 
-#include "win32/fonts.h"
-#include "win32/form_peer.h"
+#include "win32/drawing.h"
 #include "win32/native_text.h"
 #include "win32/peers.h"
 #include "win32/win32_toolkit.h"
 
 namespace quill::win32 {
 namespace {
+
+using ui::Changes;
 
 class ListBoxPeer final : public PeerOf<ui::ListBox> {
  public:
@@ -38,27 +40,21 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
   void OnDrawItem(const DRAWITEMSTRUCT& item) override {
     const bool has_focus = GetFocus() == window();
     const bool is_chosen = has_focus && (item.itemState & ODS_SELECTED) != 0;
-    const int ground = !model_.enabled() ? COLOR_BTNFACE
-                       : is_chosen       ? COLOR_HIGHLIGHT
-                                         : COLOR_WINDOW;
-    const int ink = !model_.enabled() ? COLOR_GRAYTEXT
-                    : is_chosen       ? COLOR_HIGHLIGHTTEXT
-                                      : COLOR_WINDOWTEXT;
+    const auto [ground, ink] = !model_.enabled() ? std::pair(COLOR_BTNFACE, COLOR_GRAYTEXT)
+                               : is_chosen       ? std::pair(COLOR_HIGHLIGHT, COLOR_HIGHLIGHTTEXT)
+                                                 : std::pair(COLOR_WINDOW, COLOR_WINDOWTEXT);
     const auto row = static_cast<int>(item.itemID);
     const Text text = row >= 0 && row < model_.Count() ? Text(model_.Item(row)) : Text();
-    SetBkColor(item.hDC, GetSysColor(ground));
+    SetBkMode(item.hDC, TRANSPARENT);
     SetTextColor(item.hDC, GetSysColor(ink));
-    constexpr int kMargin = 1;
-    TEXTMETRICW metrics = {};
-    GetTextMetricsW(item.hDC, &metrics);
-    const RECT& area = item.rcItem;
-    ExtTextOutW(item.hDC, area.left + kMargin, (area.top + area.bottom - metrics.tmHeight) / 2,
-                ETO_OPAQUE | ETO_CLIPPED, &area, Wide(text), static_cast<UINT>(text.size()),
-                nullptr);
-    if (has_focus && (item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &area);
+    FillRect(item.hDC, &item.rcItem, GetSysColorBrush(ground));
+    RECT area = item.rcItem;
+    area.left += 1;
+    DrawTextW(item.hDC, Wide(text), static_cast<int>(text.size()), &area,
+              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+    if (has_focus && (item.itemState & ODS_FOCUS) != 0) DrawFocusRect(item.hDC, &item.rcItem);
   }
 
- protected:
   [[nodiscard]] Style GetStyle() const override {
     DWORD style = LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP;
     style |= is_single_row() ? LBS_DISABLENOSCROLL | LBS_OWNERDRAWFIXED : WS_HSCROLL;
@@ -70,43 +66,25 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
   [[nodiscard]] RECT Place() const override {
     RECT place = WindowPeer::Place();
     if (is_single_row()) return place;
-    const int row = toolkit().list_row_pixels();
     const int edges = 2 * GetSystemMetrics(SM_CXEDGE) + GetSystemMetrics(SM_CXVSCROLL);
-    const bool has_bar = extent_ > place.right - place.left - edges;
-    const int spare = (place.bottom - place.top - 2 * GetSystemMetrics(SM_CYEDGE) -
-                       (has_bar ? GetSystemMetrics(SM_CYHSCROLL) : 0)) %
-                      row;
-    if (spare > 0) place.bottom -= spare;
+    const bool has_bar = widest_row_ > place.right - place.left - edges;
+    const LONG rows_height = place.bottom - place.top - 2 * GetSystemMetrics(SM_CYEDGE) -
+                             (has_bar ? GetSystemMetrics(SM_CYHSCROLL) : 0);
+    place.bottom -= std::max<LONG>(rows_height % toolkit().list_row_pixels(), 0);
     return place;
   }
 
-  void Show(ui::Changes changes) override {
-    if (changes.Has(ui::Changes::kBounds) && is_single_row()) {
-      RECT inside = {};
-      GetClientRect(window(), &inside);
-      if (inside.bottom > 0 && Send(LB_GETITEMHEIGHT) != inside.bottom) {
-        Send(LB_SETITEMHEIGHT, 0, MAKELPARAM(inside.bottom, 0));
-      }
+  void Show(Changes changes) override {
+    if (changes.Has(Changes::kBounds) && is_single_row()) {
+      Send(LB_SETITEMHEIGHT, 0, MAKELPARAM(std::max<LONG>(Inside().bottom, 1), 0));
     }
-    const bool all_new = changes.Has(ui::Changes::kRows);
-    if (all_new || changes.Has(ui::Changes::kRowsAdded)) ShowRows(all_new);
-    if (changes.Has(ui::Changes::kRowData) && !all_new) ShowRowData();
-    if (changes.Has(ui::Changes::kSelection)) ShowSelection();
+    const bool all_new = changes.Has(Changes::kRows);
+    if (all_new || changes.Has(Changes::kRowsAdded)) ShowRows(all_new);
+    if (changes.Has(Changes::kRowData) && !all_new) ShowRowData();
+    if (changes.Has(Changes::kSelection)) ShowSelection();
     // A native selection may have scrolled.
-    if ((changes.Has(ui::Changes::kTopRow) || changes.Has(ui::Changes::kSelection)) &&
-        Send(LB_GETTOPINDEX) != model_.TopIndex()) {
-      Send(LB_SETTOPINDEX, static_cast<WPARAM>(model_.TopIndex()));
-      // A bar at the bottom covers rows that the model takes for visible.
-      RECT inside = {};
-      GetClientRect(window(), &inside);
-      const auto height = std::max<int>(static_cast<int>(Send(LB_GETITEMHEIGHT)), 1);
-      const int covered_top = model_.ListIndex() - std::max<int>(inside.bottom / height, 1) + 1;
-      if (covered_top > model_.TopIndex() &&
-          model_.ListIndex() < model_.TopIndex() + model_.VisibleRows()) {
-        Send(LB_SETTOPINDEX, static_cast<WPARAM>(covered_top));
-      }
-    }
-    if (is_single_row() && (changes.Has(ui::Changes::kEnabled) || !model_.enabled())) {
+    if (changes.Has(Changes::kTopRow | Changes::kSelection)) ShowTopRow();
+    if (is_single_row() && (changes.Has(Changes::kEnabled) || !model_.enabled())) {
       // The class shows the arrows as usable whenever there is something to scroll.
       EnableScrollBar(window(), SB_VERT, model_.enabled() ? ESB_ENABLE_BOTH : ESB_DISABLE_BOTH);
     }
@@ -129,14 +107,11 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
       case WM_NCLBUTTONDOWN:  // the bar takes no focus by itself
         SetFocus(window());
         break;
-      case WM_CONTEXTMENU: {
+      case WM_CONTEXTMENU:  // -1: asked for by a key
         if (model_.menu.empty()) break;
-        const bool by_key = lparam == -1;
-        const POINT place = {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
-        if (!by_key && SendMessageW(window(), WM_NCHITTEST, 0, lparam) != HTCLIENT) break;
-        TellMenuAsked(by_key ? std::nullopt : std::optional(place));
+        if (lparam != -1 && Send(WM_NCHITTEST, 0, lparam) != HTCLIENT) break;
+        TellMenuAsked({GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)}, lparam == -1);
         return 0;
-      }
       case WM_LBUTTONDBLCLK:
         result = WindowPeer::Handle(message, wparam, lparam);
         Tell(ui::RowDoubleClicked{RowAt(GET_Y_LPARAM(lparam))});
@@ -170,24 +145,36 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
     return model_.list_height() == ui::ListHeight::kSingleRow;
   }
 
+  [[nodiscard]] RECT Inside() const {
+    RECT inside = {};
+    GetClientRect(window(), &inside);
+    return inside;
+  }
+
+  void ShowTopRow() {
+    if (Send(LB_GETTOPINDEX) == model_.TopIndex()) return;
+    Send(LB_SETTOPINDEX, static_cast<WPARAM>(model_.TopIndex()));
+    // A bar at the bottom covers rows that the model takes for visible.
+    const auto height = std::max<int>(static_cast<int>(Send(LB_GETITEMHEIGHT)), 1);
+    const int covered_top = model_.ListIndex() - std::max<int>(Inside().bottom / height, 1) + 1;
+    if (covered_top > model_.TopIndex() &&
+        model_.ListIndex() < model_.TopIndex() + model_.VisibleRows()) {
+      Send(LB_SETTOPINDEX, static_cast<WPARAM>(covered_top));
+    }
+  }
+
   void ShowRows(bool all_new) {
-    int row = all_new ? 0 : static_cast<int>(Send(LB_GETCOUNT));
+    const int first = all_new ? 0 : static_cast<int>(Send(LB_GETCOUNT));
     const int count = model_.Count();
     if (making() && count == 0) return;
     Send(WM_SETREDRAW, FALSE);
-    if (all_new) {
-      if (Send(LB_GETCOUNT) > 0) Send(LB_RESETCONTENT);
-      widest_row_ = 0;
-    }
-    const int first = row;
+    if (all_new) Send(LB_RESETCONTENT);
     std::size_t units = 0;
-    for (int i = first; i < count; ++i) units += model_.Item(i).size() + 1;
-    if (count > first) {
-      Send(LB_INITSTORAGE, static_cast<WPARAM>(count - first),
-           static_cast<LPARAM>(units * sizeof(wchar_t)));
-    }
+    for (int row = first; row < count; ++row) units += model_.Item(row).size() + 1;
+    Send(LB_INITSTORAGE, static_cast<WPARAM>(count - first),
+         static_cast<LPARAM>(units * sizeof(wchar_t)));
     Text item;
-    for (; row < count; ++row) {
+    for (int row = first; row < count; ++row) {
       item = model_.Item(row);
       // Past the own procedure, which would be half of the work for many thousand rows.
       CallOriginal(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(item)));
@@ -201,18 +188,11 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
 
   // Rows wider than the list can be scrolled sideways.
   void FitWidth(int first_row) {
-    if (first_row < model_.Count()) {
-      constexpr int kMargin = 4;
-      const TextWidths widths(window(), form_peer().Font(kDialogFontPoints));
-      for (int row = first_row; row < model_.Count(); ++row) {
-        widest_row_ = std::max(widest_row_, widths.Of(model_.Item(row)) + kMargin);
-      }
-    }
-    if (widest_row_ != extent_) {
-      extent_ = widest_row_;
-      Send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extent_));
-      TakePlace();
-    }
+    constexpr int kMargin = 4;
+    const int widest = WidestRow(window(), model_, first_row) + kMargin;
+    widest_row_ = first_row == 0 ? widest : std::max(widest_row_, widest);
+    Send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest_row_));
+    TakePlace();
   }
 
   void ShowRowData() {
@@ -272,25 +252,19 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
     if (top != model_.TopIndex()) Tell(ui::ScrolledTo{top});
   }
 
-  // At that place of the screen; none: asked for by a key.
-  void TellMenuAsked(std::optional<POINT> screen) {
+  // At that place of the screen, or by a key: below the current row, as far as that can be seen.
+  void TellMenuAsked(POINT place, bool by_key) {
     SetFocus(window());
-    POINT place = screen.value_or(POINT{});
-    int row = -1;
-    if (screen.has_value()) {
-      ScreenToClient(window(), &place);
-      row = RowAt(place.y);
-    } else {
-      // Below the current row, as far as that can be seen.
-      RECT item = {};
-      RECT inside = {};
-      GetClientRect(window(), &inside);
+    ScreenToClient(window(), &place);
+    if (by_key) {
+      RECT row = {};
       Send(LB_GETITEMRECT, static_cast<WPARAM>(Send(LB_GETCARETINDEX)),
-           reinterpret_cast<LPARAM>(&item));
-      place.y = std::clamp(item.bottom, inside.top, inside.bottom);
+           reinterpret_cast<LPARAM>(&row));
+      place = {0, std::clamp<LONG>(row.bottom, 0, Inside().bottom)};
     }
     const ScreenScale& scale = toolkit().scale();
-    Tell(ui::MenuAsked{scale.TwipsX(place.x), scale.TwipsY(place.y), row});
+    Tell(ui::MenuAsked{scale.ToTwips(place.x), scale.ToTwips(place.y),
+                       by_key ? -1 : RowAt(place.y)});
   }
 
   [[nodiscard]] int RowAt(int y) const {
@@ -301,14 +275,11 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
   }
 
   int widest_row_ = 0;  // pixels
-  int extent_ = 0;      // as told to the window, pixels
   int wheel_ = 0;       // turned, but not yet by a whole notch
 };
 
 }  // namespace
 
-std::unique_ptr<WindowPeer> MakeListBoxPeer(Win32Toolkit& toolkit, ui::Control& control) {
-  return MakePeerOf<ListBoxPeer>(toolkit, control);
-}
+PeerMaker* const kMakeListBoxPeer = &MakePeerOf<ListBoxPeer>;
 
 }  // namespace quill::win32

@@ -2,9 +2,8 @@
 // colour.
 #include "win32/mdlBHDGSRCStyle.h"
 
-#include "win32/drawing_surface.h"
-#include "win32/native_colour.h"
-#include "win32/picture_box_peer.h"
+#include "win32/drawing.h"
+#include "win32/drawn_peers.h"
 
 namespace quill::win32 {
 namespace {
@@ -25,8 +24,7 @@ WNDPROC FormerProcedure(HWND window) {
 void Mix(HDC context, const RECT& area, const ui::PictureBox& box, DWORD operation) {
   const auto* const peer = static_cast<const PictureBoxPeer*>(box.peer());
   if (peer == nullptr || peer->image() == nullptr) return;
-  StretchBlt(context, 0, 0, area.right, area.bottom, peer->image(), 0, 0, peer->inner_size().cx,
-             peer->inner_size().cy, operation);
+  StretchBlt(context, 0, 0, area.right, area.bottom, peer->image(), 0, 0, 1, 1, operation);
 }
 
 void Paint(HDC memory, const RECT& area, HWND window, ui::PictureBox& box) {

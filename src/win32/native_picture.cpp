@@ -12,13 +12,12 @@
 
 #include "com/com_ptr.h"
 #include "support/runtime_error.h"
-#include "win32/file_handle.h"
-#include "win32/last_error.h"
+#include "win32/win32_file_system.h"
 
 namespace quill::win32 {
 namespace {
 
-constexpr LONGLONG kLargestPictureFile = 16u << 20;
+constexpr std::int64_t kLargestPictureFile = 16u << 20;
 constexpr int kHimetricPerInch = 2540;
 
 [[noreturn]] void RefusePicture() {
@@ -27,38 +26,31 @@ constexpr int kHimetricPerInch = 2540;
 
 // The bytes of a file that begins as a GIF picture does.
 std::vector<char> ReadWhole(TextView path) {
-  const auto file = OpenExisting(path);
-  LARGE_INTEGER size = {};
-  if (!GetFileSizeEx(file.get(), &size)) throw FileFailure(GetLastError());
-  if (size.QuadPart <= 0 || size.QuadPart > kLargestPictureFile) RefusePicture();
-  std::vector<char> bytes(static_cast<std::size_t>(size.QuadPart));
-  bytes.resize(ReadFrom(file, bytes.data(), bytes.size()));
+  Win32FileSystem files;
+  const auto file = files.OpenForReading(path);
+  const std::int64_t size = files.FileSize(path);
+  if (size > kLargestPictureFile) RefusePicture();
+  std::vector<char> bytes(static_cast<std::size_t>(size));
+  bytes.resize(file->Read(bytes));
   const std::string_view content(bytes.data(), bytes.size());
   if (!content.starts_with("GIF87a") && !content.starts_with("GIF89a")) RefusePicture();
   return bytes;
 }
 
-com::ComPtr<IPicture> LoadPictureFrom(const std::vector<char>& bytes) {
+}  // namespace
+
+NativePicture::NativePicture(TextView path) : path_(path) {
+  const std::vector<char> bytes = ReadWhole(path);
   const auto size = static_cast<UINT>(bytes.size());
   const auto stream = com::ComPtr<IStream>::Adopt(
       SHCreateMemStream(reinterpret_cast<const BYTE*>(bytes.data()), size));
   if (!stream) throw std::bad_alloc();
-  com::ComPtr<IPicture> picture;
   SHORT type = PICTYPE_UNINITIALIZED;
   // An empty or odd stream can be answered with success and a picture of no type.
   if (FAILED(OleLoadPicture(stream.get(), static_cast<LONG>(size), FALSE, IID_IPicture,
-                            picture.ReceiveVoid())) ||
-      !picture || FAILED(picture->get_Type(&type)) || type != PICTYPE_BITMAP) {
-    RefusePicture();
-  }
-  return picture;
-}
-
-}  // namespace
-
-NativePicture::NativePicture(Text path, com::ComPtr<IPicture> picture)
-    : path_(std::move(path)), picture_(std::move(picture)) {
-  if (FAILED(picture_->get_Width(&width_)) || FAILED(picture_->get_Height(&height_)) ||
+                            picture_.ReceiveVoid())) ||
+      !picture_ || FAILED(picture_->get_Type(&type)) || type != PICTYPE_BITMAP ||
+      FAILED(picture_->get_Width(&width_)) || FAILED(picture_->get_Height(&height_)) ||
       width_ <= 0 || height_ <= 0) {
     RefusePicture();
   }
@@ -74,10 +66,6 @@ void NativePicture::Draw(HDC context, const RECT& target) const {
   // A picture's rows are counted from its bottom.
   picture_->Render(context, target.left, target.top, target.right - target.left,
                    target.bottom - target.top, 0, height_, width_, -height_, nullptr);
-}
-
-std::shared_ptr<const NativePicture> ReadGifPicture(TextView path) {
-  return std::make_shared<NativePicture>(Text(path), LoadPictureFrom(ReadWhole(path)));
 }
 
 }  // namespace quill::win32

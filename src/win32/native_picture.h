@@ -3,8 +3,6 @@
 
 #include <windows.h>
 
-#include <memory>
-
 #include "com/automation.h"
 #include "com/com_ptr.h"
 #include "ui/toolkit.h"
@@ -13,8 +11,9 @@ namespace quill::win32 {
 
 class NativePicture final : public ui::Picture {
  public:
-  // Fails with kInvalidPicture for a picture without a size.
-  NativePicture(Text path, com::ComPtr<IPicture> picture);
+  // Reads the first frame of a GIF picture. Fails with kFileNotFound (or as opening a file does),
+  // and with kInvalidPicture for a file that is no picture. The thread has COM initialised.
+  explicit NativePicture(TextView path);
 
   [[nodiscard]] TextView path() const noexcept override { return path_; }
   // Its own size, in pixels at 96 dots per inch.
@@ -28,9 +27,5 @@ class NativePicture final : public ui::Picture {
   OLE_XSIZE_HIMETRIC width_ = 0;
   OLE_YSIZE_HIMETRIC height_ = 0;
 };
-
-// Reads the first frame of a GIF picture. Fails with kFileNotFound (or as opening a file does), and
-// with kInvalidPicture for a file that is no picture. The thread has COM initialised.
-[[nodiscard]] std::shared_ptr<const NativePicture> ReadGifPicture(TextView path);
 
 }  // namespace quill::win32

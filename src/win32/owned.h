@@ -1,8 +1,10 @@
-// Owners of the system's handles: one type for all kinds, each given back in its own way.
+// Owners of the system's handles, one type for all kinds, each given back in its own way; and what
+// has to be done at the end of a scope.
 #pragma once
 
 #include <memory>
 #include <type_traits>
+#include <utility>
 
 #include <windows.h>
 
@@ -24,5 +26,18 @@ struct GiveBack {
 // must not come here.
 template <class Handle>
 using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, GiveBack>;
+
+// Runs `act`, which throws nothing, when the scope is left.
+template <class Act>
+class AtEnd {
+ public:
+  explicit AtEnd(Act act) : act_(std::move(act)) {}
+  ~AtEnd() { act_(); }
+  AtEnd(const AtEnd&) = delete;
+  AtEnd& operator=(const AtEnd&) = delete;
+
+ private:
+  Act act_;
+};
 
 }  // namespace quill::win32

@@ -10,17 +10,17 @@ namespace quill::win32 {
 // Makes the peer of a control, which is of the kind that the maker is named for.
 using PeerMaker = std::unique_ptr<WindowPeer>(Win32Toolkit& toolkit, ui::Control& control);
 
-PeerMaker MakeCheckBoxPeer;
-PeerMaker MakeComboBoxPeer;
-PeerMaker MakeCommandButtonPeer;
-PeerMaker MakeFormPeer;
-PeerMaker MakeFramePeer;
-PeerMaker MakeImagePeer;
-PeerMaker MakeLabelPeer;
-PeerMaker MakeListBoxPeer;
-PeerMaker MakePictureBoxPeer;
-PeerMaker MakeTabStripPeer;
-PeerMaker MakeTextBoxPeer;
+extern PeerMaker* const kMakeCheckBoxPeer;
+extern PeerMaker* const kMakeComboBoxPeer;
+extern PeerMaker* const kMakeCommandButtonPeer;
+extern PeerMaker* const kMakeFormPeer;
+extern PeerMaker* const kMakeFramePeer;
+extern PeerMaker* const kMakeImagePeer;
+extern PeerMaker* const kMakeLabelPeer;
+extern PeerMaker* const kMakeListBoxPeer;
+extern PeerMaker* const kMakePictureBoxPeer;
+extern PeerMaker* const kMakeTabStripPeer;
+extern PeerMaker* const kMakeTextBoxPeer;
 
 // What every maker does.
 template <class PeerType>

@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "win32/drawing.h"
+
 namespace quill::win32 {
 namespace {
 
@@ -20,19 +22,9 @@ HANDLE SetContext(HANDLE context) noexcept {
 
 }  // namespace
 
-ScreenScale::ScreenScale() noexcept : ScreenScale(96, 96) {
-  const HDC screen = GetDC(nullptr);
-  if (screen == nullptr) return;
-  const int x = GetDeviceCaps(screen, LOGPIXELSX);
-  const int y = GetDeviceCaps(screen, LOGPIXELSY);
-  ReleaseDC(nullptr, screen);
-  if (x > 0) dots_per_inch_x_ = x;
-  if (y > 0) dots_per_inch_y_ = y;
-}
-
-RECT ScreenScale::Pixels(const ui::Bounds& bounds) const noexcept {
-  return {PixelsX(bounds.left), PixelsY(bounds.top), PixelsX(bounds.left + bounds.width),
-          PixelsY(bounds.top + bounds.height)};
+ScreenScale::ScreenScale() noexcept {
+  const int asked = GetDeviceCaps(WindowContext(nullptr).get(), LOGPIXELSX);
+  if (asked > 0) dots_per_inch_ = asked;
 }
 
 SystemResolution::SystemResolution() noexcept {

@@ -7,43 +7,30 @@
 
 namespace quill::win32 {
 
+// The screen has one resolution for both directions.
 class ScreenScale {
  public:
-  // Asks the screen's device context.
-  ScreenScale() noexcept;
-  ScreenScale(int dots_per_inch_x, int dots_per_inch_y) noexcept
-      : dots_per_inch_x_(dots_per_inch_x), dots_per_inch_y_(dots_per_inch_y) {}
+  ScreenScale() noexcept;  // asks the screen's device context
 
-  [[nodiscard]] int PixelsX(ui::Twips twips) const noexcept {
-    return MulDiv(twips, dots_per_inch_x_, ui::kTwipsPerInch);
-  }
-  [[nodiscard]] int PixelsY(ui::Twips twips) const noexcept {
-    return MulDiv(twips, dots_per_inch_y_, ui::kTwipsPerInch);
+  [[nodiscard]] int dots_per_inch() const noexcept { return dots_per_inch_; }
+  [[nodiscard]] int Pixels(ui::Twips twips) const noexcept {
+    return MulDiv(twips, dots_per_inch_, ui::kTwipsPerInch);
   }
   // Edges are rounded, not sizes, so that controls that touch in twips touch in pixels.
-  [[nodiscard]] RECT Pixels(const ui::Bounds& bounds) const noexcept;
-  [[nodiscard]] ui::Twips TwipsX(int pixels) const noexcept {
-    return MulDiv(pixels, ui::kTwipsPerInch, dots_per_inch_x_);
+  [[nodiscard]] RECT Pixels(const ui::Bounds& bounds) const noexcept {
+    return {Pixels(bounds.left), Pixels(bounds.top), Pixels(bounds.left + bounds.width),
+            Pixels(bounds.top + bounds.height)};
   }
-  [[nodiscard]] ui::Twips TwipsY(int pixels) const noexcept {
-    return MulDiv(pixels, ui::kTwipsPerInch, dots_per_inch_y_);
+  [[nodiscard]] ui::Twips ToTwips(int pixels) const noexcept {
+    return MulDiv(pixels, ui::kTwipsPerInch, dots_per_inch_);
   }
-
-  [[nodiscard]] int dots_per_inch_x() const noexcept { return dots_per_inch_x_; }
-
   // For sizes that are given in pixels at 96 dots per inch.
   [[nodiscard]] SIZE Scaled(SIZE size) const noexcept {
-    return {MulDiv(size.cx, dots_per_inch_x_, 96), MulDiv(size.cy, dots_per_inch_y_, 96)};
-  }
-  // Of a font of that many points, as LOGFONT wants it.
-  [[nodiscard]] int FontHeight(int points) const noexcept {
-    constexpr int kPointsPerInch = 72;
-    return -MulDiv(points, dots_per_inch_y_, kPointsPerInch);
+    return {MulDiv(size.cx, dots_per_inch_, 96), MulDiv(size.cy, dots_per_inch_, 96)};
   }
 
  private:
-  int dots_per_inch_x_;
-  int dots_per_inch_y_;
+  int dots_per_inch_ = 96;
 };
 
 // While one lives, a thread that is aware of each monitor's resolution knows only that of the

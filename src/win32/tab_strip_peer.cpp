@@ -33,11 +33,11 @@ class TabStripPeer final : public PeerOf<ui::TabStrip> {
   using PeerOf::PeerOf;
 
   [[nodiscard]] Style GetStyle() const override {
-    return {WC_TABCONTROLW, nullptr, TCS_TABS | TCS_FOCUSONBUTTONDOWN | WS_TABSTOP, 0};
+    return {WC_TABCONTROLW, nullptr, TCS_TABS | TCS_FOCUSONBUTTONDOWN | WS_TABSTOP};
   }
 
   void Show(ui::Changes changes) override {
-    if (Send(TCM_GETITEMCOUNT) == 0) {
+    if (making()) {
       WPARAM place = 0;
       for (const ui::Selector::Row& tab : model_.rows()) {
         TCITEMW item = {};
@@ -47,7 +47,7 @@ class TabStripPeer final : public PeerOf<ui::TabStrip> {
       }
     }
     if (changes.Has(ui::Changes::kTurnBegins) && !making()) BeginOnePaint();
-    if (changes.Has(ui::Changes::kSelection) && Send(TCM_GETCURSEL) != model_.ListIndex()) {
+    if (changes.Has(ui::Changes::kSelection)) {
       Send(TCM_SETCURSEL, static_cast<WPARAM>(model_.ListIndex()));
     }
     if (changes.Has(ui::Changes::kTurnEnds) && !making()) EndOnePaint();
@@ -95,8 +95,6 @@ class TabStripPeer final : public PeerOf<ui::TabStrip> {
 
 }  // namespace
 
-std::unique_ptr<WindowPeer> MakeTabStripPeer(Win32Toolkit& toolkit, ui::Control& control) {
-  return MakePeerOf<TabStripPeer>(toolkit, control);
-}
+PeerMaker* const kMakeTabStripPeer = &MakePeerOf<TabStripPeer>;
 
 }  // namespace quill::win32

@@ -19,11 +19,9 @@ class TextBoxPeer final : public PeerOf<ui::TextBox> {
     const bool editing_before = std::exchange(editing_, true);
     const auto [from, to] = selected_;  // asking for the text handles messages
     Tell(ui::TextEdited{WindowText(window()), from, to});
-    editing_ = editing_before;  // the echo of the model's text comes in the
-                                // middle of an edit
+    editing_ = editing_before;  // the echo of the model's text comes in the middle of an edit
   }
 
- protected:
   [[nodiscard]] Style GetStyle() const override {
     return {L"EDIT", &model_.text(),
             AlignmentStyle(model_.alignment()) | ES_AUTOHSCROLL | WS_TABSTOP |
@@ -32,11 +30,9 @@ class TextBoxPeer final : public PeerOf<ui::TextBox> {
   }
 
   void Show(ui::Changes changes) override {
-    if (changes.Has(ui::Changes::kLimit)) {
-      // The limit is the model's, which also knows what it does not hold for.
-      constexpr WPARAM kNoLimit = 0x7FFFFFFE;
-      Send(EM_SETLIMITTEXT, kNoLimit);
-    }
+    // The limit is the model's, which also knows what it does not hold for.
+    constexpr WPARAM kNoLimit = 0x7FFFFFFE;
+    if (making()) Send(EM_SETLIMITTEXT, kNoLimit);
     if (changes.Has(ui::Changes::kText)) ShowText();
   }
 
@@ -82,8 +78,6 @@ class TextBoxPeer final : public PeerOf<ui::TextBox> {
 
 }  // namespace
 
-std::unique_ptr<WindowPeer> MakeTextBoxPeer(Win32Toolkit& toolkit, ui::Control& control) {
-  return MakePeerOf<TextBoxPeer>(toolkit, control);
-}
+PeerMaker* const kMakeTextBoxPeer = &MakePeerOf<TextBoxPeer>;
 
 }  // namespace quill::win32

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include <optional>
+#include <map>
 #include <vector>
 
 #include "ui/toolkit.h"
@@ -19,8 +19,7 @@ class ModalDisplay;
 class Win32Toolkit final : public ui::Toolkit {
  public:
   static constexpr wchar_t kFormClass[] = L"QuillForm";
-  // Of an image. Assistive tools know the system's classes, and take a STATIC
-  // for text.
+  // Of an image. Assistive tools know the system's classes, and take a STATIC for text.
   static constexpr wchar_t kImageClass[] = L"QuillImage";
 
   Win32Toolkit();
@@ -43,8 +42,9 @@ class Win32Toolkit final : public ui::Toolkit {
   void HookTabBackground(ui::TabStrip& strip, ui::PictureBox& colour_source) override;
   void UnhookTabBackground(ui::TabStrip& strip) override;
 
-  // Marks a native event of the plug-in as being handled.
-  [[nodiscard]] DeferredTasks::Event BeginEvent() noexcept { return DeferredTasks::Event(tasks_); }
+  // A native event of the plug-in begins and ends being handled.
+  void BeginEvent() noexcept { tasks_.BeginEvent(); }
+  void EndEvent() noexcept { tasks_.EndEvent(); }
 
   [[nodiscard]] const ScreenScale& scale() const noexcept { return scale_; }
   // Height of a row of a list box, in pixels.
@@ -57,25 +57,23 @@ class Win32Toolkit final : public ui::Toolkit {
 
  private:
   struct CachedPicture {
-    Text path;
     FILETIME written = {};
-    ULONGLONG size = 0;
+    DWORD size = 0;
     std::shared_ptr<const NativePicture> picture;
   };
   struct Display {
     ui::Form* form;
     ModalDisplay* modal;
   };
-  // The window that message boxes and file dialogs belong to; null: none is
-  // shown.
+  // The window that message boxes and file dialogs belong to; null: none is shown.
   [[nodiscard]] HWND BoxOwner() const noexcept;
   template <class Box>
   auto WithBox(const Box& show);
 
   ScreenScale scale_;
   int list_row_pixels_;
-  std::vector<CachedPicture> pictures_;
-  std::vector<Display> displays_;  // from the outermost to the innermost
+  std::map<Text, CachedPicture> pictures_;  // by their paths
+  std::vector<Display> displays_;           // from the outermost to the innermost
   int open_boxes_ = 0;
   ui::Pointer screen_pointer_ = ui::Pointer::kDefault;
   DeferredTasks tasks_;

@@ -6,13 +6,12 @@
 #include <algorithm>
 #include <utility>
 
-#include "win32/accessible_object.h"
-#include "win32/drawing_surface.h"
-#include "win32/fonts.h"
+#include "com/com_error.h"
+#include "win32/drawing.h"
 #include "win32/form_peer.h"
-#include "win32/last_error.h"
 #include "win32/native_text.h"
-#include "win32/this_module.h"
+#include "win32/owned.h"
+#include "win32/system_services.h"
 #include "win32/win32_toolkit.h"
 
 namespace quill::win32 {
@@ -23,35 +22,21 @@ constexpr int kFirstControlId = 1001;
 // The place in the form's collection, so that it is the same in every run.
 int ControlId(const ui::Control& control) {
   const auto& controls = control.form().controls();
-  const auto found = std::find_if(controls.begin(), controls.end(),
-                                  [&](const auto& other) { return other.get() == &control; });
+  const auto found =
+      std::ranges::find_if(controls, [&](const auto& other) { return other.get() == &control; });
   return kFirstControlId + static_cast<int>(found - controls.begin());
 }
 
-struct Counted {
-  explicit Counted(int& count) noexcept : count_(count) { ++count_; }
-  ~Counted() { --count_; }
-  Counted(const Counted&) = delete;
-  Counted& operator=(const Counted&) = delete;
-  int& count_;
-};
-
-// The name of a control on its window, for robots: this window property holds a global atom of it.
+// This property of a window is the name of its control, for robots in the same process.
 constexpr wchar_t kControlName[] = L"ControlName";
 
-void AttachControlName(HWND window, const Text& name) {
-  const ATOM atom = GlobalAddAtomW(Wide(name));
-  if (atom != 0 && !SetPropW(window, kControlName, reinterpret_cast<HANDLE>(ULONG_PTR{atom}))) {
-    GlobalDeleteAtom(atom);
-  }
-}
-
-void DetachControlName(HWND window) noexcept {
-  const HANDLE value = RemovePropW(window, kControlName);
-  if (value != nullptr) GlobalDeleteAtom(static_cast<ATOM>(reinterpret_cast<ULONG_PTR>(value)));
-}
-
 }  // namespace
+
+RuntimeError WindowFailure() {
+  const DWORD code = GetLastError();
+  if (code == ERROR_SUCCESS) return RuntimeError(ErrorNumber::kOutOfMemory);
+  return com::ErrorOf(HRESULT_FROM_WIN32(code));
+}
 
 std::map<HWND, WindowPeer*> WindowPeer::peers_;
 
@@ -84,49 +69,46 @@ void WindowPeer::MakeWindow(HWND parent) {
       is_form ? nullptr : reinterpret_cast<HMENU>(static_cast<INT_PTR>(ControlId(control_)));
   // A class may refuse its window without saying why; an older code would then pass for the reason.
   SetLastError(ERROR_SUCCESS);
-  const HWND window = CreateWindowExW(
+  Owned<HWND> window(CreateWindowExW(
       style.extended, style.window_class, style.text != nullptr ? Wide(*style.text) : nullptr,
       style.style | state, place_.left, place_.top, place_.right - place_.left,
-      place_.bottom - place_.top, parent, id, ThisModule(), nullptr);
+      place_.bottom - place_.top, parent, id, ThisModule(), nullptr));
   if (window == nullptr) throw WindowFailure();
-
-  window_ = window;
-  try {
-    peers_.emplace(window, this);
-  } catch (...) {
-    DestroyWindow(std::exchange(window_, nullptr));
-    throw;
-  }
+  peers_.emplace(window.get(), this);
+  window_ = window.release();
   original_ = reinterpret_cast<WNDPROC>(
-      SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
-  AttachControlName(window, control_.name());
+      SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
+  SetPropW(window_, kControlName, const_cast<wchar_t*>(Wide(control_.name())));
 
-  const Counted counted(showing_);
+  ++showing_;
   making_ = true;
-  ShowFont(ui::Changes::Everything());
+  const AtEnd made([&] {
+    making_ = false;
+    --showing_;
+  });
+  ShowFont();
   Show(ui::Changes::Everything());
-  making_ = false;
   if (!is_form) ShowTooltip();
 }
 
 void WindowPeer::Sync(ui::Changes changes) {
-  if (window_ == nullptr && !(control_.kind() == ui::ControlKind::kForm && control_.visible())) {
-    return;
-  }
-  const SystemResolution resolution;
-  const Counted counted(showing_);
+  using ui::Changes;
   const bool visible = control_.visible();
-  if (changes.Has(ui::Changes::kVisible) && !visible) ShowVisible();
-  if (changes.Has(ui::Changes::kBounds) && window_ != nullptr) TakePlace();
-  if (changes.Has(ui::Changes::kOrder)) ShowOrder();
-  if (changes.Has(ui::Changes::kEnabled)) ShowEnabled();
+  if (window_ == nullptr && !(control_.kind() == ui::ControlKind::kForm && visible)) return;
+  const SystemResolution resolution;
+  ++showing_;
+  const AtEnd shown([&] { --showing_; });
+  if (changes.Has(Changes::kVisible) && !visible) ShowVisible();
   if (window_ != nullptr) {
-    ShowFont(changes);
+    if (changes.Has(Changes::kBounds)) TakePlace();
+    if (changes.Has(Changes::kOrder)) ShowOrder();
+    if (changes.Has(Changes::kEnabled)) EnableWindow(window_, control_.enabled());
+    if (changes.Has(Changes::kFont)) ShowFont();
     Show(changes);
+    if (changes.Has(Changes::kTooltip)) ShowTooltip();
   }
-  if (changes.Has(ui::Changes::kTooltip)) ShowTooltip();
-  if (changes.Has(ui::Changes::kVisible) && visible) ShowVisible();
-  if (changes.Has(ui::Changes::kFocus)) ShowFocus(changes.Has(ui::Changes::kReachedByKey));
+  if (changes.Has(Changes::kVisible) && visible) ShowVisible();
+  if (changes.Has(Changes::kFocus)) ShowFocus(changes.Has(Changes::kReachedByKey));
 }
 
 void WindowPeer::TakePlace() {
@@ -148,11 +130,6 @@ void WindowPeer::ShowVisible() {
   ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
 }
 
-void WindowPeer::ShowEnabled() {
-  if (window_ == nullptr || (IsWindowEnabled(window_) != FALSE) == control_.enabled()) return;
-  EnableWindow(window_, control_.enabled());
-}
-
 void WindowPeer::ShowFocus(bool reached_by_key) const {
   const bool is_here = control_.form().focus() == &control_ || &control_ == &control_.form();
   if (!is_here || GetActiveWindow() != form_peer().window()) return;
@@ -165,17 +142,15 @@ void WindowPeer::ShowFocus(bool reached_by_key) const {
 }
 
 void WindowPeer::ShowOrder() {
-  const ui::Control* const container = control_.container();
-  if (window_ == nullptr || container == nullptr) return;
-  const WindowPeer* const outer = Of(*container);
-  if (outer == nullptr || outer->window() == nullptr) return;
-  if (GetParent(window_) != outer->window()) SetParent(window_, outer->window());
+  if (control_.container() == nullptr) return;
+  const HWND outer = Of(*control_.container())->window();
+  if (GetParent(window_) != outer) SetParent(window_, outer);
   form_peer().PutInOrder(*this);
 }
 
 void WindowPeer::ShowTooltip() {
   const Text& text = control_.tooltip();
-  if (window_ == nullptr || (text.empty() && !has_tooltip_)) return;
+  if (text.empty() && !has_tooltip_) return;
   TTTOOLINFOW tool = {};
   tool.cbSize = TTTOOLINFOW_V1_SIZE;  // all versions take it; the older ones refuse a larger one
   tool.uFlags = TTF_IDISHWND;
@@ -189,8 +164,7 @@ void WindowPeer::ShowTooltip() {
   has_tooltip_ = !text.empty();
 }
 
-void WindowPeer::ShowFont(ui::Changes changes) {
-  if (!changes.Has(ui::Changes::kFont)) return;
+void WindowPeer::ShowFont() const {
   Send(WM_SETFONT, reinterpret_cast<WPARAM>(form_peer().Font(kDialogFontPoints)), FALSE);
 }
 
@@ -198,31 +172,8 @@ void WindowPeer::Repaint() const {
   if (!making_) InvalidateRect(window_, nullptr, TRUE);
 }
 
-void WindowPeer::RepaintInFront() const {
-  if (making_) return;
-  const ui::Control* const container = control_.container();
-  if (container == nullptr) return;
-  const auto& siblings = container->children();
-  auto place = std::find(siblings.begin(), siblings.end(), &control_);
-  for (; place != siblings.end(); ++place) {
-    const WindowPeer* const other = Of(**place);
-    if (other == nullptr || other == this || other->window() == nullptr) continue;
-    RECT common;
-    if (IntersectRect(&common, &place_, &other->place_)) {
-      InvalidateRect(other->window(), nullptr, TRUE);
-    }
-  }
-}
-
 bool WindowPeer::Tell(const ui::Fact& fact) {
   return showing_ == 0 && !closing_ && window_ != nullptr && control_.Happened(fact);
-}
-
-LRESULT WindowPeer::PassOnMouse(UINT message, WPARAM wparam, LPARAM lparam) {
-  // The system would turn the fourth and fifth button into going back and forward.
-  const bool is_extra =
-      message == WM_XBUTTONDOWN || message == WM_XBUTTONDBLCLK || message == WM_XBUTTONUP;
-  return is_extra ? TRUE : WindowPeer::Handle(message, wparam, lparam);
 }
 
 LRESULT WindowPeer::CallOriginal(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -300,74 +251,42 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       break;
     case WM_GETOBJECT:
       if (static_cast<LONG>(lparam) != OBJID_CLIENT) break;
-      if (const LRESULT answer = AnswerAssistiveTool(window_, wparam)) return answer;
-      break;
-    case WM_MOUSEMOVE:
-    case WM_LBUTTONDOWN:
-    case WM_LBUTTONUP:
-    case WM_RBUTTONDOWN:
-    case WM_RBUTTONUP:
-    case WM_MBUTTONDOWN:
-    case WM_MBUTTONUP:
-      // By hand: Wine 8 loses memory for each window that a tooltip watches itself (TTF_SUBCLASS).
-      if (has_tooltip_) {
-        MSG relayed = {window_, message, wparam, lparam, 0, {0, 0}};
-        SendMessageW(form_peer().Tooltips(), TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
-      }
+      if (const LRESULT answer = AnswerAssistiveTool(wparam)) return answer;
       break;
     default:
       break;
+  }
+  if (has_tooltip_ && message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) {
+    // By hand: Wine 8 loses memory for each window that a tooltip watches itself (TTF_SUBCLASS).
+    MSG relayed = {window_, message, wparam, lparam, 0, {0, 0}};
+    SendMessageW(form_peer().Tooltips(), TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
   }
   return CallOriginal(message, wparam, lparam);
-}
-
-LRESULT DrawnPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
-  const auto draw = [&](HDC context, const RECT& area) { Draw(context, area); };
-  switch (message) {
-    case WM_ERASEBKGND:
-      return 1;  // nothing is seen before the drawing
-    case WM_PRINTCLIENT: {
-      RECT area;
-      GetClientRect(window(), &area);
-      Draw(reinterpret_cast<HDC>(wparam), area);
-      return 0;
-    }
-    case WM_PAINT:
-      PaintAtOnce(window(), draw);
-      return 0;
-    default:
-      return WindowPeer::Handle(message, wparam, lparam);
-  }
-}
-
-bool WindowPeer::TellKey(WPARAM key, LPARAM key_data) {
-  const auto held = [](int modifier, std::int16_t flag) {
-    return GetKeyState(modifier) < 0 ? flag : std::int16_t{0};
-  };
-  const ui::KeyStroke stroke = {
-      static_cast<char16_t>(key),
-      static_cast<std::int16_t>(held(VK_SHIFT, ui::kShiftHeld) + held(VK_CONTROL, ui::kCtrlHeld) +
-                                held(VK_MENU, ui::kAltHeld))};
-  return Tell(ui::KeyStruck{stroke, IsRepeated(key_data)});
 }
 
 LRESULT CALLBACK WindowPeer::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   WindowPeer* const peer = Of(window);
   if (peer == nullptr) return DefWindowProcW(window, message, wparam, lparam);
   if (message == WM_NCDESTROY) {
-    const WNDPROC original = peer->original_;
-    peer->Forget();
-    return CallWindowProcW(original, window, message, wparam, lparam);
+    // The window is going, with its peer or before it.
+    RemovePropW(window, kControlName);
+    peers_.erase(window);
+    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(peer->original_));
+    peer->window_ = nullptr;
+    return CallWindowProcW(peer->original_, window, message, wparam, lparam);
   }
   // The model may be half gone by now.
   if (peer->closing_) return peer->CallOriginal(message, wparam, lparam);
-  const auto event = peer->toolkit_.BeginEvent();
+  peer->toolkit_.BeginEvent();
+  const AtEnd end([&toolkit = peer->toolkit_] { toolkit.EndEvent(); });
   try {
-    if (const auto fact = peer->buttons_.FactOf(window, message, wparam, lparam,
-                                                peer->toolkit_.scale(), peer->CapturesMouse())) {
-      peer->Tell(*fact);
-      if (peer->window_ == nullptr) return 0;  // a handler has ended the form
-      if (peer->CapturesMouse()) return peer->PassOnMouse(message, wparam, lparam);
+    const auto fact = peer->FactOfMouse(message, wparam, lparam);
+    if (fact.has_value()) peer->Tell(*fact);
+    if (peer->window_ == nullptr) return 0;  // a handler has ended the form
+    // The system would turn the fourth and fifth button into going back and forward.
+    const bool is_extra = message >= WM_XBUTTONDOWN && message <= WM_XBUTTONDBLCLK;
+    if (fact.has_value() && peer->CapturesMouse()) {
+      return is_extra ? TRUE : peer->WindowPeer::Handle(message, wparam, lparam);
     }
     return peer->Handle(message, wparam, lparam);
   } catch (...) {
@@ -378,14 +297,6 @@ LRESULT CALLBACK WindowPeer::Procedure(HWND window, UINT message, WPARAM wparam,
 void WindowPeer::DestroyWindowNow() noexcept {
   closing_ = true;
   if (window_ != nullptr) DestroyWindow(window_);
-}
-
-// The window is going, with its peer or before it.
-void WindowPeer::Forget() noexcept {
-  DetachControlName(window_);
-  peers_.erase(window_);
-  SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original_));
-  window_ = nullptr;
 }
 
 }  // namespace quill::win32

@@ -9,14 +9,23 @@
 #include <windows.h>
 
 #include <map>
+#include <optional>
 
+#include "support/runtime_error.h"
 #include "ui/control.h"
-#include "win32/mouse_buttons.h"
 
 namespace quill::win32 {
 
 class FormPeer;
 class Win32Toolkit;
+
+// The failure of making a window, right after it: what the system says, kOutOfMemory where it does
+// not say.
+[[nodiscard]] RuntimeError WindowFailure();
+
+// The mouse buttons that are down, by the messages that this thread has taken; their numbers added
+// up.
+[[nodiscard]] std::int16_t ButtonsDown() noexcept;
 
 class WindowPeer : public ui::Peer {
  public:
@@ -59,8 +68,6 @@ class WindowPeer : public ui::Peer {
   // True when a mouse button that is pressed here is to be released here, wherever the mouse is.
   [[nodiscard]] virtual bool CapturesMouse() const noexcept { return false; }
 
-  // The rest of what a message of a mouse button, now known to be a fact, means.
-  LRESULT PassOnMouse(UINT message, WPARAM wparam, LPARAM lparam);
   // Whether a key's message comes from holding the key.
   [[nodiscard]] static bool IsRepeated(LPARAM key_data) noexcept {
     return (key_data & 1 << 30) != 0;
@@ -85,8 +92,6 @@ class WindowPeer : public ui::Peer {
   void Repaint() const;
   // True while Show tells a new window everything for the first time.
   [[nodiscard]] bool making() const noexcept { return making_; }
-  // Repaints those in front that let this one shine through.
-  void RepaintInFront() const;
 
  private:
   friend class FormPeer;
@@ -96,36 +101,31 @@ class WindowPeer : public ui::Peer {
   static std::map<HWND, WindowPeer*> peers_;
 
   void ShowOrder();
-  void ShowEnabled();
   void ShowTooltip();
   // As the model holds it: at once while the form's window is active, else when it becomes so.
   void ShowFocus(bool reached_by_key) const;
+  // The fact that a message of a mouse button stands for, if it does for one. To be asked before
+  // any other handling.
+  [[nodiscard]] std::optional<ui::Fact> FactOfMouse(UINT message, WPARAM wparam, LPARAM lparam);
+  // The answer to WM_GETOBJECT of a screen reader or other assistive tool: name, role, value and
+  // state of the control; all else as the system tells of a window of its class. 0 where the system
+  // has no such support.
+  [[nodiscard]] LRESULT AnswerAssistiveTool(WPARAM wparam) const noexcept;
   // False when the window's class is to have it.
   bool TellKey(WPARAM key, LPARAM key_data);
-  void ShowFont(ui::Changes changes);
+  void ShowFont() const;
   void DestroyWindowNow() noexcept;
-  void Forget() noexcept;
 
   Win32Toolkit& toolkit_;
   ui::Control& control_;
   HWND window_ = nullptr;
   WNDPROC original_ = nullptr;
   RECT place_ = {};
-  MouseButtons buttons_;
+  int pressed_ = 0;  // mouse buttons while the mouse is captured; their numbers added up
   int showing_ = 0;
   bool making_ = false;
   bool closing_ = false;
   bool has_tooltip_ = false;
-};
-
-// A peer whose window has no looks of its own: all of it is drawn here, off the screen first.
-class DrawnPeer : public WindowPeer {
- protected:
-  using WindowPeer::WindowPeer;
-
-  // Draws the whole client area.
-  virtual void Draw(HDC context, const RECT& area) const = 0;
-  LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
 };
 
 }  // namespace quill::win32

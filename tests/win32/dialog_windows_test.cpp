@@ -50,8 +50,8 @@ TEST_F(DialogWindows, EveryControlHasItsStandardWindowInItsPlace) {
     }
     RECT inside = {};
     GetClientRect(robot.FormWindow(), &inside);
-    EXPECT_EQ(inside.right, win32::ScreenScale().PixelsX(9615));
-    EXPECT_EQ(inside.bottom, win32::ScreenScale().PixelsY(4695));
+    EXPECT_EQ(inside.right, win32::ScreenScale().Pixels(9615));
+    EXPECT_EQ(inside.bottom, win32::ScreenScale().Pixels(4695));
     EXPECT_EQ(Seen(u"frmrcBHDGS", u"caption"), u"Select Hosting Options");
 
     for (const Option& option : Options()) {

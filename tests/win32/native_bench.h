@@ -18,8 +18,7 @@
 #include "tests/win32/system_thread.h"
 #include "ui/controls.h"
 #include "win32/native_text.h"
-#include "win32/system_code_page.h"
-#include "win32/win32_clock.h"
+#include "win32/system_services.h"
 #include "win32/win32_file_system.h"
 #include "win32/win32_toolkit.h"
 

@@ -3,9 +3,9 @@
 
 #include "support/runtime_error.h"
 #include "tests/win32/native_bench.h"
-#include "win32/file_handle.h"
-#include "win32/native_file_dialog.h"
-#include "win32/win32_process_paths.h"
+#include "win32/boxes.h"
+#include "win32/system_services.h"
+#include "win32/win32_file_system.h"
 
 namespace quill {
 namespace {

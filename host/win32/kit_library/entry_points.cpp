@@ -18,8 +18,8 @@
 #include "host/win32/kit_object.h"
 #include "server/class_registration.h"
 #include "support/host_environment.h"
+#include "win32/system_services.h"
 #include "win32/win32_file_system.h"
-#include "win32/win32_process_paths.h"
 
 namespace quill::host {
 namespace {
