@@ -12,7 +12,6 @@
 #include "support/compiler.h"
 #include "ui/controls.h"
 #include "ui/list_box.h"
-#include "ui/controls.h"
 #include "win32/window_peer.h"
 
 namespace quill::win32 {

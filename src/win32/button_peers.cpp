@@ -30,9 +30,7 @@ class CheckBoxPeer final : public PeerOf<ui::CheckBox> {
   }
 
   void Show(ui::Changes changes) override {
-    if (changes.Has(ui::Changes::kValue) && Send(BM_GETCHECK) != model_.value()) {
-      Send(BM_SETCHECK, static_cast<WPARAM>(model_.value()));
-    }
+    if (changes.Has(ui::Changes::kValue)) Send(BM_SETCHECK, static_cast<WPARAM>(model_.value()));
   }
 
   LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam) override {

@@ -4,7 +4,6 @@
 
 #include "ui/controls.h"
 #include "ui/image_button.h"
-#include "ui/controls.h"
 #include "win32/form_peer.h"
 #include "win32/native_picture.h"
 #include "win32/native_text.h"
@@ -27,9 +26,7 @@ class LabelPeer final : public PeerOf<ui::Label, DrawnPeer> {
 
   void Show(Changes changes) override {
     // The window's own text is not drawn, but assistive tools read it.
-    if (changes.Has(Changes::kText) && !making() && WindowText(window()) != model_.caption()) {
-      SetWindowTextW(window(), Wide(model_.caption()));
-    }
+    if (changes.Has(Changes::kText) && !making()) SetWindowTextW(window(), Wide(model_.caption()));
     if (changes.Has(Changes::kText | Changes::kFont | Changes::kColour | Changes::kBounds)) {
       Repaint();
     }

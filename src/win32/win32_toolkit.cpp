@@ -72,7 +72,6 @@ ui::PicturePtr Win32Toolkit::ReadPicture(TextView path) {
   CachedPicture& known = pictures_[Text(path)];
   if (known.picture == nullptr || known.size != file.nFileSizeLow ||
       CompareFileTime(&known.written, &file.ftLastWriteTime) != 0) {
-    known = {};
     known = {file.ftLastWriteTime, file.nFileSizeLow, std::make_shared<NativePicture>(path)};
   }
   return known.picture;
