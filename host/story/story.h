@@ -1,5 +1,5 @@
-// A story as its player sees it: steps in order, each with its line. docs/story-language.md is the
-// manual of the files.
+// A story as its player sees it: steps in order, each with its line; and the list of what is known
+// to differ on a layer. docs/story-language.md is the manual of both kinds of files.
 #pragma once
 
 #include <string_view>

@@ -1,3 +1,4 @@
+// The colours of the scheme, and the system's answer that one is in use.
 #include "host/win32/high_contrast.h"
 
 #include <commctrl.h>
