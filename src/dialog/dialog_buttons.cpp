@@ -65,7 +65,7 @@ void ShowState(frmrcBHDGS& dialog, const DialogButton& button, TextView state) {
   }
 }
 
-// Face and caption answer the mouse alike.
+// Face and caption answer the mouse alike: the caption covers most of the face.
 template <class FaceOrCaption>
 void ConnectMouse(FaceOrCaption& control, frmrcBHDGS& dialog, const DialogButton& button) {
   control.access_key = button.access_key;

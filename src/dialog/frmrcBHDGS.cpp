@@ -59,7 +59,7 @@ void FillNumberLists(ui::Form& form) {
                                 [&](const Option& option) { return option.numbers != numbers; });
     if (numbers == NumberRange{}) continue;
     std::vector<ui::ListBox*> lists;
-    std::deque<ui::ListBox::Refill> refills;
+    std::deque<ui::ListBox::Refill> refills;  // a vector would have to move them
     for (const Option& option : std::span(first, last)) {
       refills.emplace_back(*lists.emplace_back(&form.Get<ui::ListBox>(option.key)));
     }

@@ -132,6 +132,7 @@ void MoveSelected(frmrcBHDGS& dialog, ui::ListBox& list) {
     at(), dialog.session().maps.selected.Reorder(order);
     at(), dialog.BuildMapList();
     if (list.Count() != std::ssize(order)) return;  // which has been reported
+    // The refresh has emptied the list, and its selection with it.
     ui::ListBox::Refill refill(list);
     for (int row = 0; row < list.Count(); ++row) {
       if (moved[order[row]]) at(), list.SetSelected(row, true);

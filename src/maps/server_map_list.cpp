@@ -36,6 +36,8 @@ void ServerMapList::AppendField(TextView field, const CodePage& page) {
   }
 }
 
+// Every text has a buffer of its own, which never moves: names, files and the index are views into
+// it, also after the list itself has been moved.
 char16_t* ServerMapList::MakeRoom(std::size_t size) {
   index_ = {};
   return texts_.emplace_back(std::make_unique_for_overwrite<char16_t[]>(size)).get();
@@ -45,6 +47,7 @@ void ServerMapList::Take(std::span<char16_t> entry) {
   if (entry.empty()) throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
   const char16_t game_type = entry.back();
   const MapEntryParts parts = TakeMapEntryApart(entry.first(entry.size() - 1));
+  // The index finds a map by file name and game type as one text.
   entry[static_cast<std::size_t>(parts.file.data() + parts.file.size() - entry.data())] = game_type;
   maps_.push_back({parts.name, parts.file, game_type});
 }

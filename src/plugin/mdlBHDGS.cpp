@@ -18,6 +18,7 @@ mdlBHDGS::~mdlBHDGS() {
   try {
     ReleaseHost();
   } catch (...) {
+    // The host is unloading the library, and nobody is left to tell.
   }
 }
 
