@@ -22,9 +22,7 @@ std::string Sample(std::size_t size) {
 
 std::string EncodedSample(std::size_t size) {
   const std::string plain = Sample(size);
-  Text encoded;
-  EncodeBase64({reinterpret_cast<const std::uint8_t*>(plain.data()), plain.size()}, encoded);
-  return ToUtf8(encoded);
+  return ToUtf8(EncodeBase64({reinterpret_cast<const std::uint8_t*>(plain.data()), plain.size()}));
 }
 
 void RegisterOther(const char* direction, std::size_t size, const Base64Coder& coder,

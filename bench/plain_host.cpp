@@ -12,7 +12,8 @@ namespace quill::bench {
 std::optional<IniElements> PlainFileKit::GetIniSection(TextView, TextView) {
   std::vector<Text> lines = lines_;
   lines.emplace_back();
-  return IniElementsOf(std::move(lines));
+  const std::size_t count = lines.size();
+  return IniElements{count, [kept = std::move(lines)](std::size_t i) { return kept.at(i); }};
 }
 
 IniEntry PlainFileKit::ParseIniKey(TextView line) {

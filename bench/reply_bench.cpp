@@ -25,9 +25,7 @@ constexpr int kMapsField = 25;
 constexpr TextView kFrame = u"1[-]Scorvane[-]x";
 
 std::string Encoded(std::string_view plain) {
-  Text encoded;
-  EncodeBase64({reinterpret_cast<const std::uint8_t*>(plain.data()), plain.size()}, encoded);
-  return ToUtf8(encoded);
+  return ToUtf8(EncodeBase64({reinterpret_cast<const std::uint8_t*>(plain.data()), plain.size()}));
 }
 
 // All names are of one length, so that a map costs the same in every reply.

@@ -74,15 +74,12 @@ Text CompressText(TextView text) {
     throw RuntimeError(ErrorNumber::kOutOfMemory);
   }
   packed.resize(size);
-  Text compressed;
-  EncodeBase64(packed, compressed);
-  return compressed;
+  return EncodeBase64(packed);
 }
 
 Text DecompressText(TextView compressed, std::int32_t length) {
   if (length < 0) Fail(Concat({u"its length cannot be ", Decimal(length)}));
-  std::vector<std::uint8_t> packed;
-  DecodeBase64(compressed, packed);
+  std::vector<std::uint8_t> packed = DecodeBase64(compressed);
   if (packed.empty()) Fail(u"it is empty");
   if (packed.size() > std::numeric_limits<std::int32_t>::max()) Fail(u"it is too long");
 

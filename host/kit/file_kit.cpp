@@ -28,7 +28,8 @@ std::optional<IniElements> HostFileKit::GetIniSection(TextView section, TextView
   std::optional<std::vector<Text>> entries = IniSection(DecodeTextFile(*bytes).text, section);
   if (!entries) return std::nullopt;
   entries->emplace_back();
-  return IniElementsOf(std::move(*entries));
+  const std::size_t count = entries->size();
+  return IniElements{count, [kept = std::move(*entries)](std::size_t i) { return kept.at(i); }};
 }
 
 IniEntry HostFileKit::ParseIniKey(TextView line) {

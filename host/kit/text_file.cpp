@@ -2,8 +2,6 @@
 #include "host/kit/text_file.h"
 
 #include <algorithm>
-#include <span>
-#include <vector>
 
 #include "support/code_page.h"
 
@@ -15,10 +13,10 @@ constexpr std::string_view kUtf16Mark = "\xFF\xFE";
 
 // The text in Windows-1252, or nothing when it would not be read back as the same text.
 std::string ToWindows1252(TextView text) {
-  const CodePage& page = CodePage::Windows1252();
-  std::vector<std::uint8_t> encoded;
-  page.AppendBytes(text, encoded);
-  std::string bytes(encoded.begin(), encoded.end());
+  std::string bytes;
+  for (const char16_t unit : text) {
+    bytes += static_cast<char>(CodePage::Windows1252().ToByte(unit));
+  }
   return DecodeTextFile(bytes).text == text ? bytes : std::string();
 }
 
@@ -54,8 +52,9 @@ DecodedFile DecodeTextFile(std::string_view bytes) {
     return {std::move(text), has_mark ? TextEncoding::kUtf8WithMark : TextEncoding::kUtf8};
   }
   text.clear();
-  CodePage::Windows1252().AppendText(
-      {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, text);
+  for (const char byte : bytes) {
+    text += CodePage::Windows1252().ToUnit(static_cast<std::uint8_t>(byte));
+  }
   return {std::move(text), TextEncoding::kWindows1252};
 }
 

@@ -50,17 +50,13 @@ std::optional<Tail> ParseTail(TextView text, bool has_payload) {
 
 Text EncodeField(TextView text) {
   std::vector<std::uint8_t> bytes;
-  CodePage::Windows1252().AppendBytes(text, bytes);
-  Text field;
-  EncodeBase64(bytes, field);
-  return field;
+  for (const char16_t unit : text) bytes.push_back(CodePage::Windows1252().ToByte(unit));
+  return EncodeBase64(bytes);
 }
 
 Text DecodeField(TextView field) {
-  std::vector<std::uint8_t> bytes;
-  DecodeBase64(field, bytes);
   Text text;
-  CodePage::Windows1252().AppendText(bytes, text);
+  for (const std::uint8_t byte : DecodeBase64(field)) text += CodePage::Windows1252().ToUnit(byte);
   return text;
 }
 

@@ -37,9 +37,11 @@ Text FileOf(S step) {
 
 // Files are written in Windows-1252, so that every byte can be had.
 std::string FileBytes(TextView text) {
-  std::vector<std::uint8_t> bytes;
-  CodePage::Windows1252().AppendBytes(text, bytes);
-  return {bytes.begin(), bytes.end()};
+  std::string bytes;
+  for (const char16_t unit : text) {
+    bytes += static_cast<char>(CodePage::Windows1252().ToByte(unit));
+  }
+  return bytes;
 }
 
 // Bytes in hexadecimal, a word each.

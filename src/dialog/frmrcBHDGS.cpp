@@ -165,8 +165,8 @@ void frmrcBHDGS::Connect() {
     if (session_.dialog.get() == this) session_.dialog.reset();
   };
   on_unhandled = [this](const RuntimeError& error, TextView handler) {
-    ReportTrapped(session_.reporter, handler, error,
-                  static_cast<std::int32_t>(error.raised_at().line()));
+    session_.reporter.ReportTrapped(handler, error,
+                                    static_cast<std::int32_t>(error.raised_at().line()));
   };
 }
 

@@ -7,7 +7,6 @@
 #include "maps/map_entry.h"
 #include "support/base64.h"
 #include "support/runtime_error.h"
-#include "support/text_pieces.h"
 
 namespace quill {
 

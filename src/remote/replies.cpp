@@ -10,7 +10,6 @@
 #include "remote/request_file.h"
 #include "support/base64.h"
 #include "support/number_text.h"
-#include "support/text_pieces.h"
 #include "support/trap.h"
 
 namespace quill {

@@ -35,7 +35,7 @@ void AppendField(Text& payload, const frmrcBHDGS& dialog, const Option& option) 
       if (IsBlank(TextValue(control))) return;
       [[fallthrough]];
     default:
-      AppendEnc64(TextValue(control), session.code_page, session.reporter, payload);
+      payload += Enc64(TextValue(control), session.code_page, session.reporter);
   }
 }
 
@@ -45,9 +45,9 @@ void AppendMapList(Text& payload, Session& session) {
   const std::vector<SelectedMap> maps = session.maps.selected.maps();
   for (const SelectedMap& map : maps) {
     payload += u'-';
-    AppendEnc64(map.name, session.code_page, session.reporter, payload);
+    payload += Enc64(map.name, session.code_page, session.reporter);
     payload += u'_';
-    AppendEnc64(map.file, session.code_page, session.reporter, payload);
+    payload += Enc64(map.file, session.code_page, session.reporter);
     payload += u'_';
     AppendDecimal(payload, map.game_type);
     payload += map.server_map ? u"_True" : u"_False";

@@ -1,19 +1,19 @@
+// Base64 group by group: three bytes are 24 bits, and these are four digits of 6 bits. A group is
+// read and written in one piece of four units, as fields are many and short.
 #include "support/base64.h"
 
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <cstring>
-#include <new>
 
+#include "support/report_message.h"
 #include "support/runtime_error.h"
-#include "support/trap.h"
 
 namespace quill {
 namespace {
 
-constexpr char16_t kAlphabet[] =
-    u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+constexpr TextView kAlphabet = u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 constexpr char16_t kPad = u'=';
 
 // Four units side by side; the first of them is the lowest, as it lies in memory.
@@ -24,24 +24,10 @@ constexpr Lanes ToLanes(const std::array<char16_t, 4>& units) {
   return std::bit_cast<Lanes>(units);
 }
 
-Lanes LoadLanes(const char16_t* units) noexcept {
+Lanes Load(const char16_t* units) noexcept {
   Lanes lanes;
   std::memcpy(&lanes, units, sizeof lanes);
   return lanes;
-}
-
-// Texts grow block by block. A block's place is filled from here and then written over: growing a
-// text with zeros would be a second pass over the whole result, and a block of its own, copied
-// over, would be read before its writes have come through.
-constexpr std::size_t kBlockGroups = 128;
-constexpr std::size_t kBlockBytes = 3 * kBlockGroups;
-constexpr std::size_t kBlockDigits = 4 * kBlockGroups;
-constexpr char16_t kFiller[kBlockDigits] = {};
-
-// The place for `count` (at most kBlockDigits) more units of `target`.
-char16_t* Extend(Text& target, std::size_t count) {
-  target.append(kFiller, count);
-  return target.data() + (target.size() - count);
 }
 
 // The tables are made when the program or library is loaded, because they would be a large part of
@@ -49,60 +35,42 @@ char16_t* Extend(Text& target, std::size_t count) {
 
 // Two digits side by side, by the 12 bits that they stand for.
 using DigitPair = std::array<char16_t, 2>;
-
-std::array<DigitPair, 4096> MakeDigitPairs() noexcept {
+const auto kDigitPairs = [] {
   std::array<DigitPair, 4096> pairs;
   for (std::size_t bits = 0; bits < pairs.size(); ++bits) {
     pairs[bits] = {kAlphabet[bits >> 6], kAlphabet[bits & 63]};
   }
   return pairs;
-}
+}();
 
-const std::array<DigitPair, 4096> kDigitPairs = MakeDigitPairs();
-
-void PutDigits(std::size_t first_12_bits, std::size_t last_12_bits, char16_t* out) noexcept {
-  std::memcpy(out, &kDigitPairs[first_12_bits], sizeof(DigitPair));
-  std::memcpy(out + 2, &kDigitPairs[last_12_bits], sizeof(DigitPair));
-}
-
-void EncodeGroup(unsigned a, unsigned b, unsigned c, char16_t* out) noexcept {
-  PutDigits((a << 4) | (b >> 4), ((b & 15) << 8) | c, out);
-}
-
-// The same for the low bytes of the first three lanes.
+// Encodes the low bytes of the first three units.
 void EncodeGroup(Lanes units, char16_t* out) noexcept {
   // Brings the three bytes together as the highest ones, the first of them on top.
   constexpr Lanes kGather = (Lanes{1} << 56) | (Lanes{1} << 32) | (Lanes{1} << 8);
   const Lanes bytes = (units & ToLanes({0xFF, 0xFF, 0xFF, 0})) * kGather;
-  PutDigits(static_cast<std::size_t>(bytes >> 52), static_cast<std::size_t>(bytes >> 40) & 0xFFF,
-            out);
+  std::memcpy(out, &kDigitPairs[bytes >> 52], sizeof(DigitPair));
+  std::memcpy(out + 2, &kDigitPairs[bytes >> 40 & 0xFFF], sizeof(DigitPair));
 }
 
-// Encodes `count` bytes into `out`; a count that is no multiple of 3 is padded.
-void EncodeBytes(const std::uint8_t* in, std::size_t count, char16_t* out) noexcept {
-  for (; count >= 3; count -= 3, in += 3, out += 4) EncodeGroup(in[0], in[1], in[2], out);
-  if (count == 0) return;
-  EncodeGroup(in[0], count == 2 ? in[1] : 0, 0, out);
-  out[3] = kPad;
-  if (count == 1) out[2] = kPad;
-}
-
-// Encodes `count` (not 0) units into `out` as if they were bytes. Returns whether they were all
-// ASCII, without which `out` holds rubbish.
-bool EncodeAscii(const char16_t* in, std::size_t count, char16_t* out) noexcept {
+// Encodes the low bytes of `units` into `out`. Returns whether they were all ASCII.
+bool Encode(TextView units, char16_t* out) noexcept {
   Lanes seen = 0;
-  for (; count > 3; count -= 3, in += 3, out += 4) {
-    const Lanes units = LoadLanes(in);  // one more than the group has
-    seen |= units;
-    EncodeGroup(units, out);
+  const char16_t* in = units.data();
+  std::size_t left = units.size();
+  for (; left > 3; left -= 3, in += 3, out += 4) {
+    const Lanes group = Load(in);  // one unit more than the group has
+    seen |= group;
+    EncodeGroup(group, out);
   }
-  Lanes last = in[0];
-  if (count > 1) last |= Lanes{in[1]} << 16;
-  if (count > 2) last |= Lanes{in[2]} << 32;
-  seen |= last;
-  EncodeGroup(last, out);
-  if (count < 3) out[3] = kPad;
-  if (count < 2) out[2] = kPad;
+  if (left != 0) {
+    Lanes last = in[0];
+    if (left > 1) last |= Lanes{in[1]} << 16;
+    if (left > 2) last |= Lanes{in[2]} << 32;
+    seen |= last;
+    EncodeGroup(last, out);
+    if (left < 3) out[3] = kPad;
+    if (left < 2) out[2] = kPad;
+  }
   return (seen & ToLanes({0xFF80, 0xFF80, 0xFF80, 0xFF80})) == 0;
 }
 
@@ -112,61 +80,19 @@ constexpr Lanes kBad = ToLanes({0, 0, 0, 1});
 constexpr Lanes kBeyondAscii = ToLanes({0x80, 0x80, 0x80, 0});
 
 // What each digit adds to its group, by the digit's place and its low byte.
-using DigitLanes = std::array<std::array<Lanes, 256>, 4>;
-
-DigitLanes MakeDigitLanes() noexcept {
-  DigitLanes lanes;
+const auto kDigitLanes = [] {
+  std::array<std::array<Lanes, 256>, 4> lanes;
   for (auto& place : lanes) place.fill(kBad);
-  for (unsigned v = 0; v < 64; ++v) {
+  for (unsigned value = 0; value < 64; ++value) {
     const auto unit = [](unsigned byte) { return static_cast<char16_t>(byte & 0xFF); };
-    const std::size_t digit = kAlphabet[v];
-    lanes[0][digit] = ToLanes({unit(v << 2), 0, 0, 0});
-    lanes[1][digit] = ToLanes({unit(v >> 4), unit(v << 4), 0, 0});
-    lanes[2][digit] = ToLanes({0, unit(v >> 2), unit(v << 6), 0});
-    lanes[3][digit] = ToLanes({0, 0, unit(v), 0});
+    const std::size_t digit = kAlphabet[value];
+    lanes[0][digit] = ToLanes({unit(value << 2), 0, 0, 0});
+    lanes[1][digit] = ToLanes({unit(value >> 4), unit(value << 4), 0, 0});
+    lanes[2][digit] = ToLanes({0, unit(value >> 2), unit(value << 6), 0});
+    lanes[3][digit] = ToLanes({0, 0, unit(value), 0});
   }
   return lanes;
-}
-
-const DigitLanes kDigitLanes = MakeDigitLanes();
-
-Lanes Digit(std::size_t place, const char16_t* group) noexcept {
-  return kDigitLanes[place][group[place] & 0xFF];
-}
-
-// How many characters of padding end the text; it is not empty.
-inline std::size_t PaddingOf(TextView encoded) noexcept {
-  const char16_t* const end = encoded.data() + encoded.size();
-  return end[-1] != kPad ? 0 : end[-2] != kPad ? 1 : 2;
-}
-
-// Decodes a whole number of groups (not 0), the last `padding` characters of which are "=", to
-// `out`, one byte to a unit. Returns all groups or-ed together.
-inline Lanes DecodeGroups(TextView encoded, std::size_t padding, char16_t* out) noexcept {
-  const char16_t* in = encoded.data();
-  const char16_t* const last = in + (encoded.size() - 4);
-  Lanes all = 0;
-  Lanes seen = 0;
-  for (; in != last; in += 4, out += 3) {
-    seen |= LoadLanes(in);
-    const Lanes group = Digit(0, in) | Digit(1, in) | Digit(2, in) | Digit(3, in);
-    all |= group;
-    std::memcpy(out, &group, sizeof group);  // the next group writes over the fourth unit
-  }
-  seen |= LoadLanes(in);
-  Lanes group = Digit(0, in) | Digit(1, in);
-  if (padding < 2) group |= Digit(2, in);
-  if (padding < 1) group |= Digit(3, in);
-  all |= group;
-  out[0] = static_cast<char16_t>(group);
-  if (padding < 2) out[1] = static_cast<char16_t>(group >> 16);
-  if (padding < 1) out[2] = static_cast<char16_t>(group >> 32);
-  return (seen & ToLanes({0xFF00, 0xFF00, 0xFF00, 0xFF00})) == 0 ? all : all | kBad;
-}
-
-void MapBytes(const CodePage& page, char16_t* units, std::size_t count) noexcept {
-  for (; count != 0; --count, ++units) *units = page.ToUnit(static_cast<std::uint8_t>(*units));
-}
+}();
 
 // Says what is wrong with a text that could not be decoded.
 [[noreturn]] void FailMalformed(TextView encoded) {
@@ -177,7 +103,7 @@ void MapBytes(const CodePage& page, char16_t* units, std::size_t count) noexcept
     throw failure({u"Base64 text: the length ", Decimal(static_cast<std::int64_t>(encoded.size())),
                    u" is not a multiple of 4"});
   }
-  const std::size_t bad = encoded.find_first_not_of(TextView(kAlphabet));
+  const std::size_t bad = encoded.find_first_not_of(kAlphabet);
   const Text place = Decimal(static_cast<std::int64_t>(bad) + 1);
   if (encoded[bad] == kPad) {
     throw failure({u"Base64 text: \"=\" at position ", place, u", before the end"});
@@ -189,100 +115,87 @@ void MapBytes(const CodePage& page, char16_t* units, std::size_t count) noexcept
                  u" is not in the alphabet"});
 }
 
-// Appends the bytes that `encoded` stands for, one to a unit; `map(units, count)` is called for the
-// blocks that are not all ASCII. On failure `target` keeps what it held.
+// Writes the bytes to `out`, one to a unit; `map(units, count)` is called when they are not all
+// ASCII. Returns how many they are.
 template <class Map>
-void AppendDecoded(TextView encoded, Text& target, Map map) {
+std::size_t Decode(TextView encoded, char16_t* const out, Map map) {
   if (encoded.size() % 4 != 0) FailMalformed(encoded);
-  const std::size_t before = target.size();
-  if (encoded.size() > kBlockDigits) target.reserve(before + encoded.size() / 4 * 3);
-  for (TextView rest = encoded; !rest.empty();) {
-    const TextView taken = rest.substr(0, kBlockDigits);
-    rest.remove_prefix(taken.size());
-    const std::size_t padding = rest.empty() ? PaddingOf(taken) : 0;
-    const std::size_t count = taken.size() / 4 * 3 - padding;
-    char16_t* const out = Extend(target, count);
-    const Lanes all = DecodeGroups(taken, padding, out);
-    if ((all & kBad) != 0) {
-      target.resize(before);
-      FailMalformed(encoded);
-    }
-    if ((all & kBeyondAscii) != 0) map(out, count);
+  if (encoded.empty()) return 0;
+  Lanes all = 0;
+  Lanes seen = 0;
+  const auto decode = [&](const char16_t* in) {
+    const auto digit = [&](std::size_t place) { return kDigitLanes[place][in[place] & 0xFF]; };
+    const Lanes group = digit(0) | digit(1) | digit(2) | digit(3);
+    seen |= Load(in);
+    all |= group;
+    return group;
+  };
+  const char16_t* in = encoded.data();
+  const char16_t* const last = in + encoded.size() - 4;
+  char16_t* to = out;
+  for (; in != last; in += 4, to += 3) {
+    const Lanes group = decode(in);
+    std::memcpy(to, &group, sizeof group);  // the next group writes over the fourth unit
   }
+  // The last group, with digits for the padding, whose bytes are then left out.
+  const std::size_t padding = last[3] != kPad ? 0 : last[2] != kPad ? 1 : 2;
+  std::array<char16_t, 4> digits = {last[0], last[1], last[2], last[3]};
+  if (padding > 0) digits[3] = kAlphabet[0];
+  if (padding > 1) digits[2] = kAlphabet[0];
+  const Lanes group = decode(digits.data());
+  to[0] = static_cast<char16_t>(group);
+  if (padding < 2) to[1] = static_cast<char16_t>(group >> 16);
+  if (padding < 1) to[2] = static_cast<char16_t>(group >> 32);
+  if ((seen & ToLanes({0xFF00, 0xFF00, 0xFF00, 0xFF00})) != 0 || (all & kBad) != 0) {
+    FailMalformed(encoded);
+  }
+  const std::size_t count = Dec64Room(encoded.size()) - padding;
+  if ((all & kBeyondAscii) != 0) map(out, count);
+  return count;
 }
 
 }  // namespace
 
-void EncodeBase64(std::span<const std::uint8_t> bytes, Text& target) {
-  target.reserve(target.size() + (bytes.size() + 2) / 3 * 4);
-  while (!bytes.empty()) {
-    const std::size_t taken = std::min(bytes.size(), kBlockBytes);
-    EncodeBytes(bytes.data(), taken, Extend(target, (taken + 2) / 3 * 4));
-    bytes = bytes.subspan(taken);
-  }
-}
-
-void DecodeBase64(TextView encoded, std::vector<std::uint8_t>& target) {
-  Text bytes;
-  AppendDecoded(encoded, bytes, [](char16_t*, std::size_t) {});
-  target.insert(target.end(), bytes.begin(), bytes.end());
-}
-
-Text Enc64(TextView text, const CodePage& page, MessageReporter& reporter) {
-  Text encoded;
-  AppendEnc64(text, page, reporter, encoded);
+Text EncodeBase64(std::span<const std::uint8_t> bytes) {
+  Text encoded(Enc64Length(bytes.size()), kPad);
+  Encode(Text(bytes.begin(), bytes.end()), encoded.data());
   return encoded;
 }
 
-void AppendEnc64(TextView text, const CodePage& page, MessageReporter& reporter, Text& target) {
-  const std::size_t before = target.size();
-  try {
-    // More than a text can ever hold counts as out of memory too.
-    if (text.size() > (target.max_size() - before) / 2) throw std::bad_alloc();
-    if (text.size() > kBlockBytes) target.reserve(before + Enc64Length(text.size()));
-    while (!text.empty()) {
-      const TextView taken = text.substr(0, kBlockBytes);
-      Enc64To(taken, page, Extend(target, Enc64Length(taken.size())));
-      text.remove_prefix(taken.size());
-    }
-  } catch (...) {
-    target.resize(before);
-    ReportTrapped(reporter, u"Enc64", CurrentRuntimeError(), 0);
-  }
+std::vector<std::uint8_t> DecodeBase64(TextView encoded) {
+  Text bytes(Dec64Room(encoded.size()), u'\0');
+  bytes.resize(Decode(encoded, bytes.data(), [](char16_t*, std::size_t) {}));
+  return {bytes.begin(), bytes.end()};
 }
 
-void Enc64To(TextView text, const CodePage& page, char16_t* room) noexcept {
-  if (text.empty() || EncodeAscii(text.data(), text.size(), room)) return;
-  while (!text.empty()) {
-    const TextView taken = text.substr(0, kBlockBytes);
-    std::uint8_t bytes[kBlockBytes];
-    page.ToBytes(taken, bytes);
-    EncodeBytes(bytes, taken.size(), room);
-    room += kBlockDigits;
-    text.remove_prefix(taken.size());
+Text Enc64(TextView text, const CodePage& page, MessageReporter& reporter) {
+  try {
+    Text encoded(Enc64Length(text.size()), kPad);
+    Enc64To(text, page, encoded.data());
+    return encoded;
+  } catch (...) {
+    reporter.ReportTrapped(u"Enc64", CurrentRuntimeError(), 0);
+    return {};
   }
 }
 
 Text Dec64(TextView encoded, const CodePage& page) {
-  Text text;
-  AppendDec64(encoded, page, text);
+  Text text(Dec64Room(encoded.size()), u'\0');
+  text.resize(Dec64To(encoded, page, text.data()));
   return text;
 }
 
-void AppendDec64(TextView encoded, const CodePage& page, Text& target) {
-  AppendDecoded(encoded, target,
-                [&page](char16_t* units, std::size_t count) { MapBytes(page, units, count); });
+void Enc64To(TextView text, const CodePage& page, char16_t* room) {
+  if (Encode(text, room)) return;
+  Text bytes(text);
+  for (char16_t& unit : bytes) unit = page.ToByte(unit);
+  Encode(bytes, room);
 }
 
 std::size_t Dec64To(TextView encoded, const CodePage& page, char16_t* room) {
-  if (encoded.size() % 4 != 0) FailMalformed(encoded);
-  if (encoded.empty()) return 0;
-  const std::size_t padding = PaddingOf(encoded);
-  const std::size_t count = encoded.size() / 4 * 3 - padding;
-  const Lanes all = DecodeGroups(encoded, padding, room);
-  if ((all & kBad) != 0) FailMalformed(encoded);
-  if ((all & kBeyondAscii) != 0) MapBytes(page, room, count);
-  return count;
+  return Decode(encoded, room, [&page](char16_t* units, std::size_t count) {
+    for (; count != 0; --count, ++units) *units = page.ToUnit(static_cast<std::uint8_t>(*units));
+  });
 }
 
 }  // namespace quill

@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
-#include <vector>
 
 #include "support/runtime_error.h"
 #include "support/text.h"
@@ -39,7 +38,6 @@ struct IniElements {
   // The element as text. It is made text when it is asked for, which fails for one that has none.
   std::function<Text(std::size_t index)> element;
 };
-[[nodiscard]] IniElements IniElementsOf(std::vector<Text> elements);
 
 class FileKit {
  public:

@@ -1,3 +1,4 @@
+// The steps of a report, none of which may keep the next one from being tried.
 #include "support/report_message.h"
 
 #include <iterator>
@@ -12,20 +13,18 @@ namespace {
 constexpr TextView kCaptions[] = {u"Error!", u"Success", u"Failed!", u"Action Required!",
                                   u"DLL Error!"};
 
-constexpr TextView kSent = u"Error Report Sent: Yes";
-constexpr TextView kNotSent = u"Error Report Sent: Failed!";
-// What the box says when there is no memory for the report text.
-constexpr TextView kShortOfMemorySent = u"Out of memory\r\n\r\nError Report Sent: Yes";
-constexpr TextView kShortOfMemoryNotSent = u"Out of memory\r\n\r\nError Report Sent: Failed!";
+// What the box says when there is no memory for the report text, by whether the report was sent.
+constexpr TextView kShortOfMemory[] = {u"Out of memory\r\n\r\nError Report Sent: Failed!",
+                                       u"Out of memory\r\n\r\nError Report Sent: Yes"};
 
 Text ReportText(TextView label, const RuntimeError* error, std::int32_t line, bool sent) {
-  const TextView result = sent ? kSent : kNotSent;
-  if (error == nullptr) return Concat({kLineBreak, kLineBreak, result});
+  // The last line, with the empty one before it.
+  const TextView result = kShortOfMemory[sent].substr(kShortOfMemory[sent].find(kLineBreak));
+  if (error == nullptr) return Text(result);
   return Concat({u"Error Line: ", Decimal(line), kLineBreak,                                    //
                  u"Error ", Decimal(error->number()), u": ", error->description(), kLineBreak,  //
                  u"DLL: ", kLibraryFileName, kLineBreak,                                        //
-                 u"Function/Sub: ", label,                                                      //
-                 kLineBreak, kLineBreak, result});
+                 u"Function/Sub: ", label, result});
 }
 
 }  // namespace
@@ -75,13 +74,22 @@ void MessageReporter::ReportMessage(MessageKind kind, TextView text, const Runti
 
   const bool sent = Send(text, error, line);
   Text report;
-  TextView shown = sent ? kShortOfMemorySent : kShortOfMemoryNotSent;
+  TextView shown = kShortOfMemory[sent];
   try {
     report = ReportText(text, error, line, sent);
     shown = report;
   } catch (const std::bad_alloc&) {
   }
   boxes_.ShowMessage(caption, shown);
+}
+
+void MessageReporter::ReportTrapped(TextView label, const RuntimeError& error,
+                                    std::int32_t line) noexcept {
+  if (error.Is(ErrorNumber::kNone)) return;
+  try {
+    ReportMessage(MessageKind::kTrappedError, label, &error, line);
+  } catch (...) {
+  }
 }
 
 }  // namespace quill

@@ -34,6 +34,10 @@ class MessageReporter {
   // box shown even when neither works. Throws nothing but what the box itself throws.
   void ReportMessage(MessageKind kind, TextView text, const RuntimeError* error, std::int32_t line);
 
+  // The end of every trap: reports `error` as kTrappedError unless its number is 0. When even that
+  // fails, there is nothing left to tell the operator with.
+  void ReportTrapped(TextView label, const RuntimeError& error, std::int32_t line) noexcept;
+
   // The file kit; kObjectNotSet while there is none.
   [[nodiscard]] FileKit& Kit() const;
 

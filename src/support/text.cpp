@@ -1,10 +1,17 @@
+// Searching, converting and joining texts unit by unit.
 #include "support/text.h"
 
 #include <algorithm>
+#include <bit>
+#include <cassert>
 #include <charconv>
 #include <limits>
 
-#include "support/text_pieces.h"
+#include "support/compiler.h"
+
+#ifdef QUILL_HAS_SSE2
+#include <emmintrin.h>
+#endif
 
 namespace quill {
 namespace {
@@ -34,32 +41,26 @@ void AppendUtf16(Text& target, char32_t point) {
   target += static_cast<char16_t>(0xDC00 + ((point - 0x10000) & 0x3FF));
 }
 
-// How the bytes after a lead byte must look. The range of the first one keeps out overlong forms,
-// surrogates and points beyond U+10FFFF.
-struct Utf8Lead {
-  int continuations;  // -1 for a byte that leads nothing
-  unsigned char first_low = 0x80;
-  unsigned char first_high = 0xBF;
-};
-
-constexpr Utf8Lead LeadOf(unsigned char byte) noexcept {
-  if (byte < 0x80) return {0};
-  if (byte < 0xC2) return {-1};
-  if (byte < 0xE0) return {1};
-  if (byte == 0xE0) return {2, 0xA0};
-  if (byte == 0xED) return {2, 0x80, 0x9F};
-  if (byte < 0xF0) return {2};
-  if (byte == 0xF0) return {3, 0x90};
-  if (byte < 0xF4) return {3};
-  if (byte == 0xF4) return {3, 0x80, 0x8F};
-  return {-1};
-}
-
 bool IsHighSurrogate(char16_t unit) noexcept {
   return (unit & 0xFC00) == 0xD800;
 }
 bool IsLowSurrogate(char16_t unit) noexcept {
   return (unit & 0xFC00) == 0xDC00;
+}
+
+// The first `unit` from `at` on, or `end`. A reply is searched from end to end more than once, and
+// what is looked for stands many units apart: hence eight units a step where every processor can.
+const char16_t* FindUnit(const char16_t* at, const char16_t* end, char16_t unit) noexcept {
+#ifdef QUILL_HAS_SSE2
+  const __m128i wanted = _mm_set1_epi16(static_cast<short>(unit));
+  for (; end - at >= 8; at += 8) {
+    const __m128i eight = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+    const int found = _mm_movemask_epi8(_mm_cmpeq_epi16(eight, wanted));  // two bits for each unit
+    if (found != 0) return at + std::countr_zero(static_cast<unsigned>(found)) / 2;
+  }
+#endif
+  while (at != end && *at != unit) ++at;
+  return at;
 }
 
 template <class Convert>
@@ -90,6 +91,25 @@ Text Concat(std::initializer_list<TextView> parts) {
   result.reserve(size);
   for (TextView part : parts) result += part;
   return result;
+}
+
+bool PieceCursor::Next(TextView& piece) noexcept {
+  assert(!separator_.empty());
+  if (ended_) return false;
+  const char16_t* const begin = rest_.data();
+  const char16_t* const end = begin + rest_.size();
+  for (const char16_t* at = begin;; ++at) {
+    at = FindUnit(at, end, separator_.front());
+    if (at == end) break;
+    if (separator_.size() == 1 || TextView(at, end).starts_with(separator_)) {
+      piece = TextView(begin, at);
+      rest_ = TextView(at + separator_.size(), end);
+      return true;
+    }
+  }
+  piece = rest_;
+  ended_ = true;
+  return true;
 }
 
 std::vector<TextView> Split(TextView text, TextView separator) {
@@ -155,25 +175,27 @@ std::string ToUtf8(TextView text) {
 }
 
 Text FromUtf8(std::string_view bytes) {
+  // By the number of continuation bytes: a lower point is written with fewer of them.
+  constexpr char32_t kFirstPoints[] = {0, 0x80, 0x800, 0x10000};
   Text result;
   result.reserve(bytes.size());
   for (std::size_t i = 0; i < bytes.size();) {
-    const auto first = static_cast<unsigned char>(bytes[i++]);
-    const Utf8Lead lead = LeadOf(first);
-    if (lead.continuations < 0) {
+    const auto lead = static_cast<unsigned char>(bytes[i++]);
+    const int ones = std::countl_one(lead);  // none in ASCII, one in a continuation byte
+    if (ones == 1 || ones > 4) {
       result += kReplacement;
       continue;
     }
-    char32_t point = lead.continuations == 0 ? first : first & (0x3F >> lead.continuations);
-    unsigned char low = lead.first_low;
-    unsigned char high = lead.first_high;
-    int missing = lead.continuations;
+    int missing = std::max(ones - 1, 0);
+    char32_t point = lead & (0x7F >> ones);
+    const char32_t first = kFirstPoints[missing];
     for (; missing > 0 && i < bytes.size(); --missing, ++i) {
       const auto next = static_cast<unsigned char>(bytes[i]);
-      if (next < low || next > high) break;
-      point = (point << 6) | (next & 0x3F);
-      low = 0x80;
-      high = 0xBF;
+      point = point << 6 | (next & 0x3F);
+      // A sequence ends before the byte that makes it ill-formed.
+      const char32_t least = point << (6 * (missing - 1));
+      const bool is_surrogate = least >> 11 == 0xD800 >> 11;
+      if (std::countl_one(next) != 1 || least < first || is_surrogate || least > 0x10FFFF) break;
     }
     AppendUtf16(result, missing == 0 ? point : kReplacement);
   }

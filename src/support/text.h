@@ -36,8 +36,25 @@ void AppendDecimal(Text& target, std::int64_t value);
 // The parts joined without a separator, in one allocation.
 [[nodiscard]] Text Concat(std::initializer_list<TextView> parts);
 
-// The pieces of `text` between occurrences of `separator` (not empty), at least one. The views
-// point into `text`.
+// The pieces of a text between occurrences of a separator, at least one, without an allocation.
+//
+//   PieceCursor fields(payload, u"_");
+//   for (TextView field; fields.Next(field);) ...
+class PieceCursor {
+ public:
+  // Both texts must outlive the cursor and the pieces. `separator` is not empty.
+  PieceCursor(TextView text, TextView separator) noexcept : rest_(text), separator_(separator) {}
+
+  // Gives the next piece; false, leaving `piece` alone, after the last one.
+  bool Next(TextView& piece) noexcept;
+
+ private:
+  TextView rest_;
+  TextView separator_;
+  bool ended_ = false;
+};
+
+// The same pieces, all at once.
 [[nodiscard]] std::vector<TextView> Split(TextView text, TextView separator);
 
 // Every occurrence of `from` (not empty), found from the left without overlap, replaced by `to`.

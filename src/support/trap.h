@@ -36,10 +36,6 @@ class Line {
   std::int32_t number_ = 0;
 };
 
-// The end of every trap: reports `error` as kTrappedError unless its number is 0.
-void ReportTrapped(MessageReporter& reporter, TextView label, const RuntimeError& error,
-                   std::int32_t line) noexcept;
-
 // Runs each step, also when one before it fails; the first failure is passed on at the end.
 template <class... Steps>
 void RunAll(Steps&&... steps) {
@@ -87,7 +83,7 @@ bool Trapped(MessageReporter& reporter, TextView label, Body&& body,
       before_report(error);
     } catch (...) {
     }
-    ReportTrapped(reporter, label, error, line.number());
+    reporter.ReportTrapped(label, error, line.number());
     return false;
   }
 }

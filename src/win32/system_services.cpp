@@ -71,7 +71,7 @@ CodePage CodePageOfNumber(unsigned number) {
         MultiByteToWideChar(number, 0, &source, 1, &unit, 1) == 1 && (byte >= 128 || unit == byte);
     units[byte] = unit;
   }
-  return CodePage(is_usable ? units : CodePage::Windows1252Units());
+  return is_usable ? CodePage(units) : CodePage::Windows1252();
 }
 
 }  // namespace quill::win32

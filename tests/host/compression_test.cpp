@@ -37,13 +37,8 @@ TEST(Compression, DamageIsToldAndNeverTakenForText) {
   const Text text = u"The quick brown fox jumps over the lazy dog, and over the lazy dog again.";
   const auto length = static_cast<std::int32_t>(text.size());
   const Text compressed = CompressText(text);
-  std::vector<std::uint8_t> packed;
-  DecodeBase64(compressed, packed);
-  const auto encoded = [](const std::vector<std::uint8_t>& bytes) {
-    Text made;
-    EncodeBase64(bytes, made);
-    return made;
-  };
+  const std::vector<std::uint8_t> packed = DecodeBase64(compressed);
+  const auto encoded = [](const std::vector<std::uint8_t>& bytes) { return EncodeBase64(bytes); };
   std::vector<std::uint8_t> with_more = packed;
   with_more.push_back(0);
   const struct {
