@@ -1,3 +1,4 @@
+// Taking paths apart; the platform only tells them.
 #include "support/host_environment.h"
 
 #include "support/runtime_error.h"

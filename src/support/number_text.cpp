@@ -1,3 +1,4 @@
+// Numbers are taken apart into their digits, so that no count of digits overflows.
 #include "support/number_text.h"
 
 #include <algorithm>

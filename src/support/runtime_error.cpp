@@ -1,3 +1,4 @@
+// The wordings of the numbers, and what any exception is as a run-time error.
 #include "support/runtime_error.h"
 
 #include <new>
