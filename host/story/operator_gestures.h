@@ -9,7 +9,6 @@
 #include "host/story/story_words.h"
 #include "support/number_text.h"
 #include "ui/fact.h"
-#include "ui/menu.h"
 
 namespace quill::host {
 

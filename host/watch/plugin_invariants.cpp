@@ -79,7 +79,6 @@ class Inspection {
     Holds(!dialog.unloaded(), {u"The plug-in holds a dialog that is unloaded"});
     Holds(dialog.shown() == (toolkit_.ModalForm() == &dialog),
           {u"The dialog takes itself for ", dialog.shown() ? u"shown" : u"hidden"});
-    Holds(dialog.visible() == dialog.shown(), {u"The dialog's visible() is not its shown()"});
     Holds(dialog.enabled(), {u"The dialog is disabled"});
     for (const auto& control : dialog.controls()) Control(*control);
     Pages(dialog);

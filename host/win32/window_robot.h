@@ -15,7 +15,6 @@
 #include "support/runtime_error.h"
 #include "support/text.h"
 #include "ui/fact.h"
-#include "ui/menu.h"
 
 namespace quill::host {
 

@@ -43,10 +43,7 @@ constexpr DialogButton kButtons[] = {
 };
 
 ui::ImageButton Describe(frmrcBHDGS& dialog, const DialogButton& button, Text name) {
-  return {.width = button.bounds.width,
-          .height = button.bounds.height,
-          .left = button.bounds.left,
-          .top = button.bounds.top,
+  return {.bounds = button.bounds,
           .caption = Text(button.caption),
           .name = std::move(name),
           .container = &dialog.At(button.container)};
@@ -66,8 +63,7 @@ void ShowState(frmrcBHDGS& dialog, const DialogButton& button, TextView state) {
 }
 
 // Face and caption answer the mouse alike: the caption covers most of the face.
-template <class FaceOrCaption>
-void ConnectMouse(FaceOrCaption& control, frmrcBHDGS& dialog, const DialogButton& button) {
+void ConnectMouse(ui::Control& control, frmrcBHDGS& dialog, const DialogButton& button) {
   control.access_key = button.access_key;
   control.on_mouse_down = [&dialog, &button](const ui::MouseEvent& event) {
     if (event.button == ui::kLeftButton) ShowState(dialog, button, u"Down");

@@ -12,7 +12,6 @@
 #include "dialog/option_control.h"
 #include "dialog/rotation.h"
 #include "maps/map_entry.h"
-#include "ui/tab_background.h"
 
 namespace quill {
 namespace {
@@ -172,7 +171,8 @@ void frmrcBHDGS::Connect() {
 
 void frmrcBHDGS::Form_Load() {
   Trapped(session_.reporter, u"FormLoad_ERROR", [&](Line& at) {
-    at(), ui::AttachTabBackground(tsMain, Picture1);
+    at(), Picture1.persistent_image = true;
+    at(), session_.toolkit.HookTabBackground(tsMain, Picture1);
     for (const DialogButton& button : DialogButtons()) at(), BuildButtonFace(*this, button);
     for (const DialogButton& button : DialogButtons()) at(), BuildButtonCaption(*this, button);
     at(), FillNumberLists(*this);
@@ -272,7 +272,7 @@ void frmrcBHDGS::HideStartWait() noexcept {
 
 void frmrcBHDGS::Form_Unload() {
   session_.toolkit.SetScreenPointer(ui::Pointer::kDefault);
-  ui::DetachTabBackground(tsMain);
+  session_.toolkit.UnhookTabBackground(tsMain);
 }
 
 void Session::RestorePointer() const {

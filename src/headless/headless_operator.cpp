@@ -37,6 +37,10 @@ class HeadlessOperator::Gesture {
 
   [[nodiscard]] ui::Control& control() const { return control_; }
   [[nodiscard]] MirrorPeer& mirror() const { return MirrorOf(control_); }
+  // Of a list box.
+  [[nodiscard]] const ui::ListBox& list() const {
+    return static_cast<const ui::ListBox&>(control_);
+  }
   [[nodiscard]] Text text() const { return *mirror().Property(u"text"); }
 
   // The operator goes on at the same control.
@@ -54,6 +58,17 @@ class HeadlessOperator::Gesture {
     Refuse({u"'", control_.name(), u"' has no row ", Decimal(row)});
   }
   [[nodiscard]] int RowCount() const { return static_cast<int>(mirror().rows().size()); }
+
+  // Chooses the first row of that text; false when there is none.
+  [[nodiscard]] bool ChooseRow(TextView text) const {
+    const auto& rows = mirror().rows();
+    const auto found = std::ranges::find(rows, text, &MirroredRow::text);
+    if (found == rows.end()) return false;
+    const auto index = static_cast<int>(found - rows.begin());
+    mirror().ChangeCurrent(index);
+    Report(ui::ItemChosen{index});
+    return true;
+  }
 
   bool Report(const ui::Fact& fact) const { return control_.Happened(fact); }
 
@@ -121,13 +136,7 @@ void HeadlessOperator::EraseLast(TextView name, int count) {
 
 void HeadlessOperator::Choose(TextView name, TextView item) {
   const Gesture gesture(*this, Find(name), {ControlKind::kComboBox});
-  const auto& rows = gesture.mirror().rows();
-  const auto found = std::find_if(rows.begin(), rows.end(),
-                                  [&](const MirroredRow& row) { return row.text == item; });
-  if (found == rows.end()) Refuse({u"'", name, u"' has no item '", item, u"'"});
-  const auto index = static_cast<int>(found - rows.begin());
-  gesture.mirror().ChangeCurrent(index);
-  gesture.Report(ui::ItemChosen{index});
+  if (!gesture.ChooseRow(item)) Refuse({u"'", name, u"' has no item '", item, u"'"});
 }
 
 void HeadlessOperator::Click(TextView name) {
@@ -138,23 +147,14 @@ void HeadlessOperator::Click(TextView name) {
 void HeadlessOperator::ClickTab(TextView caption) {
   for (const auto& control : Dialog().controls()) {
     if (control->kind() != ControlKind::kTabStrip) continue;
-    const auto& tabs = MirrorOf(*control).rows();
-    const auto found = std::find_if(tabs.begin(), tabs.end(),
-                                    [&](const MirroredRow& tab) { return tab.text == caption; });
-    if (found == tabs.end()) continue;
-    const Gesture gesture(*this, *control, {ControlKind::kTabStrip});
-    const auto index = static_cast<int>(found - tabs.begin());
-    gesture.mirror().ChangeCurrent(index);
-    gesture.Report(ui::ItemChosen{index});
-    return;
+    if (Gesture(*this, *control, {ControlKind::kTabStrip}).ChooseRow(caption)) return;
   }
   Refuse({u"There is no tab '", caption, u"'"});
 }
 
 void HeadlessOperator::ScrollTo(TextView name, int row) {
   const Gesture gesture(*this, Find(name), {ControlKind::kListBox});
-  const auto& list = static_cast<const ui::ListBox&>(gesture.control());
-  const int last_top = std::max(gesture.RowCount() - list.VisibleRows(), 0);
+  const int last_top = std::max(gesture.RowCount() - gesture.list().VisibleRows(), 0);
   const int top = std::clamp(row, 0, last_top);
   if (top == gesture.mirror().top_row()) return;
   gesture.mirror().ChangeTopRow(top);
@@ -174,23 +174,22 @@ void HeadlessOperator::ScrollBy(TextView name, int rows) {
 void HeadlessOperator::ClickRow(TextView name, int row) {
   const Gesture gesture(*this, Find(name), {ControlKind::kListBox});
   gesture.CheckRow(row);
-  const auto& list = static_cast<const ui::ListBox&>(gesture.control());
   const int top = gesture.mirror().top_row();
   if (row < top) ScrollTo(name, row);
-  if (row >= top + list.VisibleRows()) ScrollTo(name, row - list.VisibleRows() + 1);
+  if (row >= top + gesture.list().VisibleRows())
+    ScrollTo(name, row - gesture.list().VisibleRows() + 1);
   SelectRows(name, {row});
 }
 
 void HeadlessOperator::SelectRows(TextView name, const std::vector<int>& rows) {
   const Gesture gesture(*this, Find(name), {ControlKind::kListBox});
   for (const int row : rows) gesture.CheckRow(row);
-  const auto& list = static_cast<const ui::ListBox&>(gesture.control());
-  if (list.selection() == ui::Selection::kSingle && rows.size() != 1) {
+  if (gesture.list().selection() == ui::Selection::kSingle && rows.size() != 1) {
     Refuse({u"'", name, u"' takes one row at a time"});
   }
   ui::RowsSelected fact{rows, rows.empty() ? gesture.mirror().current() : rows.back()};
-  std::sort(fact.rows.begin(), fact.rows.end());
-  fact.rows.erase(std::unique(fact.rows.begin(), fact.rows.end()), fact.rows.end());
+  std::ranges::sort(fact.rows);
+  fact.rows.erase(std::ranges::unique(fact.rows).begin(), fact.rows.end());
   gesture.mirror().ChangeSelection(fact.rows, fact.current);
   gesture.Report(fact);
 }
@@ -220,25 +219,13 @@ void HeadlessOperator::Key(TextView name, char16_t character) {
   }
 }
 
-void HeadlessOperator::Press(TextView name, std::int16_t button, std::int16_t shift) {
-  MouseAt(name, true, button, shift);
-}
-
-void HeadlessOperator::Release(TextView name, std::int16_t button, std::int16_t shift) {
-  MouseAt(name, false, button, shift);
-}
-
 void HeadlessOperator::MouseAt(TextView name, bool pressed, std::int16_t button,
                                std::int16_t shift) {
   const Gesture gesture(*this, Find(name),
                         {ControlKind::kImage, ControlKind::kLabel, ControlKind::kFrame});
   const ui::Bounds& bounds = gesture.control().bounds();
   const ui::MouseEvent event{button, shift, bounds.width / 2, bounds.height / 2};
-  if (pressed) {
-    gesture.Report(ui::MousePressed{event});
-  } else {
-    gesture.Report(ui::MouseReleased{event});
-  }
+  gesture.Report(pressed ? ui::Fact(ui::MousePressed{event}) : ui::MouseReleased{event});
 }
 
 void HeadlessOperator::Strike(TextView name, ui::KeyStroke stroke, int times) {

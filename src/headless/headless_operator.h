@@ -46,8 +46,12 @@ class HeadlessOperator {
   void Key(TextView name, char16_t character);  // into a list; elsewhere typed, or a blank to click
 
   // Images, labels and frames, at their centre.
-  void Press(TextView name, std::int16_t button, std::int16_t shift = 0);
-  void Release(TextView name, std::int16_t button, std::int16_t shift = 0);
+  void Press(TextView name, std::int16_t button, std::int16_t shift = 0) {
+    MouseAt(name, true, button, shift);
+  }
+  void Release(TextView name, std::int16_t button, std::int16_t shift = 0) {
+    MouseAt(name, false, button, shift);
+  }
 
   // A key that is no character, or one that is held with Ctrl or Alt, at the control, which takes
   // the focus. `times`: so often while it is held.

@@ -37,21 +37,13 @@ bool BeginsAsGif(ByteReader& reader) {
 
 }  // namespace
 
-class HeadlessToolkit::OpenBox {
- public:
-  OpenBox(HeadlessToolkit& toolkit, int& count) noexcept : toolkit_(toolkit), count_(count) {
-    ++count_;
-  }
+struct HeadlessToolkit::OpenBox {
   ~OpenBox() {
-    --count_;
-    toolkit_.buttons_of_closed_box = std::exchange(toolkit_.held_while_box_closes, 0);
+    --count;
+    toolkit.buttons_of_closed_box = std::exchange(toolkit.held_while_box_closes, 0);
   }
-  OpenBox(const OpenBox&) = delete;
-  OpenBox& operator=(const OpenBox&) = delete;
-
- private:
-  HeadlessToolkit& toolkit_;
-  int& count_;
+  HeadlessToolkit& toolkit;
+  int& count;
 };
 
 HeadlessToolkit::~HeadlessToolkit() {
@@ -92,7 +84,7 @@ void HeadlessToolkit::ShowMessage(TextView caption, TextView text) {
   Called({u"ShowMessage ", caption});
   const ShownMessage message{Text(caption), VisibleText(text)};
   messages_.push_back(message);
-  const OpenBox open(*this, ModalForm() != nullptr ? owned_boxes_ : ownerless_boxes_);
+  const OpenBox open{*this, ++(ModalForm() != nullptr ? owned_boxes_ : ownerless_boxes_)};
   if (while_message_open) while_message_open(message);
 }
 
@@ -121,7 +113,7 @@ std::vector<Text> HeadlessToolkit::ShowFileDialog(ui::Form&, const ui::FileDialo
     answer = std::move(answers_.front());
     answers_.pop_front();
   }
-  const OpenBox open(*this, ModalForm() != nullptr ? owned_boxes_ : ownerless_boxes_);
+  const OpenBox open{*this, ++(ModalForm() != nullptr ? owned_boxes_ : ownerless_boxes_)};
   if (while_file_dialog_open) while_file_dialog_open(request);
   return answer;
 }
@@ -149,21 +141,15 @@ void HeadlessToolkit::SetScreenPointer(ui::Pointer pointer) {
 void HeadlessToolkit::RunModal(ui::Form& form) {
   if (IsIdle()) RunDeferred();
 
-  class Entered {
-   public:
-    Entered(std::vector<Display*>& displays, Display& display) : displays_(displays) {
-      const SparedAllocations spared;
-      displays_.push_back(&display);
-    }
-    ~Entered() { displays_.pop_back(); }
-    Entered(const Entered&) = delete;
-    Entered& operator=(const Entered&) = delete;
-
-   private:
-    std::vector<Display*>& displays_;
-  };
   Display display{&form};
-  const Entered entered(displays_, display);
+  {
+    const SparedAllocations spared;
+    displays_.push_back(&display);
+  }
+  const struct Left {
+    ~Left() { displays.pop_back(); }
+    std::vector<Display*>& displays;
+  } left{displays_};
   Called({u"RunModal ", form.name()});
   const bool is_outermost = displays_.size() == 1 && owned_boxes_ + ownerless_boxes_ == 0;
   while (!display.ended) {

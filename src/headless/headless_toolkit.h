@@ -86,7 +86,7 @@ class HeadlessToolkit final : public ui::Toolkit {
   void UnhookTabBackground(ui::TabStrip& strip) override;
 
  private:
-  class OpenBox;
+  struct OpenBox;
   struct Display {
     ui::Form* form;
     bool ended = false;

@@ -70,14 +70,10 @@ void Control::MoveInto(Control& container) {
     if (outer == this) throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
   }
   container.children_.reserve(container.children_.size() + 1);
-  Leave(*container_);
+  std::erase(container_->children_, this);
   container.children_.push_back(this);
   container_ = &container;
   Changed(Changes::kOrder);
-}
-
-void Control::Leave(Control& container) noexcept {
-  std::erase(container.children_, this);
 }
 
 void Control::BringToFront() {
@@ -125,7 +121,7 @@ bool Control::IsReachable() const noexcept {
   for (const Control* control = this; control != nullptr; control = control->container_) {
     if (!control->visible() || !control->enabled_) return false;
   }
-  return form_.shown();  // which an unloaded one is not
+  return true;
 }
 
 bool Control::Happened(const Fact& fact) noexcept {

@@ -24,6 +24,17 @@
 
 namespace quill::ui {
 
+// What can be done with a control from its context menu and by keys. The texts are not copied: they
+// outlive the control.
+struct MenuItem {
+  TextView caption;
+  TextView key_name;  // as the menu shows it
+  KeyStroke stroke;   // which chooses the item without the menu; whether it is usable or not
+  bool begins_group = false;
+  std::function<bool()> is_usable;  // otherwise the menu shows it grey
+  std::function<void()> choose;
+};
+
 enum class ControlKind : std::uint8_t {
   kForm,
   kTabStrip,
@@ -38,8 +49,7 @@ enum class ControlKind : std::uint8_t {
   kPictureBox,
   kFileDialog,
 };
-// "Form", "TabStrip", "Frame", "Label", "TextBox", "CheckBox", "ListBox", "ComboBox",
-// "CommandButton", "Image", "PictureBox", "CommonDialog".
+// As "TextBox"; a file dialog's is "CommonDialog".
 [[nodiscard]] TextView KindName(ControlKind kind) noexcept;
 
 class Control {
@@ -167,7 +177,6 @@ class Control {
   // Needs no memory, because being out of it may be what is reported. A longer name is cut.
   using HandlerNameBuffer = std::array<char16_t, 80>;
   [[nodiscard]] TextView HandlerName(TextView event, HandlerNameBuffer& buffer) const noexcept;
-  void Leave(Control& container) noexcept;
   void MakePeer();
   void DestroyPeers() noexcept;
 

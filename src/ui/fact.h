@@ -7,7 +7,6 @@
 
 #include "support/text.h"
 #include "ui/geometry.h"
-#include "ui/menu.h"
 
 namespace quill::ui {
 
@@ -18,7 +17,29 @@ inline constexpr std::int16_t kMiddleButton = 4;
 inline constexpr std::int16_t kFourthButton = 8;
 inline constexpr std::int16_t kFifthButton = 16;
 
-// Shift state: kShiftHeld, kCtrlHeld, kAltHeld, added up.
+// What is held with a key or a mouse button, added up.
+inline constexpr std::int16_t kShiftHeld = 1;
+inline constexpr std::int16_t kCtrlHeld = 2;
+inline constexpr std::int16_t kAltHeld = 4;
+// Keys as the platform numbers them: a letter by its capital.
+inline constexpr char16_t kTabKey = 0x09;
+inline constexpr char16_t kEnterKey = 0x0D;
+inline constexpr char16_t kSpaceKey = 0x20;
+inline constexpr char16_t kPageUpKey = 0x21;
+inline constexpr char16_t kPageDownKey = 0x22;
+inline constexpr char16_t kEndKey = 0x23;
+inline constexpr char16_t kHomeKey = 0x24;
+inline constexpr char16_t kLeftKey = 0x25;
+inline constexpr char16_t kUpKey = 0x26;
+inline constexpr char16_t kRightKey = 0x27;
+inline constexpr char16_t kDownKey = 0x28;
+inline constexpr char16_t kDeleteKey = 0x2E;
+
+struct KeyStroke {
+  char16_t key = 0;  // 0: none
+  std::int16_t shift = 0;
+  friend bool operator==(const KeyStroke&, const KeyStroke&) = default;
+};
 struct MouseEvent {
   std::int16_t button = kLeftButton;
   std::int16_t shift = 0;

@@ -11,12 +11,10 @@ namespace quill::ui {
 Form::Form(Toolkit& toolkit, Text name, TextView title, Twips client_width, Twips client_height)
     : Control(*this, ControlKind::kForm, std::move(name), title), toolkit_(toolkit) {
   bounds_ = {0, 0, client_width, client_height};
-  visible_ = false;
 }
 
 Form::~Form() {
   DestroyPeers();
-  while (!controls_.empty()) controls_.pop_back();
 }
 
 Control* Form::Find(TextView name) const noexcept {
@@ -48,7 +46,7 @@ void Form::Adopt(std::unique_ptr<Control> control, Control& container) {
   try {
     added.MakePeer();
   } catch (...) {
-    added.Leave(container);
+    container.children_.pop_back();
     controls_.pop_back();
     throw;
   }
@@ -74,40 +72,27 @@ bool Form::PressAccessKey(const AccessKeyStruck& key) {
 
 bool Form::Navigate(const Control& from, KeyStroke stroke) {
   if ((stroke.shift & kAltHeld) != 0) return false;
-  const bool ctrl = (stroke.shift & kCtrlHeld) != 0;
-  const bool forward =
-      stroke.key == kTabKey
-          ? (stroke.shift & kShiftHeld) == 0
-          : stroke.key == kPageDownKey || stroke.key == kRightKey || stroke.key == kDownKey;
-  switch (stroke.key) {
-    case kPageUpKey:
-    case kPageDownKey:
-    case kTabKey:
-      if (ctrl) {
-        for (const auto& control : controls_) {
-          auto* const strip = dynamic_cast<TabStrip*>(control.get());
-          if (strip == nullptr || !strip->IsReachable()) continue;
-          strip->Turn(forward);
-          break;
-        }
-      } else if (stroke.key == kTabKey) {
-        MoveFocus(from.tab_index(), nullptr, forward);
-      }
-      return ctrl || stroke.key == kTabKey;
-    case kLeftKey:
-    case kUpKey:
-    case kRightKey:
-    case kDownKey:
-      // The other kinds have a use for the arrows themselves.
-      if (from.kind() != ControlKind::kCheckBox && from.kind() != ControlKind::kCommandButton &&
-          from.kind() != ControlKind::kImage) {
-        return false;
-      }
-      MoveFocus(from.tab_index(), from.container(), forward);
-      return true;
-    default:
-      return false;
+  const char16_t key = stroke.key;
+  const bool forward = key == kTabKey ? (stroke.shift & kShiftHeld) == 0
+                                      : key == kPageDownKey || key == kRightKey || key == kDownKey;
+  if ((stroke.shift & kCtrlHeld) != 0 &&
+      (key == kTabKey || key == kPageUpKey || key == kPageDownKey)) {
+    for (const auto& control : controls_) {
+      auto* const strip = dynamic_cast<TabStrip*>(control.get());
+      if (strip == nullptr || !strip->IsReachable()) continue;
+      strip->Turn(forward);
+      break;
+    }
+    return true;
   }
+  // The other kinds have a use for the arrows themselves.
+  const bool is_arrow =
+      key >= kLeftKey && key <= kDownKey &&
+      (from.kind() == ControlKind::kCheckBox || from.kind() == ControlKind::kCommandButton ||
+       from.kind() == ControlKind::kImage);
+  if (key != kTabKey && !is_arrow) return false;
+  MoveFocus(from.tab_index(), is_arrow ? from.container() : nullptr, forward);
+  return true;
 }
 
 void Form::MoveFocus(int from_index, const Control* container, bool forward) {
@@ -178,7 +163,6 @@ void Form::ShowModal() {
 void Form::DisplayEnded() noexcept {
   if (!shown_) return;
   shown_ = false;
-  visible_ = false;
   try {
     Changed(Changes::kVisible);
   } catch (...) {
@@ -189,7 +173,6 @@ void Form::DisplayEnded() noexcept {
 void Form::Hide() {
   if (!shown_) return;
   shown_ = false;
-  visible_ = false;
   toolkit_.EndModal(*this);
   Changed(Changes::kVisible);
 }

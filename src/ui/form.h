@@ -64,8 +64,7 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   [[nodiscard]] Control* focus() const noexcept { return focus_; }
 
   // Shows the form modally and returns when it has been hidden or unloaded. Fails with
-  // kFormAlreadyShown while it is shown, and with kObjectNotSet once it is unloaded. The form's
-  // visible() is true exactly while it is shown.
+  // kFormAlreadyShown while it is shown, and with kObjectNotSet once it is unloaded.
   void ShowModal();
   // Ends a modal display; keeps everything else. Does nothing when it is not shown.
   void Hide();
@@ -73,6 +72,7 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   // from on_unload itself, do nothing. The first failure on the way is passed on at the end.
   void Unload();
   [[nodiscard]] bool shown() const noexcept { return shown_; }
+  [[nodiscard]] bool visible() const noexcept override { return shown_; }
   [[nodiscard]] bool unloaded() const noexcept { return unloaded_; }
 
   std::function<void()> on_unload;

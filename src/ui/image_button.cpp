@@ -1,7 +1,7 @@
 // Image buttons: building them, and pressing and releasing them.
 #include "ui/image_button.h"
 
-#include <optional>
+#include "support/trap.h"
 
 namespace quill::ui {
 namespace {
@@ -14,8 +14,11 @@ constexpr Twips kSideMargin = 75;
 constexpr Twips kPressedShiftRight = 20;
 constexpr Twips kPressedShiftDown = 50;
 
-int FontSizeOf(const ImageButton& button) {
-  return button.font_size > 0 ? button.font_size : kDefaultCaptionPoints;
+// The control of exactly that name, when it is a T; null otherwise.
+template <class T>
+T* FindExactly(const Form& dialog, TextView name) {
+  Control* const found = dialog.Find(name);
+  return found != nullptr && found->name() == name ? dynamic_cast<T*>(found) : nullptr;
 }
 
 }  // namespace
@@ -35,32 +38,19 @@ CaptionPlace PlaceCaption(const Bounds& face, int font_size, std::int32_t dots_p
 }
 
 Image& CreateButtonFace(Form& dialog, const ImageButton& button, TextView host_root) {
-  auto& face = dialog.Add<Image>(button.name, nullptr);
-  face.SetBounds({button.left, button.top, button.width, button.height});
-  face.SetEnabled(button.enabled);
+  auto& face = dialog.Add<Image>(button.name, button.container);
+  face.SetBounds(button.bounds);
   face.stretch = true;
-  face.SetVisible(button.visible);
-  face.BringToFront();
   face.SetPicture(dialog.toolkit().ReadPicture(Concat({host_root, kReleasedPicture})));
-  if (button.container != nullptr) face.MoveInto(*button.container);
   return face;
 }
 
 Label& CreateButtonCaption(Form& dialog, const ImageButton& button, TextView host_root) {
-  auto& caption = dialog.Add<Label>(button.name, nullptr);
-  if (button.container != nullptr) caption.MoveInto(*button.container);
-  caption.font_size = FontSizeOf(button);
-
+  auto& caption = dialog.Add<Label>(button.name, button.container, button.caption);
   const Text face_name = Concat({button.name, kFaceSuffix});
   const Bounds& face = dialog.At(face_name).bounds();
-  const CaptionPlace place =
-      PlaceCaption(face, caption.font_size(), dialog.toolkit().GetMetrics().dots_per_inch, false);
-  caption.SetBounds({place.left, place.top, face.width - 2 * kSideMargin, face.height});
-
-  caption.SetEnabled(button.enabled);
-  caption.SetVisible(button.visible);
-  caption.caption = button.caption;
-  caption.BringToFront();
+  // Its place is that of the state.
+  caption.SetBounds({0, 0, face.width - 2 * kSideMargin, face.height});
   caption.transparent = true;
   caption.alignment = Alignment::kCentre;
   SetButtonState(dialog, face_name, u"Up", host_root);
@@ -69,34 +59,24 @@ Label& CreateButtonCaption(Form& dialog, const ImageButton& button, TextView hos
 
 void SetButtonState(Form& dialog, TextView face_name, TextView state, TextView host_root) {
   const bool pressed = state == kPressedState;
-  const Text picture = Concat({host_root, pressed ? kPressedPicture : kReleasedPicture});
-  std::exception_ptr unreadable;
-  std::optional<Bounds> face_bounds;
-  for (const auto& control : dialog.controls()) {
-    if (control->name() != face_name) continue;
-    if (auto* const face = dynamic_cast<Image*>(control.get())) {
-      try {
-        face->SetPicture(dialog.toolkit().ReadPicture(picture));
-      } catch (...) {
-        unreadable = std::current_exception();
-      }
-    }
-    face_bounds = control->bounds();
-  }
-
-  if (face_bounds && face_name.size() > kFaceSuffix.size()) {
-    const TextView caption_name = face_name.substr(0, face_name.size() - kFaceSuffix.size());
-    const std::int32_t dots_per_inch = dialog.toolkit().GetMetrics().dots_per_inch;
-    for (const auto& control : dialog.controls()) {
-      if (control->name() != caption_name) continue;
-      if (auto* const caption = dynamic_cast<Label*>(control.get())) {
-        const CaptionPlace place =
-            PlaceCaption(*face_bounds, caption->font_size(), dots_per_inch, pressed);
-        caption->SetPlace(place.left, place.top);
-      }
-    }
-  }
-  if (unreadable != nullptr) std::rethrow_exception(unreadable);
+  const auto* const face = FindExactly<Control>(dialog, face_name);
+  RunAll(
+      [&] {
+        if (auto* const image = FindExactly<Image>(dialog, face_name)) {
+          image->SetPicture(dialog.toolkit().ReadPicture(
+              Concat({host_root, pressed ? kPressedPicture : kReleasedPicture})));
+        }
+      },
+      [&] {
+        if (face == nullptr || face_name.size() <= kFaceSuffix.size()) return;
+        const TextView caption_name = face_name.substr(0, face_name.size() - kFaceSuffix.size());
+        if (auto* const caption = FindExactly<Label>(dialog, caption_name)) {
+          const CaptionPlace place =
+              PlaceCaption(face->bounds(), caption->font_size(),
+                           dialog.toolkit().GetMetrics().dots_per_inch, pressed);
+          caption->SetPlace(place.left, place.top);
+        }
+      });
 }
 
 bool LooksPressed(const Image& face) noexcept {

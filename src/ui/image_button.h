@@ -11,20 +11,13 @@
 namespace quill::ui {
 
 inline constexpr TextView kFaceSuffix = u"Img";
-inline constexpr int kDefaultCaptionPoints = 8;
 
 // Both builders take the same description; each uses what it needs.
 struct ImageButton {
-  Twips width = 0;
-  Twips height = 0;
-  Twips left = 0;
-  Twips top = 0;
+  Bounds bounds;  // of the face
   Text caption;
-  bool enabled = true;
-  bool visible = true;
   Text name;                     // of the control to build: face name or caption name
-  Control* container = nullptr;  // null: stays in the form
-  int font_size = 0;             // points; 0 or less: kDefaultCaptionPoints
+  Control* container = nullptr;  // null: the form
 };
 
 // Where a caption lies on its face. The screen's `dots_per_inch` are the horizontal ones.

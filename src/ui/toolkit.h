@@ -94,7 +94,8 @@ class Toolkit : public MessageBoxes {
   // more; at the latest when the toolkit is destroyed.
   virtual void Defer(std::function<void()> task) = 0;
 
-  // Starts and stops the drawing of the strip's body in the box's background colour.
+  // Starts and stops the drawing of the strip's body in the box's background colour instead of
+  // white. The box has its persistent image.
   virtual void HookTabBackground(TabStrip& strip, PictureBox& colour_source) = 0;
   virtual void UnhookTabBackground(TabStrip& strip) = 0;
 };

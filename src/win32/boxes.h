@@ -6,7 +6,7 @@
 
 #include <vector>
 
-#include "ui/menu.h"
+#include "ui/control.h"
 #include "ui/toolkit.h"
 
 namespace quill::win32 {

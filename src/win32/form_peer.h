@@ -4,7 +4,6 @@
 #include <map>
 
 #include "ui/form.h"
-#include "ui/tab_background.h"
 #include "win32/owned.h"
 #include "win32/peers.h"
 

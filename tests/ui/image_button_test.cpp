@@ -46,10 +46,7 @@ class ImageButtonTest : public testing::Test {
     bench.files.MakeFolders(u"C:\\Host\\imgs");
     bench.files.SetContents(u"C:\\Host\\imgs\\butup.gif", "GIF89a");
     bench.files.SetContents(u"C:\\Host\\imgs\\butdown.gif", "GIF87a");
-    button.width = 1335;
-    button.height = 495;
-    button.left = 1440;
-    button.top = 240;
+    button.bounds = {1440, 240, 1335, 495};
     button.caption = u"Start Game";
     button.container = &frame;
   }
