@@ -215,10 +215,9 @@ com::ComPtr<IClassFactory> MakeKitFactory(const KitServices& services, const Kit
 KitClasses::KitClasses(const KitServices& services) : KitClasses() {
   for (std::size_t i = 0; i < std::size(kKits); ++i) {
     const KitClass& kit = kKits[i];
-    const HRESULT result = ::CoRegisterClassObject(
+    com::ThrowIfFailed(::CoRegisterClassObject(
         kit.registered.id, MakeKitFactory(services, kit).get(), CLSCTX_INPROC_SERVER,
-        REGCLS_MULTIPLEUSE, &offered_[i].class_object);
-    if (FAILED(result)) throw com::ErrorOf(result);
+        REGCLS_MULTIPLEUSE, &offered_[i].class_object));
     Name(offered_[i], kit);
   }
 }

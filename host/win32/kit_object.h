@@ -10,7 +10,7 @@
 #include "com/automation.h"
 #include "com/com_ptr.h"
 #include "host/win32/contract_log.h"
-#include "server/class_registration.h"
+#include "server/registration.h"
 #include "support/file_kit.h"
 
 namespace quill::host {

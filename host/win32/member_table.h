@@ -10,7 +10,7 @@
 
 #include "com/automation.h"
 #include "com/com_ptr.h"
-#include "com/dispatch_object.h"
+#include "com/object.h"
 #include "com/variant.h"
 
 namespace quill::host {

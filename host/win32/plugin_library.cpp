@@ -50,7 +50,7 @@ com::LateBound LoadedLibrary::MakePlugin() const {
   if (SUCCEEDED(result)) {
     result = factory->CreateInstance(nullptr, IID_IDispatch, plugin.ReceiveVoid());
   }
-  if (FAILED(result)) throw com::ErrorOf(result);
+  com::ThrowIfFailed(result);
   return com::LateBound(plugin.get());
 }
 
@@ -60,7 +60,7 @@ PluginLibrary::PluginLibrary(const Text& path) : LoadedLibrary(path) {
     for_user_ = true;
     result = Entry<InstallPoint>("DllInstall")(TRUE, L"user");
   }
-  if (FAILED(result)) throw com::ErrorOf(result);
+  com::ThrowIfFailed(result);
 }
 
 PluginLibrary::~PluginLibrary() {

@@ -12,7 +12,7 @@
 #include "host/kit/text_line.h"
 #include "host/win32/member_table.h"
 #include "plugin/host_objects.h"
-#include "server/record.h"
+#include "server/plugin_interface.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
 
@@ -83,9 +83,8 @@ Text PluginClient::Field(const Text& name) {
   const VARIANT& record = taken.get();
   Variant field;
   void* array = nullptr;
-  const HRESULT result =
-      record.pRecInfo->GetFieldNoCopy(record.pvRecord, com::WideOf(name), field.get(), &array);
-  if (FAILED(result)) throw com::ErrorOf(result);
+  com::ThrowIfFailed(
+      record.pRecInfo->GetFieldNoCopy(record.pvRecord, com::WideOf(name), field.get(), &array));
   // What came refers into the record, which stays the owner.
   const VARIANT inside = field.Detach();
   const VARIANT& value = com::Referred(inside);

@@ -14,6 +14,11 @@ namespace quill::com {
 // (0x800A0000 + n is n), else the code itself, with the system's wording.
 [[nodiscard]] RuntimeError ErrorOf(HRESULT result);
 
+// Throws ErrorOf a result code that is a failure.
+inline void ThrowIfFailed(HRESULT result) {
+  if (FAILED(result)) throw ErrorOf(result);
+}
+
 // The failure that a called member raised. Reads the details, completes them when they are
 // deferred, and frees their texts.
 [[nodiscard]] RuntimeError ErrorOf(EXCEPINFO& raised);

@@ -4,7 +4,7 @@
 #include "com/arguments.h"
 #include "com/bstr.h"
 #include "com/com_error.h"
-#include "com/dispatch_object.h"
+#include "com/object.h"
 #include "com/variant.h"
 #include "support/version.h"
 

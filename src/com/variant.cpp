@@ -11,10 +11,6 @@
 namespace quill::com {
 namespace {
 
-void ThrowIfFailed(HRESULT result) {
-  if (FAILED(result)) throw ErrorOf(result);
-}
-
 Variant Converted(const VARIANT& value, VARTYPE type) {
   Variant converted;
   ThrowIfFailed(ConvertTo(type, value, converted));

@@ -14,19 +14,6 @@
 namespace quill::com {
 namespace {
 
-// An argument by value, as long as the call lasts.
-class Argument {
- public:
-  explicit Argument(TextView text) : value_(Variant::OfText(text)) {}
-  explicit Argument(std::int32_t number) : value_(Variant::OfInt32(number)) {}
-  explicit Argument(bool truth) : value_(Variant::OfBoolean(truth)) {}
-  explicit Argument(Variant value) : value_(std::move(value)) {}
-  [[nodiscard]] const Variant* get() const noexcept { return &value_; }
-
- private:
-  Variant value_;
-};
-
 // An argument that the kit may write to. What it writes stays here: the plug-in goes on with its
 // own.
 class TextByReference {
@@ -35,7 +22,7 @@ class TextByReference {
       : text_(text), argument_(Variant::ByReference(text_.address())) {}
   TextByReference(const TextByReference&) = delete;
   TextByReference& operator=(const TextByReference&) = delete;
-  [[nodiscard]] const Variant* get() const noexcept { return &argument_; }
+  operator const Variant&() const noexcept { return argument_; }
 
  private:
   Bstr text_;
@@ -44,7 +31,7 @@ class TextByReference {
 
 template <class... Arguments>
 Variant Call(const LateBound& kit, TextView operation, const Arguments&... arguments) {
-  return kit.Call(operation, {arguments.get()...});
+  return kit.Call(operation, {&static_cast<const Variant&>(arguments)...});
 }
 
 class ComFileKit final : public FileKit {
@@ -52,7 +39,7 @@ class ComFileKit final : public FileKit {
   explicit ComFileKit(LateBound kit) : kit_(std::move(kit)) {}
 
   void WriteFile(TextView path, TextView text) override {
-    Call(kit_, u"WriteFile", TextByReference(path), Argument(text));
+    Call(kit_, u"WriteFile", TextByReference(path), Variant::OfText(text));
   }
 
   Text CompressString(TextView text) override {
@@ -60,18 +47,20 @@ class ComFileKit final : public FileKit {
   }
 
   Text DecompressString(TextView compressed, std::int32_t length) override {
-    return TextOf(*Call(kit_, u"DecompressString", Argument(compressed), Argument(length)).get());
+    return TextOf(
+        *Call(kit_, u"DecompressString", Variant::OfText(compressed), Variant::OfInt32(length))
+             .get());
   }
 
   std::optional<IniElements> GetIniSection(TextView section, TextView path) override {
-    Variant result = Call(kit_, u"GetIniSection", Argument(section), TextByReference(path));
+    Variant result = Call(kit_, u"GetIniSection", Variant::OfText(section), TextByReference(path));
     if (ArrayOf(*result.get()) == nullptr) return std::nullopt;
     // An array that stays the kit's could change while the elements are taken.
     const auto kept = std::make_shared<Variant>();
     if ((result.type() & VT_BYREF) == 0) {
       *kept = std::move(result);
-    } else if (const HRESULT copied = ::VariantCopyInd(kept->get(), result.get()); FAILED(copied)) {
-      throw ErrorOf(copied);
+    } else {
+      ThrowIfFailed(::VariantCopyInd(kept->get(), result.get()));
     }
     SAFEARRAY* const array = ArrayOf(*kept->get());
     LONG upper = -1;
@@ -83,7 +72,8 @@ class ComFileKit final : public FileKit {
 
   IniEntry ParseIniKey(TextView line) override {
     constexpr bool kBoth = true;
-    const Variant result = Call(kit_, u"ParseIniKey", Argument(line), Argument(kBoth));
+    const Variant result =
+        Call(kit_, u"ParseIniKey", Variant::OfText(line), Variant::OfBoolean(kBoth));
     SAFEARRAY* array = ArrayOf(*result.get());
     if (array == nullptr) throw RuntimeError(ErrorNumber::kTypeMismatch);
     return {ElementText(array, 0), ElementText(array, 1)};
@@ -91,12 +81,13 @@ class ComFileKit final : public FileKit {
 
   Text ParseIniValue(TextView line) override {
     constexpr bool kBoth = false;
-    return TextOf(*Call(kit_, u"ParseIniKey", Argument(line), Argument(kBoth)).get());
+    return TextOf(
+        *Call(kit_, u"ParseIniKey", Variant::OfText(line), Variant::OfBoolean(kBoth)).get());
   }
 
   void WriteIniKey(TextView section, TextView key, TextView value, TextView path) override {
-    Call(kit_, u"WriteIniKey", Argument(section), Argument(key), Argument(value),
-         TextByReference(path));
+    Call(kit_, u"WriteIniKey", Variant::OfText(section), Variant::OfText(key),
+         Variant::OfText(value), TextByReference(path));
   }
 
   void LogError(TextView library, TextView label, const RuntimeError& error,
@@ -105,9 +96,8 @@ class ComFileKit final : public FileKit {
     // afterwards is released.
     ComPtr<IDispatch> error_object = MakeErrorObject(error);
     LONG line_number = line;
-    Call(kit_, u"LogError", Argument(library), TextByReference(label),
-         Argument(Variant::ByReference(error_object.address())),
-         Argument(Variant::ByReference(&line_number)));
+    Call(kit_, u"LogError", Variant::OfText(library), TextByReference(label),
+         Variant::ByReference(error_object.address()), Variant::ByReference(&line_number));
   }
 
   bool SendErrorReport(const ErrorReport& report) override {
@@ -115,7 +105,7 @@ class ComFileKit final : public FileKit {
                           Variant::OfText(report.library),  Variant::OfText(report.label),
                           Variant::OfText(report.reserved), Variant::OfInt32(report.line)};
     Variant array = Variant::OfArray(elements);
-    const Argument argument(Variant::ByReference(&array.get()->parray));
+    const Variant argument = Variant::ByReference(&array.get()->parray);
     return TruthOf(*Call(kit_, u"SendErrorReport", argument).get());
   }
 

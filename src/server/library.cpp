@@ -4,7 +4,7 @@
 #include "com/bstr.h"
 #include "com/com_error.h"
 #include "com/identifiers.h"
-#include "com/library_use.h"
+#include "com/object.h"
 #include "server/com_host_services.h"
 #include "support/runtime_error.h"
 #include "win32/system_services.h"
@@ -101,12 +101,10 @@ mdlBHDGS& Library::Module() {
 ComPtr<ITypeInfo> Library::TypeInfo(REFGUID id) {
   if (!types_) {
     const Text path = win32::ThisModulePath();
-    const HRESULT loaded = ::LoadTypeLibEx(WideOf(path), REGKIND_NONE, types_.Receive());
-    if (FAILED(loaded)) throw ErrorOf(loaded);
+    ThrowIfFailed(::LoadTypeLibEx(WideOf(path), REGKIND_NONE, types_.Receive()));
   }
   ComPtr<ITypeInfo> info;
-  const HRESULT found = types_->GetTypeInfoOfGuid(id, info.Receive());
-  if (FAILED(found)) throw ErrorOf(found);
+  ThrowIfFailed(types_->GetTypeInfoOfGuid(id, info.Receive()));
   return info;
 }
 

@@ -1,18 +1,16 @@
 // Every member twice: bound late, from a table, and bound early.
-#include "server/plugin_object.h"
+#include "server/plugin_interface.h"
 
 #include <span>
 
 #include "com/arguments.h"
 #include "com/bstr.h"
 #include "com/com_error.h"
-#include "com/dispatch_object.h"
 #include "com/identifiers.h"
+#include "com/object.h"
 #include "plugin/clsPlugin.h"
 #include "server/com_host_values.h"
 #include "server/library.h"
-#include "server/plugin_interface.h"
-#include "server/record.h"
 
 namespace quill::com {
 template <>
@@ -31,8 +29,7 @@ constexpr Parameter kHideParameters[] = {{u"fName", true}};
 Variant RecordOf(const PLUGIN& data) {
   ComPtr<IRecordInfo> info;
   const ComPtr<ITypeInfo> type = Library::Get().TypeInfo(kRecordId);
-  const HRESULT made = ::GetRecordInfoFromTypeInfo(type.get(), info.Receive());
-  if (FAILED(made)) throw ErrorOf(made);
+  ThrowIfFailed(::GetRecordInfoFromTypeInfo(type.get(), info.Receive()));
   Variant variant;
   void* const memory = info->RecordCreate();
   if (memory == nullptr) throw RuntimeError(ErrorNumber::kOutOfMemory);

@@ -1,5 +1,5 @@
 // The record's fields, each filled from the portable one of the same name.
-#include "server/record.h"
+#include "server/plugin_interface.h"
 
 #include <optional>
 #include <vector>
@@ -23,8 +23,7 @@ void Fill(VARIANT& field, const std::optional<std::vector<Text>>& texts) {
   field.vt = VT_ARRAY | VT_BSTR;
   LONG place = 0;
   for (const Text& text : *texts) {
-    const HRESULT result = ::SafeArrayPutElement(field.parray, &place, Bstr(text).get());
-    if (FAILED(result)) throw ErrorOf(result);
+    ThrowIfFailed(::SafeArrayPutElement(field.parray, &place, Bstr(text).get()));
     ++place;
   }
 }

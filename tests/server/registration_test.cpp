@@ -4,7 +4,7 @@
 #include <map>
 
 #include "com/late_bound.h"
-#include "server/class_registration.h"
+#include "server/registration.h"
 #include "tests/server/plugin_bench.h"
 
 namespace quill::com {

@@ -15,7 +15,7 @@
 #include "com/com_ptr.h"
 #include "com/object.h"
 #include "com/variant.h"
-#include "server/class_registration.h"
+#include "server/registration.h"
 #include "tests/server/plugin_bench.h"
 
 namespace quill::com {

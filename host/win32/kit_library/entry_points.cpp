@@ -10,13 +10,13 @@
 
 #include "com/class_factory.h"
 #include "com/com_error.h"
-#include "com/library_use.h"
+#include "com/object.h"
 #include "host/kit/error_journal.h"
 #include "host/kit/file_kit.h"
 #include "host/kit/file_storage.h"
 #include "host/win32/kit_library/robot_object.h"
 #include "host/win32/kit_object.h"
-#include "server/class_registration.h"
+#include "server/registration.h"
 #include "support/host_environment.h"
 #include "win32/system_services.h"
 #include "win32/win32_file_system.h"
@@ -86,7 +86,7 @@ HRESULT Unregister(RegistrationScope scope) {
 HRESULT Register(RegistrationScope scope) {
   const HRESULT result = ForEachClass(
       [&](const com::RegisteredClass& registered) { com::WriteClass(scope, registered); });
-  if (FAILED(result)) (void)Unregister(scope);
+  if (FAILED(result)) (void)host::Unregister(scope);
   return result;
 }
 

@@ -9,7 +9,6 @@
 
 #include "com/com_error.h"
 #include "com/late_bound.h"
-#include "com/library_use.h"
 #include "com/variant.h"
 #include "host/kit/text_line.h"
 #include "host/win32/import_table.h"
@@ -26,8 +25,7 @@ using com::Variant;
 // A value of its own, whatever was referred to.
 Variant CopyOf(const VARIANT& value) {
   Variant copy;
-  const HRESULT copied = ::VariantCopyInd(copy.get(), const_cast<VARIANT*>(&value));
-  if (FAILED(copied)) throw com::ErrorOf(copied);
+  com::ThrowIfFailed(::VariantCopyInd(copy.get(), const_cast<VARIANT*>(&value)));
   return copy;
 }
 
