@@ -144,9 +144,7 @@ std::int32_t Int32Of(const VARIANT& value) {
 }
 
 bool TruthOf(const VARIANT& value) {
-  const VARIANT& referred = Referred(value);
-  if (referred.vt == VT_EMPTY || referred.vt == VT_NULL) return false;
-  return Converted(referred, VT_BOOL).get()->boolVal != VARIANT_FALSE;
+  return Converted(Referred(value), VT_BOOL).get()->boolVal != VARIANT_FALSE;
 }
 
 SAFEARRAY* ArrayOf(const VARIANT& value) noexcept {

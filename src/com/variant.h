@@ -67,7 +67,7 @@ class Variant {
 // 32-bit number of a value: kTypeMismatch, or kOverflow out of range.
 [[nodiscard]] std::int32_t Int32Of(const VARIANT& value);
 
-// Truth of a value; empty and null are false. Fails with kTypeMismatch.
+// Truth of a value; empty is false. Fails with kTypeMismatch.
 [[nodiscard]] bool TruthOf(const VARIANT& value);
 
 // A one-dimensional array of variants or texts, as automation calls it. Null when the value is no

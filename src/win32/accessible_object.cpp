@@ -96,9 +96,6 @@ class AccessibleObject final : public com::Object<IAccessible> {
     if (control->kind() == ui::ControlKind::kCheckBox) {
       const bool checked = static_cast<const ui::CheckBox*>(control)->value() == 1;
       state->lVal = (state->lVal & ~STATE_SYSTEM_CHECKED) | (checked ? STATE_SYSTEM_CHECKED : 0);
-    } else if (control->kind() == ui::ControlKind::kTextBox &&
-               static_cast<const ui::TextBox*>(control)->locked()) {
-      state->lVal |= STATE_SYSTEM_READONLY;
     }
     return S_OK;
   }

@@ -78,6 +78,25 @@ TEST_F(ForeignKit, IsCalledTheWayItAnswers) {
   ASSERT_EQ(missing.size(), 1u);
   EXPECT_TRUE(missing[0].starts_with("LoadInterface: Error 438: ")) << missing[0];
   EXPECT_NE(missing[0].find("WriteFile"), std::string::npos);
+
+  // A small number, and a description that is made when somebody wants to know.
+  file_kit->refuses = [](EXCEPINFO& raised) {
+    raised.wCode = 1001;
+    raised.pfnDeferredFillIn = [](EXCEPINFO* asked) -> HRESULT {
+      asked->bstrDescription = ::SysAllocString(L"Busy");
+      return S_OK;
+    };
+    return DISP_E_EXCEPTION;
+  };
+  members[u"WriteFile"] = nullptr;
+  Open();
+  EXPECT_EQ(TakeReports(), Reports({"LoadInterface: Error 1001: Busy, not sent"}));
+  int calls = 0;
+  file_kit->refuses = [&](EXCEPINFO&) { return ++calls, E_FAIL; };
+  Open();
+  EXPECT_EQ(calls, 3) << "what was called may have been done: the file, the log, the report";
+  file_kit->refuses = nullptr;
+  boxes.clear();
 }
 
 TEST_F(ForeignKit, IsHandedAnErrorObjectLikeAHostsOwn) {
@@ -121,6 +140,7 @@ TEST_F(ForeignKit, IsHandedAnErrorObjectLikeAHostsOwn) {
   EXPECT_EQ(raised.raised, static_cast<HRESULT>(0x800A0035u));
   EXPECT_EQ(raised.source, u"Kit");
   EXPECT_EQ(raised.description, u"File not found");
+  EXPECT_EQ(raised.help_context, 7u);
   EXPECT_EQ(read(), u"53|File not found|Kit|kit.hlp|7|0|");
   LPOLESTR names[] = {const_cast<LPOLESTR>(L"raise"), const_cast<LPOLESTR>(L"number"),
                       const_cast<LPOLESTR>(L"Description")};
@@ -161,13 +181,14 @@ TEST_F(ForeignKit, AnswersOfOtherTypesAreTakenOrReported) {
 }
 
 TEST_F(ForeignKit, AnElementThatIsNoTextEndsALoadOnlyWhenItIsReached) {
-  members[u"GetIniSection"] = [](Given) {
-    Variant section = ArrayOfVariants({u"txtName", u"x", u"txtPort", u""});
-    LONG place = 1;
-    EXPECT_EQ(::SafeArrayPutElement(section.get()->parray, &place, OfType(VT_NULL).get()), S_OK);
-    return section;
-  };
-  members[u"ParseIniKey"] = [](Given given) {
+  Variant section = ArrayOfVariants({u"txtName", u"x", u"txtPort", u""});
+  LONG place = 1;
+  EXPECT_EQ(::SafeArrayPutElement(section.get()->parray, &place, OfType(VT_NULL).get()), S_OK);
+  // Only lent, and changed while it is read.
+  members[u"GetIniSection"] = [&](Given) { return Variant::ByReference(&section.get()->parray); };
+  members[u"ParseIniKey"] = [&](Given given) {
+    Variant later = Variant::OfText(u"txtPort");
+    EXPECT_EQ(::SafeArrayPutElement(section.get()->parray, &place, later.get()), S_OK);
     return ArrayOfVariants({TextOf(given[0]), u"Taken"});
   };
   picked = {u"C:\\any.hsf"};

@@ -158,6 +158,16 @@ TEST_F(ObjectLife, AnObjectMayBeReleasedWithinItsOwnCall) {
     can_unload = library->CanUnload();
   });
   EXPECT_FALSE(can_unload);
+  plugin = Create();
+  while_shown = [&] {
+    plugin.Reset();
+    can_unload = library->CanUnload();
+    robot.CloseForm();
+  };
+  const Variant number = Variant::OfInt32(3);
+  const Variant target = ArrayOfVariants({u"", u"abc"});
+  Invoke(*plugin.get(), u"LoadInterface", {*number.get(), *number.get(), *target.get()});
+  EXPECT_FALSE(can_unload) << "called by name";
   EXPECT_TRUE(boxes.empty());
 }
 

@@ -64,6 +64,7 @@ struct Outcome {
   HRESULT raised = S_OK;
   Text source;
   Text description;
+  DWORD help_context = 0;
 };
 
 [[nodiscard]] inline DISPID IdOf(IDispatch& object, const Text& name) {
@@ -87,6 +88,7 @@ inline Outcome Invoke(IDispatch& object, DISPID id, const std::vector<VARIANT>& 
   outcome.raised = raised.scode;
   outcome.source = ViewOf(raised.bstrSource);
   outcome.description = ViewOf(raised.bstrDescription);
+  outcome.help_context = raised.dwHelpContext;
   for (BSTR text : {raised.bstrSource, raised.bstrDescription, raised.bstrHelpFile}) {
     ::SysFreeString(text);
   }

@@ -63,8 +63,8 @@ Text ValueAt(HKEY root, const Text& key, const wchar_t* name = nullptr) {
   wchar_t text[1024] = L"";
   DWORD size = sizeof text;
   const Text path = Concat({u"Software\\Classes\\", key});
-  if (::RegGetValueW(root, WideOf(path), name, RRF_RT_REG_SZ, nullptr, text, &size) !=
-      ERROR_SUCCESS) {
+  if (::RegGetValueW(root, WideOf(path), name, RRF_RT_REG_SZ | RRF_NOEXPAND, nullptr, text,
+                     &size) != ERROR_SUCCESS) {
     return u"(none)";
   }
   return reinterpret_cast<const char16_t*>(text);
@@ -140,7 +140,7 @@ TEST_F(Registration, ForTheMachineMakesTheClassCreatableByNameAndLeavesNothing) 
 TEST_F(Registration, ForTheUserTouchesTheUsersEntriesOnlyAndLeavesOthers) {
   const Values at_first = Registry();
   const Text others[] = {u"CLSID\\{01234567-0000-0000-0000-000000000000}",
-                         u"TypeLib\\{01234567-0000-0000-0000-000000000000}"};
+                         u"TypeLib\\{01234567-0000-0000-0000-000000000000}", u"Interface"};
   for (const Text& key : others) Put(HKEY_CURRENT_USER, key, u"kept");
   const Values before = Registry();
   ASSERT_EQ(Install(TRUE, L"USER"), S_OK);

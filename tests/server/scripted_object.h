@@ -31,6 +31,7 @@ class ScriptedObject final : public Object<IDispatchEx> {
   bool answers_extended_only = false;  // both look-up and call
   WORD takes = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
   bool is_strict = false;  // refuses calls that ask for more than it takes
+  std::function<HRESULT(EXCEPINFO& raised)> refuses;  // every call, when given
 
   [[nodiscard]] static ComPtr<ScriptedObject> Make() {
     return ComPtr<ScriptedObject>::Adopt(new ScriptedObject);
@@ -78,6 +79,7 @@ class ScriptedObject final : public Object<IDispatchEx> {
     return DISPID_UNKNOWN;
   }
   HRESULT Run(DISPID id, WORD flags, const DISPPARAMS& given, VARIANT* result, EXCEPINFO* raised) {
+    if (refuses) return refuses(*raised);
     if ((flags & takes) == 0 || (is_strict && (flags & ~takes) != 0)) return DISP_E_MEMBERNOTFOUND;
     Member member = id == DISPID_VALUE     ? default_member
                     : id == DISPID_NEWENUM ? enumeration

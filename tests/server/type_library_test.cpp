@@ -138,6 +138,10 @@ TEST_F(TypeLibrary, AgreesWithItselfOnThePlacesOfMembersAndFields) {
     EXPECT_EQ(static_cast<std::size_t>(function->oVft), i * kPointer);
     const std::wstring name = TypeLibraryClient::NameOf(*client_.dispatch_view, function->memid);
     EXPECT_EQ(name, i < 7 ? name : members[i - 7]);
+    if (name == L"LoadInterface" || name == L"HideInterface") {
+      const auto& last = function->lprgelemdescParam[function->cParams - 1].paramdesc;
+      EXPECT_TRUE(last.wParamFlags & PARAMFLAG_FOPT);
+    }
     client_.dispatch_view->ReleaseFuncDesc(function);
   }
 

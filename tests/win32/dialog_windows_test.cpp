@@ -12,9 +12,11 @@
 #include "dialog/option_table.h"
 #include "host/watch/fault_plan.h"
 #include "host/win32/high_contrast.h"
+#include "host/win32/import_table.h"
 #include "host/win32/leak_watch.h"
 #include "host/win32/window_picture.h"
 #include "tests/win32/native_bench.h"
+#include "win32/form_peer.h"
 
 namespace quill {
 namespace {
@@ -26,11 +28,29 @@ class DialogWindows : public testing::Test, public NativeBench {
   }
 };
 
+// A screen of the test's resolution, as the parts of the dialog see it.
+class Screen : public testing::TestWithParam<int> {
+ protected:
+  Screen() {
+    host::Redirect(import_, reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&Resolution)));
+  }
+  ~Screen() override { host::Redirect(import_, former_); }
+
+ private:
+  static int WINAPI Resolution(HDC, int) { return GetParam(); }
+
+  FARPROC* const import_ =
+      host::FindImport(GetModuleHandleW(nullptr), L"gdi32.dll", "GetDeviceCaps");
+  const FARPROC former_ = *import_;
+};
+class DialogOnScreen : public Screen, public NativeBench {};
+INSTANTIATE_TEST_SUITE_P(Resolutions, DialogOnScreen, testing::Values(96, 240));
+
 HWND LabelBefore(HWND window) {
   return GetWindow(window, GW_HWNDPREV);
 }
 
-TEST_F(DialogWindows, EveryControlHasItsStandardWindowInItsPlace) {
+TEST_P(DialogOnScreen, EveryControlHasItsStandardWindowInItsPlace) {
   Show([&](frmrcBHDGS& dialog) {
     std::set<int> ids;
     for (const auto& control : dialog.controls()) {
@@ -52,6 +72,16 @@ TEST_F(DialogWindows, EveryControlHasItsStandardWindowInItsPlace) {
     GetClientRect(robot.FormWindow(), &inside);
     EXPECT_EQ(inside.right, win32::ScreenScale().Pixels(9615));
     EXPECT_EQ(inside.bottom, win32::ScreenScale().Pixels(4695));
+    RECT outside = {};
+    GetWindowRect(robot.FormWindow(), &outside);
+    EXPECT_GE(outside.top, win32::WorkAreaFor(nullptr).top) << "its title stays in reach";
+    ICONINFO icon = {};
+    BITMAP colours = {};
+    ASSERT_TRUE(GetIconInfo(reinterpret_cast<HICON>(SendMessageW(robot.Find(u"cmdRandomize"),
+                                                                 BM_GETIMAGE, IMAGE_ICON, 0)),
+                            &icon));
+    GetObjectW(icon.hbmColor, sizeof colours, &colours);
+    EXPECT_EQ(colours.bmWidth, GetParam() / 3);
     EXPECT_EQ(Seen(u"frmrcBHDGS", u"caption"), u"Select Hosting Options");
 
     for (const Option& option : Options()) {
@@ -83,9 +113,11 @@ TEST_F(DialogWindows, TypingEndsAtTheLimitAndKeepsTheCaret) {
     EXPECT_EQ(Seen(u"txtName", u"text"), u"abcdefghijklmnopqrstuvwx");
     EXPECT_EQ(Seen(u"txtCountry", u"text"), u"GE");
     EXPECT_EQ(session.dialog->Get<ui::TextBox>(u"txtCountry").text(), u"GE");
+    SendMessageW(box, EM_SETSEL, 0, 3);
+    SendMessageW(box, WM_PASTE, 0, 0);
+    EXPECT_EQ(Seen(u"txtName", u"text"), u"GERMAdefghijklmnopqrstuvwx");
 
     robot.ClickTab(u"Map Settings");
-    EXPECT_NE(SendMessageW(robot.Find(u"cmdRandomize"), BM_GETIMAGE, IMAGE_ICON, 0), 0);
     robot.Type(u"txtGametype", u"no");
     EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Deathmatch");
   });
@@ -107,6 +139,13 @@ TEST_F(DialogWindows, ASingleRowListChoosesWhatScrollsIntoView) {
     expect(5);
     robot.TurnWheel(u"lstMax", 1);
     expect(4);
+    for (const int row : {4, 5}) {
+      SendMessageW(robot.Find(u"lstMax"), WM_MOUSEWHEEL, MAKEWPARAM(0, 0x10000 - WHEEL_DELTA / 2),
+                   0);
+      expect(row);
+    }
+    SendMessageW(robot.Find(u"lstMax"), WM_NCLBUTTONDOWN, HTBORDER, 0);
+    EXPECT_EQ(robot.Focused(), u"lstMax") << "as by a press on its bar";
     robot.ScrollTo(u"lstMax", 49);
     expect(49);
     robot.ScrollBy(u"lstMax", 1);
@@ -152,7 +191,7 @@ TEST_F(DialogWindows, CheckBoxesFollowTheModelOnly) {
 }
 
 TEST_F(DialogWindows, TheRowsOfTheMapListsAreRepainted) {
-  Show([&](frmrcBHDGS&) {
+  Show([&](frmrcBHDGS& dialog) {
     PickMod(u"Team Sabre");
     robot.ClickTab(u"Map Settings");
     const auto picture_of = [&](const Text& list) {
@@ -161,6 +200,19 @@ TEST_F(DialogWindows, TheRowsOfTheMapListsAreRepainted) {
     };
     const host::Pixels available = picture_of(u"lstAvlMaps");
     const host::Pixels empty = picture_of(u"lstSelMaps");
+    const host::Pixels label = picture_of(u"lblMapCnt");
+    dialog.At(u"lblMapCnt").SetEnabled(false);
+    EXPECT_NE(picture_of(u"lblMapCnt"), label);
+    dialog.At(u"lblMapCnt").SetEnabled(true);
+    // The faces keep their light colour under a scheme of light text.
+    const INT text = COLOR_BTNTEXT;
+    const COLORREF former = GetSysColor(text);
+    const COLORREF light = RGB(255, 255, 255);
+    for (const COLORREF colour : {light, former}) {
+      SetSysColors(1, &text, &colour);
+      SendMessageW(robot.FormWindow(), WM_SYSCOLORCHANGE, 0, 0);
+      EXPECT_EQ(picture_of(u"lblMapCnt"), label);
+    }
     robot.PressAccessKey(u'n');
     EXPECT_NE(picture_of(u"lstAvlMaps"), available);
     robot.PressAccessKey(u'p');
@@ -175,6 +227,62 @@ TEST_F(DialogWindows, TheRowsOfTheMapListsAreRepainted) {
     robot.ClickTab(u"Server Settings");
     robot.ClickTab(u"Map Settings");
     EXPECT_EQ(picture_of(u"lstSelMaps"), empty);
+  });
+}
+
+TEST_F(DialogWindows, AWideListIsScrolledAndItsMenuOpensAtTheMouseOrTheRow) {
+  static RECT menu;
+  static std::function<void()> step;
+  Show([&](frmrcBHDGS& dialog) {
+    robot.ClickTab(u"Map Settings");
+    ui::ListBox& maps = dialog.lstSelMaps;
+    for (int row = 0; row < 40; ++row) maps.AddItem(Text(80, u'W'));
+    const HWND list = robot.Find(u"lstSelMaps");
+    const auto height = static_cast<int>(SendMessageW(list, LB_GETITEMHEIGHT, 0, 0));
+    const auto row_place = [&](int row) {
+      RECT place = {};
+      SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(row),
+                   reinterpret_cast<LPARAM>(&place));
+      return place;
+    };
+    RECT inside = {};
+    GetClientRect(list, &inside);
+    EXPECT_GT(SendMessageW(list, LB_GETHORIZONTALEXTENT, 0, 0), inside.right);
+    EXPECT_EQ(inside.bottom % height, 0) << "no part of a row above the bar";
+    maps.SetCurrentRow(39);
+    EXPECT_LE(row_place(39).bottom, inside.bottom);
+    SendMessageW(list, LB_SETTOPINDEX, 3, 0);
+    SendMessageW(list, WM_TIMER, 0, 0);  // as while the mouse is held outside
+    EXPECT_EQ(maps.TopIndex(), 3);
+
+    maps.SetCurrentRow(4);
+    const auto open_menu = [&](LPARAM place) {
+      menu = {};
+      const UINT_PTR timer = SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR, DWORD) {
+        const HWND window = FindWindowW(L"#32768", nullptr);
+        if (window == nullptr || !IsWindowVisible(window)) return;
+        if (menu.right != 0) EndMenu();  // it is still open
+        GetWindowRect(window, &menu);
+        step();
+      });
+      SendMessageW(list, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(list), place);
+      KillTimer(nullptr, timer);
+      return std::pair(menu.left, menu.top);
+    };
+    step = [] { EndMenu(); };
+    POINT below = {0, row_place(4).bottom};
+    ClientToScreen(list, &below);
+    EXPECT_EQ(open_menu(-1), std::pair(below.x, below.y));
+    EXPECT_EQ(open_menu(MAKELPARAM(below.x + 9, below.y + 5)), std::pair(below.x + 9, below.y + 5));
+    EXPECT_EQ(open_menu(MAKELPARAM(below.x + 9, below.y + inside.bottom)).second, 0)
+        << "the bar below has its own";
+    bool is_left = true;
+    step = [&] {
+      dialog.Hide();
+      step = [&] { is_left = false; };
+    };
+    open_menu(-1);
+    EXPECT_TRUE(is_left) << "the menu goes with the dialog";
   });
 }
 
@@ -210,9 +318,12 @@ TEST_F(DialogWindows, ImageButtonsShowThePressAndActOnTheRelease) {
 
     robot.Press(u"cmdLeftImg");
     EXPECT_EQ(Seen(u"cmdLeftImg", u"picture"), u"butdown.gif");
+    robot.Press(u"cmdLeftImg", ui::kRightButton);
+    robot.Release(u"cmdLeftImg", ui::kRightButton);
+    EXPECT_EQ(GetCapture(), robot.Find(u"cmdLeftImg")) << "the left button is still down";
     ReleaseCapture();
     EXPECT_EQ(Seen(u"cmdLeftImg", u"picture"), u"butup.gif") << "the mouse was taken away";
-    EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Deathmatch");
+    EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Flagball");
   });
 }
 
@@ -224,9 +335,14 @@ TEST_F(DialogWindows, APressedButtonLooksPressedInHighContrast) {
       return host::TakeWindow(robot.Find(control));
     };
     const HWND icon_button = robot.Find(u"cmdRandomize");
-    const std::uint32_t own_face = picture_of(u"txtGametype").At(5, 5);
+    const host::Pixels field = picture_of(u"txtGametype");
+    const std::uint32_t own_face = field.At(5, 5);
+    EXPECT_GT(std::ranges::count(field.values, own_face), field.width * field.height * 7 / 10)
+        << "also between its letters";
     const host::HighContrast scheme(GetModuleHandleW(nullptr), robot.FormWindow());
-    EXPECT_EQ(std::ranges::count(picture_of(u"txtGametype").values, own_face), 0);
+    for (const Text& control : {Text(u"txtGametype"), Text(u"tsMain")}) {
+      EXPECT_EQ(std::ranges::count(picture_of(control).values, own_face), 0) << ToUtf8(control);
+    }
     const host::Pixels face = picture_of(u"cmdRightImg");
     const host::Pixels icon = picture_of(u"cmdRandomize");
     robot.Press(u"cmdRight");
@@ -320,6 +436,8 @@ TEST_F(DialogWindows, AClickBesideTheControlsKeepsTheFocusInTheField) {
       robot.Click(place);
       EXPECT_EQ(robot.Focused(), u"txtName") << ToUtf8(place);
     }
+    EXPECT_EQ(SendMessageW(robot.Find(u"Frame3"), WM_NCHITTEST, 0, 0), HTCLIENT)
+        << "the tabs behind are not clicked through it";
   });
 }
 
@@ -357,7 +475,11 @@ TEST_F(DialogWindows, EscapeClosesTheDropDownOnly) {
     robot.PressKey(VK_ESCAPE);
     EXPECT_FALSE(SendMessageW(box, CB_GETDROPPEDSTATE, 0, 0));
     EXPECT_TRUE(robot.FormShown());
-    EXPECT_EQ(Seen(u"cboMods", u"text"), session.dialog->Get<ui::ComboBox>(u"cboMods").text());
+    // Where the key takes another choice back, only the closing tells.
+    SendMessageW(box, CB_SETCURSEL, 0, 0);
+    SendMessageW(GetParent(box), WM_COMMAND, MAKEWPARAM(0, CBN_CLOSEUP),
+                 reinterpret_cast<LPARAM>(box));
+    EXPECT_EQ(session.dialog->Get<ui::ComboBox>(u"cboMods").text(), u"None");
   });
 }
 
@@ -391,6 +513,7 @@ TEST_F(DialogWindows, ADisabledSpinListKeepsItsRow) {
     EXPECT_EQ(Seen(u"lstMax", u"index"), u"7");
     EXPECT_EQ(Seen(u"lstMax", u"top"), u"7");
     EXPECT_EQ(dialog.Get<ui::ListBox>(u"lstMax").ListIndex(), 7);
+    EXPECT_FALSE(EnableScrollBar(list, SB_VERT, ESB_DISABLE_BOTH)) << "its arrows are grey already";
   });
 }
 
@@ -431,6 +554,39 @@ TEST_F(DialogWindows, PointersTurnBusyAndBack) {
     EXPECT_EQ(robot.Read(u"tsMain", u"pointer"), u"busy");
     toolkit->SetScreenPointer(ui::Pointer::kDefault);
     EXPECT_EQ(robot.Read(u"tsMain", u"pointer"), u"default");
+
+    // At once, without a movement of the mouse, and not on the frame.
+    const HWND form = robot.FormWindow();
+    RECT place = {};
+    GetWindowRect(robot.Find(u"txtName"), &place);
+    SetCursorPos((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+    SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+    dialog.pointer = ui::Pointer::kBusy;
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
+    SendMessageW(form, WM_SETCURSOR, reinterpret_cast<WPARAM>(form),
+                 MAKELPARAM(HTCAPTION, WM_MOUSEMOVE));
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW));
+    dialog.pointer = ui::Pointer::kDefault;
+  });
+}
+
+TEST_F(DialogWindows, ATooltipShowsWhereTheMouseRests) {
+  Show([&](frmrcBHDGS& dialog) {
+    robot.ClickTab(u"Map Settings");
+    const HWND tips = static_cast<win32::FormPeer*>(dialog.peer())->Tooltips();
+    EXPECT_TRUE(IsWindowEnabled(tips));
+    dialog.lstAvlMaps.tooltip = u"Maps";
+    for (const Text& control : {Text(u"cmdRandomize"), Text(u"lstAvlMaps")}) {
+      const HWND window = robot.Find(control);
+      RECT place = {};
+      GetWindowRect(window, &place);
+      SetCursorPos((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+      SendMessageW(window, WM_MOUSEMOVE, 0, MAKELPARAM(9, 9));
+      for (int turn = 0; turn < 300 && !IsWindowVisible(tips); ++turn, Sleep(10)) DrainMessages();
+      EXPECT_TRUE(IsWindowVisible(tips)) << ToUtf8(control);
+      EXPECT_EQ(win32::WindowText(tips), dialog.At(control).tooltip());
+      SendMessageW(tips, TTM_POP, 0, 0);
+    }
   });
 }
 

@@ -34,7 +34,9 @@ TEST(ModalDisplay, OtherWindowsOfTheThreadWait) {
   const HostWindow host;
   const HostWindow waiting;
   EnableWindow(waiting.get(), FALSE);
+  const HostWindow beside;
   SetActiveWindow(host.get());
+  SetWindowPos(beside.get(), HWND_TOP, 0, 0, 0, 0, SWP_NOACTIVATE | SWP_NOMOVE | SWP_NOSIZE);
   bench.Show([&](frmrcBHDGS&) {
     EXPECT_FALSE(IsWindowEnabled(host.get()));
     EXPECT_EQ(GetWindow(bench.robot.FormWindow(), GW_OWNER), nullptr);
@@ -265,6 +267,10 @@ TEST(ModalDisplay, ATextTallerThanTheScreenScrollsInABoxLikeTheSystems) {
     EXPECT_EQ(reinterpret_cast<const char16_t*>(GlobalLock(GetClipboardData(CF_UNICODETEXT))),
               text);
     CloseClipboard();
+    DWORD from = 1;
+    DWORD to = 1;
+    SendMessageW(field, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+    EXPECT_EQ(from, to) << "nothing was selected, nothing is";
     PostMessageW(field, WM_KEYDOWN, VK_RETURN, 1);
   });
   show([](HWND, HWND field) { PostMessageW(field, WM_KEYDOWN, VK_ESCAPE, 1); });
@@ -309,13 +315,23 @@ TEST(ModalDisplay, AHiddenDialogKeepsItsStateAndIsShownAgain) {
   });
   EXPECT_FALSE(bench.robot.FormShown());
   bench.session.dialog->Get<ui::TextBox>(u"txtPort").SetText(u"1");
+  int told = 0;
+  {
+    const Listener control(bench.robot.Find(u"tsMain"), [&](UINT message, WPARAM, LPARAM) {
+      told += message == WM_SYSCOLORCHANGE ? 1 : 0;
+      return false;
+    });
+    SendMessageW(first, WM_SYSCOLORCHANGE, 0, 0);
+  }
+  EXPECT_EQ(told, 1) << "common controls hear of new colours through the form";
   bench.Show([&](frmrcBHDGS& dialog) {
     EXPECT_EQ(bench.robot.FormWindow(), first);
     EXPECT_EQ(bench.Seen(u"txtName", u"text"), u"kept");
     EXPECT_EQ(bench.Seen(u"txtPort", u"text"), u"1");
     EXPECT_EQ(bench.robot.Focused(), u"txtName");
-    // A host call during the display hides and shows it again.
-    dialog.Hide();
+    // A host call in the middle of a click hides it.
+    dialog.tsMain.on_click = [&] { dialog.Hide(); };
+    bench.robot.ClickTab(u"Map Settings");
     EXPECT_FALSE(bench.robot.FormShown());
   });
 }
@@ -333,9 +349,14 @@ TEST(ModalDisplay, TasksWaitForTheEndOfTheEvent) {
       };
       bench.toolkit->ShowMessage(u"", u"inside an event");
     };
+    bool due_ran_in_box = false;
+    bool in_box = true;
+    bench.toolkit->Defer([&] { due_ran_in_box = in_box; });  // due when the event begins
     bench.robot.Click(u"chkLoop");
+    in_box = false;
     DrainMessages();
     EXPECT_FALSE(ran_in_box);
+    EXPECT_FALSE(due_ran_in_box);
     EXPECT_TRUE(ran);
   });
   bench.toolkit->Defer([&] { ran = false; });
@@ -360,6 +381,11 @@ TEST(ModalDisplay, OpeningAndClosingLeavesNothingBehind) {
   for (const host::LeakWatch::Course& course : watch.Courses()) {
     EXPECT_FALSE(course.grew) << ToUtf8(course.resource);
   }
+  bench.session.dialog.reset();
+  bench.toolkit.reset();
+  WNDCLASSW left = {};
+  EXPECT_FALSE(GetClassInfoW(GetModuleHandleW(nullptr), win32::Win32Toolkit::kFormClass, &left));
+  EXPECT_FALSE(GetClassInfoW(GetModuleHandleW(nullptr), win32::Win32Toolkit::kImageClass, &left));
 }
 
 }  // namespace

@@ -60,8 +60,10 @@ TEST_F(OperatorAccess, TheTabKeyGoesRoundEachPageInReadingOrder) {
       }
       robot.PressKey(VK_RIGHT);  // in the tab strip
     }
+    const HWND port = robot.Find(u"txtPort");
+    EXPECT_EQ(SendMessageW(port, EM_GETSEL, 0, 0), MAKELRESULT(0, 5)) << "the key selected it all";
     const host::HeldKey control(VK_CONTROL);
-    SetFocus(robot.Find(u"txtPort"));
+    SetFocus(port);
     robot.PressKey(VK_TAB);
     EXPECT_EQ(Seen(u"tsMain", u"caption"), u"Server Settings");
     robot.PressKey(VK_NEXT);
@@ -79,13 +81,25 @@ TEST_F(OperatorAccess, KeysPressTheImageButtonsAndTheFocusIsSeen) {
       events.push_back(event);
       former(event);
     };
+    const auto picture_of = [&](const Text& control) {
+      DrainMessages();
+      return host::TakeWindow(robot.Find(control));
+    };
+    const auto expect_seen_focus = [&](const Text& stop, const Text& shown) {
+      SetFocus(robot.Find(u"tsMain"));
+      const host::Pixels before = picture_of(shown);
+      SetFocus(robot.Find(stop));
+      EXPECT_NE(picture_of(shown), before) << ToUtf8(shown);
+      SetFocus(robot.Find(u"tsMain"));
+      EXPECT_EQ(picture_of(shown), before) << ToUtf8(shown);
+    };
+    expect_seen_focus(u"chkLoop", u"chkLoop");
     robot.ClickTab(u"Map Settings");
+    expect_seen_focus(u"cmdRightImg", u"cmdRightImg");
+    expect_seen_focus(u"cmdRightImg", u"cmdRight");
     const HWND face = robot.Find(u"cmdRightImg");
-    DrainMessages();
-    const host::Pixels before = host::TakeWindow(face);
     SetFocus(face);
-    DrainMessages();
-    EXPECT_NE(host::TakeWindow(face), before);
+    const host::Pixels plain_caption = picture_of(u"cmdCancel");
     robot.PressKey(VK_SPACE);
     EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Team Deathmatch");
     robot.PressKey(VK_RETURN);
@@ -93,6 +107,7 @@ TEST_F(OperatorAccess, KeysPressTheImageButtonsAndTheFocusIsSeen) {
     robot.PressAccessKey(u'n');
     EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Team King of the Hill");
     EXPECT_EQ(robot.Focused(), u"cmdRightImg");
+    EXPECT_NE(picture_of(u"cmdCancel"), plain_caption) << "Alt shows the access keys";
     robot.PressAccessKey(u'P');
     EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Cooperative");
     robot.PressAccessKey(u'R');
@@ -211,6 +226,10 @@ TEST_F(OperatorAccess, AssistiveToolsHearNamesRolesAndValues) {
     robot.Click(u"chkWindow");
     EXPECT_FALSE(Hear(robot.Find(u"chkWindow")).state & STATE_SYSTEM_CHECKED);
     EXPECT_TRUE(Hear(robot.Find(u"txtGametype")).state & STATE_SYSTEM_READONLY);
+    dialog.lstSelMaps.AddItem(u"above");
+    dialog.lstSelMaps.AddItem(u"current");
+    dialog.lstSelMaps.SetCurrentRow(1);
+    EXPECT_EQ(Hear(robot.Find(u"lstSelMaps")).value, u"current");
     dialog.Get<ui::TextBox>(u"txtName").SetEnabled(false);
     EXPECT_TRUE(Hear(robot.Find(u"txtName")).state & STATE_SYSTEM_UNAVAILABLE);
 

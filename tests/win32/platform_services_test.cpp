@@ -46,7 +46,15 @@ TEST(Win32FileSystem, DoesWhatItsSeamPromises) {
   folder.Put("b.txt", "old");
   files.RenameFile(base + u"\\a.txt", base + u"\\b.txt");
   EXPECT_EQ(ReadAll(files, base + u"\\b.txt"), "hello, world");
-  files.MakeEmptyFile(base + u"\\b.txt");
+  {
+    const auto reading = files.OpenForReading(base + u"\\b.txt");
+    files.MakeEmptyFile(base + u"\\b.txt");  // by another program, say
+    const Text path = base + u"\\b.txt";
+    const win32::Owned<HANDLE> writing(CreateFileW(
+        win32::Wide(path), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+    EXPECT_EQ(FailureOf([&] { files.MakeEmptyFile(base + u"\\b.txt"); }),
+              Number(ErrorNumber::kPermissionDenied));
+  }
   EXPECT_EQ(files.FileSize(base + u"\\b.txt"), 0);
   files.RemoveFile(base + u"\\b.txt");
 
@@ -83,6 +91,12 @@ TEST(Win32FileSystem, PathsMayBeLong) {
   for (; path != folder.text(); path.resize(path.rfind(u'\\'))) {
     EXPECT_TRUE(RemoveDirectoryW(win32::NativePath(path).c_str()));
   }
+}
+
+TEST(Win32FileSystem, LongPathsOfOtherMachinesKeepTheirShare) {
+  const Text name(250, u'x');
+  EXPECT_EQ(win32::NativePath(u"\\\\machine\\share\\" + name),
+            L"\\\\?\\UNC\\machine\\share\\" + std::wstring(250, L'x'));
 }
 
 TEST(Win32ProcessPaths, TellTheExecutableAsFarAsTheBufferGoes) {
@@ -133,7 +147,9 @@ TEST(Pictures, OnlyPicturesAreRead) {
   const auto first = bench.toolkit->ReadPicture(path);
   EXPECT_EQ(bench.toolkit->ReadPicture(path), first) << "an unchanged file is not read again";
   EXPECT_EQ(first->path(), path);
-  bench.root.Put("imgs/butup.gif", "changed");
+  Sleep(20);  // longer than the steps of a file's time
+  bench.root.Put("imgs/butup.gif",
+                 std::string(static_cast<std::size_t>(bench.files.FileSize(path)), '?'));
   EXPECT_EQ(read("imgs/butup.gif"), Number(ErrorNumber::kInvalidPicture));
 }
 
