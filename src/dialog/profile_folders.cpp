@@ -29,7 +29,6 @@ ui::FileDialog& Prepare(frmrcBHDGS& dialog, TextView title, TextView filter) {
       .title = Text(title),
       .initial_folder = SettingsFolder(dialog.session()),
       .filter = Text(filter),
-      .filter_index = 1,
       .file_name = {},
       .flags = kHideReadOnly | kAllowMultiselect | kPathMustExist | kNoLongNames | kExplorer};
   return question;

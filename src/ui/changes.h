@@ -18,7 +18,7 @@ class Changes {
     kRowsAdded = 1u << 7,  // rows were added behind those that the peer knows
     kSelection = 1u << 8,  // chosen row, selected rows, chosen tab
     kTopRow = 1u << 9,
-    kPicture = 1u << 10,  // the picture, whether it is stretched
+    kPicture = 1u << 10,  // the picture
     kOrder = 1u << 11,    // came to the front of its siblings, possibly in another container
     kPointer = 1u << 12,
     kFont = 1u << 13,

@@ -100,9 +100,9 @@ class PictureBox final : public Control {
   Property<bool, Changes::kColour> persistent_image{*this};
 };
 
-// Shows a picture, stretched to its own size when asked to. As a tab stop it is a button: Enter and
-// its access key count as a press and a release of the left mouse button on its middle, the space
-// bar as that button, held as long as it is. Without a picture it is not there for the operator.
+// Shows a picture, stretched to its own size. As a tab stop it is a button: Enter and its access
+// key count as a press and a release of the left mouse button on its middle, the space bar as that
+// button, held as long as it is. Without a picture it is not there for the operator.
 class Image final : public Control {
  public:
   Image(Form& form, Text name) : Control(form, ControlKind::kImage, std::move(name)) {}
@@ -113,7 +113,6 @@ class Image final : public Control {
   // Null: empty.
   [[nodiscard]] const PicturePtr& picture() const noexcept { return picture_; }
   void SetPicture(PicturePtr picture);
-  Property<bool, Changes::kPicture> stretch{*this};
   // A key that is held presses it again and again. Otherwise once, as at first.
   bool repeats = false;
 

@@ -43,7 +43,8 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   // T's constructor takes the form, the name and `args`. Its peer is made at once when the form has
   // its own, else with the form's. The collection refuses a name that it holds already
   // (kInvalidProcedureCall). The form's own peer is made with the first control. When a peer cannot
-  // be made, the collection does not keep the control and the failure is passed on.
+  // be made, the collection does not keep the control and the failure is passed on. Controls are
+  // added, moved and brought to the front before the form is first shown.
   template <class T, class... Args>
   T& Add(Text name, Control* container, Args&&... args) {
     auto control = std::make_unique<T>(*this, std::move(name), std::forward<Args>(args)...);

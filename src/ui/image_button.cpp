@@ -40,7 +40,6 @@ CaptionPlace PlaceCaption(const Bounds& face, int font_size, std::int32_t dots_p
 Image& CreateButtonFace(Form& dialog, const ImageButton& button, TextView host_root) {
   auto& face = dialog.Add<Image>(button.name, button.container);
   face.SetBounds(button.bounds);
-  face.stretch = true;
   face.SetPicture(dialog.toolkit().ReadPicture(Concat({host_root, kReleasedPicture})));
   return face;
 }

@@ -49,8 +49,7 @@ struct FileDialogRequest {
   bool save = false;  // otherwise open
   Text title;
   Text initial_folder;
-  Text filter;                    // description|pattern
-  std::int32_t filter_index = 1;  // 1-based
+  Text filter;  // description|pattern
   Text file_name;
   std::uint32_t flags = 0;  // the platform's file-dialog flags
 };

@@ -196,7 +196,6 @@ std::vector<Text> AskForFiles(HWND owner, const ui::FileDialogRequest& request) 
   dialog.lStructSize = sizeof dialog;
   dialog.hwndOwner = owner;
   dialog.lpstrFilter = filter.c_str();
-  dialog.nFilterIndex = static_cast<DWORD>(std::max(request.filter_index, 0));
   dialog.lpstrFile = buffer.data();
   dialog.nMaxFile = static_cast<DWORD>(buffer.size());
   dialog.lpstrInitialDir = request.initial_folder.empty() ? nullptr : Wide(request.initial_folder);

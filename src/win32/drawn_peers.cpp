@@ -113,9 +113,7 @@ class ImagePeer final : public PeerOf<ui::Image, DrawnPeer> {
     if (model_.IsTabStop() && IsHighContrast()) {
       DrawPlainButton(context, area);
     } else if (model_.picture() != nullptr) {
-      const auto& picture = static_cast<const NativePicture&>(*model_.picture());
-      const SIZE size = toolkit().scale().Scaled(picture.Size());
-      picture.Draw(context, model_.stretch() ? area : RECT{0, 0, size.cx, size.cy});
+      static_cast<const NativePicture&>(*model_.picture()).Draw(context, area);
     }
     if (GetFocus() == window()) DrawFocus(context, area);
   }

@@ -32,7 +32,9 @@ bool Overlap(const ui::Control& a, const ui::Control& b) {
          y.top < x.top + x.height;
 }
 
-// From front to back.
+// From front to back. A control comes in front of the siblings that it covers in part or whole;
+// elsewhere the order in which they were added stays: a label comes right before the control that
+// it names, as assistive tools expect it.
 std::vector<ui::Control*> NativeOrder(const std::vector<ui::Control*>& back_to_front) {
   std::vector<ui::Control*> order;
   for (ui::Control* const control : back_to_front) {
@@ -76,30 +78,6 @@ void FormPeer::MakeChildren(ui::Control& container) {
     peer->MakeWindow(parent);
     MakeChildren(*child);
   }
-}
-
-void FormPeer::MakeWindowOf(WindowPeer& peer) {
-  if (window() == nullptr) return;
-  peer.MakeWindow(Of(*peer.control().container())->window());
-  PutInOrder(peer);
-}
-
-void FormPeer::PutInOrder(WindowPeer& peer) {
-  const auto& siblings = peer.control().container()->children();
-  const auto own_place = std::find(siblings.begin(), siblings.end(), &peer.control());
-  const auto lies_behind = [&](HWND window) {
-    const WindowPeer* const other = Of(window);
-    return other != nullptr && Overlap(other->control(), peer.control()) &&
-           std::find(siblings.begin(), own_place, &other->control()) != own_place;
-  };
-  HWND in_front = HWND_TOP;
-  for (HWND other = GetWindow(peer.window(), GW_HWNDFIRST); other != nullptr;
-       other = GetWindow(other, GW_HWNDNEXT)) {
-    if (other == peer.window()) return;
-    if (lies_behind(other)) break;
-    in_front = other;
-  }
-  SetWindowPos(peer.window(), in_front, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 WindowPeer::Style FormPeer::GetStyle() const {

@@ -18,12 +18,6 @@ class FormPeer final : public PeerOf<ui::Form> {
   [[nodiscard]] HWND active_before() const noexcept { return active_before_; }
   // Makes the windows of the form and of all its controls, unless they exist.
   void MakeWindows();
-  // Makes the window of a control that was added after those.
-  void MakeWindowOf(WindowPeer& peer);
-  // Puts a window in front of the siblings that it covers in part or whole. Elsewhere the order in
-  // which the controls were added stays, from the front: a label comes right before the control
-  // that it names, as assistive tools expect it.
-  void PutInOrder(WindowPeer& peer);
 
   // Of a font of that size; lives as long as the peer.
   [[nodiscard]] HFONT Font(int points);

@@ -18,7 +18,6 @@ namespace quill::win32 {
 namespace {
 
 constexpr std::int64_t kLargestPictureFile = 16u << 20;
-constexpr int kHimetricPerInch = 2540;
 
 [[noreturn]] void RefusePicture() {
   throw RuntimeError(ErrorNumber::kInvalidPicture);
@@ -54,10 +53,6 @@ NativePicture::NativePicture(TextView path) : path_(path) {
       width_ <= 0 || height_ <= 0) {
     RefusePicture();
   }
-}
-
-SIZE NativePicture::Size() const noexcept {
-  return {MulDiv(width_, 96, kHimetricPerInch), MulDiv(height_, 96, kHimetricPerInch)};
 }
 
 void NativePicture::Draw(HDC context, const RECT& target) const {

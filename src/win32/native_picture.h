@@ -16,8 +16,6 @@ class NativePicture final : public ui::Picture {
   explicit NativePicture(TextView path);
 
   [[nodiscard]] TextView path() const noexcept override { return path_; }
-  // Its own size, in pixels at 96 dots per inch.
-  [[nodiscard]] SIZE Size() const noexcept;
   // Draws it stretched over `target`; what lies there shows through where it is transparent.
   void Draw(HDC context, const RECT& target) const;
 

@@ -51,12 +51,7 @@ Win32Toolkit::~Win32Toolkit() {
 }
 
 std::unique_ptr<ui::Peer> Win32Toolkit::MakePeer(ui::Control& control) {
-  auto peer = (*kMakers[static_cast<std::size_t>(control.kind())])(*this, control);
-  if (control.container() != nullptr) {
-    const SystemResolution resolution;
-    FormPeerOf(control.form()).MakeWindowOf(*peer);
-  }
-  return peer;
+  return (*kMakers[static_cast<std::size_t>(control.kind())])(*this, control);
 }
 
 ui::Metrics Win32Toolkit::GetMetrics() const {

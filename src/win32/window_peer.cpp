@@ -101,7 +101,6 @@ void WindowPeer::Sync(ui::Changes changes) {
   if (changes.Has(Changes::kVisible) && !visible) ShowVisible();
   if (window_ != nullptr) {
     if (changes.Has(Changes::kBounds)) TakePlace();
-    if (changes.Has(Changes::kOrder)) ShowOrder();
     if (changes.Has(Changes::kEnabled)) EnableWindow(window_, control_.enabled());
     if (changes.Has(Changes::kFont)) ShowFont();
     Show(changes);
@@ -139,13 +138,6 @@ void WindowPeer::ShowFocus(bool reached_by_key) const {
   }
   SetFocus(window_);
   if (reached_by_key && (Send(WM_GETDLGCODE) & DLGC_HASSETSEL) != 0) Send(EM_SETSEL, 0, -1);
-}
-
-void WindowPeer::ShowOrder() {
-  if (control_.container() == nullptr) return;
-  const HWND outer = Of(*control_.container())->window();
-  if (GetParent(window_) != outer) SetParent(window_, outer);
-  form_peer().PutInOrder(*this);
 }
 
 void WindowPeer::ShowTooltip() {

@@ -100,7 +100,6 @@ class WindowPeer : public ui::Peer {
   // costs as much as a tenth of the window's creation.
   static std::map<HWND, WindowPeer*> peers_;
 
-  void ShowOrder();
   void ShowTooltip();
   // As the model holds it: at once while the form's window is active, else when it becomes so.
   void ShowFocus(bool reached_by_key) const;
