@@ -12,7 +12,7 @@
 #include "host/kit/text_line.h"
 #include "host/win32/member_table.h"
 #include "plugin/host_objects.h"
-#include "server/plugin_interface.h"
+#include "server/plugin_object.h"
 #include "support/number_text.h"
 #include "support/runtime_error.h"
 

@@ -5,7 +5,7 @@
 #include "com/com_error.h"
 #include "com/identifiers.h"
 #include "server/library.h"
-#include "server/plugin_interface.h"
+#include "server/plugin_object.h"
 #include "server/registration.h"
 
 using quill::com::Guarded;

@@ -1,11 +1,10 @@
 // The class's interface and record as early-bound callers see them, the same as the type library
-// declares, and the making of both.
+// declares. A host's author can include it: it needs the system's headers only.
 #pragma once
 
 #include <cstddef>
 
 #include "com/automation.h"
-#include "plugin/plugin_record.h"
 
 namespace quill::com {
 
@@ -44,11 +43,6 @@ static_assert(offsetof(PluginRecord, Game) == 40);
 static_assert(sizeof(PluginRecord) == 184);
 #endif
 
-// Fills `record`, whose former contents are overwritten, not freed. On failure it is left empty.
-void FillRecord(const PLUGIN& data, PluginRecord& record);
-// Frees what the record holds and empties it.
-void ClearRecord(PluginRecord& record) noexcept;
-
 // Objects come as IDispatch; null is Nothing. The texts by reference are not written to and may be
 // null.
 struct IPlugin : public IDispatch {
@@ -64,9 +58,5 @@ struct IPlugin : public IDispatch {
  protected:
   ~IPlugin() = default;
 };
-
-// Makes the object that the host creates, bound early or late, and asks it for `wanted`. Start-up
-// has run when it exists.
-[[nodiscard]] HRESULT MakePluginObject(REFIID wanted, void** object);
 
 }  // namespace quill::com

@@ -1,5 +1,5 @@
 // Every member twice: bound late, from a table, and bound early.
-#include "server/plugin_interface.h"
+#include "server/plugin_object.h"
 
 #include <span>
 

@@ -1,5 +1,5 @@
 // The record's fields, each filled from the portable one of the same name.
-#include "server/plugin_interface.h"
+#include "server/plugin_object.h"
 
 #include <optional>
 #include <vector>
