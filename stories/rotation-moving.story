@@ -29,7 +29,6 @@ expect lstSelMaps selected = "0 1"
 # At the edge nothing moves, and nothing is there to undo.
 keys lstSelMaps Alt+Up
 select lstSelMaps 0 2
-expect lstSelMaps caret = 2
 keys lstSelMaps Alt+Up
 expect lstSelMaps selected = "0 1"
 expect lstSelMaps row 1 = "Road Rage <DMK_01A.BMS>"

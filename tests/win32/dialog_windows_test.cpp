@@ -249,6 +249,8 @@ TEST_F(DialogWindows, AWideListIsScrolledAndItsMenuOpensAtTheMouseOrTheRow) {
     GetClientRect(list, &inside);
     EXPECT_GT(SendMessageW(list, LB_GETHORIZONTALEXTENT, 0, 0), inside.right);
     EXPECT_EQ(inside.bottom % height, 0) << "no part of a row above the bar";
+    robot.SelectRows(u"lstSelMaps", {0, 2});
+    EXPECT_EQ(maps.ListIndex(), 2) << "the row that was clicked last";
     maps.SetCurrentRow(39);
     EXPECT_LE(row_place(39).bottom, inside.bottom);
     SendMessageW(list, LB_SETTOPINDEX, 3, 0);
