@@ -48,8 +48,9 @@ void EncodeGroup(Lanes units, char16_t* out) noexcept {
   // Brings the three bytes together as the highest ones, the first of them on top.
   constexpr Lanes kGather = (Lanes{1} << 56) | (Lanes{1} << 32) | (Lanes{1} << 8);
   const Lanes bytes = (units & ToLanes({0xFF, 0xFF, 0xFF, 0})) * kGather;
-  std::memcpy(out, &kDigitPairs[bytes >> 52], sizeof(DigitPair));
-  std::memcpy(out + 2, &kDigitPairs[bytes >> 40 & 0xFFF], sizeof(DigitPair));
+  std::memcpy(out, &kDigitPairs[static_cast<std::size_t>(bytes >> 52)], sizeof(DigitPair));
+  std::memcpy(out + 2, &kDigitPairs[static_cast<std::size_t>(bytes >> 40) & 0xFFF],
+              sizeof(DigitPair));
 }
 
 // Encodes the low bytes of `units` into `out`. Returns whether they were all ASCII.
