@@ -2,6 +2,9 @@
 ; VERSION, STAGE (the folder to install), CONTENTS (the list of what is installed), OUTFILE and the
 ; identifiers.
 ;
+; The packager's MultiUser.nsh is not used: it offers the choice of scope only in programs that ask
+; for elevation at their start, it has no exit codes for a refusal, and it ignores unknown switches.
+;
 ; Nothing is half replaced. The new files are first put into "$INSTDIR\.new"; then the old ones move
 ; to ".old" and the new ones into their places, which takes no room and no time; then the libraries
 ; are registered. Whatever fails on the way takes the old files back, and so does the next run where

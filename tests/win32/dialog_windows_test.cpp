@@ -230,9 +230,20 @@ TEST_F(DialogWindows, TheRowsOfTheMapListsAreRepainted) {
   });
 }
 
+// The place of the menu that opened last, and what is done about it.
+RECT menu;
+std::function<void()> step;
+
+// No lambda: 32-bit compilers do not turn one into a function of the system's convention.
+void CALLBACK LookAtMenu(HWND, UINT, UINT_PTR, DWORD) {
+  const HWND window = FindWindowW(L"#32768", nullptr);
+  if (window == nullptr || !IsWindowVisible(window)) return;
+  if (menu.right != 0) EndMenu();  // it is still open
+  GetWindowRect(window, &menu);
+  step();
+}
+
 TEST_F(DialogWindows, AWideListIsScrolledAndItsMenuOpensAtTheMouseOrTheRow) {
-  static RECT menu;
-  static std::function<void()> step;
   Show([&](frmrcBHDGS& dialog) {
     robot.ClickTab(u"Map Settings");
     ui::ListBox& maps = dialog.lstSelMaps;
@@ -260,13 +271,7 @@ TEST_F(DialogWindows, AWideListIsScrolledAndItsMenuOpensAtTheMouseOrTheRow) {
     maps.SetCurrentRow(4);
     const auto open_menu = [&](LPARAM place) {
       menu = {};
-      const UINT_PTR timer = SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR, DWORD) {
-        const HWND window = FindWindowW(L"#32768", nullptr);
-        if (window == nullptr || !IsWindowVisible(window)) return;
-        if (menu.right != 0) EndMenu();  // it is still open
-        GetWindowRect(window, &menu);
-        step();
-      });
+      const UINT_PTR timer = SetTimer(nullptr, 0, 10, &LookAtMenu);
       SendMessageW(list, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(list), place);
       KillTimer(nullptr, timer);
       return std::pair(menu.left, menu.top);
