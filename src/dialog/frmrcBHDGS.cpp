@@ -96,6 +96,7 @@ frmrcBHDGS::frmrcBHDGS(Session& session)
       lstSelMaps(AddMapList(*this, fmeMap, u"lstSelMaps", u"lblSelMaps", u"Selected Maps",
                             {4815, 495, 4440, 2010})),
       lblMapCnt(Add<ui::Label>(u"lblMapCnt", &fmeMap, u"Number of Maps: 0")),
+      lblWaiting(Add<ui::Label>(u"lblWaiting", &Frame3)),
       cmdRandomize(Add<ui::CommandButton>(u"cmdRandomize", &fmeMap, TextView(), u"SHUFFLE")),
       Picture1(Add<ui::PictureBox>(u"Picture1", nullptr, kFrameColour)),
       cdSettings(Add<ui::FileDialog>(u"cdSettings", nullptr)),
@@ -107,6 +108,9 @@ frmrcBHDGS::frmrcBHDGS(Session& session)
   txtGametype.SetText(kGameTypeNames[0]);
   txtGametype.accessible_name = u"Game Type";
   lblMapCnt.SetBounds({4815, 2790, 2025, 195});
+  // Right of the last button, as high as its face.
+  lblWaiting.SetBounds({7935, 285, 1320, 405});
+  lblWaiting.SetVisible(false);
   cmdRandomize.SetBounds({8760, 2640, 495, 495});
   cmdRandomize.tooltip = u"Randomize Current Maps List";
   cmdRandomize.accessible_name = u"Randomize Current Maps List";
@@ -253,21 +257,16 @@ void frmrcBHDGS::BuildMapList() {
 void frmrcBHDGS::ShowStartWait() noexcept {
   // Nothing depends on it, so a failure is dropped.
   RunEach([&] {
-    if (waiting_ == nullptr) {
-      waiting_ = &Add<ui::Label>(u"lblWaiting", &Frame3);
-      // Right of the last button, as high as its face.
-      waiting_->SetBounds({7935, 285, 1320, 405});
-    }
     const int minute = session_.clock.MinuteOfDay();
     const Text digits = Decimal(10000 + minute / 60 * 100 + minute % 60);
-    waiting_->caption =
+    lblWaiting.caption =
         Concat({u"Awaiting reply since ", digits.substr(1, 2), u":", digits.substr(3)});
-    waiting_->SetVisible(true);
+    lblWaiting.SetVisible(true);
   });
 }
 
 void frmrcBHDGS::HideStartWait() noexcept {
-  if (waiting_ != nullptr) RunEach([&] { waiting_->SetVisible(false); });
+  RunEach([&] { lblWaiting.SetVisible(false); });
 }
 
 void frmrcBHDGS::Form_Unload() {

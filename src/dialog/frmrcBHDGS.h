@@ -56,6 +56,7 @@ class frmrcBHDGS final : public ui::Form {
   ui::ListBox& lstAvlMaps;
   ui::ListBox& lstSelMaps;
   ui::Label& lblMapCnt;
+  ui::Label& lblWaiting;
   ui::CommandButton& cmdRandomize;
   ui::PictureBox& Picture1;
   ui::FileDialog& cdSettings;
@@ -69,7 +70,6 @@ class frmrcBHDGS final : public ui::Form {
 
   Session& session_;
   std::span<const TextView> game_types_;
-  ui::Label* waiting_ = nullptr;  // made for the first wait
 };
 
 // The one dialog, created hidden when there is none, and held in memory while a host call works
