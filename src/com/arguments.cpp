@@ -1,4 +1,5 @@
-// The order of arguments in a call is the platform's: named ones come first, the others backwards.
+// Binds the arguments of a call to a member's parameters. Their order in a call is the platform's:
+// named ones come first, the others backwards.
 #include "com/arguments.h"
 
 #include <algorithm>
@@ -7,6 +8,7 @@ namespace quill::com {
 namespace {
 
 bool IsLeftOut(const VARIANT& value) noexcept {
+  // What automation passes in the place of an optional argument that was left out.
   const VARIANT& referred = Referred(value);
   return referred.vt == VT_ERROR && referred.scode == DISP_E_PARAMNOTFOUND;
 }
@@ -15,6 +17,7 @@ Variant Converted(const VARIANT& value, VARTYPE type, UINT argument) {
   Variant converted;
   const HRESULT result = ConvertTo(type, Referred(value), converted);
   if (FAILED(result)) {
+    // The only two that callers of Invoke expect of a conversion.
     throw ArgumentError{result == DISP_E_OVERFLOW ? DISP_E_OVERFLOW : DISP_E_TYPEMISMATCH,
                         argument};
   }
@@ -37,6 +40,8 @@ Arguments::Arguments(std::span<const Parameter> parameters, const DISPPARAMS& gi
   }
   for (UINT argument = 0; argument < given.cNamedArgs; ++argument) {
     const DISPID parameter = given.rgdispidNamedArgs[argument];
+    // The identifiers are those that GetIDsOfNames gave out; that of a property's new value is
+    // negative.
     if (parameter < 0 || static_cast<std::size_t>(parameter) >= parameters.size() ||
         bound_[static_cast<std::size_t>(parameter)].value != nullptr) {
       throw ArgumentError{DISP_E_PARAMNOTFOUND, argument};
@@ -61,6 +66,7 @@ const Arguments::Bound& Arguments::At(std::size_t parameter) const {
 TextView Arguments::AsText(std::size_t parameter, Variant& converted) const {
   const Bound& bound = At(parameter);
   const VARIANT& referred = Referred(*bound.value);
+  // Without a copy, as a reply may be long.
   if (referred.vt == VT_BSTR) return ViewOf(referred.bstrVal);
   if (referred.vt == (VT_BSTR | VT_BYREF) && referred.pbstrVal != nullptr) {
     return ViewOf(*referred.pbstrVal);

@@ -64,15 +64,18 @@ RuntimeError ErrorOf(EXCEPINFO& raised) {
     (void)raised.pfnDeferredFillIn(&raised);
     raised.pfnDeferredFillIn = nullptr;
   }
+  // The texts belong to the caller now, and these owners free them.
   Bstr source;
   Bstr description;
   Bstr help_file;
   *source.address() = std::exchange(raised.bstrSource, nullptr);
   *description.address() = std::exchange(raised.bstrDescription, nullptr);
   *help_file.address() = std::exchange(raised.bstrHelpFile, nullptr);
+  // A server fills in one of the two codes.
   RuntimeError error = raised.scode != 0 ? ErrorOf(raised.scode)
                                          : RuntimeError(static_cast<std::int32_t>(raised.wCode),
                                                         DefaultDescription(raised.wCode));
+  // A failure without a number would not be reported.
   if (error.number() == 0) error = RuntimeError(ErrorNumber::kAutomationError);
   if (description.view().empty()) return error;
   return RuntimeError(error.number(), description.view());
@@ -87,6 +90,7 @@ HRESULT ResultOf(const RuntimeError& error) noexcept {
 
 void LeaveErrorInfo(const RuntimeError& error, REFIID interface_id) noexcept {
   ComPtr<ICreateErrorInfo> created;
+  // The caller still gets the result code.
   if (FAILED(::CreateErrorInfo(created.Receive()))) return;
   (void)created->SetGUID(interface_id);
   Bstr source;
@@ -103,6 +107,8 @@ void LeaveErrorInfo(const RuntimeError& error, REFIID interface_id) noexcept {
 
 HRESULT LeaveExcepInfo(const RuntimeError& error, EXCEPINFO* raised, TextView source) noexcept {
   if (raised != nullptr) {
+    // The caller's structure may be uninitialised, and the texts put into it are the caller's to
+    // free.
     *raised = EXCEPINFO{};
     raised->scode = ResultOf(error);
     raised->bstrSource = BstrOrNull(source);

@@ -52,6 +52,7 @@ class ErrorObject final : public DispatchObject {
     if (member < kNumber || member > kRaise) return DISP_E_MEMBERNOTFOUND;
     const UINT count = arguments != nullptr ? arguments->cArgs : 0;
     return Guarded(IID_IDispatch, [&]() -> HRESULT {
+      // A value is put; scripts read values with either of the two flags.
       if ((flags & (DISPATCH_PROPERTYGET | DISPATCH_METHOD)) == 0) {
         if (member >= kLastDllError) return DISP_E_MEMBERNOTFOUND;
         return count == 1 ? Put(member, arguments->rgvarg[0]) : DISP_E_BADPARAMCOUNT;
@@ -86,6 +87,7 @@ class ErrorObject final : public DispatchObject {
   HRESULT Raise(const DISPPARAMS& given, EXCEPINFO* raised) try {
     const Arguments arguments(kRaiseParameters, given);
     const std::int32_t number = arguments.AsInt32(kNumber);
+    // Number 0 is no error, and nothing could be raised.
     if (number == 0) return E_INVALIDARG;
     Describe(number, DefaultDescription(number));
     for (DISPID i = kSource; i <= kHelpContext; ++i) {

@@ -1,4 +1,5 @@
-// Objects differ in how they want to be asked; what each kind refuses stands with the attempt.
+// Calls objects by the names of their members. They differ in how they want to be asked; what each
+// kind refuses stands with the attempt.
 #include "com/late_bound.h"
 
 #include "com/bstr.h"
@@ -57,6 +58,7 @@ std::optional<DISPID> LateBound::Find(TextView member) const {
 HRESULT LateBound::Invoke(DISPID member, WORD flags, DISPPARAMS& arguments, Variant& result,
                           EXCEPINFO& raised) const {
   ComPtr<IDispatchEx> extended;
+  // The user's locale: some objects refuse to know the invariant one.
   HRESULT answer = object_->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &arguments,
                                    result.get(), &raised, nullptr);
   // A script's class instance that is handed over as an object answers through IDispatchEx only.

@@ -1,4 +1,5 @@
-// The conversions leave to the platform what it converts, but not the choice of the locale.
+// Makes variants, and reads and converts their values. The platform converts; the locale is chosen
+// here.
 #include "com/variant.h"
 
 #include <utility>
@@ -32,6 +33,8 @@ HRESULT ConvertTo(VARTYPE type, const VARIANT& value, Variant& converted) {
     }
     source = &Referred(*held.get());
   }
+  // Invariant, so that a decimal point means the same on every machine; truth values become the
+  // words True and False, not -1 and 0.
   // The platform declares its source writable but only reads it.
   return ::VariantChangeTypeEx(converted.get(), const_cast<VARIANT*>(source), LOCALE_INVARIANT,
                                VARIANT_ALPHABOOL, type);
@@ -83,6 +86,7 @@ Variant Variant::OfArray(std::span<Variant> elements) {
   variant.value_.vt = VT_ARRAY | VT_VARIANT;
   LONG place = 0;
   for (Variant& element : elements) {
+    // Which copies the element.
     ThrowIfFailed(::SafeArrayPutElement(variant.value_.parray, &place, element.get()));
     ++place;
   }
@@ -166,6 +170,7 @@ Text ElementText(SAFEARRAY* array, std::int32_t index) {
     throw RuntimeError(ErrorNumber::kSubscriptOutOfRange);
   }
   Variant element;
+  // That of a record, which needs its description, and of a decimal, which covers a whole variant.
   HRESULT result = E_INVALIDARG;
   if (type == VT_VARIANT) {
     result = ::SafeArrayGetElement(array, &place, element.get());

@@ -9,6 +9,7 @@ namespace quill {
 namespace {
 
 void StartGame(frmrcBHDGS& dialog) {
+  // The command stands in a layer above this one, which may not be included here.
   if (dialog.session().start_game != nullptr) dialog.session().start_game(dialog);
 }
 
@@ -72,6 +73,7 @@ void ConnectMouse(ui::Control& control, frmrcBHDGS& dialog, const DialogButton& 
     if (event.button == ui::kLeftButton) ShowState(dialog, button, u"Up");
     button.action(dialog);
   };
+  // No release will come: the look goes back and nothing is done.
   control.on_mouse_lost = [&dialog, &button] { ShowState(dialog, button, u"Up"); };
 }
 

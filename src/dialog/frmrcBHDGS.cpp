@@ -25,6 +25,7 @@ constexpr ui::Twips kClientHeight = 4695;
 constexpr ui::Bounds kPage = {120, 480, 9375, 3255};
 constexpr ui::Twips kListLabelHeight = 195;
 constexpr ui::Twips kLabelGap = 15;
+// Red 236, green 233, blue 216, as 0x00BBGGRR.
 constexpr ui::Colour kFrameColour = 0x00D8E9EC;
 
 ui::Frame& AddFrame(ui::Form& form, Text name, TextView caption, const ui::Bounds& bounds,
@@ -97,6 +98,7 @@ frmrcBHDGS::frmrcBHDGS(Session& session)
                             {4815, 495, 4440, 2010})),
       lblMapCnt(Add<ui::Label>(u"lblMapCnt", &fmeMap, u"Number of Maps: 0")),
       lblWaiting(Add<ui::Label>(u"lblWaiting", &Frame3)),
+      // The icon is one of win32/resources.rc.
       cmdRandomize(Add<ui::CommandButton>(u"cmdRandomize", &fmeMap, TextView(), u"SHUFFLE")),
       Picture1(Add<ui::PictureBox>(u"Picture1", nullptr, kFrameColour)),
       cdSettings(Add<ui::FileDialog>(u"cdSettings", nullptr)),
@@ -120,6 +122,7 @@ frmrcBHDGS::frmrcBHDGS(Session& session)
   for (const Option& option : Options()) AddOption(*this, option);
 
   NumberTabOrder();
+  // Last, so that the initial values above run no handlers.
   Connect();
 }
 
@@ -167,6 +170,8 @@ void frmrcBHDGS::Connect() {
   on_unloaded = [this] {
     if (session_.dialog.get() == this) session_.dialog.reset();
   };
+  // A handler without a trap notes no lines; the place where the failure was raised stands in for
+  // it.
   on_unhandled = [this](const RuntimeError& error, TextView handler) {
     session_.reporter.ReportTrapped(handler, error,
                                     static_cast<std::int32_t>(error.raised_at().line()));
@@ -176,11 +181,14 @@ void frmrcBHDGS::Connect() {
 void frmrcBHDGS::Form_Load() {
   Trapped(session_.reporter, u"FormLoad_ERROR", [&](Line& at) {
     at(), Picture1.persistent_image = true;
+    // It takes its colour from the image that has just been asked for.
     at(), session_.toolkit.HookTabBackground(tsMain, Picture1);
     for (const DialogButton& button : DialogButtons()) at(), BuildButtonFace(*this, button);
     for (const DialogButton& button : DialogButtons()) at(), BuildButtonCaption(*this, button);
     at(), FillNumberLists(*this);
     at(), Get<ui::ComboBox>(u"cboMods").Clear();
+    // Last of all: after a load that failed no game type is known, and the list of available maps
+    // stays empty.
     at(), game_types_ = kGameTypeNames;
   });
 }
@@ -193,7 +201,7 @@ int frmrcBHDGS::GameTypeIndex(TextView name) const noexcept {
 void frmrcBHDGS::tsMain_Click() {
   const TextView chosen = tsMain.text();
   if (chosen != kServerPage && chosen != kMapPage && chosen != kMiscPage) return;
-  // One that cannot be shown or hidden does not keep the others from it.
+  // One page that cannot be shown or hidden does not stop the other two.
   std::exception_ptr failure;
   for (ui::Frame* page : {&fmeServer, &fmeMap, &fmeMisc}) {
     try {
@@ -207,6 +215,7 @@ void frmrcBHDGS::tsMain_Click() {
 
 void frmrcBHDGS::cboMods_Click() {
   const int game_type = GameTypeIndex(txtGametype.text());
+  // Exactly "None" is the game alone. Any other text means Team Sabre, also an empty one.
   const bool standard = Get<ui::ComboBox>(u"cboMods").text() == u"None";
   session_.maps.catalogue = LoadMapCatalogue(standard ? kStandardModFlag : kTeamSabreModFlag);
   SetMaps(static_cast<std::int16_t>(game_type));
@@ -220,6 +229,7 @@ void frmrcBHDGS::SetMaps(std::int16_t Gametype) {
       at(), session_.maps.ForEachOfGameType(Gametype, [&](const KnownMap& map) {
         AddMapRow(lstAvlMaps, map.name, map.file, Gametype);
       });
+      // Here, so that a failure of the native list is reported with this line.
       at(), refill.Finish();
     }
     at(), ShowCount(lstAvlMaps, session_.maps);
@@ -233,6 +243,7 @@ void frmrcBHDGS::ShowRotation(Line& at) {
   const int top = list.TopIndex();
   const int current = list.ListIndex();
   {
+    // A failure at its end is dropped: what is pending is told again when the list is shown below.
     const ui::ListBox::Refill refill(list);
     at(), list.Clear();
     at(), list.SetVisible(false);
@@ -240,6 +251,7 @@ void frmrcBHDGS::ShowRotation(Line& at) {
       at(), AddMapRow(list, map.name, map.file, map.game_type);
     }
     const int count = list.Count();
+    // No row is selected any more, but the keyboard goes on where it was.
     at(), list.SetCurrentRow(std::min(current, count - 1));
     if (count > 0) at(), list.SetTopIndex(std::clamp(count - list.VisibleRows(), 0, top));
   }
@@ -251,6 +263,7 @@ void frmrcBHDGS::ShowRotation(Line& at) {
 void frmrcBHDGS::BuildMapList() {
   Trapped(
       session_.reporter, u"BuildMapList", [&](Line& at) { ShowRotation(at); },
+      // A failure in the middle has left it hidden.
       [&](RuntimeError&) { lstSelMaps.SetVisible(true); });
 }
 
@@ -258,6 +271,7 @@ void frmrcBHDGS::ShowStartWait() noexcept {
   // Nothing depends on it, so a failure is dropped.
   RunEach([&] {
     const int minute = session_.clock.MinuteOfDay();
+    // 10905 for five past nine: behind the first digit the zeros stay.
     const Text digits = Decimal(10000 + minute / 60 * 100 + minute % 60);
     lblWaiting.caption =
         Concat({u"Awaiting reply since ", digits.substr(1, 2), u":", digits.substr(3)});

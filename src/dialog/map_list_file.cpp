@@ -20,6 +20,7 @@ void TakeLine(MapLists& maps, TextView line) {
   if (fields.empty()) return;
   std::optional<SelectedMap> map = FindStoredMap(maps, fields[0], fields[1], fields[2]);
   if (!map) return;
+  // The look-up has taken any truth value; the record's flag is set by "1" alone.
   map->server_map = fields[1] == u"1";
   maps.selected.Append(std::move(*map));
 }
@@ -46,6 +47,7 @@ std::optional<SelectedMap> FindStoredMap(const MapLists& maps, TextView code, Te
 
 std::vector<TextView> FieldsOfMapLine(TextView line) {
   std::vector<TextView> fields;
+  // A line of three fields has a separator behind its third character; most others are not split.
   if (line.find(kSeparator, 2) != TextView::npos) fields = SplitStoredMap(line);
   if (fields.size() != 3) fields.clear();
   return fields;
@@ -75,7 +77,10 @@ void LoadMapList(frmrcBHDGS& dialog) {
           if (!more) break;
           at(), TakeLine(session.maps, line);
         }
+        // Closes the file.
         at(), lines.reset();
+        // A copy: the lines of ShowRotation are another file's, and the report tells one of this
+        // file.
         Line step = at;
         at(), dialog.ShowRotation(step);
         at(), dialog.SetEnabled(true);
@@ -84,6 +89,7 @@ void LoadMapList(frmrcBHDGS& dialog) {
       [&](RuntimeError& error) {
         RunEach([&] { dialog.SetEnabled(true); }, [&] { dialog.pointer = ui::Pointer::kDefault; },
                 [&] { dialog.lstSelMaps.SetVisible(true); });
+        // Its usual wording does not name the file, which the operator may have typed.
         if (error.Is(ErrorNumber::kFileNotFound)) {
           error.AppendToDescription(Concat({u" [", file, u"]"}));
         }

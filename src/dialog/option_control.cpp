@@ -39,6 +39,7 @@ void ConnectLabel(ui::Label& label, ui::Control& box) {
   label.on_mouse_lost = [pressed] { *pressed = false; };
   label.on_mouse_up = [pressed, &label, &box](const ui::MouseEvent& event) {
     if (event.button != ui::kLeftButton || !std::exchange(*pressed, false)) return;
+    // Releasing the button elsewhere takes the press back, as it does on the box itself.
     const bool inside = event.x >= 0 && event.x < label.bounds().width && event.y >= 0 &&
                         event.y < label.bounds().height;
     if (inside) box.Happened(ui::Clicked{});
@@ -67,6 +68,7 @@ ui::Control& AddControl(ui::Form& form, ui::Control& frame, const Option& option
     case ui::ControlKind::kComboBox:
       return form.Add<ui::ComboBox>(key, &frame);
     default:
+      // No row of the table has another kind.
       throw RuntimeError(ErrorNumber::kInternalError);
   }
 }
@@ -102,6 +104,7 @@ bool HasNumberValue(const ui::Control& control) noexcept {
          control.kind() == ui::ControlKind::kListBox;
 }
 
+// A control of another kind ends in std::bad_cast, which a trap reports as an internal error.
 TextView TextValue(const ui::Control& control) {
   if (const auto* box = dynamic_cast<const ui::TextBox*>(&control)) return box->text();
   return dynamic_cast<const ui::ComboBox&>(control).text();

@@ -27,6 +27,12 @@ constexpr Twips kPingIndent = 240;
 constexpr std::array<TextView, 2> kSessions = {u"Tiodioksi", u"LAN IP"};
 constexpr std::array<TextView, 4> kDelays = {u"No Delay", u"1 Minute", u"2 Minutes", u"3 Minutes"};
 
+// Tooltips are texts of their own. Where one tells another limit, max_length and the list hold.
+// The payload and the reply are two formats with fields of their own. That is why lstRespawn and
+// lstTime travel as their position one way and as one more the other way, and why lstKills and
+// lstScore share a field of the reply.
+// A fixed value has two substitutes, which differ for lstMax alone: 16 where a reply has no fixed
+// values, 17 where its field is no number.
 // clang-format off
 constexpr Option kOptions[] = {
     {.key = u"txtMessage", .kind = kTextBox, .label = u"Host Message:",

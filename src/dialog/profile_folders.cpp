@@ -1,4 +1,4 @@
-// Building the folders, and what the file dialog is told.
+// Makes the profile's folders and asks the operator for a file in them.
 #include "dialog/profile_folders.h"
 
 #include <utility>
@@ -8,7 +8,8 @@
 namespace quill {
 namespace {
 
-// Flags of the platform's file dialog.
+// Flags of the platform's file dialog, none of which asks before an existing file is written.
+// kNoLongNames has no effect on a dialog in the explorer style.
 constexpr std::uint32_t kHideReadOnly = 0x4;
 constexpr std::uint32_t kAllowMultiselect = 0x200;
 constexpr std::uint32_t kPathMustExist = 0x800;
@@ -29,6 +30,7 @@ ui::FileDialog& Prepare(frmrcBHDGS& dialog, TextView title, TextView filter) {
       .title = Text(title),
       .initial_folder = SettingsFolder(dialog.session()),
       .filter = Text(filter),
+      // Or the last answer would be proposed.
       .file_name = {},
       .flags = kHideReadOnly | kAllowMultiselect | kPathMustExist | kNoLongNames | kExplorer};
   return question;

@@ -31,6 +31,8 @@ void ShowLimitMessage(frmrcBHDGS& dialog) {
 void AddAvailableRow(frmrcBHDGS& dialog, int row) {
   MapLists& maps = dialog.session().maps;
   MapEntry entry = SplitMapEntry(dialog.lstAvlMaps.Item(row));
+  // By the name alone: a map of the catalogue counts as the server's when the server has one so
+  // named.
   const bool server_map = maps.server.HasName(entry.name);
   maps.selected.Append({.name = std::move(entry.name),
                         .file = std::move(entry.file),
@@ -62,6 +64,7 @@ void lstAvlMaps_DblClick(frmrcBHDGS& dialog) {
   Trapped(dialog.session().reporter, u"lstAvlMapsDblClick", [&](Line& at) {
     if (IsFull(dialog)) return at(), ShowLimitMessage(dialog);
     const int row = dialog.lstAvlMaps.ListIndex();
+    // A double click below the last row.
     if (row < 0) return;
     at(), AddAvailableRow(dialog, row);
     at(), ShowAddedMaps(dialog);
@@ -72,6 +75,7 @@ void lstAvlMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
   // The maps that were added before a failure stay, and are to be seen.
   const auto show_added = [&](RuntimeError&) {
     if (dialog.lstSelMaps.Count() == dialog.session().maps.selected.Count()) return;
+    // The report tells the line where adding failed.
     Line unused(std::source_location::current());
     RunEach([&] { dialog.ShowRotation(unused); }, [&] { dialog.lstSelMaps.SetVisible(true); });
   };
@@ -81,12 +85,14 @@ void lstAvlMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
     const int before = dialog.session().maps.selected.Count();
     for (int row = 0; row < dialog.lstAvlMaps.Count(); ++row) {
       if (dialog.lstAvlMaps.IsSelected(row)) at(), AddAvailableRow(dialog, row);
+      // As soon as the last map that fits is in, whether or not further rows are selected.
       if (IsFull(dialog)) {
         at(), ShowLimitMessage(dialog);
         break;
       }
     }
     const bool added = dialog.session().maps.selected.Count() != before;
+    // Without a new map the list stays where it is.
     at(), added ? ShowAddedMaps(dialog) : dialog.BuildMapList();
   };
   Trapped(dialog.session().reporter, u"lstAvlMaps_KeyPress", add, show_added);
@@ -95,6 +101,7 @@ void lstAvlMaps_KeyPress(frmrcBHDGS& dialog, char16_t key) {
 void lstSelMaps_DblClick(frmrcBHDGS& dialog) {
   Trapped(dialog.session().reporter, u"lstSelMapsDblClick", [&](Line& at) {
     const int current = dialog.lstSelMaps.ListIndex();
+    // Without a current row nothing is marked, and the list is only refreshed.
     const std::vector<bool> marked = MapsOf(dialog, [&](int row) { return row == current; });
     at(), dialog.session().maps.selected.Reorder(OrderAfter(RowMove::kOut, marked));
     at(), dialog.BuildMapList();
@@ -122,6 +129,7 @@ void lstSelMaps_Click(frmrcBHDGS& dialog) {
 // Moves the selected rows, and leaves them selected.
 template <RowMove move>
 void MoveSelected(frmrcBHDGS& dialog, ui::ListBox& list) {
+  // What the keys do; the menu's items are reported under the same label.
   Trapped(dialog.session().reporter, u"lstSelMaps_KeyDown", [&](Line& at) {
     std::vector<bool> moved;
     at(), moved = SelectedMaps(dialog);
@@ -142,7 +150,7 @@ void MoveSelected(frmrcBHDGS& dialog, ui::ListBox& list) {
   });
 }
 
-// One change of the rotation back, or forth again.
+// Undoes or redoes one change of the rotation.
 template <bool (RotationHistory::*step)(SelectedMapList&)>
 void StepRotation(frmrcBHDGS& dialog, ui::ListBox&) {
   Trapped(dialog.session().reporter, u"lstSelMaps_KeyDown", [&](Line& at) {
@@ -214,6 +222,7 @@ bool CanSelectMore(const frmrcBHDGS&, const ui::ListBox& list) {
 
 void SelectAll(frmrcBHDGS&, ui::ListBox& list) {
   ui::ListBox::Refill refill(list);
+  // The native list is told once, not row by row.
   for (int row = 0; row < list.Count(); ++row) list.SetSelected(row, true);
   refill.Finish();
 }
@@ -249,6 +258,8 @@ void SetMenuOf(ui::ListBox& list, frmrcBHDGS& dialog, Place place) {
                     [&, applies] { return applies && row.is_usable(dialog, list); },
                     [&] { row.choose(dialog, list); }});
   }
+  // The items refer to the rows, which are constants, and to the list and the dialog, which own
+  // them.
   list.menu = std::move(menu);
 }
 

@@ -1,6 +1,5 @@
 // Saving and loading host settings, step by step. Saving writes key by key and removes nothing, so
-// that a later load could read back more than was saved: a file of which that is so makes way
-// first.
+// that a later load could read back more than was saved: such a file is set aside first.
 #include "dialog/settings_file.h"
 
 #include <algorithm>
@@ -127,6 +126,7 @@ Notice ResultOf(FileSystem& files, TextView file) {
 void TakeMap(MapLists& maps, TextView value, Text& missing) {
   const std::vector<TextView> fields = SplitStoredMap(value);
   if (fields.size() < 3) throw RuntimeError(ErrorNumber::kSubscriptOutOfRange);
+  // Of four fields the third is not used.
   const TextView file = TrimBlanks(fields[fields.size() == 4 ? 3 : 2]);
   if (auto map = FindStoredMap(maps, fields[0], fields[1], file)) {
     maps.selected.Append(std::move(*map));
@@ -158,11 +158,13 @@ void SaveSettings(frmrcBHDGS& dialog) {
         at(), file = AskForFileToSave(dialog, u"Save Host Settings", kFilter);
         if (file.empty() || dialog.unloaded()) return;
 
+        // What the operator sees is saved: as many maps as the list has rows.
         const int map_count = dialog.lstSelMaps.Count();
         bool outlives = false;
         at(), outlives =
                   session.files.FileExists(file) && WouldOutliveSaving(dialog, file, map_count);
         if (outlives) {
+          // In a variable of its own first: set_aside tells that the renaming was done.
           Text name;
           at(), name = FreeBackupName(session.files, file);
           at(), session.files.RenameFile(file, name);
@@ -174,6 +176,7 @@ void SaveSettings(frmrcBHDGS& dialog) {
         }
         for (int n = 0; n < map_count; ++n) {
           Text value;
+          // For the report, which names the map that the rotation does not have.
           map_being_read = n;
           at(), value = StoredMapText(session.maps.selected.At(n + 1));
           map_being_read = kNoMap;
@@ -181,10 +184,12 @@ void SaveSettings(frmrcBHDGS& dialog) {
         }
         Notice result{};
         at(), result = ResultOf(session.files, file);
+        // A kit may fail to write without saying so.
         if (result.kind == MessageKind::kFailed) at(), bring_back();
         at(), session.reporter.Show(result.kind, result.text);
       },
       [&](RuntimeError& error) {
+        // Nothing worth keeping has been written in its place.
         if (!begun || ResultOf(session.files, file).kind == MessageKind::kFailed) bring_back();
         if (map_being_read == kNoMap || !error.Is(ErrorNumber::kInvalidProcedureCall)) return;
         error.AppendToDescription(Concat({u" [", Decimal(map_being_read), u"]"}));
@@ -214,6 +219,8 @@ void LoadSettings(frmrcBHDGS& dialog) {
           at(), entry = section->element(i);
           IniEntry parsed;
           at(), parsed = session.kit().ParseIniKey(entry);
+          // Any control with a value may be named, not only an option. The value of cboMods
+          // rebuilds the catalogue at once, and the maps that follow are looked up in that one.
           ui::Control* const control = (at(), dialog.Find(ControlNameOf(parsed.key)));
           if (control != nullptr) at(), SetPrintedValue(*control, parsed.value);
           if (!entry.starts_with(kMapKey)) continue;
@@ -224,6 +231,7 @@ void LoadSettings(frmrcBHDGS& dialog) {
         at(), dialog.BuildMapList();
         at(), dialog.pointer = ui::Pointer::kDefault;
         if (missing.empty()) return;
+        // Not by the reporter: the box has the title of one that is given none, and is no report.
         at(), session.toolkit.ShowMessage(
                   kDefaultTitle, Concat({u"The following map files do not appear to exist: ",
                                          kLineBreak, kLineBreak, missing}));

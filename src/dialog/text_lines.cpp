@@ -1,4 +1,4 @@
-// Bytes become units, and units become lines.
+// Reads the lines of a text file: its bytes become units, and the units lines.
 #include "dialog/text_lines.h"
 
 #include <span>

@@ -16,13 +16,15 @@ using ui::ControlKind;
   throw RuntimeError(ErrorNumber::kInvalidProcedureCall, Concat(reason));
 }
 
+// A field of one line takes no more than that from the clipboard, whose texts end with a zero.
 TextView FirstLine(TextView text) {
   return text.substr(0, text.find_first_of(TextView(u"\r\n\0", 3)));
 }
 
 }  // namespace
 
-// One gesture at one control: made sure that it is possible, and the form kept while it lasts.
+// One gesture at one control. It makes sure that the gesture is possible, and keeps the form while
+// it lasts.
 class HeadlessOperator::Gesture {
  public:
   Gesture(const HeadlessOperator& hand, ui::Control& control,
@@ -91,6 +93,7 @@ ui::Control& HeadlessOperator::Find(TextView name) const {
 }
 
 void HeadlessOperator::Edit(const Gesture& gesture, Text text, std::size_t from) {
+  // For each character anew: handling the one before may have closed the dialog.
   gesture.CheckPossible();
   if (gesture.mirror().Property(u"locked") == u"true") return;
   gesture.mirror().ChangeText(text);
@@ -130,6 +133,7 @@ void HeadlessOperator::EraseLast(TextView name, int count) {
   for (; count > 0; --count) {
     const Text text = gesture.text();
     if (text.empty()) return;
+    // The insertion point is at the end, and nothing is selected.
     Edit(gesture, text.substr(0, text.size() - 1), text.size());
   }
 }
@@ -156,6 +160,7 @@ void HeadlessOperator::ScrollTo(TextView name, int row) {
   const Gesture gesture(*this, Find(name), {ControlKind::kListBox});
   const int last_top = std::max(gesture.RowCount() - gesture.list().VisibleRows(), 0);
   const int top = std::clamp(row, 0, last_top);
+  // A native list tells nothing then.
   if (top == gesture.mirror().top_row()) return;
   gesture.mirror().ChangeTopRow(top);
   gesture.Report(ui::ScrolledTo{top});
@@ -188,6 +193,7 @@ void HeadlessOperator::SelectRows(TextView name, const std::vector<int>& rows) {
     Refuse({u"'", name, u"' takes one row at a time"});
   }
   ui::RowsSelected fact{rows, rows.empty() ? gesture.mirror().current() : rows.back()};
+  // As a native list tells them; the row that was clicked last stays the current one.
   std::ranges::sort(fact.rows);
   fact.rows.erase(std::ranges::unique(fact.rows).begin(), fact.rows.end());
   gesture.mirror().ChangeSelection(fact.rows, fact.current);
@@ -198,6 +204,7 @@ void HeadlessOperator::DoubleClickRow(TextView name, int row) {
   const Gesture gesture(*this, Find(name), {ControlKind::kListBox});
   if (row != -1) {
     ClickRow(name, row);
+    // The first of the two clicks may have closed the dialog or opened a box.
     gesture.CheckPossible();
   }
   gesture.Report(ui::RowDoubleClicked{row});
@@ -232,6 +239,7 @@ void HeadlessOperator::Strike(TextView name, ui::KeyStroke stroke, int times) {
   const Gesture gesture(*this, Find(name),
                         {ControlKind::kListBox, ControlKind::kTextBox, ControlKind::kImage,
                          ControlKind::kCommandButton, ControlKind::kCheckBox});
+  // Keys go to the control that has the focus.
   gesture.Report(ui::FocusTaken{});
   for (int time = 0; time < times; ++time) gesture.Report(ui::KeyStruck{stroke, time > 0});
 }
@@ -241,6 +249,7 @@ void HeadlessOperator::ChooseFromMenu(TextView name, int row, TextView caption) 
   if (row != -1) gesture.CheckRow(row);
   toolkit_.menu_choice = caption;
   gesture.Report(ui::MenuAsked{0, 0, row});
+  // The toolkit's list of the menu has a grey item in parentheses.
   const Text usable = Concat({caption, u" | "});
   const bool is_there = std::ranges::any_of(
       toolkit_.menu(), [&](const Text& item) { return item.starts_with(usable); });

@@ -26,6 +26,7 @@ class HeadlessPicture final : public ui::Picture {
 bool BeginsAsGif(ByteReader& reader) {
   std::array<char, 6> bytes{};
   std::size_t filled = 0;
+  // A reader may give fewer bytes than there are.
   while (filled < bytes.size()) {
     const std::size_t read = reader.Read(std::span(bytes).subspan(filled));
     if (read == 0) return false;
@@ -37,6 +38,8 @@ bool BeginsAsGif(ByteReader& reader) {
 
 }  // namespace
 
+// While a box is open. What the operator still holds when it closes comes to the dialog as a
+// release, which the model has to know for what it is.
 struct HeadlessToolkit::OpenBox {
   ~OpenBox() {
     --count;
@@ -52,6 +55,7 @@ HeadlessToolkit::~HeadlessToolkit() {
 
 void HeadlessToolkit::Called(std::initializer_list<TextView> call) const {
   const SparedAllocations spared;
+  // May throw, which stands for a call of the platform that fails.
   if (before_call) before_call(Concat(call));
 }
 
@@ -82,6 +86,7 @@ const ui::PictureBox* HeadlessToolkit::TabBackgroundOf(const ui::TabStrip& strip
 void HeadlessToolkit::ShowMessage(TextView caption, TextView text) {
   const SparedAllocations spared;
   Called({u"ShowMessage ", caption});
+  // A copy of its own: the script may take the messages away while the box is open.
   const ShownMessage message{Text(caption), VisibleText(text)};
   messages_.push_back(message);
   const OpenBox open{*this, ++(ModalForm() != nullptr ? owned_boxes_ : ownerless_boxes_)};
@@ -108,6 +113,7 @@ std::vector<Text> HeadlessToolkit::ShowFileDialog(ui::Form&, const ui::FileDialo
   const SparedAllocations spared;
   Called({u"ShowFileDialog ", request.title});
   file_dialogs_.push_back(request);
+  // Taken first: an answer that is given while this dialog is open is for the next one.
   std::vector<Text> answer;
   if (!answers_.empty()) {
     answer = std::move(answers_.front());
@@ -139,6 +145,7 @@ void HeadlessToolkit::SetScreenPointer(ui::Pointer pointer) {
 }
 
 void HeadlessToolkit::RunModal(ui::Form& form) {
+  // No event is being handled: a native message loop would have run the tasks by now.
   if (IsIdle()) RunDeferred();
 
   Display display{&form};
@@ -146,15 +153,18 @@ void HeadlessToolkit::RunModal(ui::Form& form) {
     const SparedAllocations spared;
     displays_.push_back(&display);
   }
+  // Also when the call below fails.
   const struct Left {
     ~Left() { displays.pop_back(); }
     std::vector<Display*>& displays;
   } left{displays_};
   Called({u"RunModal ", form.name()});
+  // In an inner one an event of the outer one is still being handled, which tasks have to wait for.
   const bool is_outermost = displays_.size() == 1 && owned_boxes_ + ownerless_boxes_ == 0;
   while (!display.ended) {
     const bool goes_on = pump && pump();
     if (is_outermost) RunDeferred();
+    // The script has ended, and nobody else would end the display.
     if (!goes_on && !display.ended) form.Hide();
   }
 }
@@ -164,6 +174,7 @@ void HeadlessToolkit::EndModal(ui::Form& form) {
   const auto shows = [&](const Display* display) {
     return display->form == &form && !display->ended;
   };
+  // A form may be shown again from inside its own display, which has then ended but not returned.
   const auto innermost = std::find_if(displays_.rbegin(), displays_.rend(), shows);
   if (innermost != displays_.rend()) (*innermost)->ended = true;
 }

@@ -47,6 +47,7 @@ Text NormalPath(TextView path) {
       }
       normal = name;
     } else if (!name.empty()) {
+      // Windows takes dots and blanks off the end of a name, which then means another file.
       if (name.back() == u'.' || name.back() == u' ' ||
           !std::ranges::all_of(name, IsAllowedInNames)) {
         throw RuntimeError(
@@ -65,6 +66,7 @@ Text KeyOf(TextView path) {
 }
 
 TextView FolderOf(TextView path) {
+  // Separators at the end do not count: what lies before them is the last name.
   const std::size_t name_end = path.find_last_not_of(u"\\/") + 1;
   return path.substr(0, std::min(path.substr(0, name_end).find_last_of(u"\\/"), path.size()));
 }
@@ -164,6 +166,7 @@ void MemoryFileSystem::AppendContents(TextView path, std::string_view bytes) {
   Node& node = FileForWriting(path);
   std::string whole = *node.bytes;
   whole += bytes;
+  // New bytes in place of the old ones, which an open reader may still be reading.
   node.bytes = std::make_shared<const std::string>(std::move(whole));
 }
 

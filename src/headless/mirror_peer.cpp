@@ -92,6 +92,7 @@ MirrorPeer::MirrorPeer(ui::Control& control, std::function<void(const ui::Contro
 
 MirrorPeer::~MirrorPeer() {
   LeaveContainer();
+  // They may live longer, and must not look for this one.
   for (MirrorPeer* left_behind : stacked_) left_behind->container_ = nullptr;
 }
 
@@ -110,6 +111,8 @@ void MirrorPeer::TakeRows(Changes changes) {
   const auto& shown = selector_->rows();
   if (changes.Has(Changes::kRows)) rows_.clear();
   if (changes.Has(Changes::kRows | Changes::kRowsAdded)) {
+    // Rows that are known already are not taken again, as a native list would not be given them
+    // again.
     for (std::size_t row = rows_.size(); row < shown.size(); ++row, ++rows_taken_) {
       rows_.push_back({shown[row].text, shown[row].data});
     }
@@ -150,6 +153,7 @@ TextView MirrorPeer::StaleSide() const {
   for (std::size_t at = 0; at < properties_.size(); ++at) {
     if (properties_[at] != kProperties[at].read(control_)) return kProperties[at].name;
   }
+  // A hidden list tells its rows when it is shown.
   const bool held_back = control_.kind() == ControlKind::kListBox && !control_.visible();
   if (selector_ != nullptr && !held_back) {
     if (selector_->rows().size() != rows_.size()) return u"rows";
@@ -167,6 +171,7 @@ TextView MirrorPeer::StaleSide() const {
 bool MirrorPeer::StacksLikeControl() const {
   std::size_t place = 0;
   for (const ui::Control* child : control_.children()) {
+    // The file dialog.
     if (child->peer() == nullptr) continue;
     if (place == stacked_.size() || &stacked_[place]->control_ != child) return false;
     ++place;
@@ -200,6 +205,7 @@ std::optional<Text> MirrorPeer::Property(TextView name) const {
   }
   if (name == u"container") return container_ != nullptr ? container_->control_.name() : Text();
   if (name == u"bounds") {
+    // For a list box "top" is the first visible row, so the place is read as such.
     return Concat({*Property(u"left"), u",", *Held(u"top"), u",", *Property(u"width"), u",",
                    *Property(u"height")});
   }
@@ -241,6 +247,7 @@ std::optional<Text> MirrorPeer::RowProperty(TextView name) const {
   }
   const bool is_data = name.starts_with(u"data ");
   const TextView number = name.substr(std::min<std::size_t>(5, name.size()));
+  // Nine digits are always a number of 32 bits.
   if ((!is_data && !name.starts_with(u"item ")) || number.size() > 9 ||
       number.find_first_not_of(u"0123456789") != TextView::npos || number.empty()) {
     return std::nullopt;

@@ -10,6 +10,9 @@ namespace {
 constexpr bool kSabre = true;
 constexpr bool kBoth = false;
 
+// Within a game type Team Sabre's own maps come first. Leaving them out gives the standard
+// catalogue in its order. Odd rows are the game's: a map named by its file, a file without a letter
+// for its variant, pairs of maps that share a name.
 constexpr std::array<KnownMap, 185> kRows = {{
     // Deathmatch
     {u"Crude City Conflict", u"DMR_01A.BMS", u'0', kSabre},

@@ -1,4 +1,4 @@
-// Steps are kept as the rows in which two rotations differ.
+// Undo and redo of the rotation. A step is kept as the rows in which two rotations differ.
 #include "maps/rotation_history.h"
 
 #include <algorithm>
@@ -33,6 +33,7 @@ void RotationHistory::Note(const SelectedMapList& rotation) noexcept {
     noted_ = std::move(next);
     is_known_ = true;
   } catch (...) {
+    // A step that is missing would make those before it change the wrong rows.
     Forget();
     is_known_ = false;
     return;
@@ -44,6 +45,7 @@ void RotationHistory::Note(const SelectedMapList& rotation) noexcept {
 bool RotationHistory::Step(SelectedMapList& rotation, std::vector<Change>& from,
                            std::vector<Change>& to) {
   if (from.empty()) return false;
+  // Everything that takes memory comes before the first change.
   const Change& change = from.back();
   const auto first = noted_.begin() + static_cast<std::ptrdiff_t>(change.first);
   const auto last = first + static_cast<std::ptrdiff_t>(change.count);

@@ -1,4 +1,4 @@
-// Where the rows of a list go that are moved or taken out.
+// The rotation, and where its rows go when they are moved or taken out.
 #include "maps/selected_map_list.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Each entry is decoded and taken apart where it stays.
+// Reads the remote machine's maps. Each entry is decoded and taken apart where it stays.
 #include "maps/server_map_list.h"
 
 #include <algorithm>
@@ -23,7 +23,9 @@ void ServerMapList::AppendEntry(TextView entry) {
 }
 
 void ServerMapList::AppendField(TextView field, const CodePage& page) {
+  // Characters; a guess for reserving, on which only time and memory depend.
   constexpr std::size_t kUsualEntry = 32;
+  // For the whole field: entries that have been taken must not move.
   char16_t* room = MakeRoom(Dec64Room(field.size()));
   maps_.reserve(maps_.size() + field.size() / kUsualEntry);
   PieceCursor entries(field, kListSeparator);
@@ -55,6 +57,7 @@ const ServerMapList::Index& ServerMapList::FullIndex() const {
   if (index_.names.empty()) {
     Index index;
     for (const KnownMap& map : maps_) {
+      // Of equal maps the first one stays, as a walk through the list would find it.
       index.by_file.try_emplace({map.file.data(), map.file.size() + 1}, &map);
       index.names.insert(map.name);
     }

@@ -1,4 +1,4 @@
-// Drawing one row after the other.
+// Shuffles a rotation by drawing one row after the other.
 #include "maps/shuffle.h"
 
 #include <cmath>
@@ -18,6 +18,7 @@ std::vector<SelectedMap> Shuffled(const std::vector<SelectedMap>& maps,
     const double r = draw();
     const auto remaining = static_cast<double>(left.size());
     const double index = std::floor(r * remaining + 1.0);
+    // Asked this way round, it also refuses a draw that is not a number.
     if (!(index >= 1.0 && index <= remaining)) {
       throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
     }

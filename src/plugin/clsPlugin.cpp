@@ -13,6 +13,7 @@
 namespace quill {
 
 clsPlugin::clsPlugin(mdlBHDGS& module) : module_(module) {
+  // Not when the library is loaded: COM objects must not be created under the loader's lock.
   module_.SubMain();
 }
 
@@ -29,6 +30,7 @@ void clsPlugin::SetPrivis(std::shared_ptr<HostCollection> NameCol,
   Trapped(module_.reporter, u"SetPrivis", [&](Line& at) {
     at(), module_.NameCol = NameCol;
     at(), module_.ValCol = std::move(ValCol);
+    // For every operator: whichever call comes first creates the dialog.
     const DialogInUse dialog((at(), module_));
     if (IsSuperAdmin) return;
     if (at(), !NameCol) throw RuntimeError(ErrorNumber::kObjectNotSet);
@@ -43,6 +45,7 @@ void clsPlugin::LoadInterface(std::int32_t Index, std::int32_t, const HostArray&
       [&](Line& at) {
         at(), session.Index = Index;
         at(), session.TargetId = PDAT.ElementText(1);
+        // Only the model: a dialog that exists shows its rows until the next refresh.
         at(), session.maps.selected.Clear();
         const DialogInUse dialog((at(), session));
         // In a dialog that is still shown the former rotation can be brought back.

@@ -27,6 +27,7 @@ void mdlBHDGS::SubMain() {
   Trapped(reporter, u"SubMain", [&](Line& at) {
     at(), HostRoot = ResolveHostRoot(paths_);
     at(), file_kit = services_.CreateFileKit();
+    // Only held: no member of it is called.
     at(), memory_kit = services_.CreateMemoryKit();
   });
 }

@@ -21,6 +21,7 @@ bool IsGranted(const std::optional<HostItem>& item) {
   if (!item) return false;
   switch (item->kind) {
     case HostItem::Kind::kText:
+      // Exactly this text withholds a right; "00" or a blank grants it.
       return item->text != u"0";
     case HostItem::Kind::kNumber:
       return item->number != 0;
@@ -37,6 +38,7 @@ std::span<const OperatorRight> OperatorRights() noexcept {
 }
 
 void ApplyOperatorRights(HostCollection& granted, frmrcBHDGS& dialog) {
+  // A host that knows no rights withholds none.
   if (granted.Count() < 1) return;
   for (const OperatorRight& right : kRights) {
     const bool may_change = IsGranted(granted.Find(right.name));

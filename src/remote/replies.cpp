@@ -36,7 +36,8 @@ void RepairFixedValues(ReplyFields& fields) {
   }
 }
 
-// What an option gets that the operator may be forbidden to change.
+// What an option gets: its own field while the operator may change it, else its fixed value.
+// Numbers of a reply have 16 bits.
 int NumberFor(const ui::Control& control, const Option& option, const ReplyFields& fields) {
   const bool own = control.enabled() || option.fixed.field < 0;
   if (!own && !HasFixedValues(fields)) return option.fixed.without;
@@ -68,6 +69,7 @@ void FillOption(frmrcBHDGS& dialog, const Option& option, const ReplyFields& fie
       for (TextView item; items.Next(item);) {
         if (!IsBlank(item)) list.AddItem(item);
       }
+      // Choosing one rebuilds the catalogue and fills the available maps. An empty list fails here.
       if (list.enabled() || !HasFixedValues(fields)) return list.SetListIndex(0);
       return list.SetText(KnownModName(fields[option.fixed.field]));
     }
@@ -83,11 +85,13 @@ void FillOption(frmrcBHDGS& dialog, const Option& option, const ReplyFields& fie
 void HandleGameSettingsReply(Session& session, TextView data, ReplyFields& fields, Line& at) {
   at(), fields.Assign(DecodeFrame(data, session.kit()));
   const DialogInUse dialog((at(), session));
+  // Before the options: choosing the mod lists these maps together with the catalogue's.
   at(), session.maps.server.Clear();
   at(), session.maps.server.AppendField(fields[25], session.code_page);
   if (HasFixedValues(fields)) at(), RepairFixedValues(fields);
   // Setting an option can start what follows from it, so the order counts.
   for (const Option& option : Options()) at(), FillOption(*dialog, option, fields);
+  // After every reply, whatever its field and its fixed value say.
   at(), dialog->Get<ui::CheckBox>(u"chkWindow").SetValue(1);
   at(), dialog->pointer = ui::Pointer::kDefault;
 }
@@ -97,10 +101,11 @@ void HandleStartReply(Session& session, TextView data, Line& at) {
   if (at(), ToInt32(data) == 0) {
     session.reporter.Show(MessageKind::kFailed, u"Failed to initialize game process!");
   }
+  // Asked anew: while the message was open the host may have closed the dialog.
   if (frmrcBHDGS* const dialog = session.dialog.get()) at(), dialog->Unload();
 }
 
-// Two telling fields of the reply.
+// Adds two fields to the report: the reply's windowed flag and the fixed value of it.
 void ExplainTypeMismatch(RuntimeError& error, const ReplyFields& fields) {
   if (!error.Is(ErrorNumber::kTypeMismatch)) return;
   error.AppendToDescription(
@@ -135,6 +140,7 @@ void ReplyFields::RepairNumber(int number, TextView value) {
 
 void TakeReply(Session& session, TextView data) {
   Text reply;
+  // Out here, because the report of a failure reads them.
   ReplyFields fields;
   Trapped(
       session.reporter, u"RemoteData",

@@ -42,6 +42,8 @@ void WriteRequest(Session& session, const RemoteCommand& command, TextView envel
   const Text path = RequestPath(session.HostRoot, command);
   const Text folder = Concat({session.HostRoot, kRequestFolder});
   if (!session.files.FolderExists(folder)) session.files.MakeFolder(folder);
+  // Made anew: whatever the kit does with a file that is there, nothing of an earlier request
+  // stays.
   if (session.files.FileExists(path)) session.files.RemoveFile(path);
   session.files.MakeEmptyFile(path);
   session.kit().WriteFile(path, envelope);

@@ -13,6 +13,7 @@
 namespace quill {
 namespace {
 
+// Part of every start; the remote side defines what the bits mean.
 constexpr std::int32_t kAlwaysSetFlags = 0x3802;
 
 constexpr int kFieldCount = 26;
@@ -77,6 +78,7 @@ Text StartPayload(const frmrcBHDGS& dialog, std::int32_t flags) {
         options, [&](const Option& each) { return each.payload.number == number; });
     if (option != options.end()) AppendField(payload, dialog, *option);
   }
+  // The map list follows in the last field, which is the mod's.
   payload += u'|';
   AppendMapList(payload, dialog.session());
   return payload;
@@ -92,10 +94,12 @@ void StartGame(frmrcBHDGS& dialog) {
     };
     const auto refuse = [&](TextView why) { reporter.Show(MessageKind::kError, why); };
 
+    // In this order: what is repaired before a check that fails stays repaired.
     if (at(), text_box(u"txtName").text().empty()) return refuse(u"Server Name is empty!");
     if (at(), dialog.lstSelMaps.Count() == 0) return refuse(u"You haven't selected any maps!");
 
     ui::TextBox& min_ping = (at(), text_box(u"txtMinPing"));
+    // A text that is no number ends in a report here, while the other two fields have messages.
     if (at(), min_ping.text().empty() || ToInt32(min_ping.text()) > kHighestPing) {
       min_ping.SetText(u"0");
     }
@@ -108,11 +112,15 @@ void StartGame(frmrcBHDGS& dialog) {
 
     const std::int32_t flags = (at(), OptionFlags(dialog));
     auto& time = (at(), dialog.Get<ui::ListBox>(u"lstTime"));
+    // Of all lists only this one is never sent without a choice.
     if (at(), time.ListIndex() < 0) time.SetListIndex(0);
     auto& loop = (at(), dialog.Get<ui::CheckBox>(u"chkLoop"));
+    // A settings file may have set the greyed state.
     if (at(), loop.value() == 2) loop.SetValue(1);
 
     const Text payload = (at(), StartPayload(dialog, flags));
+    // Compressed before anything is set: when the kit fails, no pointer stays busy and no answer
+    // to a start is awaited.
     const Text frame = (at(), EncodeFrame(payload, session.kit()));
     // Reports and the host's kit let host calls in; a dialog that they have closed starts nothing.
     if (dialog.unloaded()) return;

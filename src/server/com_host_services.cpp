@@ -34,6 +34,7 @@ Variant Call(const LateBound& kit, TextView operation, const Arguments&... argum
   return kit.Call(operation, {&static_cast<const Variant&>(arguments)...});
 }
 
+// Which arguments go by reference is part of the contract with the host.
 class ComFileKit final : public FileKit {
  public:
   explicit ComFileKit(LateBound kit) : kit_(std::move(kit)) {}
@@ -106,6 +107,7 @@ class ComFileKit final : public FileKit {
                           Variant::OfText(report.reserved), Variant::OfInt32(report.line)};
     Variant array = Variant::OfArray(elements);
     const Variant argument = Variant::ByReference(&array.get()->parray);
+    // A null has no truth value and fails here, which the reporter takes as not sent.
     return TruthOf(*Call(kit_, u"SendErrorReport", argument).get());
   }
 

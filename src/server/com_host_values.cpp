@@ -1,4 +1,5 @@
-// Hosts write their collections in many ways; each is asked in the way that changes nothing in it.
+// Reads the host's arrays and collections. Hosts write collections in many ways; each is asked in
+// the way that changes nothing in it.
 #include "server/com_host_values.h"
 
 #include <algorithm>
@@ -157,6 +158,7 @@ class ComHostCollection final : public HostCollection {
   [[nodiscard]] bool NothingIsAnItem(TextView key) {
     if (const auto keys = Enumerated(collection_.object()); keys && Spelling(*keys, key))
       return true;
+    // Where the look-up of a key that nobody has fails, an answer is an item.
     return !Item(Concat({key, u"?"}));
   }
 

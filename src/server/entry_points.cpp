@@ -28,6 +28,7 @@ STDAPI DllGetClassObject(REFCLSID class_id, REFIID wanted, void** object) {
 STDAPI DllCanUnloadNow() {
   const HRESULT ready =
       Guarded(IID_IUnknown, [] { return Library::Get().ReadyToUnload() ? S_OK : S_FALSE; });
+  // COM knows these two answers; a failure to find out keeps the library loaded.
   return ready == S_OK ? S_OK : S_FALSE;
 }
 
@@ -39,6 +40,7 @@ STDAPI DllUnregisterServer() {
   return quill::com::Unregister(RegistrationScope::kMachine);
 }
 
+// Called by regsvr32 /i, with what follows the colon.
 STDAPI DllInstall(BOOL install, LPCWSTR command_line) {
   const RegistrationScope scope = quill::com::ScopeOf(command_line);
   return install != FALSE ? quill::com::Register(scope) : quill::com::Unregister(scope);

@@ -29,7 +29,7 @@ constexpr Library::Library() noexcept = default;
 // Complete before the loader runs any code of the library.
 constinit Library Library::only_;
 
-// Runs under the loader's lock, when COM was not asked or would not let go: what is still in use
+// Runs under the loader's lock. Whatever ReadyToUnload has not ended by then is still in use; it
 // cannot be ended there, so it is left.
 Library::~Library() {
   (void)runtime_.release();
@@ -62,6 +62,7 @@ bool Library::ReadyToUnload() {
 void Library::StayLoaded() noexcept {
   if (is_held_.exchange(true)) return;
   HMODULE self = nullptr;
+  // Adds a reference, which ReadyToUnload gives back.
   ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<LPCWSTR>(&only_),
                        &self);
 }
@@ -70,6 +71,7 @@ bool Library::Claim() noexcept {
   const DWORD caller = ::GetCurrentThreadId();
   ::AcquireSRWLockExclusive(&owner_lock_);
   const bool has_ended =
+      // The handle of a thread is signalled once the thread has ended.
       owner_ == 0 || ::WaitForSingleObject(owner_thread_.get(), 0) == WAIT_OBJECT_0;
   if (owner_ != caller && has_ended) {
     if (win32::Owned<HANDLE> thread(::OpenThread(SYNCHRONIZE, FALSE, caller)); thread != nullptr) {
@@ -101,6 +103,7 @@ mdlBHDGS& Library::Module() {
 ComPtr<ITypeInfo> Library::TypeInfo(REFGUID id) {
   if (!types_) {
     const Text path = win32::ThisModulePath();
+    // Other kinds of loading may register it.
     ThrowIfFailed(::LoadTypeLibEx(WideOf(path), REGKIND_NONE, types_.Receive()));
   }
   ComPtr<ITypeInfo> info;

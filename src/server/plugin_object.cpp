@@ -1,4 +1,5 @@
-// Every member twice: bound late, from a table, and bound early.
+// The object that the host creates. Every member is there twice: bound late, from a table, and
+// bound early.
 #include "server/plugin_object.h"
 
 #include <span>
@@ -28,6 +29,7 @@ constexpr Parameter kHideParameters[] = {{u"fName", true}};
 
 Variant RecordOf(const PLUGIN& data) {
   ComPtr<IRecordInfo> info;
+  // Late-bound callers read the record through its description in the type library.
   const ComPtr<ITypeInfo> type = Library::Get().TypeInfo(kRecordId);
   ThrowIfFailed(::GetRecordInfoFromTypeInfo(type.get(), info.Receive()));
   Variant variant;
@@ -176,6 +178,7 @@ class PluginObject final : public Object<IPlugin, IProvideClassInfo, ISupportErr
  private:
   template <class Body>
   [[nodiscard]] HRESULT Call(Body&& body) noexcept {
+    // As above: the host may release the object while the dialog is open.
     const ComPtr<IPlugin> kept_alive(this);
     return Guarded(kInterfaceId, [&] {
       body();

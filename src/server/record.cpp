@@ -17,6 +17,7 @@ void Fill(VARIANT_BOOL& field, bool truth) {
   field = truth ? VARIANT_TRUE : VARIANT_FALSE;
 }
 void Fill(VARIANT& field, const std::optional<std::vector<Text>>& texts) {
+  // It stays an empty variant.
   if (!texts) return;
   field.parray = ::SafeArrayCreateVector(VT_BSTR, 0, static_cast<ULONG>(texts->size()));
   if (field.parray == nullptr) throw RuntimeError(ErrorNumber::kOutOfMemory);

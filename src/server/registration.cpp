@@ -1,5 +1,6 @@
-// The entries of a class as one list, which writing goes through; removing takes whole keys. The
-// platform registers type libraries itself, but what it removes would be too much.
+// Registers the plug-in's class and type library and withdraws them. The entries of a class are one
+// list, which writing goes through; removing takes whole keys. The platform registers type
+// libraries itself, but what it removes would be too much.
 #include "server/registration.h"
 
 #include <cwchar>
@@ -27,6 +28,8 @@ HRESULT WINAPI UnRegisterTypeLibForUser(REFGUID library, WORD major, WORD minor,
 namespace quill::com {
 namespace {
 
+// Below one of two roots. HKEY_CLASSES_ROOT shows both together, and what is written there may land
+// in either.
 constexpr TextView kClassesKey = u"Software\\Classes\\";
 
 // For the registry's functions, which answer with the system's error numbers.
@@ -52,6 +55,7 @@ std::vector<Entry> EntriesOf(const RegisteredClass& registered) {
       {Concat({registered.prog_id, u"\\CLSID"}), {}, GuidText(registered.id)},
       {class_key, {}, Text(registered.name)},
       {server_key, {}, win32::ThisModulePath()},
+      // The thread that creates an object is the one that calls it.
       {server_key, u"ThreadingModel", u"Apartment"},
       {Concat({class_key, u"\\ProgID"}), {}, Text(registered.prog_id)},
       {Concat({class_key, u"\\Programmable"}), {}, {}},
@@ -104,6 +108,7 @@ HKEY RootOf(RegistrationScope scope) noexcept {
 
 Text GuidText(REFGUID guid) {
   wchar_t text[40];
+  // 38 characters and a zero, which the length counts.
   const int length = ::StringFromGUID2(guid, text, 40);
   return Text(reinterpret_cast<const char16_t*>(text), static_cast<std::size_t>(length - 1));
 }
@@ -115,6 +120,7 @@ void WriteClass(RegistrationScope scope, const RegisteredClass& registered) {
 void RemoveClass(RegistrationScope scope, const RegisteredClass& registered) {
   const Text class_key = ClassKey(registered.id);
   const Text server_key = Concat({class_key, u"\\InprocServer32"});
+  // Somebody else's copy has been registered since; its entries stay.
   if (IsElsewhere(ReadEntry(scope, server_key))) return;
   RemoveTree(scope, class_key);
   if (scope == RegistrationScope::kUser) RemoveIfEmpty(scope, u"CLSID");
@@ -139,6 +145,7 @@ void WriteProgId(RegistrationScope scope, TextView prog_id, const Text& class_id
 
 Text ReadEntry(RegistrationScope scope, const Text& key, RegistryView view) {
   const auto opened = OpenKey(scope, Concat({kClassesKey, key}), KEY_QUERY_VALUE, view);
+  // Longer than the longest path.
   Text value(32768, u'\0');
   auto size = static_cast<DWORD>(value.size() * sizeof(char16_t));
   if (opened == nullptr || ::RegGetValueW(opened.get(), nullptr, nullptr, RRF_RT_REG_SZ, nullptr,
@@ -239,6 +246,7 @@ HRESULT Register(RegistrationScope scope) noexcept {
     RegisterTypes(scope);
     return S_OK;
   });
+  // Half a registration would offer a class that cannot be used.
   if (FAILED(result)) (void)Unregister(scope);
   return result;
 }

@@ -47,6 +47,7 @@ const auto kDigitPairs = [] {
 void EncodeGroup(Lanes units, char16_t* out) noexcept {
   // Brings the three bytes together as the highest ones, the first of them on top.
   constexpr Lanes kGather = (Lanes{1} << 56) | (Lanes{1} << 32) | (Lanes{1} << 8);
+  // The three products do not overlap, so nothing is carried; what lies below bit 40 is not used.
   const Lanes bytes = (units & ToLanes({0xFF, 0xFF, 0xFF, 0})) * kGather;
   std::memcpy(out, &kDigitPairs[static_cast<std::size_t>(bytes >> 52)], sizeof(DigitPair));
   std::memcpy(out + 2, &kDigitPairs[static_cast<std::size_t>(bytes >> 40) & 0xFFF],
@@ -58,6 +59,7 @@ bool Encode(TextView units, char16_t* out) noexcept {
   Lanes seen = 0;
   const char16_t* in = units.data();
   std::size_t left = units.size();
+  // The last group is left to the code below: behind it there is no fourth unit to read.
   for (; left > 3; left -= 3, in += 3, out += 4) {
     const Lanes group = Load(in);  // one unit more than the group has
     seen |= group;
@@ -104,6 +106,7 @@ const auto kDigitLanes = [] {
     throw failure({u"Base64 text: the length ", Decimal(static_cast<std::int64_t>(encoded.size())),
                    u" is not a multiple of 4"});
   }
+  // Padding at the end may be right; whatever is wrong stands before it and is found first.
   const std::size_t bad = encoded.find_first_not_of(kAlphabet);
   const Text place = Decimal(static_cast<std::int64_t>(bad) + 1);
   if (encoded[bad] == kPad) {
@@ -147,6 +150,8 @@ std::size_t Decode(TextView encoded, char16_t* const out, Map map) {
   to[0] = static_cast<char16_t>(group);
   if (padding < 2) to[1] = static_cast<char16_t>(group >> 16);
   if (padding < 1) to[2] = static_cast<char16_t>(group >> 32);
+  // Looked at once, at the end, which keeps the loop short. A unit above 0xFF was looked up by its
+  // low byte alone.
   if ((seen & ToLanes({0xFF00, 0xFF00, 0xFF00, 0xFF00})) != 0 || (all & kBad) != 0) {
     FailMalformed(encoded);
   }
@@ -187,6 +192,7 @@ Text Dec64(TextView encoded, const CodePage& page) {
 }
 
 void Enc64To(TextView text, const CodePage& page, char16_t* room) {
+  // In ASCII a unit is its byte on every page, so most texts are done in one pass.
   if (Encode(text, room)) return;
   Text bytes(text);
   for (char16_t& unit : bytes) unit = page.ToByte(unit);

@@ -1,4 +1,5 @@
-// The one page that is known by heart, and the way back from a unit to its byte.
+// Windows-1252, the page that does not depend on the system, and the way back from a unit to its
+// byte on any page.
 #include "support/code_page.h"
 
 #include <algorithm>
@@ -8,6 +9,7 @@ namespace quill {
 namespace {
 
 constexpr std::array<char16_t, 256> Windows1252Units() noexcept {
+  // All other bytes of the page have the units of Latin-1, which are the bytes' own numbers.
   constexpr char16_t kFrom80To9F[] = {
       0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  //
       0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,  //
@@ -23,6 +25,7 @@ constexpr std::array<char16_t, 256> Windows1252Units() noexcept {
 }  // namespace
 
 const CodePage& CodePage::Windows1252() noexcept {
+  // Made by the compiler: nothing of the library is made on first use, which would take a guard.
   static constexpr CodePage page(Windows1252Units());
   return page;
 }

@@ -1,4 +1,4 @@
-// Taking paths apart; the platform only tells them.
+// Finds the host's root folder by taking paths apart; the platform only tells them.
 #include "support/host_environment.h"
 
 #include "support/runtime_error.h"
@@ -6,6 +6,7 @@
 namespace quill {
 namespace {
 
+// The first is the platform's MAX_PATH. Of a longer path only that many units count.
 constexpr std::size_t kFolderBufferSize = 260;
 constexpr std::size_t kDevelopmentTestBufferSize = 255;
 constexpr TextView kDevelopmentHostName = u"VB6.EXE";
@@ -29,6 +30,8 @@ bool IsDevelopmentHost(ProcessPaths& paths) {
 Text ResolveHostRoot(ProcessPaths& paths) {
   if (!IsDevelopmentHost(paths)) return HostFolder(paths);
   Text root = paths.PluginFolder();
+  // There the process is not the host, so its folder says nothing. The replacement tells letter
+  // cases apart, hence the two spellings.
   for (TextView level : {u"\\Plugins", u"\\plugins", u"\\dlls\\Quillstart"}) {
     root = ReplaceAll(root, level, {});
   }

@@ -1,4 +1,5 @@
-// Numbers are taken apart into their digits, so that no count of digits overflows.
+// Reads numbers and truth values from text. Numbers are taken apart into their digits, so that no
+// count of digits overflows.
 #include "support/number_text.h"
 
 #include <algorithm>
@@ -13,6 +14,7 @@ namespace {
 TextView TrimWhiteSpace(TextView text) noexcept {
   constexpr TextView kWhiteSpace = u" \t\r\n";
   text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
+  // In an empty text nothing is found, and npos + 1 is 0.
   return text.substr(0, text.find_last_not_of(kWhiteSpace) + 1);
 }
 
@@ -122,6 +124,7 @@ bool ToTruth(TextView text) {
   if (EqualIgnoringCase(word, u"true")) return true;
   if (EqualIgnoringCase(word, u"false")) return false;
   const Number number = ParseOrFail(text);
+  // Zeros at the ends are gone, so whatever digits are left do not equal 0.
   return !number.whole.empty() || !number.fraction.empty();
 }
 

@@ -14,6 +14,7 @@ constexpr TextView kCaptions[] = {u"Error!", u"Success", u"Failed!", u"Action Re
                                   u"DLL Error!"};
 
 // What the box says when there is no memory for the report text, by whether the report was sent.
+// Constants, because nothing can be joined then.
 constexpr TextView kShortOfMemory[] = {u"Out of memory\r\n\r\nError Report Sent: Failed!",
                                        u"Out of memory\r\n\r\nError Report Sent: Yes"};
 
@@ -72,6 +73,7 @@ void MessageReporter::ReportMessage(MessageKind kind, TextView text, const Runti
     return;
   }
 
+  // Before the box, which says whether the report was sent and lets host calls in while it is open.
   const bool sent = Send(text, error, line);
   Text report;
   TextView shown = kShortOfMemory[sent];
@@ -79,16 +81,19 @@ void MessageReporter::ReportMessage(MessageKind kind, TextView text, const Runti
     report = ReportText(text, error, line, sent);
     shown = report;
   } catch (const std::bad_alloc&) {
+    // The constant that was chosen above is shown.
   }
   boxes_.ShowMessage(caption, shown);
 }
 
 void MessageReporter::ReportTrapped(TextView label, const RuntimeError& error,
                                     std::int32_t line) noexcept {
+  // To automation clients the number 0 means that there is no error.
   if (error.Is(ErrorNumber::kNone)) return;
   try {
     ReportMessage(MessageKind::kTrappedError, label, &error, line);
   } catch (...) {
+    // The box failed: nothing is left to tell the operator with.
   }
 }
 

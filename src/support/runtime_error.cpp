@@ -61,7 +61,7 @@ RuntimeError::RuntimeError(std::int32_t number, TextView description,
       description_(std::make_shared<const Text>(description)),
       raised_at_(raised_at) {}
 
-// Here and not in every place that raises one.
+// Out of line: inline their code would be repeated in every place that raises an error.
 RuntimeError::RuntimeError(const RuntimeError& other) noexcept = default;
 RuntimeError& RuntimeError::operator=(const RuntimeError& other) noexcept = default;
 RuntimeError::~RuntimeError() = default;
@@ -83,6 +83,7 @@ const char* RuntimeError::what() const noexcept {
     }
     return what_->c_str();
   } catch (...) {
+    // Without memory for the text.
     return "run-time error";
   }
 }
@@ -95,6 +96,7 @@ RuntimeError CurrentRuntimeError() noexcept {
   } catch (const std::bad_alloc&) {
     return RuntimeError(ErrorNumber::kOutOfMemory);
   } catch (const std::length_error&) {
+    // A text or list longer than any can be: no memory would do for it either.
     return RuntimeError(ErrorNumber::kOutOfMemory);
   } catch (const std::exception& error) {
     try {

@@ -79,6 +79,7 @@ Text Decimal(std::int64_t value) {
 }
 
 void AppendDecimal(Text& target, std::int64_t value) {
+  // The largest number has one digit more than digits10, and may have a sign.
   char digits[std::numeric_limits<std::int64_t>::digits10 + 2];
   const auto [end, error] = std::to_chars(std::begin(digits), std::end(digits), value);
   target.append(std::begin(digits), end);
@@ -124,6 +125,7 @@ Text ReplaceAll(TextView text, TextView from, TextView to) {
   result.reserve(text.size());
   PieceCursor kept(text, from);
   TextView piece;
+  // Even an empty text has a first piece.
   kept.Next(piece);
   result += piece;
   while (kept.Next(piece)) {
@@ -133,6 +135,8 @@ Text ReplaceAll(TextView text, TextView from, TextView to) {
   return result;
 }
 
+// U+00D7 and U+00F7 are signs between the letters, and U+00DF and U+00FF have no capital in
+// Latin-1.
 char16_t ToLower(char16_t unit) noexcept {
   const bool upper =
       (unit >= u'A' && unit <= u'Z') || (unit >= 0xC0 && unit <= 0xDE && unit != 0xD7);
@@ -175,7 +179,8 @@ std::string ToUtf8(TextView text) {
 }
 
 Text FromUtf8(std::string_view bytes) {
-  // By the number of continuation bytes: a lower point is written with fewer of them.
+  // By the number of continuation bytes: a lower point is written with fewer of them, and has no
+  // second form.
   constexpr char32_t kFirstPoints[] = {0, 0x80, 0x800, 0x10000};
   Text result;
   result.reserve(bytes.size());

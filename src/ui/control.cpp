@@ -36,7 +36,8 @@ constexpr std::array<FactTrait, std::variant_size_v<Fact>> kFactTraits = {{
     {u"Unload", {}},                     // CloseAsked
 }};
 
-// A release of a button that was down when a box closed. `down` forgets each button that is pressed
+// A release of a button that was down when a box closed. The press was meant for the box; its
+// release would run the action of whatever lies below. `down` forgets each button that is pressed
 // or released.
 bool IsStray(const Fact& fact, std::int16_t& down) noexcept {
   const auto* const pressed = std::get_if<MousePressed>(&fact);
@@ -69,6 +70,7 @@ void Control::MoveInto(Control& container) {
   for (const Control* outer = &container; outer != nullptr; outer = outer->container_) {
     if (outer == this) throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
   }
+  // First what may fail: afterwards the control is in one container at any time.
   container.children_.reserve(container.children_.size() + 1);
   std::erase(container_->children_, this);
   container.children_.push_back(this);
@@ -126,7 +128,7 @@ bool Control::IsReachable() const noexcept {
 
 bool Control::Happened(const Fact& fact) noexcept {
   std::shared_ptr<Form> form = form_.weak_from_this().lock();
-  if (form == nullptr) return true;  // its destruction makes native controls talk
+  if (form == nullptr) return true;  // native controls report while they are destroyed
   if (IsStray(fact, form_.toolkit().buttons_of_closed_box)) return true;
   const KeepAlive alive(std::move(form));
   try {
@@ -138,6 +140,7 @@ bool Control::Happened(const Fact& fact) noexcept {
       if (std::holds_alternative<FocusTaken>(fact)) form_.FocusArrived(*this);
       React(fact);
     } else if (const Changes side = kFactTraits[fact.index()].side; side.Any() && visible_) {
+      // The native control shows what the operator did to it, which does not count.
       Changed(side);
     }
   } catch (...) {
@@ -203,6 +206,7 @@ void Control::ReportUnhandled(const Fact& fact) noexcept {
     const TextView handler = left_handler
                                  ? form_.failed_control_->HandlerName(form_.failed_event_, buffer)
                                  : HandlerName(kFactTraits[fact.index()].event, buffer);
+    // A copy, as in Raise: the handler may replace itself.
     const auto told = form_.on_unhandled;
     if (told) told(CurrentRuntimeError(), handler);
   } catch (...) {
@@ -211,6 +215,7 @@ void Control::ReportUnhandled(const Fact& fact) noexcept {
 }
 
 TextView Control::HandlerName(TextView event, HandlerNameBuffer& buffer) const noexcept {
+  // A form's handlers are named after its kind, as in Form_Unload.
   const TextView owner = kind_ == ControlKind::kForm ? KindName(kind_) : TextView(name_);
   std::size_t length = 0;
   for (const TextView part : {owner, TextView(u"_"), event}) {
@@ -220,6 +225,7 @@ TextView Control::HandlerName(TextView event, HandlerNameBuffer& buffer) const n
 }
 
 void Control::MakePeer() {
+  // It has no window until it is asked, and then one of the system's.
   if (kind_ == ControlKind::kFileDialog) return;
   peer_ = form_.toolkit().MakePeer(*this);
   try {
@@ -231,6 +237,7 @@ void Control::MakePeer() {
 }
 
 void Control::DestroyPeers() noexcept {
+  // From the inside out: the children's windows lie in this one's.
   for (Control* child : children_) child->DestroyPeers();
   peer_.reset();
 }

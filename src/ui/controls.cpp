@@ -36,6 +36,7 @@ Text TextBox::ApplyLimit(TextView before, const TextEdited& edit, int max_length
   const auto limit = static_cast<std::size_t>(std::max(max_length, 0));
   if (limit == 0 || after.size() <= limit) return edit.text;
 
+  // What was selected has been replaced; what stood before and behind it stays.
   const std::size_t to = std::min(edit.to, before.size());
   const std::size_t prefix = std::min(edit.from, to);
   const std::size_t suffix = before.size() - to;
@@ -43,6 +44,7 @@ Text TextBox::ApplyLimit(TextView before, const TextEdited& edit, int max_length
   if (after.size() < kept) return edit.text;  // an erasure beside the insertion point
   const TextView inserted = after.substr(prefix, after.size() - kept);
   std::size_t fitting = std::min(inserted.size(), limit > kept ? limit - kept : 0);
+  // Half a surrogate pair is no character.
   const bool splits_pair =
       fitting > 0 && IsHighSurrogate(inserted[fitting - 1]) && IsLowSurrogate(inserted[fitting]);
   if (splits_pair) --fitting;
@@ -54,11 +56,14 @@ void TextBox::React(const Fact& fact) {
   const auto* const edited = std::get_if<TextEdited>(&fact);
   if (edited == nullptr) return;
   if (!locked()) text_ = ApplyLimit(text_, *edited, max_length());
+  // The native text shows the edit already; the peer is told only where the model decides
+  // otherwise.
   if (text_ != edited->text) Changed(Changes::kText);
 }
 
 void CheckBox::SetValue(int value) {
   if (value < 0 || value > 2) throw RuntimeError(ErrorNumber::kInvalidPropertyValue);
+  // The peer is told in any case: the native box may show something else.
   const bool is_new = std::exchange(value_, value) != value;
   Changed(Changes::kValue);
   if (is_new) Raise(u"Click", on_click);
@@ -70,6 +75,7 @@ void CheckBox::React(const Fact& fact) {
 
 void CommandButton::React(const Fact& fact) {
   const auto* const clicked = std::get_if<Clicked>(&fact);
+  // Holding a key down is one click.
   if (clicked != nullptr && !clicked->repeated) Raise(u"Click", on_click);
 }
 
@@ -80,6 +86,7 @@ bool CommandButton::ReactToKey(const KeyStruck& key) {
 }
 
 void Image::SetPicture(PicturePtr picture) {
+  // Without a picture the image is hidden, so a new picture can show or hide it.
   const bool was_visible = visible();
   picture_ = std::move(picture);
   Changed(was_visible == visible() ? Changes::kPicture : Changes::kPicture | Changes::kVisible);
@@ -95,6 +102,7 @@ void Image::React(const Fact& fact) {
     const bool ends = key->key == kSpaceKey && std::exchange(space_held_, false);
     if (ends) Raise(u"MouseUp", on_mouse_up, Middle());
   } else if (std::holds_alternative<FocusLost>(fact)) {
+    // The space bar will be released elsewhere.
     LoseSpace();
   } else if (std::holds_alternative<FocusTaken>(fact)) {
     space_held_ = false;  // of a display that ended meanwhile
@@ -107,6 +115,7 @@ bool Image::ReactToKey(const KeyStruck& key) {
     if (!std::exchange(space_held_, true)) Raise(u"MouseDown", on_mouse_down, Middle());
     return true;
   }
+  // Any other key takes back the press of the space bar that is held.
   if (key.stroke.key != kEnterKey) {
     LoseSpace();
     return false;
@@ -127,6 +136,7 @@ Text FileDialog::Show(bool save) {
   // The operator takes his time, and the host may unload the form meanwhile.
   const KeepAlive alive(form().weak_from_this().lock());
   request.save = save;
+  // A copy, because a host call may come in while the dialog is open.
   const FileDialogRequest asked = request;
   const std::vector<Text> picked = form().toolkit().ShowFileDialog(form(), asked);
   request.file_name = picked.empty() ? Text() : picked.front();
@@ -177,6 +187,7 @@ Changes Selector::MakeCurrent(int row) {
 void Selector::React(const Fact& fact) {
   const auto* const chosen = std::get_if<ItemChosen>(&fact);
   if (chosen == nullptr) return;
+  // The native control puts its choice back.
   if (!Holds(chosen->index)) return Changed(Changes::kSelection);
   Choose(chosen->index);
 }
@@ -191,6 +202,7 @@ void ComboBox::SetText(TextView text) {
 TabStrip::TabStrip(Form& form, Text name, std::initializer_list<TextView> captions)
     : Selector(form, ControlKind::kTabStrip, std::move(name)) {
   for (const TextView tab : captions) rows_.push_back({Text(tab)});
+  // From the start, without a click.
   list_index_ = 0;
 }
 

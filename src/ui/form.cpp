@@ -14,6 +14,7 @@ Form::Form(Toolkit& toolkit, Text name, TextView title, Twips client_width, Twip
 }
 
 Form::~Form() {
+  // While the controls are still there: peers refer to them.
   DestroyPeers();
 }
 
@@ -39,6 +40,7 @@ void Form::Adopt(std::unique_ptr<Control> control, Control& container) {
   if (peer() == nullptr) MakePeer();
 
   Control& added = *control;
+  // First what may fail, so that a control is never in one of the two lists alone.
   container.children_.reserve(container.children_.size() + 1);
   controls_.push_back(std::move(control));
   container.children_.push_back(&added);
@@ -66,6 +68,7 @@ bool Form::PressAccessKey(const AccessKeyStruck& key) {
   Control* const control = FindAccessKey(key.letter);
   if (control == nullptr) return false;
   if (control->IsTabStop()) FocusOn(*control);
+  // Through its own guard: a failure is reported under the name of its handler.
   control->Happened(Clicked{key.repeated});
   return true;
 }
@@ -91,12 +94,14 @@ bool Form::Navigate(const Control& from, KeyStroke stroke) {
       (from.kind() == ControlKind::kCheckBox || from.kind() == ControlKind::kCommandButton ||
        from.kind() == ControlKind::kImage);
   if (key != kTabKey && !is_arrow) return false;
+  // Arrows stay inside the frame, as in a group of a system dialog.
   MoveFocus(from.tab_index(), is_arrow ? from.container() : nullptr, forward);
   return true;
 }
 
 void Form::MoveFocus(int from_index, const Control* container, bool forward) {
   Control* next = nullptr;
+  // Ways are counted in tab indexes. From -1 forward the first tab stop is the nearest.
   // Unsigned, so that the way past the end is longer than any other, and back to the start longest.
   unsigned shortest = std::numeric_limits<unsigned>::max();
   const auto start = static_cast<unsigned>(from_index);
@@ -123,6 +128,7 @@ void Form::FocusArrived(Control& control) {
     focus_ = &control;
     focus_waits_ = false;
   } else if (&control == this && !focus_waits_) {
+    // The window was activated: the focus goes back to the control that had it.
     if (focus_ == nullptr || !focus_->IsReachable()) return MoveFocus(-1, nullptr, true);
     focus_->Changed(Changes::kFocus);
   }
@@ -133,11 +139,13 @@ void Form::ReachChanged(const Control& control) {
   while (inner != nullptr && inner != &control) inner = inner->container();
   if (inner == nullptr || !shown_) return;
   if (focus_->IsReachable()) {
+    // The list that was hidden while it was filled is back.
     if (std::exchange(focus_waits_, false)) focus_->Changed(Changes::kFocus);
   } else if (inner == focus_ && !inner->visible()) {
     focus_waits_ = true;
     Changed(Changes::kFocus);
   } else {
+    // On from the control itself; from a container that went, the first tab stop of all.
     MoveFocus(inner == focus_ ? inner->tab_index() : -1, nullptr, true);
   }
 }
@@ -173,12 +181,15 @@ void Form::DisplayEnded() noexcept {
 void Form::Hide() {
   if (!shown_) return;
   shown_ = false;
+  // First the other windows take input again: when this one goes, the system activates one that
+  // does.
   toolkit_.EndModal(*this);
   Changed(Changes::kVisible);
 }
 
 void Form::Unload() {
   if (unloading_) return;
+  // Before the handler, which may ask for it again.
   unloading_ = true;
   const KeepAlive alive(weak_from_this().lock());
 
@@ -200,6 +211,8 @@ void Form::React(const Fact& fact) {
 KeepAlive::~KeepAlive() {
   if (form_ == nullptr || form_.use_count() > 1) return;
   try {
+    // This was the last holder, and a window of the form may be handling the event that led here.
+    // The task destroys the form later by letting go of it.
     form_->toolkit().Defer([form = form_] { static_cast<void>(form); });
   } catch (...) {
     // Without memory for the task the form goes now.

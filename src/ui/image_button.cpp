@@ -14,7 +14,8 @@ constexpr Twips kSideMargin = 75;
 constexpr Twips kPressedShiftRight = 20;
 constexpr Twips kPressedShiftDown = 50;
 
-// The control of exactly that name, when it is a T; null otherwise.
+// The control of exactly that name, when it is a T; null otherwise. Face and caption belong
+// together by their exact names, while a form finds names in any letter case.
 template <class T>
 T* FindExactly(const Form& dialog, TextView name) {
   Control* const found = dialog.Find(name);
@@ -25,6 +26,8 @@ T* FindExactly(const Form& dialog, TextView name) {
 
 CaptionPlace PlaceCaption(const Bounds& face, int font_size, std::int32_t dots_per_inch,
                           bool pressed) noexcept {
+  // Rounded by itself, before the font's share comes off: together some captions would lie a twip
+  // elsewhere.
   const Twips centre = Nearest(std::int64_t{face.top} * 2 + face.height, 2);
   // By as many pixels as the font has points; a pixel need not be a whole number of twips.
   const std::int64_t raised = std::int64_t{font_size} * kTwipsPerInch;
@@ -48,6 +51,7 @@ Label& CreateButtonCaption(Form& dialog, const ImageButton& button, TextView hos
   auto& caption = dialog.Add<Label>(button.name, button.container, button.caption);
   const Text face_name = Concat({button.name, kFaceSuffix});
   const Bounds& face = dialog.At(face_name).bounds();
+  // Added after the face, it lies in front of it.
   // Its place is that of the state.
   caption.SetBounds({0, 0, face.width - 2 * kSideMargin, face.height});
   caption.transparent = true;
@@ -79,6 +83,7 @@ void SetButtonState(Form& dialog, TextView face_name, TextView state, TextView h
 }
 
 bool LooksPressed(const Image& face) noexcept {
+  // The picture is the only place that holds the state.
   return face.picture() != nullptr && face.picture()->path().ends_with(kPressedPicture);
 }
 

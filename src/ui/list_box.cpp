@@ -14,7 +14,8 @@ namespace {
 constexpr std::uint32_t kTypedTogether = 1000;  // milliseconds
 constexpr char16_t kBackspace = u'\b';
 
-// How far a key moves a single-row list.
+// How far a key moves a single-row list: by ten for a page, as its own would be one row. The ends
+// are half of the largest number away, so that adding that to a row does not overflow.
 constexpr int kToTheEnd = std::numeric_limits<int>::max() / 2;
 constexpr struct {
   char16_t key;
@@ -36,6 +37,7 @@ ListBox::ListBox(Form& form, Text name, Selection selection, ListHeight height)
       list_height_(height) {}
 
 void ListBox::Refill::Finish() {
+  // It has ended, even if the peer now fails: the destructor does not try again.
   ListBox* const list = std::exchange(list_, nullptr);
   if (list == nullptr) return;
   --list->refills_;
@@ -102,6 +104,7 @@ void ListBox::SetSelected(int row, bool selected) {
 void ListBox::RowsChanged(Changes changes) {
   pending_ |= changes;
   if (refills_ > 0 || !visible() || !pending_.Any()) return;
+  // Forgotten only when the peer has taken it; after a failure it is told again.
   Changed(pending_);
   pending_ = {};
 }
@@ -142,6 +145,7 @@ bool ListBox::ReactToKey(const KeyStruck& key) {
 void ListBox::TakeSelection(const RowsSelected& fact) {
   if (fact.current != -1 && !Holds(fact.current)) return RowsChanged(Changes::kSelection);
   if (selection_ == Selection::kSingle) {
+    // The native list shows its choice; only a single-row list also has to bring it into view.
     RowsChanged(list_height_ == ListHeight::kSingleRow ? MakeCurrent(fact.current) : Changes());
     list_index_ = fact.current;
     if (fact.current >= 0) Raise(u"Click", on_click);
@@ -166,6 +170,7 @@ void ListBox::TakeTopRow(int top) {
 }
 
 void ListBox::TakeTyping(const KeyPressed& key) {
+  // Unsigned, so that the difference is right also when the milliseconds begin again.
   if (key.time - typed_at_ > kTypedTogether) typed_.clear();
   Text typed = typed_;
   if (key.character == kBackspace) {
@@ -203,6 +208,7 @@ void ListBox::SelectOnly(int row) {
     RowsChanged(MakeCurrent(row));
     Raise(u"Click", on_click);
   } else if (list_height_ == ListHeight::kSingleRow && top_index_ != row) {
+    // As if the operator had scrolled there: the scroll handler makes it the chosen row.
     SetTopIndex(row);
     Raise(u"Scroll", on_scroll);
   } else {

@@ -189,6 +189,7 @@ LRESULT WindowPeer::AnswerAssistiveTool(WPARAM wparam) const noexcept {
   auto* const object = new (std::nothrow) AccessibleObject(window_, std::move(standard));
   if (object == nullptr) return 0;
   const LRESULT answer = answer_with(QUILL_ID_OF(IAccessible), wparam, object);
+  // The answer has taken a reference of its own.
   object->Release();
   return answer;
 }

@@ -20,7 +20,7 @@ namespace {
 // Pixels at 96 dots per inch.
 constexpr SIZE kMargin = {12, 12};
 constexpr SIZE kButton = {75, 23};
-constexpr SIZE kAroundSystemText = {0, 140};  // what the system's box is taller than its text
+constexpr SIZE kAroundSystemText = {0, 140};  // by how much the system's box is taller
 
 constexpr int kTextId = 0xFFFF;  // as in the system's box
 
@@ -44,6 +44,7 @@ SIZE Measure(HFONT font, const Text& text, const RECT& work) noexcept {
 
 LRESULT CALLBACK CopyWithoutSelection(HWND field, UINT message, WPARAM wparam, LPARAM lparam,
                                       UINT_PTR, DWORD_PTR) {
+  // A subclass has to go before its window does.
   if (message == WM_NCDESTROY) RemoveWindowSubclass(field, &CopyWithoutSelection, 0);
   DWORD from = 0;
   DWORD to = 0;
@@ -51,6 +52,7 @@ LRESULT CALLBACK CopyWithoutSelection(HWND field, UINT message, WPARAM wparam, L
     SendMessageW(field, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
   }
   if (message != WM_COPY || from != to) return DefSubclassProc(field, message, wparam, lparam);
+  // As in the system's box, where Ctrl+C copies the whole message.
   SendMessageW(field, EM_SETSEL, 0, -1);
   const LRESULT result = DefSubclassProc(field, message, wparam, lparam);
   SendMessageW(field, EM_SETSEL, from, static_cast<LPARAM>(to));
@@ -143,6 +145,7 @@ void ShowMessageBox(HWND owner, const Text& caption, const Text& text) {
     answer = DialogBoxParamW(ThisModule(), L"SCROLLBOX", owner, &ScrollingBox::Handle,
                              reinterpret_cast<LPARAM>(&box));
   } else {
+    // Without an owner the flag has all windows of the thread wait.
     answer = MessageBoxW(owner, Wide(text), Wide(caption),
                          MB_OK | (owner == nullptr ? MB_TASKMODAL : 0u));
   }
@@ -188,6 +191,7 @@ std::vector<Text> PathsIn(std::wstring_view buffer) {
 
 std::vector<Text> AskForFiles(HWND owner, const ui::FileDialogRequest& request) {
   const std::wstring filter = NativeFilter(request.filter);
+  // With two zeros at its end at least, as PathsIn reads them.
   std::wstring buffer(kBufferSize, L'\0');
   const std::size_t proposed = std::min(request.file_name.size(), kBufferSize - 2);
   std::copy_n(request.file_name.begin(), proposed, buffer.begin());
@@ -209,6 +213,7 @@ std::vector<Text> AskForFiles(HWND owner, const ui::FileDialogRequest& request) 
   SetCurrentDirectoryW(folder.c_str());
   if (picked) return PathsIn(buffer);
   const DWORD reason = CommDlgExtendedError();
+  // The operator has cancelled.
   if (reason == 0) return {};
   if (reason == FNERR_BUFFERTOOSMALL) {
     throw RuntimeError(ErrorNumber::kInvalidProcedureCall, u"Too many files were picked");

@@ -58,7 +58,7 @@ class CheckBoxPeer final : public PeerOf<ui::CheckBox> {
     const WindowContext context(window());
     RECT area;
     GetClientRect(window(), &area);
-    // The dots turn over what is there, so it has to be known.
+    // The dots invert what is there, so the ground is painted first.
     FrameRect(context.get(), &area, form_peer().FaceBrush());
     SetTextColor(context.get(), form_peer().TextColour());
     SetBkColor(context.get(), form_peer().FaceColour());
@@ -81,6 +81,7 @@ class CommandButtonPeer final : public PeerOf<ui::CommandButton> {
 
   void Show(ui::Changes changes) override {
     if (!changes.Has(ui::Changes::kPicture) || model_.icon().empty()) return;
+    // Scaled by the system from the nearest one in the file.
     const SIZE size = toolkit().scale().Scaled(SIZE{32, 32});
     Owned<HICON> icon(static_cast<HICON>(LoadImageW(
         ThisModule(), Wide(Text(model_.icon())), IMAGE_ICON, size.cx, size.cy, LR_DEFAULTCOLOR)));

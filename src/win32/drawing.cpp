@@ -25,6 +25,8 @@ HBITMAP MakeBitmap(SIZE size, void** pixels) noexcept {
 
 Owned<HFONT> MakeDialogFont(const ScreenScale& scale, int points) noexcept {
   constexpr int kPointsPerInch = 72;
+  // Negative: the height of the characters, which is what points measure. The system has its own
+  // dialog font stand behind the name.
   return Owned<HFONT>(CreateFontW(-MulDiv(points, scale.dots_per_inch(), kPointsPerInch), 0, 0, 0,
                                   FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
                                   OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
@@ -32,6 +34,7 @@ Owned<HFONT> MakeDialogFont(const ScreenScale& scale, int points) noexcept {
 }
 
 COLORREF ToColorRef(ui::Colour colour) noexcept {
+  // With this bit the low byte is an index for GetSysColor.
   constexpr ui::Colour kSystemColour = 0x80000000u;
   return (colour & kSystemColour) != 0 ? GetSysColor(static_cast<int>(colour & 0xFFu))
                                        : colour & 0x00FFFFFFu;

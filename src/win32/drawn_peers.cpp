@@ -78,6 +78,7 @@ class LabelPeer final : public PeerOf<ui::Label, DrawnPeer> {
     const RECT own = Place();
     const auto draw = [&](HWND window, const RECT& place) {
       POINT origin = {};
+      // Each window draws from its own corner.
       SetViewportOrgEx(context, place.left - own.left, place.top - own.top, &origin);
       SendMessageW(window, WM_ERASEBKGND, reinterpret_cast<WPARAM>(context), 0);
       SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(context), PRF_CLIENT);
@@ -85,6 +86,7 @@ class LabelPeer final : public PeerOf<ui::Label, DrawnPeer> {
     };
     draw(GetParent(window()), {});
     for (const ui::Control* const sibling : model_.container()->children()) {
+      // Those that follow lie in front.
       if (sibling == &model_) return;
       const WindowPeer* const peer = Of(*sibling);
       if (sibling->kind() == ui::ControlKind::kImage && sibling->visible() && peer != nullptr) {
@@ -110,6 +112,7 @@ class ImagePeer final : public PeerOf<ui::Image, DrawnPeer> {
 
   void Draw(HDC context, const RECT& area) const override {
     FillRect(context, &area, form_peer().FaceBrush());
+    // The host's picture has colours of its own.
     if (model_.IsTabStop() && IsHighContrast()) {
       DrawPlainButton(context, area);
     } else if (model_.picture() != nullptr) {

@@ -24,6 +24,7 @@ class TextBoxPeer final : public PeerOf<ui::TextBox> {
   }
 
   [[nodiscard]] Style GetStyle() const override {
+    // Without ES_AUTOHSCROLL the class would take no more text than is seen.
     return {L"EDIT", &model_.text(),
             AlignmentStyle(model_.alignment()) | ES_AUTOHSCROLL | WS_TABSTOP |
                 (model_.locked() ? ES_READONLY : 0u),
@@ -31,7 +32,8 @@ class TextBoxPeer final : public PeerOf<ui::TextBox> {
   }
 
   void Show(ui::Changes changes) override {
-    // The limit is the model's, which also knows what it does not hold for.
+    // The limit is the model's, and holds for the operator's edits only. This is the most that the
+    // class takes; by itself it stops at 32,767 characters.
     constexpr WPARAM kNoLimit = 0x7FFFFFFE;
     if (making()) Send(EM_SETLIMITTEXT, kNoLimit);
     if (changes.Has(ui::Changes::kText)) ShowText();
@@ -115,6 +117,7 @@ class ComboBoxPeer final : public PeerOf<ui::ComboBox> {
   // The class makes itself as high as its font wants. What can be told to it is the height of its
   // item, to which it adds a margin that differs from system to system.
   void FitClosedHeight() {
+    // A guess, which the first box corrects for all that follow.
     static int known_margin = 6;
     const RECT wanted = WindowPeer::Place();
     const int height = wanted.bottom - wanted.top;
@@ -126,6 +129,7 @@ class ComboBoxPeer final : public PeerOf<ui::ComboBox> {
     for (int attempt = 0; attempt < 2 && closed_height() != height; ++attempt) {
       const int item = height - known_margin;
       if (item <= 0) return;
+      // -1 is the closed box.
       Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), item);
       known_margin = closed_height() - item;
     }

@@ -91,6 +91,7 @@ RECT FormPeer::Place() const {
   const int height = frame.bottom - frame.top;
   // In the middle of the screen that the operator is looking at.
   const RECT area = WorkAreaFor(GetActiveWindow());
+  // On a screen that is too small the caption stays in sight.
   const int left = std::max<int>(area.left, (area.left + area.right - width) / 2);
   const int top = std::max<int>(area.top, (area.top + area.bottom - height) / 2);
   return {left, top, left + width, top + height};
@@ -205,6 +206,7 @@ LRESULT FormPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case kLookWhatIsActive:
       ComeForward();
       return 0;
+    // The form itself has nothing to type into: the model passes the focus on.
     case WM_SETFOCUS:
       model_.Happened(ui::FocusTaken{});
       return 0;

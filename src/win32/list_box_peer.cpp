@@ -56,6 +56,8 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
   }
 
   [[nodiscard]] Style GetStyle() const override {
+    // The height is decided in Place: by itself the class would cut it to whole rows. A spin list
+    // always shows its bar, and its row is drawn here.
     DWORD style = LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP;
     style |= is_single_row() ? LBS_DISABLENOSCROLL | LBS_OWNERDRAWFIXED : WS_HSCROLL;
     if (model_.selection() == ui::Selection::kExtended) style |= LBS_EXTENDEDSEL;
@@ -171,6 +173,7 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
     if (all_new) Send(LB_RESETCONTENT);
     std::size_t units = 0;
     for (int row = first; row < count; ++row) units += model_.Item(row).size() + 1;
+    // All memory at once.
     Send(LB_INITSTORAGE, static_cast<WPARAM>(count - first),
          static_cast<LPARAM>(units * sizeof(wchar_t)));
     Text item;
@@ -179,6 +182,7 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
       // Past the own procedure, which would be half of the work for many thousand rows.
       CallOriginal(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(item)));
       const std::int32_t data = model_.ItemData(row);
+      // A new row has 0 already.
       if (data != 0) CallOriginal(LB_SETITEMDATA, static_cast<WPARAM>(row), data);
     }
     if (!is_single_row()) FitWidth(first);
@@ -215,6 +219,7 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
     for (int row = 0; row < model_.Count(); ++row) {
       const bool shown = next != native.end() && *next == row;
       if (shown) ++next;
+      // Each of these messages draws its row.
       if (shown != model_.IsSelected(row)) Send(LB_SETSEL, shown ? FALSE : TRUE, row);
     }
     if (model_.ListIndex() >= 0 && Send(LB_GETCARETINDEX) != model_.ListIndex()) {
@@ -236,6 +241,7 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
   }
 
   // Of a single-row list.
+  // One row a notch: the class would go by the system's setting, usually three.
   void TurnWheel(int delta) {
     wheel_ += delta;
     const int notches = wheel_ / WHEEL_DELTA;
@@ -246,6 +252,7 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
     Send(LB_SETTOPINDEX, static_cast<WPARAM>(std::clamp(top - notches, 0, count - 1)));
   }
 
+  // The class has no notification for it, so this follows each message that may scroll.
   void TellWhenScrolled() {
     if (window() == nullptr) return;
     const auto top = static_cast<int>(Send(LB_GETTOPINDEX));

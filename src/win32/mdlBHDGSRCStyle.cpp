@@ -10,6 +10,7 @@ namespace {
 
 constexpr wchar_t kFormerProcedure[] = L"lpPROC";
 constexpr wchar_t kColourSource[] = L"PctOBJ";
+// Set and removed with the others; nothing here reads it.
 constexpr wchar_t kStrip[] = L"GridOBJ";
 
 constexpr DWORD kMergePaint = 0x00BB0226;  // destination OR NOT source
@@ -35,6 +36,8 @@ void Paint(HDC memory, const RECT& area, HWND window, ui::PictureBox& box) {
   if (IsHighContrast()) return;
 
   SetStretchBltMode(memory, COLORONCOLOR);
+  // (painted OR NOT face) AND the box's colour: what is painted white or in the face colour gets
+  // the box's colour, and black stays black where the two colours are alike.
   const ui::Colour own = box.back_colour();
   try {
     box.back_colour = kButtonFace;
@@ -68,6 +71,7 @@ void DetachTabBackground(HWND window) noexcept {
 LRESULT CALLBACK TabBackgroundProc(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   auto* const box = static_cast<ui::PictureBox*>(GetPropW(window, kColourSource));
   const WNDPROC former = FormerProcedure(window);
+  // Once the hook is off, there is no procedure to pass a message to.
   if (former == nullptr) return DefWindowProcW(window, message, wparam, lparam);
   if (message == WM_NCDESTROY) {
     // The window goes before it was unhooked; its properties must not stay behind.

@@ -40,6 +40,7 @@ BOOL CALLBACK ModalDisplay::HoldBack(HWND other, LPARAM self) noexcept {
   if (other == display.window_ || !IsWindowEnabled(other) || ServesOthers(other)) return TRUE;
   if (GetWindow(other, GW_OWNER) == display.window_) return TRUE;
   try {
+    // Noted first: whatever is disabled is enabled again.
     display.held_back_.push_back(other);
     EnableWindow(other, FALSE);
   } catch (...) {
@@ -65,10 +66,12 @@ void ModalDisplay::Run() const {
     MSG message;
     const BOOL got = GetMessageW(&message, nullptr, 0, 0);
     if (got == 0) {
+      // Taken once, it would be lost to the loops further out.
       PostQuitMessage(static_cast<int>(message.wParam));
       return;
     }
     if (got < 0) return;  // an error, which would only come again
+    // Not IsDialogMessage: where keys move the focus is the model's.
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }

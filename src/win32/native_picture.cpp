@@ -17,6 +17,7 @@
 namespace quill::win32 {
 namespace {
 
+// Bytes. A button's picture has some hundred; what is larger than this is not read into memory.
 constexpr std::int64_t kLargestPictureFile = 16u << 20;
 
 [[noreturn]] void RefusePicture() {

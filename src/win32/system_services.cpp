@@ -66,6 +66,8 @@ CodePage CodePageOfNumber(unsigned number) {
   std::array<char16_t, 256> units{};
   for (unsigned byte = 0; is_usable && byte < units.size(); ++byte) {
     const char source = static_cast<char>(byte);
+    // Without the flag that refuses bytes which the page leaves undefined: Windows has controls for
+    // them.
     wchar_t unit = 0;
     is_usable =
         MultiByteToWideChar(number, 0, &source, 1, &unit, 1) == 1 && (byte >= 128 || unit == byte);

@@ -77,7 +77,7 @@ class TabStripPeer final : public PeerOf<ui::TabStrip> {
   }
 
   void EndOnePaint() {
-    if (!model_.form().shown()) return;  // painting would show it again
+    if (!model_.form().shown()) return;  // WM_SETREDRAW would make it visible again
     SendMessageW(form_peer().window(), WM_SETREDRAW, TRUE, 0);
     for (const ui::Control* const page : hidden_pages_) {
       if (!page->visible()) continue;

@@ -120,6 +120,7 @@ void Win32FileSystem::MakeFolder(TextView path) {
 std::int64_t Win32FileSystem::FileSize(TextView path) {
   WIN32_FILE_ATTRIBUTE_DATA data = {};
   Require(GetFileAttributesExW(NativePath(path).c_str(), GetFileExInfoStandard, &data));
+  // A folder has attributes too, but it is no file.
   if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
     throw RuntimeError(ErrorNumber::kFileNotFound);
   }

@@ -63,6 +63,7 @@ ui::PicturePtr Win32Toolkit::ReadPicture(TextView path) {
   if (!GetFileAttributesExW(NativePath(path).c_str(), GetFileExInfoStandard, &file)) {
     return std::make_shared<NativePicture>(path);  // which says why it cannot be read
   }
+  // A dialog reads two; more come only with another host root.
   if (pictures_.size() >= kMostCachedPictures) pictures_.clear();
   CachedPicture& known = pictures_[Text(path)];
   if (known.picture == nullptr || known.size != file.nFileSizeLow ||
@@ -124,6 +125,7 @@ void Win32Toolkit::PointerChanged() const noexcept {
   GetCursorPos(&place);
   const HWND under = WindowFromPoint(place);
   if (WindowPeer::Of(under) == nullptr) return;
+  // As if the mouse had moved, which is when the system asks for the pointer.
   SendMessageW(under, WM_SETCURSOR, reinterpret_cast<WPARAM>(under),
                MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
 }
@@ -133,6 +135,7 @@ void Win32Toolkit::RunModal(ui::Form& form) {
   ModalDisplay modal(peer.window(), peer.active_before());
   displays_.push_back({&form, &modal});
   const AtEnd ended([&] { displays_.pop_back(); });
+  // With the display in the list: the others hear of it and may end it.
   modal.HoldBackOthers();
   modal.Run();
 }
@@ -156,6 +159,7 @@ void Win32Toolkit::UnhookTabBackground(ui::TabStrip& strip) {
 }
 
 void Win32Toolkit::RegisterClasses() {
+  // The second set holds the tooltips.
   const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_TAB_CLASSES | ICC_BAR_CLASSES};
   InitCommonControlsEx(&controls);
   for (const wchar_t* const name : {kFormClass, kImageClass}) {

@@ -49,6 +49,7 @@ std::optional<ui::Fact> WindowPeer::FactOfMouse(UINT message, WPARAM wparam, LPA
     const ui::MouseEvent event = {button.number, HeldKeys(),
                                   toolkit_.scale().ToTwips(GET_X_LPARAM(lparam)),
                                   toolkit_.scale().ToTwips(GET_Y_LPARAM(lparam))};
+    // The second press of a double click comes as a message of its own.
     if (message != button.down + 1) {
       if (CapturesMouse() && pressed_ == 0) SetCapture(window_);
       if (CapturesMouse()) pressed_ |= button.number;

@@ -76,10 +76,12 @@ void WindowPeer::MakeWindow(HWND parent) {
   if (window == nullptr) throw WindowFailure();
   peers_.emplace(window.get(), this);
   window_ = window.release();
+  // Only now, so that the messages of the window's creation go to its class alone.
   original_ = reinterpret_cast<WNDPROC>(
       SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
   SetPropW(window_, kControlName, const_cast<wchar_t*>(Wide(control_.name())));
 
+  // What the window tells from here on is the echo of what it is told.
   ++showing_;
   making_ = true;
   const AtEnd made([&] {
@@ -98,6 +100,7 @@ void WindowPeer::Sync(ui::Changes changes) {
   const SystemResolution resolution;
   ++showing_;
   const AtEnd shown([&] { --showing_; });
+  // A window is hidden before it changes and shown after it, so that no step is seen.
   if (changes.Has(Changes::kVisible) && !visible) ShowVisible();
   if (window_ != nullptr) {
     if (changes.Has(Changes::kBounds)) TakePlace();
@@ -137,6 +140,7 @@ void WindowPeer::ShowFocus(bool reached_by_key) const {
     SendMessageW(form_peer().window(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
   }
   SetFocus(window_);
+  // A text field, whose text is selected whole as in any dialog.
   if (reached_by_key && (Send(WM_GETDLGCODE) & DLGC_HASSETSEL) != 0) Send(EM_SETSEL, 0, -1);
 }
 
@@ -199,6 +203,7 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       }
       break;
     }
+    // Also asked for text fields that are disabled or read-only.
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLORBTN:
       if (child(reinterpret_cast<HWND>(lparam)) != nullptr) {
@@ -214,6 +219,7 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         return TRUE;
       }
       break;
+    // Not by Tell: the focus that the model itself has set counts too.
     case WM_SETFOCUS:
       control_.Happened(ui::FocusTaken{});
       break;
@@ -225,6 +231,7 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       break;
     case WM_KEYUP:
       Tell(ui::KeyReleased{static_cast<char16_t>(wparam)});
+      // A handler may have ended the form.
       if (window_ == nullptr) return 0;
       break;
     case WM_CHAR:
@@ -242,6 +249,7 @@ LRESULT WindowPeer::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
       }
       break;
     case WM_GETOBJECT:
+      // Of the parameter only the low 32 bits count.
       if (static_cast<LONG>(lparam) != OBJID_CLIENT) break;
       if (const LRESULT answer = AnswerAssistiveTool(wparam)) return answer;
       break;
