@@ -101,11 +101,6 @@ class OldThread {
   std::optional<quill::SystemThread> thread_;
 };
 
-TEST(RuntimeParts, ExceptionsNest) {
-  const Probe probe;
-  EXPECT_EQ(probe.NestedCatches(), kAllNestedCatches);
-}
-
 TEST(RuntimeParts, ThreadsHandleTheirExceptionsApart) {
   const Probe probe;
   const auto results = InThreads(8, probe.Find("ProbeNestedCatches"), 200);

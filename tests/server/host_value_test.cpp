@@ -24,12 +24,13 @@ class TargetArray : public PluginBench {
   }
 };
 
-Variant ArrayOf(VARTYPE type, const std::vector<std::int32_t>& values) {
+template <class T>
+Variant ArrayOf(VARTYPE type, std::vector<T> values) {
   Variant array = OfType(static_cast<VARTYPE>(VT_ARRAY | type));
   array.get()->parray = ::SafeArrayCreateVector(type, 0, static_cast<ULONG>(values.size()));
   for (LONG i = 0; i < static_cast<LONG>(values.size()); ++i) {
-    std::int32_t value = values[static_cast<std::size_t>(i)];
-    EXPECT_EQ(::SafeArrayPutElement(array.get()->parray, &i, &value), S_OK);
+    EXPECT_EQ(::SafeArrayPutElement(array.get()->parray, &i, &values[static_cast<std::size_t>(i)]),
+              S_OK);
   }
   return array;
 }
@@ -37,15 +38,10 @@ Variant ArrayOf(VARTYPE type, const std::vector<std::int32_t>& values) {
 TEST_F(TargetArray, MayHoldTextsNumbersOrVariants) {
   EXPECT_EQ(Open(ArrayOfVariants({u"other", u"abc"})), "abc");
   EXPECT_EQ(Open(ArrayOfVariants({u"abc", u"other"}, 1)), "abc") << "counted from 1";
-  EXPECT_EQ(Open(ArrayOf(VT_I4, {1, -20, 300})), "-20");
-  EXPECT_EQ(Open(ArrayOf(VT_UI1, {1, 200})), "200");
-  Variant halves = OfType(VT_ARRAY | VT_R8);
-  halves.get()->parray = ::SafeArrayCreateVector(VT_R8, 0, 2);
-  LONG last = 1;
-  double half = 0.5;
-  EXPECT_EQ(::SafeArrayPutElement(halves.get()->parray, &last, &half), S_OK);
+  EXPECT_EQ(Open(ArrayOf<std::int32_t>(VT_I4, {1, -20, 300})), "-20");
+  EXPECT_EQ(Open(ArrayOf<std::uint8_t>(VT_UI1, {1, 200})), "200");
   ASSERT_TRUE(::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, L","));
-  EXPECT_EQ(Open(halves), "0.5") << "whatever the user's own sign is";
+  EXPECT_EQ(Open(ArrayOf<double>(VT_R8, {0, 0.5})), "0.5") << "whatever the user's own sign is";
   EXPECT_TRUE(::SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, L"."));
 
   Variant texts = OfType(VT_ARRAY | VT_BSTR);

@@ -1,227 +1,169 @@
-// What the type library in the file tells is true: a client that has nothing else finds the record
-// and every member where they are, on its own thread and from another apartment.
-#include "tests/server/type_library_client.h"
-
+// What the type library in the file tells is true: the members and the record are where compiled
+// hosts have them, and the platform calls and marshals by it.
 #include <algorithm>
 #include <atomic>
+#include <cstddef>
 
-#include "host/remote/scenario.h"
-#include "host/story/story_player.h"
-#include "host/win32/plugin_session.h"
+#include "server/plugin_object.h"
 #include "tests/server/plugin_bench.h"
 
 namespace quill::com {
 namespace {
 
-using bound_early::Member;
-using bound_early::TypeLibraryClient;
+constexpr std::size_t kPointer = sizeof(void*);
 
-constexpr std::pair<const wchar_t*, const wchar_t*> kValues[] = {
-    {L"Name", L"Quillstart"},
-    {L"File", L"kvrrcBHDGS.dll"},
-    {L"Version", L"1.1.2"},
-    {L"Author", L"Tobin Marsh (Aka Kestrel)"},
-    {L"Description", L"This Plugin adds the ability to Start and Stop DFBHD via the Trackmoor."},
-    {L"Game", L"0:Delta Force,  V1.5.0.5;"},
-    {L"HasInterface", L"0"},
-    {L"ProfileMenu", L"-1"},
-    {L"ServerMenu", L"0"},
-    {L"MainMenu", L"0"},
-    {L"ProfileMenuItems", L"empty"},
-    {L"ServerMenuItems", L"0:Start Game;Stop Game;"},
-    {L"MainMenuItems", L"empty"},
-    {L"MinRCVer", L"1403"},
-    {L"MinMemKitVer", L"1004"},
-    {L"MinFileKitVer", L"1107"},
-    {L"MinKVRVer", L"31001"},
-    {L"MinRCCVer", L"3505"},
+// Place in the vtable, name, identifier, parameters as "name:type/flags", "*" for a pointer.
+constexpr std::string_view kMembers[] = {
+    "7 dllVersion #1 PNAME:8/1 result:*8/10",
+    "8 GetData #2 result:*29/10",
+    "9 SetPrivis #3 NameCol:9/1 ValCol:9/1 IsSuperAdmin:11/1",
+    "10 LoadInterface #4 Index:3/1 pHwnd:3/1 PDAT:*12/3 fName:*8/19",
+    "11 RemoteData #5 Data:*8/3",
+    "12 HideInterface #6 fName:*8/19",
 };
+
+// Name and type of each field of the record.
+constexpr std::string_view kFields =
+    " Name:8 File:8 Version:8 Author:8 Description:8 Game:12 HasInterface:11 ProfileMenu:11"
+    " ServerMenu:11 MainMenu:11 ProfileMenuItems:12 ServerMenuItems:12 MainMenuItems:12"
+    " MinRCVer:8 MinMemKitVer:8 MinFileKitVer:8 MinKVRVer:8 MinRCCVer:8";
+
+TYPEATTR AttributesOf(ITypeInfo& type) {
+  TYPEATTR* attributes = nullptr;
+  EXPECT_EQ(type.GetTypeAttr(&attributes), S_OK);
+  const TYPEATTR copy = *attributes;
+  type.ReleaseTypeAttr(attributes);
+  return copy;
+}
+
+// The type that is implemented at `index`.
+ComPtr<ITypeInfo> ImplementedBy(ITypeInfo& type, UINT index) {
+  HREFTYPE reference = 0;
+  ComPtr<ITypeInfo> implemented;
+  EXPECT_EQ(type.GetRefTypeOfImplType(index, &reference), S_OK);
+  EXPECT_EQ(type.GetRefTypeInfo(reference, implemented.Receive()), S_OK);
+  return implemented;
+}
+
+// As in kMembers.
+std::string MemberAt(ITypeInfo& type, UINT index) {
+  FUNCDESC* function = nullptr;
+  EXPECT_EQ(type.GetFuncDesc(index, &function), S_OK);
+  BSTR names[8] = {};
+  UINT count = 0;
+  EXPECT_EQ(type.GetNames(function->memid, names, 8, &count), S_OK);
+  std::string member = std::to_string(static_cast<std::size_t>(function->oVft) / kPointer);
+  for (UINT i = 0; i < count; ++i) {
+    member += " " + ToUtf8(ViewOf(names[i]));
+    ::SysFreeString(names[i]);
+    if (i == 0) member += " #" + std::to_string(function->memid);
+    if (i == 0 || i > static_cast<UINT>(function->cParams)) continue;
+    const ELEMDESC& parameter = function->lprgelemdescParam[i - 1];
+    const bool is_pointer = parameter.tdesc.vt == VT_PTR;
+    member += (is_pointer ? ":*" : ":") +
+              std::to_string(is_pointer ? parameter.tdesc.lptdesc->vt : parameter.tdesc.vt) + "/" +
+              std::to_string(parameter.paramdesc.wParamFlags);
+  }
+  type.ReleaseFuncDesc(function);
+  return member;
+}
 
 class TypeLibrary : public PluginBench {
  protected:
-  TypeLibrary() { Start(); }
-
-  [[nodiscard]] ComPtr<IUnknown> CreateBound() const {
-    ComPtr<IClassFactory> factory;
-    ComPtr<IUnknown> made;
-    EXPECT_EQ(library->GetClassObject(client_.class_id, IID_IClassFactory, factory.ReceiveVoid()),
-              S_OK);
-    EXPECT_EQ(factory->CreateInstance(nullptr, client_.interface_id, made.ReceiveVoid()), S_OK);
-    return made;
+  TypeLibrary() {
+    Start();
+    EXPECT_EQ(::LoadTypeLibEx(WideOf(TestedLibrary::Path()), REGKIND_NONE, types_.Receive()), S_OK);
+    EXPECT_EQ(types_->GetTypeInfoOfGuid(kInterfaceId, dispatch_view_.Receive()), S_OK);
   }
 
-  // Each member called at its place, with arguments of the types that are told.
-  void ExpectVersion(IUnknown* object) const {
-    const Bstr host(u"host");
-    VARIANT name = Of(VT_BSTR);
-    name.bstrVal = host.get();
-    Bstr version;
-    EXPECT_EQ(client_.Call(object, L"dllVersion", {name, Place(VT_BSTR, version.address())}), S_OK);
-    EXPECT_EQ(version.view(), u"1.1.2");
-  }
-  void ExpectRecord(IUnknown* object) const {
-    std::vector<char> record(client_.record_size);
-    EXPECT_EQ(client_.Call(object, L"GetData", {Place(VT_RECORD, record.data())}), S_OK);
-    ExpectValues(record.data());
-    EXPECT_EQ(RecordInfo()->RecordClear(record.data()), S_OK);
-  }
-  void ExpectValues(const void* record) const {
-    for (const auto& [name, value] : kValues) {
-      EXPECT_EQ(client_.Read(record, name), value) << ToUtf8(Told(name));
-    }
-  }
-  HRESULT SetRights(IUnknown* object, IDispatch* names) const {
-    VARIANT rights = Of(VT_DISPATCH);
-    rights.pdispVal = names;
-    return client_.Call(object, L"SetPrivis", {rights, rights, Of(VT_BOOL)});
-  }
-  HRESULT Open(IUnknown* object) const {
-    VARIANT index = Of(VT_I4);
-    index.lVal = 3;
-    Variant target = ArrayOfVariants({u"", u"abc"});
-    Bstr name;
-    return client_.Call(
-        object, L"LoadInterface",
-        {index, Of(VT_I4), Place(VT_VARIANT, target.get()), Place(VT_BSTR, name.address())});
-  }
-  HRESULT Reply(IUnknown* object, TextView text) const {
-    Bstr reply(text);
-    return client_.Call(object, L"RemoteData", {Place(VT_BSTR, reply.address())});
-  }
-  HRESULT Hide(IUnknown* object) const {
-    Bstr name;
-    return client_.Call(object, L"HideInterface", {Place(VT_BSTR, name.address())});
-  }
-
-  [[nodiscard]] ComPtr<IRecordInfo> RecordInfo() const {
-    ComPtr<IRecordInfo> info;
-    EXPECT_EQ(::GetRecordInfoFromTypeInfo(client_.record.get(), info.Receive()), S_OK);
-    return info;
-  }
-  static VARIANT Of(VARTYPE type) {
-    VARIANT value{};
-    value.vt = type;
-    return value;
-  }
-  static VARIANT Place(VARTYPE type, void* place) {
-    VARIANT value = Of(static_cast<VARTYPE>(VT_BYREF | type));
-    value.byref = place;
-    return value;
-  }
-  static Text Told(const std::wstring& text) { return Text(text.begin(), text.end()); }
-
-  const TypeLibraryClient client_{WideOf(TestedLibrary::Path())};
+  ComPtr<ITypeLib> types_;
+  ComPtr<ITypeInfo> dispatch_view_;
 };
 
-TEST_F(TypeLibrary, AgreesWithItselfOnThePlacesOfMembersAndFields) {
-  constexpr std::size_t kPointer = sizeof(void*);
-  const auto attributes = TypeLibraryClient::Attributes(*client_.interface_view);
+TEST_F(TypeLibrary, HasMembersAndFieldsWhereCompiledHostsHaveThem) {
+  const auto interface_view = ImplementedBy(*dispatch_view_.get(), static_cast<UINT>(-1));
+  const TYPEATTR attributes = AttributesOf(*interface_view.get());
   EXPECT_EQ(attributes.typekind, TKIND_INTERFACE);
   EXPECT_EQ(attributes.cbSizeVft, 13 * kPointer);
-  const auto base = TypeLibraryClient::Referred(
-      *client_.interface_view, TypeLibraryClient::ImplementedBy(*client_.interface_view, 0));
-  EXPECT_TRUE(IsEqualGUID(TypeLibraryClient::Attributes(*base).guid, IID_IDispatch));
-
-  const wchar_t* const members[] = {L"dllVersion",    L"GetData",    L"SetPrivis",
-                                    L"LoadInterface", L"RemoteData", L"HideInterface"};
-  ASSERT_EQ(client_.members.size(), std::size(members));
-  for (std::size_t i = 0; i < std::size(members); ++i) {
-    EXPECT_EQ(client_.members.at(members[i]).offset, (7 + i) * kPointer);
+  const auto base = ImplementedBy(*interface_view.get(), 0);
+  EXPECT_TRUE(IsEqualGUID(AttributesOf(*base.get()).guid, IID_IDispatch));
+  ASSERT_EQ(attributes.cFuncs, std::size(kMembers));
+  for (UINT i = 0; i < attributes.cFuncs; ++i) {
+    EXPECT_EQ(MemberAt(*interface_view.get(), i), kMembers[i]);
   }
-  // The other view lists what is inherited as well.
-  const auto listed = TypeLibraryClient::Attributes(*client_.dispatch_view);
+  // The other view lists what is inherited as well, and no results.
+  const TYPEATTR listed = AttributesOf(*dispatch_view_.get());
   EXPECT_EQ(listed.typekind, TKIND_DISPATCH);
   ASSERT_EQ(listed.cFuncs, 13);
   for (UINT i = 0; i < listed.cFuncs; ++i) {
-    FUNCDESC* function = nullptr;
-    ASSERT_EQ(client_.dispatch_view->GetFuncDesc(i, &function), S_OK);
-    EXPECT_EQ(static_cast<std::size_t>(function->oVft), i * kPointer);
-    const std::wstring name = TypeLibraryClient::NameOf(*client_.dispatch_view, function->memid);
-    EXPECT_EQ(name, i < 7 ? name : members[i - 7]);
-    if (name == L"LoadInterface" || name == L"HideInterface") {
-      const auto& last = function->lprgelemdescParam[function->cParams - 1].paramdesc;
-      EXPECT_TRUE(last.wParamFlags & PARAMFLAG_FOPT);
-    }
-    client_.dispatch_view->ReleaseFuncDesc(function);
+    const std::string member = MemberAt(*dispatch_view_.get(), i);
+    EXPECT_TRUE(i < 7 ? member.starts_with(std::to_string(i) + " ")
+                      : kMembers[i - 7].starts_with(member))
+        << member;
   }
 
-  const auto record = TypeLibraryClient::Attributes(*client_.record);
-  EXPECT_EQ(record.cbAlignment, kPointer);
-  EXPECT_EQ(record.cbSizeInstance, client_.record_size);
-  EXPECT_EQ(client_.record_size, kPointer == 8 ? 184u : 112u);
+  ComPtr<ITypeInfo> record;
+  ASSERT_EQ(types_->GetTypeInfoOfGuid(kRecordId, record.Receive()), S_OK);
+  const TYPEATTR of_record = AttributesOf(*record.get());
+  EXPECT_EQ(of_record.cbAlignment, kPointer);
+  EXPECT_EQ(of_record.cbSizeInstance, sizeof(PluginRecord));
+  ComPtr<IRecordInfo> info;
   ULONG size = 0;
-  EXPECT_EQ(RecordInfo()->GetSize(&size), S_OK);
-  EXPECT_EQ(size, client_.record_size);
-  ASSERT_EQ(client_.fields.size(), std::size(kValues));
-  for (std::size_t i = 0; i < std::size(kValues); ++i) {
-    EXPECT_EQ(client_.fields[i].name, kValues[i].first);
-    EXPECT_EQ(client_.fields[i].told, client_.fields[i].offset) << ToUtf8(Told(kValues[i].first));
+  ASSERT_EQ(::GetRecordInfoFromTypeInfo(record.get(), info.Receive()), S_OK);
+  EXPECT_EQ(info->GetSize(&size), S_OK);
+  EXPECT_EQ(size, sizeof(PluginRecord));
+  // Each field at a multiple of its own size or of the declared alignment, whichever is less.
+  std::string fields;
+  std::size_t end = 0;
+  for (UINT i = 0; i < of_record.cVars; ++i) {
+    VARDESC* field = nullptr;
+    ASSERT_EQ(record->GetVarDesc(i, &field), S_OK);
+    Bstr name;
+    UINT count = 0;
+    EXPECT_EQ(record->GetNames(field->memid, name.address(), 1, &count), S_OK);
+    const VARTYPE type = field->elemdescVar.tdesc.vt;
+    fields += " " + ToUtf8(name.view()) + ":" + std::to_string(type);
+    const std::size_t length = type == VT_BOOL      ? sizeof(VARIANT_BOOL)
+                               : type == VT_VARIANT ? sizeof(VARIANT)
+                                                    : kPointer;
+    const std::size_t step = std::min(length, kPointer);
+    EXPECT_EQ(field->oInst, (end + step - 1) / step * step) << fields;
+    end = field->oInst + length;
+    record->ReleaseVarDesc(field);
   }
-}
-
-TEST_F(TypeLibrary, IsAllThatAnEarlyBoundHostNeedsForTheMainJob) {
-  const auto bound = CreateBound();
-  ExpectVersion(bound.get());
-  ExpectRecord(bound.get());
-  const auto rights =
-      host::MakeRightsCollection({{u"Change GS Max Players", host::Right::Form::kText, u"1"}});
-  EXPECT_EQ(SetRights(bound.get(), rights.get()), S_OK);
-
-  while_shown = [&] {
-    EXPECT_EQ(Enabled(), "-e------");
-    EXPECT_EQ(Reply(bound.get(), host::SettingsReply(host::StoryServer())), S_OK);
-    EXPECT_EQ(robot.Read(u"txtName", u"text"), u"Story Server");
-    robot.ClickTab(u"Map Settings");
-    robot.DoubleClickRow(u"lstAvlMaps", 0);
-    Push(u"cmdStart");
-    EXPECT_EQ(Reply(bound.get(), u"1"), S_OK);
-  };
-  EXPECT_EQ(Open(bound.get()), S_OK) << "returns when the start was answered";
-  ASSERT_EQ(kit.files.size(), 2u);
-  EXPECT_EQ(kit.files[0].text, u"Plugin_kvrBHDGS_GetGameSettingsRem_abc_VB6_3");
-  EXPECT_TRUE(kit.files[1].text.starts_with(u"Plugin_kvrBHDGS_StartGameRem_abc_VB6_3_"))
-      << ToUtf8(kit.files[1].text);
-
-  while_shown = [&] { EXPECT_EQ(Hide(bound.get()), S_OK); };
-  EXPECT_EQ(Open(bound.get()), S_OK) << "returns when the dialog is hidden";
-  EXPECT_TRUE(boxes.empty());
+  EXPECT_EQ(fields, kFields);
 }
 
 TEST_F(TypeLibrary, ServesThePlatformsOwnInvokeAndLateCallers) {
-  const auto invoke = [&](const wchar_t* name, std::vector<VARIANT> arguments) {
-    const Member& member = client_.members.at(name);
-    EXPECT_EQ(member.id, IdOf(*plugin.get(), Told(name)));
+  const auto invoke = [&](DISPID id, std::vector<VARIANT> arguments) {
     std::ranges::reverse(arguments);
     DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
-    Outcome outcome;
-    outcome.result = client_.dispatch_view->Invoke(
-        static_cast<IDispatch*>(plugin.get()), member.id, DISPATCH_METHOD, &parameters,
-        outcome.value.get(), nullptr, &outcome.bad_argument);
-    EXPECT_EQ(outcome.result, S_OK) << ToUtf8(Told(name));
-    return outcome;
+    Variant result;
+    EXPECT_EQ(dispatch_view_->Invoke(static_cast<IDispatch*>(plugin.get()), id, DISPATCH_METHOD,
+                                     &parameters, result.get(), nullptr, nullptr),
+              S_OK);
+    return result;
   };
-  const Variant host = Variant::OfText(u"host");
-  EXPECT_EQ(TextOf(*invoke(L"dllVersion", {*host.get()}).value.get()), u"1.1.2");
+  EXPECT_EQ(TextOf(*invoke(1, {*Variant::OfText(u"host").get()}).get()), u"1.1.2");
   const Variant nobody = OfObject(nullptr);
-  invoke(L"SetPrivis", {*nobody.get(), *nobody.get(), *Variant::OfBoolean(true).get()});
+  invoke(3, {*nobody.get(), *nobody.get(), *Variant::OfBoolean(true).get()});
   Bstr text;
-  while_shown = [&] { invoke(L"HideInterface", {Place(VT_BSTR, text.address())}); };
+  const Variant place = Variant::ByReference(text.address());
+  while_shown = [&] { invoke(6, {*place.get()}); };
   Variant target = ArrayOfVariants({u"", u"abc"});
-  invoke(L"LoadInterface", {*Variant::OfInt32(3).get(), *Variant::OfInt32(0).get(),
-                            Place(VT_VARIANT, target.get()), Place(VT_BSTR, text.address())});
+  invoke(4, {*Variant::OfInt32(3).get(), *Variant::OfInt32(0).get(), *ByReference(target).get(),
+             *place.get()});
   EXPECT_EQ(kit.files.size(), 1u);
-  invoke(L"RemoteData", {Place(VT_BSTR, text.address())});
-  // An empty text is no reply.
-  EXPECT_EQ(boxes.size(), 1u);
+  invoke(5, {*place.get()});
+  EXPECT_EQ(boxes.size(), 1u) << "an empty text is no reply";
 
   // Wine's Invoke returns no record; the object's own does.
   const Outcome late = Invoke(*plugin.get(), u"GetData", {});
   ASSERT_EQ(late.result, S_OK);
   ASSERT_EQ(late.value.type(), VT_RECORD);
-  ExpectValues(late.value.get()->pvRecord);
   GUID id{};
   ASSERT_EQ(late.value.get()->pRecInfo->GetGuid(&id), S_OK);
-  EXPECT_TRUE(IsEqualGUID(id, TypeLibraryClient::Attributes(*client_.record).guid));
+  EXPECT_TRUE(IsEqualGUID(id, kRecordId));
 }
 
 // Runs `body` on a thread with an apartment of its own, while this one answers its calls.
@@ -244,27 +186,31 @@ void InAnotherApartment(const std::function<void()>& body) {
 TEST_F(TypeLibrary, LetsAnotherApartmentCallThroughAProxy) {
   // The interface's proxies are made from the registered type library.
   ASSERT_EQ(library->Entry<HRESULT(STDAPICALLTYPE*)()>("DllRegisterServer")(), S_OK);
-  const auto bound = CreateBound();
   IStream* stream = nullptr;
-  ASSERT_EQ(::CoMarshalInterThreadInterfaceInStream(client_.interface_id, bound.get(), &stream),
-            S_OK);
+  ASSERT_EQ(::CoMarshalInterThreadInterfaceInStream(kInterfaceId, plugin.get(), &stream), S_OK);
   InAnotherApartment([&] {
-    ComPtr<IUnknown> proxy;
-    ASSERT_EQ(::CoGetInterfaceAndReleaseStream(stream, client_.interface_id, proxy.ReceiveVoid()),
-              S_OK);
-    EXPECT_NE(proxy.get(), bound.get());
-    ExpectVersion(proxy.get());
-    ExpectRecord(proxy.get());
-    EXPECT_EQ(SetRights(proxy.get(), nullptr), S_OK);
-    while_shown = [&] { EXPECT_EQ(Hide(bound.get()), S_OK); };
-    EXPECT_EQ(Open(proxy.get()), S_OK);
-    EXPECT_EQ(Reply(proxy.get(), u""), S_OK);
-    EXPECT_EQ(Hide(proxy.get()), S_OK);
-    // The same by name.
-    ComPtr<IDispatch> late;
-    ASSERT_EQ(proxy->QueryInterface(IID_IDispatch, late.ReceiveVoid()), S_OK);
+    ComPtr<IPlugin> proxy;
+    ASSERT_EQ(::CoGetInterfaceAndReleaseStream(stream, kInterfaceId, proxy.ReceiveVoid()), S_OK);
+    EXPECT_NE(proxy.get(), plugin.get());
+    Bstr text;
+    EXPECT_EQ(proxy->dllVersion(Bstr(u"host").get(), text.address()), S_OK);
+    EXPECT_EQ(text.view(), u"1.1.2");
+    PluginRecord record{};
+    EXPECT_EQ(proxy->GetData(&record), S_OK);
+    EXPECT_EQ(ViewOf(record.Name), u"Quillstart");
+    EXPECT_EQ(record.ProfileMenu, VARIANT_TRUE);
+    EXPECT_EQ(record.ServerMenuItems.vt, VT_ARRAY | VT_BSTR);
+    EXPECT_EQ(ViewOf(record.MinRCCVer), u"3505");
+    ClearRecord(record);
+    EXPECT_EQ(proxy->SetPrivis(nullptr, nullptr, VARIANT_FALSE), S_OK);
+    while_shown = [&] { Hide(); };
+    Variant target = ArrayOfVariants({u"", u"abc"});
+    Bstr nothing;
+    EXPECT_EQ(proxy->LoadInterface(3, 0, target.get(), nothing.address()), S_OK);
+    EXPECT_EQ(proxy->RemoteData(nothing.address()), S_OK);
+    EXPECT_EQ(proxy->HideInterface(nothing.address()), S_OK);
     const Variant host = Variant::OfText(u"host");
-    EXPECT_EQ(TextOf(*Invoke(*late.get(), u"dllVersion", {*host.get()}).value.get()), u"1.1.2");
+    EXPECT_EQ(TextOf(*Invoke(*proxy.get(), u"dllVersion", {*host.get()}).value.get()), u"1.1.2");
   });
   EXPECT_EQ(library->Entry<HRESULT(STDAPICALLTYPE*)()>("DllUnregisterServer")(), S_OK);
   EXPECT_EQ(kit.files.size(), 1u);
@@ -273,28 +219,29 @@ TEST_F(TypeLibrary, LetsAnotherApartmentCallThroughAProxy) {
 
 TEST_F(TypeLibrary, NamesTheClassThatTheObjectIsOf) {
   Bstr name;
-  ASSERT_EQ(client_.library().GetDocumentation(-1, name.address(), nullptr, nullptr, nullptr),
-            S_OK);
+  ASSERT_EQ(types_->GetDocumentation(-1, name.address(), nullptr, nullptr, nullptr), S_OK);
   EXPECT_EQ(name.view(), u"kvrrcBHDGS");
   TLIBATTR* attributes = nullptr;
-  ASSERT_EQ(client_.library().GetLibAttr(&attributes), S_OK);
+  ASSERT_EQ(types_->GetLibAttr(&attributes), S_OK);
   EXPECT_TRUE(IsEqualGUID(attributes->guid, kLibraryId));
   EXPECT_EQ(attributes->wMajorVerNum, 1);
   EXPECT_EQ(attributes->wMinorVerNum, 0);
   EXPECT_EQ(attributes->syskind, sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32);
-  client_.library().ReleaseTLibAttr(attributes);
+  types_->ReleaseTLibAttr(attributes);
 
   ComPtr<IProvideClassInfo> provider;
   ASSERT_EQ(plugin->QueryInterface(IID_IProvideClassInfo, provider.ReceiveVoid()), S_OK);
   ComPtr<ITypeInfo> of_class;
   ASSERT_EQ(provider->GetClassInfo(of_class.Receive()), S_OK);
-  const TYPEATTR type = TypeLibraryClient::Attributes(*of_class.get());
+  const TYPEATTR type = AttributesOf(*of_class.get());
   EXPECT_TRUE(IsEqualGUID(type.guid, kClassId));
   EXPECT_TRUE(type.wTypeFlags & TYPEFLAG_FCANCREATE);
   ASSERT_EQ(type.cImplTypes, 1);
   INT flags = 0;
   ASSERT_EQ(of_class->GetImplTypeFlags(0, &flags), S_OK);
   EXPECT_TRUE(flags & IMPLTYPEFLAG_FDEFAULT);
+  const auto default_interface = ImplementedBy(*of_class.get(), 0);
+  EXPECT_TRUE(IsEqualGUID(AttributesOf(*default_interface.get()).guid, kInterfaceId));
 
   UINT count = 0;
   ASSERT_EQ(plugin->GetTypeInfoCount(&count), S_OK);
@@ -302,7 +249,20 @@ TEST_F(TypeLibrary, NamesTheClassThatTheObjectIsOf) {
   ComPtr<ITypeInfo> of_object;
   EXPECT_EQ(plugin->GetTypeInfo(1, LOCALE_USER_DEFAULT, of_object.Receive()), DISP_E_BADINDEX);
   ASSERT_EQ(plugin->GetTypeInfo(0, LOCALE_USER_DEFAULT, of_object.Receive()), S_OK);
-  EXPECT_TRUE(IsEqualGUID(TypeLibraryClient::Attributes(*of_object.get()).guid, kInterfaceId));
+  EXPECT_TRUE(IsEqualGUID(AttributesOf(*of_object.get()).guid, kInterfaceId));
+}
+
+TEST_F(TypeLibrary, IsJoinedByTheFilesVersion) {
+  std::byte version[4096];
+  ASSERT_TRUE(::GetFileVersionInfoW(WideOf(TestedLibrary::Path()), 0, sizeof version, version));
+  for (const auto& [name, value] : {std::pair(L"OriginalFilename", L"kvrrcBHDGS.dll"),
+                                    std::pair(L"ProductVersion", L"1.1.2")}) {
+    const std::wstring path = std::wstring(L"\\StringFileInfo\\040904B0\\") + name;
+    void* text = nullptr;
+    UINT length = 0;
+    EXPECT_TRUE(::VerQueryValueW(version, path.c_str(), &text, &length));
+    EXPECT_STREQ(static_cast<const wchar_t*>(text), value);
+  }
 }
 
 }  // namespace
