@@ -13,7 +13,10 @@
 #include "dialog/frmrcBHDGS.h"
 #include "host/headless/button_pictures.h"
 #include "host/win32/host_folder.h"
+#include "host/win32/leak_watch.h"
+#include "host/win32/window_picture.h"
 #include "host/win32/window_robot.h"
+#include "support/runtime_error.h"
 #include "tests/doubles/scratch_folder.h"
 #include "tests/win32/system_thread.h"
 #include "ui/controls.h"
@@ -31,6 +34,32 @@ inline void DrainMessages() {
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }
+}
+
+// The resources that repeated work uses up.
+inline std::vector<TextView> GrownBy(const std::function<void()>& work) {
+  constexpr int kCycles = 30;
+  host::LeakWatch watch(kCycles);
+  for (int cycle = 0; cycle < kCycles; ++cycle) {
+    work();
+    watch.CycleDone();
+  }
+  std::vector<TextView> grown;
+  for (const host::LeakWatch::Course& course : watch.Courses()) {
+    if (course.grew) grown.push_back(course.resource);
+  }
+  return grown;
+}
+
+// The number of the failure, 0 when there was none.
+template <class Call>
+std::int32_t FailureOf(const Call& call) {
+  try {
+    call();
+  } catch (const RuntimeError& error) {
+    return error.number();
+  }
+  return 0;
 }
 
 struct NativeBench {
@@ -100,6 +129,10 @@ struct NativeBench {
     mods.AddItem(u"None");
     mods.AddItem(mod);
     robot.Choose(u"cboMods", mod);
+  }
+  [[nodiscard]] host::Pixels PictureOf(const Text& control) const {
+    DrainMessages();
+    return host::TakeWindow(robot.Find(control));
   }
   [[nodiscard]] Text Seen(const Text& control, const Text& property) const {
     return robot.Read(control, property,

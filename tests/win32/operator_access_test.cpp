@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <array>
 
+#include "com/bstr.h"
 #include "com/com_ptr.h"
-#include "host/win32/window_picture.h"
 #include "tests/win32/native_bench.h"
 #include "win32/window_peer.h"
 
@@ -75,23 +75,19 @@ TEST_F(OperatorAccess, TheTabKeyGoesRoundEachPageInReadingOrder) {
 
 TEST_F(OperatorAccess, KeysPressTheImageButtonsAndTheFocusIsSeen) {
   Show([&](frmrcBHDGS& dialog) {
-    std::vector<ui::MouseEvent> events;
+    int presses = 0;
     const auto former = dialog.Get<ui::Image>(u"cmdRightImg").on_mouse_up;
     dialog.Get<ui::Image>(u"cmdRightImg").on_mouse_up = [&](const ui::MouseEvent& event) {
-      events.push_back(event);
+      presses += event.button == ui::kLeftButton ? 1 : 100;
       former(event);
-    };
-    const auto picture_of = [&](const Text& control) {
-      DrainMessages();
-      return host::TakeWindow(robot.Find(control));
     };
     const auto expect_seen_focus = [&](const Text& stop, const Text& shown) {
       SetFocus(robot.Find(u"tsMain"));
-      const host::Pixels before = picture_of(shown);
+      const host::Pixels before = PictureOf(shown);
       SetFocus(robot.Find(stop));
-      EXPECT_NE(picture_of(shown), before) << ToUtf8(shown);
+      EXPECT_NE(PictureOf(shown), before) << ToUtf8(shown);
       SetFocus(robot.Find(u"tsMain"));
-      EXPECT_EQ(picture_of(shown), before) << ToUtf8(shown);
+      EXPECT_EQ(PictureOf(shown), before) << ToUtf8(shown);
     };
     expect_seen_focus(u"chkLoop", u"chkLoop");
     robot.ClickTab(u"Map Settings");
@@ -99,7 +95,7 @@ TEST_F(OperatorAccess, KeysPressTheImageButtonsAndTheFocusIsSeen) {
     expect_seen_focus(u"cmdRightImg", u"cmdRight");
     const HWND face = robot.Find(u"cmdRightImg");
     SetFocus(face);
-    const host::Pixels plain_caption = picture_of(u"cmdCancel");
+    const host::Pixels plain_caption = PictureOf(u"cmdCancel");
     robot.PressKey(VK_SPACE);
     EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Team Deathmatch");
     robot.PressKey(VK_RETURN);
@@ -107,43 +103,31 @@ TEST_F(OperatorAccess, KeysPressTheImageButtonsAndTheFocusIsSeen) {
     robot.PressAccessKey(u'n');
     EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Team King of the Hill");
     EXPECT_EQ(robot.Focused(), u"cmdRightImg");
-    EXPECT_NE(picture_of(u"cmdCancel"), plain_caption) << "Alt shows the access keys";
+    EXPECT_NE(PictureOf(u"cmdCancel"), plain_caption) << "Alt shows the access keys";
     robot.PressAccessKey(u'P');
     EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Cooperative");
     robot.PressAccessKey(u'R');
     EXPECT_EQ(robot.Focused(), u"cmdRandomize");
     EXPECT_EQ(Seen(u"cmdRightImg", u"picture"), u"butup.gif");
-    ASSERT_EQ(events.size(), 3u);
-    for (const ui::MouseEvent& event : events) {
-      EXPECT_EQ(event.button, ui::kLeftButton);
-      EXPECT_EQ(event.shift, 0);
-    }
+    EXPECT_EQ(presses, 3);
     // The key was pressed somewhere else.
     SetFocus(face);
     SendMessageW(face, WM_KEYUP, VK_SPACE, 1);
-    EXPECT_EQ(events.size(), 3u);
+    EXPECT_EQ(presses, 3);
 
     robot.ClickTab(u"Misc Options");
     robot.PressAccessKey(u'n');  // of a button that is out of sight
-    EXPECT_EQ(events.size(), 3u);
+    EXPECT_EQ(presses, 3);
     robot.PressAccessKey(u'c');
     EXPECT_FALSE(robot.FormShown());
   });
 }
 
-// What a tool hears, through the interface that it uses itself.
-struct Heard {
-  Text name;
-  Text value;
-  LONG role = 0;
-  LONG state = 0;
-  Text shortcut;
-};
-
-Text Taken(BSTR text) {
-  Text taken = text != nullptr ? win32::FromWide({text, SysStringLen(text)}) : Text();
-  SysFreeString(text);
-  return taken;
+VARIANT Self() {
+  VARIANT self = {};
+  self.vt = VT_I4;
+  self.lVal = CHILDID_SELF;
+  return self;
 }
 
 com::ComPtr<IAccessible> ObjectOf(HWND window) {
@@ -154,26 +138,24 @@ com::ComPtr<IAccessible> ObjectOf(HWND window) {
   return object;
 }
 
-Heard Hear(HWND window) {
-  Heard heard;
-  const auto object = ObjectOf(window);
-  if (!object) return heard;
-  VARIANT self = {};
-  self.vt = VT_I4;
-  self.lVal = CHILDID_SELF;
-  VARIANT number = {};
-  BSTR text = nullptr;
-  if (SUCCEEDED(object->get_accName(self, &text))) heard.name = Taken(std::exchange(text, nullptr));
-  if (SUCCEEDED(object->get_accValue(self, &text))) {
-    heard.value = Taken(std::exchange(text, nullptr));
+// What a tool hears, through the interface that it uses itself; nothing where it is refused.
+struct Heard {
+  explicit Heard(HWND window) {
+    const auto object = ObjectOf(window);
+    if (!object) return;
+    VARIANT number = {};
+    object->get_accName(Self(), name.address());
+    object->get_accValue(Self(), value.address());
+    object->get_accKeyboardShortcut(Self(), shortcut.address());
+    if (SUCCEEDED(object->get_accRole(Self(), &number))) role = number.lVal;
+    if (SUCCEEDED(object->get_accState(Self(), &number))) state = number.lVal;
   }
-  if (SUCCEEDED(object->get_accKeyboardShortcut(self, &text))) {
-    heard.shortcut = Taken(std::exchange(text, nullptr));
-  }
-  if (SUCCEEDED(object->get_accRole(self, &number))) heard.role = number.lVal;
-  if (SUCCEEDED(object->get_accState(self, &number))) heard.state = number.lVal;
-  return heard;
-}
+  com::Bstr name;
+  com::Bstr value;
+  com::Bstr shortcut;
+  LONG role = 0;
+  LONG state = 0;
+};
 
 TEST_F(OperatorAccess, AssistiveToolsHearNamesRolesAndValues) {
   Show([&](frmrcBHDGS& dialog) {
@@ -203,12 +185,12 @@ TEST_F(OperatorAccess, AssistiveToolsHearNamesRolesAndValues) {
         {u"tsMain", ROLE_SYSTEM_PAGETABLIST, u"", u"", u""},
         {u"frmrcBHDGS", ROLE_SYSTEM_DIALOG, u"Select Hosting Options", u"", u""}};
     for (const auto& control : expected) {
-      const Heard heard = Hear(robot.Find(control.control));
+      const Heard heard(robot.Find(control.control));
       const std::string who = ToUtf8(control.control);
       EXPECT_EQ(heard.role, control.role) << who;
-      EXPECT_EQ(ToUtf8(heard.name), ToUtf8(control.name)) << who;
-      EXPECT_EQ(ToUtf8(heard.value), ToUtf8(control.value)) << who;
-      EXPECT_EQ(ToUtf8(heard.shortcut), ToUtf8(control.shortcut)) << who;
+      EXPECT_EQ(ToUtf8(heard.name.view()), ToUtf8(control.name)) << who;
+      EXPECT_EQ(ToUtf8(heard.value.view()), ToUtf8(control.value)) << who;
+      EXPECT_EQ(ToUtf8(heard.shortcut.view()), ToUtf8(control.shortcut)) << who;
       // A tool that goes by the system's classes takes one for what it is, too.
       std::array<wchar_t, 16> kind{};
       GetClassNameW(robot.Find(control.control), kind.data(), static_cast<int>(kind.size()));
@@ -219,36 +201,32 @@ TEST_F(OperatorAccess, AssistiveToolsHearNamesRolesAndValues) {
     for (const auto& control : dialog.controls()) {
       const auto* const peer = win32::WindowPeer::Of(*control);
       if (peer == nullptr || !control->IsTabStop() || control.get() == &dialog.tsMain) continue;
-      EXPECT_FALSE(Hear(peer->window()).name.empty()) << ToUtf8(control->name());
+      EXPECT_FALSE(Heard(peer->window()).name.view().empty()) << ToUtf8(control->name());
     }
 
-    EXPECT_TRUE(Hear(robot.Find(u"chkWindow")).state & STATE_SYSTEM_CHECKED);
+    EXPECT_TRUE(Heard(robot.Find(u"chkWindow")).state & STATE_SYSTEM_CHECKED);
     robot.Click(u"chkWindow");
-    EXPECT_FALSE(Hear(robot.Find(u"chkWindow")).state & STATE_SYSTEM_CHECKED);
-    EXPECT_TRUE(Hear(robot.Find(u"txtGametype")).state & STATE_SYSTEM_READONLY);
+    EXPECT_FALSE(Heard(robot.Find(u"chkWindow")).state & STATE_SYSTEM_CHECKED);
+    EXPECT_TRUE(Heard(robot.Find(u"txtGametype")).state & STATE_SYSTEM_READONLY);
     dialog.lstSelMaps.AddItem(u"above");
     dialog.lstSelMaps.AddItem(u"current");
     dialog.lstSelMaps.SetCurrentRow(1);
-    EXPECT_EQ(Hear(robot.Find(u"lstSelMaps")).value, u"current");
+    EXPECT_EQ(Heard(robot.Find(u"lstSelMaps")).value.view(), u"current");
     dialog.Get<ui::TextBox>(u"txtName").SetEnabled(false);
-    EXPECT_TRUE(Hear(robot.Find(u"txtName")).state & STATE_SYSTEM_UNAVAILABLE);
+    EXPECT_TRUE(Heard(robot.Find(u"txtName")).state & STATE_SYSTEM_UNAVAILABLE);
 
     // A tool presses a button, and may know it for longer than it is there.
-    VARIANT self = {};
-    self.vt = VT_I4;
     robot.ClickTab(u"Map Settings");
     const auto next = ObjectOf(robot.Find(u"cmdRightImg"));
-    ASSERT_EQ(next->accDoDefaultAction(self), S_OK);
+    ASSERT_EQ(next->accDoDefaultAction(Self()), S_OK);
     DrainMessages();
     EXPECT_EQ(Seen(u"txtGametype", u"text"), u"Team Deathmatch");
     kept_ = next;
   });
   session.dialog.reset();
   DrainMessages();
-  VARIANT self = {};
-  self.vt = VT_I4;
-  BSTR name = nullptr;
-  EXPECT_NE(kept_->get_accName(self, &name), S_OK) << ToUtf8(Taken(name));
+  com::Bstr name;
+  EXPECT_NE(kept_->get_accName(Self(), name.address()), S_OK) << ToUtf8(name.view());
 }
 
 }  // namespace

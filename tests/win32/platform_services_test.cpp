@@ -10,16 +10,6 @@
 namespace quill {
 namespace {
 
-template <class Call>
-std::int32_t FailureOf(const Call& call) {
-  try {
-    call();
-  } catch (const RuntimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
-
 std::int32_t Number(ErrorNumber number) {
   return static_cast<std::int32_t>(number);
 }
