@@ -19,12 +19,6 @@ Sub CheckHas(what, actual, expected)
   WScript.Echo "FAILED " & what & ": " & actual & ", without " & expected
 End Sub
 
-' The last failure as "number description", and none from here on.
-Function TakeError()
-  TakeError = Err.Number & " " & Err.Description
-  Err.Clear
-End Function
-
 Sub Finish()
   If failures = 0 Then WScript.Echo WScript.ScriptName & ": all " & checks & " checks passed"
   WScript.Quit failures
