@@ -226,12 +226,11 @@ void HeadlessOperator::Key(TextView name, char16_t character) {
   }
 }
 
-void HeadlessOperator::MouseAt(TextView name, bool pressed, std::int16_t button,
-                               std::int16_t shift) {
+void HeadlessOperator::MouseAt(TextView name, bool pressed, std::int16_t button) {
   const Gesture gesture(*this, Find(name),
                         {ControlKind::kImage, ControlKind::kLabel, ControlKind::kFrame});
   const ui::Bounds& bounds = gesture.control().bounds();
-  const ui::MouseEvent event{button, shift, bounds.width / 2, bounds.height / 2};
+  const ui::MouseEvent event{button, bounds.width / 2, bounds.height / 2};
   gesture.Report(pressed ? ui::Fact(ui::MousePressed{event}) : ui::MouseReleased{event});
 }
 

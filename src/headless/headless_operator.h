@@ -46,12 +46,8 @@ class HeadlessOperator {
   void Key(TextView name, char16_t character);  // into a list; elsewhere typed, or a blank to click
 
   // Images, labels and frames, at their centre.
-  void Press(TextView name, std::int16_t button, std::int16_t shift = 0) {
-    MouseAt(name, true, button, shift);
-  }
-  void Release(TextView name, std::int16_t button, std::int16_t shift = 0) {
-    MouseAt(name, false, button, shift);
-  }
+  void Press(TextView name, std::int16_t button) { MouseAt(name, true, button); }
+  void Release(TextView name, std::int16_t button) { MouseAt(name, false, button); }
 
   // A key that is no character, or one that is held with Ctrl or Alt, at the control, which takes
   // the focus. `times`: so often while it is held.
@@ -75,7 +71,7 @@ class HeadlessOperator {
   [[nodiscard]] ui::Control& Find(TextView name) const;
   // `from` on, up to the end, was selected, or is the end.
   void Edit(const Gesture& gesture, Text text, std::size_t from);
-  void MouseAt(TextView name, bool pressed, std::int16_t button, std::int16_t shift);
+  void MouseAt(TextView name, bool pressed, std::int16_t button);
 
   HeadlessToolkit& toolkit_;
   std::function<ui::Form*()> dialog_;

@@ -125,7 +125,7 @@ bool Image::ReactToKey(const KeyStruck& key) {
 }
 
 MouseEvent Image::Middle() const noexcept {
-  return {kLeftButton, 0, bounds().width / 2, bounds().height / 2};
+  return {kLeftButton, bounds().width / 2, bounds().height / 2};
 }
 
 void Image::LoseSpace() {

@@ -17,7 +17,7 @@ inline constexpr std::int16_t kMiddleButton = 4;
 inline constexpr std::int16_t kFourthButton = 8;
 inline constexpr std::int16_t kFifthButton = 16;
 
-// What is held with a key or a mouse button, added up.
+// What is held with a key, added up.
 inline constexpr std::int16_t kShiftHeld = 1;
 inline constexpr std::int16_t kCtrlHeld = 2;
 inline constexpr std::int16_t kAltHeld = 4;
@@ -42,7 +42,6 @@ struct KeyStroke {
 };
 struct MouseEvent {
   std::int16_t button = kLeftButton;
-  std::int16_t shift = 0;
   // Relative to the control.
   Twips x = 0;
   Twips y = 0;

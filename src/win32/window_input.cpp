@@ -46,8 +46,7 @@ std::optional<ui::Fact> WindowPeer::FactOfMouse(UINT message, WPARAM wparam, LPA
   for (const Button& button : kButtons) {
     if (message < button.down || message > button.down + 2) continue;
     if (button.extra != 0 && button.extra != GET_XBUTTON_WPARAM(wparam)) continue;
-    const ui::MouseEvent event = {button.number, HeldKeys(),
-                                  toolkit_.scale().ToTwips(GET_X_LPARAM(lparam)),
+    const ui::MouseEvent event = {button.number, toolkit_.scale().ToTwips(GET_X_LPARAM(lparam)),
                                   toolkit_.scale().ToTwips(GET_Y_LPARAM(lparam))};
     // The second press of a double click comes as a message of its own.
     if (message != button.down + 1) {

@@ -158,7 +158,7 @@ TEST_F(PlugIn, AMouseTakenAwayReleasesWhatIsPressedAndActsOnNothing) {
     const ui::Bounds& size = label.bounds();
     for (const auto& [x, y] : {std::pair(-1, 9), {9, -1}, {size.width, 9}, {9, size.height}}) {
       person.Press(u"lblChkLoop", ui::kLeftButton);
-      label.Happened(ui::MouseReleased{{ui::kLeftButton, 0, x, y}});
+      label.Happened(ui::MouseReleased{{ui::kLeftButton, x, y}});
       EXPECT_EQ(Value(u"chkLoop"), before) << x << "," << y;
     }
   });
