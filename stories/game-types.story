@@ -1,4 +1,4 @@
-title "The arrows step through all nine game types and around both ends"
+title "The arrows step through all nine game types, and a mod rebuilds the catalogue for the one at hand"
 
 host opens profile 1 target t
 tab "Map Settings"
@@ -11,7 +11,11 @@ push cmdLeft
 host replies
 expect txtGametype text = Deathmatch
 expect lstAvlMaps count = 9
+expect lstAvlMaps row 0 = "Road Rage <DMK_01A.BMS>"
+expect lstAvlMaps row 8 = "Squirrels Nest <DMP_01A.BMS>"
 expect lstAvlMaps data 8 = 0
+expect lstAvlMaps tooltip = "Maps: 9 / 117"
+double-click lstAvlMaps 0
 push cmdRight
 expect txtGametype text = "Team Deathmatch"
 expect lstAvlMaps count = 16
@@ -22,35 +26,51 @@ expect lstAvlMaps no rows
 expect lstAvlMaps tooltip = "Maps: 0 / 117"
 push cmdRight
 expect txtGametype text = "Team King of the Hill"
-expect lstAvlMaps count = 16
 push cmdRight
 expect txtGametype text = "King of the Hill"
-expect lstAvlMaps no rows
 push cmdRight
 expect txtGametype text = "Search and Destroy"
-expect lstAvlMaps count = 16
 push cmdRight
 expect txtGametype text = "Attack and Defend"
-expect lstAvlMaps count = 18
 push cmdRight
 expect txtGametype text = "Capture the Flag"
-expect lstAvlMaps count = 24
 push cmdRight
 expect txtGametype text = Flagball
-expect lstAvlMaps count = 18
 expect lstAvlMaps tooltip = "Maps: 18 / 117"
 push cmdRight
 expect txtGametype text = Deathmatch
+
+tab "Server Settings"
+choose cboMods "Team Sabre"
+tab "Map Settings"
+expect cboMods text = "Team Sabre"
+expect lstAvlMaps count = 14
+expect lstAvlMaps row 4 = "Squid Island <DMR_05.BMS>"
+expect lstAvlMaps row 5 = "Road Rage <DMK_01A.BMS>"
+expect lstAvlMaps tooltip = "Maps: 14 / 185"
+# The rotation is never filtered.
+expect lstSelMaps rows
+| Road Rage <DMK_01A.BMS>
 push cmdLeft
 expect txtGametype text = Flagball
-expect lstAvlMaps data 17 = 8
-# Any mouse button steps, over the face as over the caption.
-push cmdLeftImg right
-expect txtGametype text = "Capture the Flag"
-push cmdRight middle
+expect lstAvlMaps count = 28
+expect lstAvlMaps data 27 = 8
+
+tab "Server Settings"
+choose cboMods None
+tab "Map Settings"
 expect txtGametype text = Flagball
-repeat 9 times
-  push cmdLeft
-end
-expect txtGametype text = Flagball
+expect lstAvlMaps count = 18
+push cmdRight
+expect lstAvlMaps count = 9
+# Only "None" is no mod.
+tab "Server Settings"
+reply mods none "None " None
+host replies
+choose cboMods none
+expect lstAvlMaps count = 14
+choose cboMods None
+expect lstAvlMaps count = 9
+choose cboMods "None "
+expect lstAvlMaps count = 14
 push cmdCancel

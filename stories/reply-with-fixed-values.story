@@ -1,4 +1,4 @@
-title "What the operator may not change takes the reply's fixed values"
+title "What the operator may not change takes the reply's fixed values, or its default without them"
 
 right "Change GS Game Port" = 1
 host sets rights
@@ -8,9 +8,20 @@ reply "Max Players" = 40
 reply "Nova Login" = yes
 reply "Custom Skins" = yes
 reply "Dedicated" = no
+reply mods "Team Sabre" None
+host replies
+expect lstSession index = 0
+expect lstMax index = 15
+expect lstMax row 15 = 16
+expect chkNova value = 0
+expect chkSkins value = 0
+expect chkWindow value = 1
+expect chkDedi value = 1
+expect cboMods text = "Team Sabre"
+
 reply fixed "Session Type" = Tiodioksi
 reply fixed "Max Players" = 8
-reply fixed "Mod" = "Team Sabre"
+reply fixed "Mod" = None
 reply fixed "Windowed" = yes
 reply fixed "Dedicated" = yes
 reply fixed "Custom Skins" = no
@@ -22,9 +33,7 @@ expect chkNova value = 0
 expect chkSkins value = 0
 expect chkDedi value = 1
 expect chkWindow value = 1
-expect cboMods text = "Team Sabre"
-tab "Map Settings"
-expect lstAvlMaps tooltip = "Maps: 14 / 185"
+expect cboMods text = None
 
 # Each of the four differs from each other in one of the two replies.
 reply fixed "Dedicated" = no
@@ -57,5 +66,5 @@ expect lstSession index = 1
 expect lstMax index = 39
 expect chkNova value = 1
 expect chkDedi value = 0
-expect cboMods text = None
+expect cboMods text = "Team Sabre"
 push cmdCancel

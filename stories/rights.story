@@ -26,6 +26,16 @@ cannot click chkNova
 click chkDedi
 expect chkDedi value = 1
 
+# A click on the label of a check box toggles it, unless the operator may not change it.
+push lblChkLoop
+expect chkLoop value = 1
+push lblChkLoop right
+expect chkLoop value = 1
+push lblChkLoop
+expect chkLoop value = 0
+push lblChkNova
+expect chkNova value = 0
+
 # The port has no fixed value: the reply fills it, disabled or not.
 reply "Game Port" = 12345
 host replies
@@ -47,11 +57,40 @@ expect lstSession index = 1
 expect lstMax enabled = true
 expect lstSession enabled = false
 expect txtPort enabled = false
+# A super-administrator does not get back what another operator's rights took.
+right "Change GS Session Type" = 1
+host sets rights of super-administrator
+expect lstSession enabled = false
 push cmdCancel
 
-# They go with the dialog.
+# They go with the dialog. A super-administrator's rights, and none at all, change nothing.
 host opens profile 1 target t
 expect lstSession enabled = true
+right "Change GS Max Players" = 0
+right "Change GS Game Port" = 0
+host sets rights of super-administrator
+host sets rights
+expect lstMax enabled = true
 expect txtPort enabled = true
 expect chkNova enabled = true
-push cmdCancel
+host hides
+
+# An item that cannot be compared ends the rights there. Opened from inside a box that belongs to
+# nothing, the dialog takes the operator's input: its windows exist, and wait for the box like others.
+right "Change GS Session Type" = 0
+right "Change GS Max Players" = 0
+right "Change GS Game Mod" fails
+right "Change GS Dedicated Mode" = 0
+during box
+  host opens profile 2 target u
+  expect lstSession enabled = false
+  expect lstMax enabled = false
+  expect cboMods enabled = true
+  expect chkDedi enabled = true
+  type txtName x
+  tab "Map Settings"
+  push cmdCancel
+end
+host sets rights
+expect trapped SetPrivis 13 "Type mismatch"
+expect dialog hidden

@@ -1,4 +1,4 @@
-title "Maps join the rotation by double click and by plus or equals, in their order"
+title "Maps join and leave the rotation by double click and by plus, equals and minus"
 
 host opens profile 1 target t
 host replies
@@ -27,16 +27,17 @@ expect lstAvlMaps selected = "0 4 8"
 key lstAvlMaps =
 expect lstSelMaps count = 8
 
-# Other keys, and the key of the other list, do nothing.
+# Other keys, and the keys of the other list, do nothing; nor does anything where nothing is selected.
 key lstAvlMaps -
 key lstAvlMaps x
 key lstSelMaps +
 key lstSelMaps =
-expect lstSelMaps count = 8
+key lstSelMaps -
+key lstSelMaps x
 select lstAvlMaps none
 key lstAvlMaps +
-expect lstSelMaps count = 8
 double-click lstAvlMaps below
+double-click lstSelMaps below
 expect lstSelMaps count = 8
 
 # Maps of other game types keep theirs.
@@ -46,5 +47,26 @@ expect lstSelMaps row 8 = "Scrimmage Line A <FBK_01A.BMS>"
 expect lstSelMaps data 8 = 8
 expect lblMapCnt caption = "Number of Maps: 9"
 expect lstAvlMaps count = 18
+
+select lstSelMaps 1 3 5-7
+key lstSelMaps -
+expect lstSelMaps rows
+| Cracked <DMM_01E.BMS>
+| Road Rage <DMK_01A.BMS>
+| Squirrels Nest <DMP_01A.BMS>
+| Scrimmage Line A <FBK_01A.BMS>
+expect lstSelMaps selected = ""
+expect lblMapCnt caption = "Number of Maps: 4"
+expect lstSelMaps tooltip = "Maps: 4 / 117"
+double-click lstSelMaps 1
+expect lstSelMaps row 1 = "Squirrels Nest <DMP_01A.BMS>"
+select lstSelMaps all
+key lstSelMaps -
+expect lstSelMaps no rows
+expect lblMapCnt caption = "Number of Maps: 0"
+expect lstSelMaps tooltip = "Maps: 0 / 117"
+key lstSelMaps -
+double-click lstSelMaps below
+expect lstSelMaps no rows
 expect no box
 push cmdCancel

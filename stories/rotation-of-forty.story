@@ -38,45 +38,12 @@ repeat 5 times
   keys lstSelMaps Alt+Up
 end
 expect at most 60 gestures
-expect lstSelMaps rows
-| Tunnel Trouble A <TKHP_01A.BMS>
-| Tunnel Trouble B <TKHP_01B.BMS>
-| Squirrels Nest <DMP_01A.BMS>
-| Cracked <DMM_01E.BMS>
-| Stadium Riot <DMM_01K.BMS>
-| Road Rage <DMK_01A.BMS>
-| City Madness <DMM_01A.BMS>
-| Panic Attack B <TDMM_01F.BMS>
-| Walled In <DMM_01G.BMS>
-| Mines Eye <DMM_01H.BMS>
-| Desert Funeral <DMM_02A.BMS>
-| Culture Clash B <TDMK_01B.BMS>
-| Mean Streets B <TDMM_01B.BMS>
-| Rampage B <TDMM_01H.BMS>
-| Double Barrel B <TDMM_01L.BMS>
-| Hornets Nest B <TDMM_02B.BMS>
-| Sidewinder B <TDMM_03B.BMS>
-| Clue Map B <TDMP_01B.BMS>
-| Culture Clash A <TDMK_01A.BMS>
-| Mean Streets A <TDMM_01A.BMS>
-| Panic Attack A <TDMM_01E.BMS>
-| Rampage A <TDMM_01G.BMS>
-| Double Barrel A <TDMM_01K.BMS>
-| Hornets Nest A <TDMM_02A.BMS>
-| Sidewinder A <TDMM_03A.BMS>
-| Clue Map A <TDMP_01A.BMS>
-| Meat Grinder A <TKHK_01A.BMS>
-| Meat Grinder B <TKHK_01B.BMS>
-| House of Pain A <TKHM_01A.BMS>
-| House of Pain B <TKHM_01B.BMS>
-| Eye of the Dead A <TKHM_01E.BMS>
-| Eye of the Dead B <TKHM_01F.BMS>
-| Dust Devil A <TKHM_01G.BMS>
-| Dust Devil B <TKHM_01H.BMS>
-| Spider Web A <TKHM_01K.BMS>
-| Spider Web B <TKHM_01L.BMS>
-| Desert Insertion A <TKHM_02A.BMS>
-| Desert Insertion B <TKHM_02B.BMS>
-| Desert Fox A <TKHM_03A.BMS>
-| Desert Fox B <TKHM_03B.BMS>
+expect lstSelMaps count = 40
+expect lstSelMaps row 0 = "Tunnel Trouble A <TKHP_01A.BMS>"
+expect lstSelMaps row 2 = "Squirrels Nest <DMP_01A.BMS>"
+expect lstSelMaps row 7 = "Panic Attack B <TDMM_01F.BMS>"
+expect lstSelMaps row 11 = "Culture Clash B <TDMK_01B.BMS>"
+expect lstSelMaps row 18 = "Culture Clash A <TDMK_01A.BMS>"
+expect lstSelMaps row 26 = "Meat Grinder A <TKHK_01A.BMS>"
+expect lstSelMaps row 39 = "Desert Fox B <TKHM_03B.BMS>"
 push cmdCancel

