@@ -16,8 +16,8 @@ host replies
 tab "Map Settings"
 # Rubbish inside a message box is reported from in there.
 during box
-  cannot push cmdCancel
   host replies with 0
+  cannot push cmdCancel
   expect dialog shown
 end
 push cmdStart

@@ -18,11 +18,29 @@ bool ServesOthers(HWND window) noexcept {
   return lstrcmpiW(name.data(), L"IME") == 0;
 }
 
+// The box is looked for among the windows: GetLastActivePopup tells of activation only, and gives
+// the owner while a box is open behind which another one has just closed.
+struct BoxSearch {
+  HWND owner;
+  HWND found;
+};
+
+BOOL CALLBACK IsNoBox(HWND window, LPARAM parameter) noexcept {
+  auto& search = *reinterpret_cast<BoxSearch*>(parameter);
+  // A tooltip has no caption.
+  const bool is_box = GetWindow(window, GW_OWNER) == search.owner && IsWindowVisible(window) &&
+                      (GetWindowLongPtrW(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+  // A box that waits may have one of its own, as a file dialog that asks whether to overwrite.
+  if (is_box) search.found = IsWindowEnabled(window) ? window : OpenBoxOf(window);
+  return search.found != nullptr ? FALSE : TRUE;
+}
+
 }  // namespace
 
 HWND OpenBoxOf(HWND owner) noexcept {
-  const HWND last = GetLastActivePopup(owner);
-  return last != owner ? last : nullptr;
+  BoxSearch search = {owner, nullptr};
+  EnumThreadWindows(GetCurrentThreadId(), &IsNoBox, reinterpret_cast<LPARAM>(&search));
+  return search.found;
 }
 
 ModalDisplay::~ModalDisplay() {

@@ -75,7 +75,10 @@ ui::PicturePtr Win32Toolkit::ReadPicture(TextView path) {
 
 HWND Win32Toolkit::BoxOwner() const noexcept {
   for (const auto& display : std::ranges::reverse_view(displays_)) {
-    if (!display.modal->ended()) return display.modal->window();
+    if (display.modal->ended()) continue;
+    // Inside an open box, the box: at its end a box has its owner take input again.
+    const HWND box = OpenBoxOf(display.modal->window());
+    return box != nullptr ? box : display.modal->window();
   }
   return nullptr;
 }
