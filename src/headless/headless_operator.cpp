@@ -43,7 +43,7 @@ class HeadlessOperator::Gesture {
   [[nodiscard]] const ui::ListBox& list() const {
     return static_cast<const ui::ListBox&>(control_);
   }
-  [[nodiscard]] Text text() const { return *mirror().Property(u"text"); }
+  [[nodiscard]] Text text() const { return mirror().Property(u"text").value_or(Text()); }
 
   // The operator goes on at the same control.
   void CheckPossible() const {

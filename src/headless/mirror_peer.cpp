@@ -181,7 +181,9 @@ bool MirrorPeer::StacksLikeControl() const {
 
 void MirrorPeer::ChangeText(Text text) {
   for (std::size_t at = 0; at < properties_.size(); ++at) {
-    if (kProperties[at].name == u"text") properties_[at] = std::move(text);
+    if (kProperties[at].name != u"text") continue;
+    properties_[at] = std::move(text);
+    return;
   }
 }
 
@@ -206,8 +208,8 @@ std::optional<Text> MirrorPeer::Property(TextView name) const {
   if (name == u"container") return container_ != nullptr ? container_->control_.name() : Text();
   if (name == u"bounds") {
     // For a list box "top" is the first visible row, so the place is read as such.
-    return Concat({*Property(u"left"), u",", *Held(u"top"), u",", *Property(u"width"), u",",
-                   *Property(u"height")});
+    const auto part = [this](TextView side) { return Held(side).value_or(Text()); };
+    return Concat({part(u"left"), u",", part(u"top"), u",", part(u"width"), u",", part(u"height")});
   }
   Value value = RowProperty(name);
   return value ? value : Held(name);

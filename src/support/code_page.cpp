@@ -26,14 +26,14 @@ constexpr std::array<char16_t, 256> Windows1252Units() noexcept {
 
 const CodePage& CodePage::Windows1252() noexcept {
   // Made by the compiler: nothing of the library is made on first use, which would take a guard.
-  static constexpr CodePage page(Windows1252Units());
-  return page;
+  static constexpr CodePage kPage(Windows1252Units());
+  return kPage;
 }
 
 // A search, because few of the characters that are sent are not ASCII.
 std::uint8_t CodePage::ToUpperByte(char16_t unit) const noexcept {
-  const auto found = std::find(units_.begin() + 0x80, units_.end(), unit);
-  return found == units_.end() ? '?' : static_cast<std::uint8_t>(found - units_.begin());
+  const auto place = std::find(units_.begin() + 0x80, units_.end(), unit) - units_.begin();
+  return place == std::ssize(units_) ? '?' : static_cast<std::uint8_t>(place);
 }
 
 }  // namespace quill
