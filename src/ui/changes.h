@@ -19,7 +19,7 @@ class Changes {
     kSelection = 1u << 8,  // chosen row, selected rows, chosen tab
     kTopRow = 1u << 9,
     kPicture = 1u << 10,  // the picture
-    kOrder = 1u << 11,    // came to the front of its siblings, possibly in another container
+    kOrder = 1u << 11,    // came to the front of its siblings
     kPointer = 1u << 12,
     kFont = 1u << 13,
     kColour = 1u << 14,   // colour, transparency, how a picture box holds its drawing

@@ -63,21 +63,6 @@ Control::Control(Form& form, ControlKind kind, Text name, TextView title)
 
 Control::~Control() = default;
 
-void Control::MoveInto(Control& container) {
-  if (container_ == nullptr || &container.form_ != &form_) {
-    throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
-  }
-  for (const Control* outer = &container; outer != nullptr; outer = outer->container_) {
-    if (outer == this) throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
-  }
-  // First what may fail: afterwards the control is in one container at any time.
-  container.children_.reserve(container.children_.size() + 1);
-  std::erase(container_->children_, this);
-  container.children_.push_back(this);
-  container_ = &container;
-  Changed(Changes::kOrder);
-}
-
 void Control::BringToFront() {
   if (container_ == nullptr) return;
   auto& siblings = container_->children_;

@@ -81,9 +81,6 @@ class Control {
 
   // The control that this one lies in: a frame, or the form itself; null for the form.
   [[nodiscard]] Control* container() const noexcept { return container_; }
-  // Moves it to the front of `container`; its place is then relative to that one. Fails with
-  // kInvalidProcedureCall for a container of another form, for itself and for one that lies in it.
-  void MoveInto(Control& container);
   // Those lying in this one, from the back of the stacking order to the front.
   [[nodiscard]] const std::vector<Control*>& children() const noexcept { return children_; }
   void BringToFront();

@@ -18,7 +18,7 @@ class ControlTest : public testing::Test {
   Form& form = *bench.form;
 };
 
-TEST_F(ControlTest, StandsBeforeItsSiblingsWhenAddedMovedOrBroughtToTheFront) {
+TEST_F(ControlTest, StandsBeforeItsSiblingsWhenAddedOrBroughtToTheFront) {
   auto& frame = form.Add<Frame>(u"fme", nullptr, u"Frame");
   auto& first = form.Add<Label>(u"lblFirst", nullptr);
   auto& second = form.Add<Label>(u"lblSecond", nullptr);
@@ -28,21 +28,6 @@ TEST_F(ControlTest, StandsBeforeItsSiblingsWhenAddedMovedOrBroughtToTheFront) {
   first.BringToFront();
   EXPECT_EQ(form.children(), (std::vector<Control*>{&frame, &second, &first}));
   EXPECT_EQ(Seen::Seen(first, u"order"), "2");
-
-  second.MoveInto(frame);
-  first.MoveInto(frame);
-  EXPECT_EQ(form.children(), (std::vector<Control*>{&frame}));
-  EXPECT_EQ(frame.children(), (std::vector<Control*>{&second, &first}));
-  EXPECT_EQ(first.container(), &frame);
-  EXPECT_EQ(Seen::Seen(second, u"order"), "0");
-  EXPECT_EQ(Seen::Seen(second, u"container"), "fme");
-
-  const auto other_form = bench.MakeForm();
-  for (Control* const wrong : std::vector<Control*>{&frame, &first, other_form.get()}) {
-    EXPECT_EQ(FailureOf([&] { frame.MoveInto(*wrong); }), 5);
-  }
-  EXPECT_EQ(FailureOf([&] { form.MoveInto(frame); }), 5);
-  EXPECT_EQ(form.children(), std::vector<Control*>{&frame});
 }
 
 TEST_F(ControlTest, IsReachableOnlyThroughShownAndEnabledContainers) {

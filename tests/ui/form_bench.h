@@ -8,6 +8,7 @@
 #include "headless/headless_operator.h"
 #include "headless/headless_toolkit.h"
 #include "headless/memory_file_system.h"
+#include "tests/doubles/failure_of.h"
 #include "ui/form.h"
 
 namespace quill::ui {
@@ -48,16 +49,5 @@ class FormBench {
   std::shared_ptr<Form> form;
   headless::HeadlessOperator hand{toolkit, [this] { return form.get(); }};
 };
-
-// The number of the failure of `action`; 0 when it does not fail.
-template <class Action>
-std::int32_t FailureOf(Action action) {
-  try {
-    action();
-  } catch (const RuntimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 }  // namespace quill::ui

@@ -48,8 +48,7 @@ TEST_F(FormTest, MovesTheFocusInTabOrderWhereItCanBeReached) {
   auto& off = form.Add<CheckBox>(u"chkOff", &frame);
   int index = 0;
   for (Control* const control :
-       {static_cast<Control*>(&strip), static_cast<Control*>(&frame), static_cast<Control*>(&box),
-        static_cast<Control*>(&check), static_cast<Control*>(&off), static_cast<Control*>(&last)}) {
+       std::initializer_list<Control*>{&strip, &frame, &box, &check, &off, &last}) {
     control->SetTabIndex(index++);
   }
   off.SetEnabled(false);
@@ -106,23 +105,6 @@ TEST_F(FormTest, KeepsNoControlWhosePeerCannotBeMade) {
   EXPECT_EQ(FormBench::Seen(form.At(u"txt"), u"order"), "0");
 }
 
-TEST_F(FormTest, ShowsModallyUntilHiddenAndCanBeShownAgain) {
-  form.Add<TextBox>(u"txt", nullptr).SetText(u"kept");
-  for (int round = 0; round < 2; ++round) {
-    bench.WhileShown([&] {
-      EXPECT_TRUE(form.shown());
-      EXPECT_EQ(FormBench::Seen(form, u"shown"), "true");
-      EXPECT_EQ(FailureOf([&] { form.ShowModal(); }), 400);
-      form.Hide();
-      EXPECT_FALSE(form.shown());
-      EXPECT_EQ(FormBench::Seen(form, u"shown"), "false");
-      form.Hide();
-    });
-    EXPECT_FALSE(form.shown());
-    EXPECT_EQ(form.Get<TextBox>(u"txt").text(), u"kept");
-  }
-}
-
 TEST_F(FormTest, EndsTheDisplayThatAFailingEventLeaves) {
   bench.toolkit.pump = []() -> bool { throw RuntimeError(1001, u"the host"); };
   EXPECT_EQ(FailureOf([&] { form.ShowModal(); }), 1001);
@@ -148,35 +130,6 @@ TEST_F(FormTest, ReturnsWhenItIsClosedWhileItIsBeingShown) {
     EXPECT_FALSE(form.shown());
     EXPECT_EQ(FormBench::Seen(form, u"visible"), "false");
   }
-}
-
-// The host may hide the dialog and open it again before the first display has returned.
-TEST_F(FormTest, NestsADisplayInOneThatHasEnded) {
-  form.Add<TextBox>(u"txt", nullptr);
-  Strings order;
-  int event = 0;
-  bench.toolkit.pump = [&] {
-    switch (++event) {
-      case 1:
-        form.Hide();
-        form.ShowModal();
-        order.emplace_back("inner returned");
-        EXPECT_FALSE(form.shown());
-        return true;
-      case 2:
-        order.emplace_back("inside");
-        EXPECT_EQ(bench.toolkit.ModalForm(), &form);
-        return true;
-      case 3:
-        form.Hide();
-        return true;
-      default:
-        ADD_FAILURE() << "an ended display took another event";
-        return false;
-    }
-  };
-  form.ShowModal();
-  EXPECT_EQ(order, (Strings{"inside", "inner returned"}));
 }
 
 TEST_F(FormTest, UnloadsOnceInOrder) {

@@ -47,9 +47,6 @@ TEST(TextBoxTest, CorrectsTheNativeText) {
   fixed.SetText(u"Deathmatch");
   bench.WhileShown([&] {
     bench.hand.Type(u"txtCountry", u"DEU");
-    EXPECT_EQ(box.text(), u"DE");
-    EXPECT_EQ(bench.hand.Read(u"txtCountry", u"text"), u"DE");
-
     const std::size_t syncs = headless::MirrorOf(box).syncs();
     bench.hand.EraseLast(u"txtCountry", 1);
     EXPECT_EQ(box.text(), u"D");
