@@ -37,6 +37,7 @@ TEST_F(PlugIn, TakesTheRootOfADevelopmentHostFromItsOwnFolderAndMissesAPath) {
   lost.module.SubMain();
   ASSERT_EQ(lost.toolkit.messages().size(), 1u);
   const Text& text = lost.toolkit.messages()[0].text;
+  EXPECT_NE(text.find(u"Error 9: "), Text::npos) << ToUtf8(text);
   EXPECT_NE(text.find(u"Function/Sub: SubMain"), Text::npos) << ToUtf8(text);
   EXPECT_TRUE(text.ends_with(u"Error Report Sent: Failed!")) << "there is no kit yet";
 }

@@ -5,7 +5,7 @@
 #include <random>
 
 #include "host/headless/headless_host.h"
-#include "support/runtime_error.h"
+#include "tests/doubles/failure_of.h"
 
 namespace quill {
 namespace {
@@ -38,25 +38,16 @@ class Base64Test : public testing::Test {
   host::HeadlessHost host;
 };
 
-TEST_F(Base64Test, KnownPairsHoldBothWays) {
-  const std::pair<TextView, TextView> pairs[] = {
-      {u"", u""}, {u"M", u"TQ=="}, {u"Ma", u"TWE="}, {u"Man", u"TWFu"}, {u"\u20AC\u00FF", u"gP8="}};
-  for (const auto& [text, encoded] : pairs) {
-    EXPECT_EQ(Encode(text), encoded);
-    EXPECT_EQ(Decode(encoded), text);
-  }
-  EXPECT_EQ(Encode(u"\u0416"), Encode(u"?"));
-  // Unused bits before the padding do not count.
+TEST_F(Base64Test, WhatNoByteIsIsAQuestionMarkAndUnusedBitsDoNotCount) {
+  EXPECT_EQ(Encode(u"\u0416"), u"Pw==");
   EXPECT_EQ(Decode(u"TR=="), u"M");
   EXPECT_EQ(Decode(u"TWF="), u"Ma");
 }
 
 TEST_F(Base64Test, EveryLengthAgreesWithTheDefinitionBothWays) {
   std::mt19937 random(20);
-  std::vector<std::size_t> lengths;
-  for (std::size_t n = 0; n <= 200; ++n) lengths.push_back(n);
-  lengths.push_back(10'001);
-  for (const std::size_t length : lengths) {
+  for (std::size_t n = 0; n <= 201; ++n) {
+    const std::size_t length = n <= 200 ? n : 10'001;
     for (const unsigned highest : {0x7FU, 0xFFU}) {
       Bytes bytes(length);
       for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random() & highest);
@@ -101,14 +92,10 @@ TEST_F(Base64Test, MalformedTextsFailWithWhatIsWrong) {
        u"Base64 text: the character U+002A at position 4099 is not in the alphabet"},
   };
   for (const auto& [encoded, description] : cases) {
-    const auto expect_failure = [&](auto decode) {
-      try {
-        decode();
-        ADD_FAILURE() << ToUtf8(encoded) << " was taken";
-      } catch (const RuntimeError& error) {
-        EXPECT_TRUE(error.Is(ErrorNumber::kInvalidProcedureCall));
-        EXPECT_EQ(error.description(), description);
-      }
+    const auto expect_failure = [&](const auto& decode) {
+      const RuntimeError error = ErrorOf(decode);
+      EXPECT_TRUE(error.Is(ErrorNumber::kInvalidProcedureCall)) << ToUtf8(encoded);
+      EXPECT_EQ(error.description(), description);
     };
     expect_failure([&] { (void)Decode(encoded); });
     expect_failure([&] { (void)DecodeBase64(encoded); });

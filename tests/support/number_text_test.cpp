@@ -2,21 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
-#include "support/runtime_error.h"
+#include "tests/doubles/failure_of.h"
 
 namespace quill {
 namespace {
-
-std::int32_t NumberOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const RuntimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 constexpr std::int32_t kOverflow = 6;
 constexpr std::int32_t kTypeMismatch = 13;
@@ -32,10 +21,10 @@ TEST(NumberTextTest, TakesOnlyPlainDecimalNumbers) {
         u"0x10",   u"$5",  u"5%",  u"(5)",  u"1\t2", u"\r\n",  u"\u00A05", u"\u0665",
         u"\uFF15", u"inf", u"nan", u"1.-5", u"1. 5"}) {
     EXPECT_FALSE(IsNumber(text)) << ToUtf8(text);
-    EXPECT_EQ(NumberOf([&] { (void)ToInt16(text); }), kTypeMismatch) << ToUtf8(text);
-    EXPECT_EQ(NumberOf([&] { (void)ToInt32(text); }), kTypeMismatch) << ToUtf8(text);
-    EXPECT_EQ(NumberOf([&] { (void)ToTruth(text); }), kTypeMismatch) << ToUtf8(text);
-    EXPECT_EQ(NumberOf([&] { (void)IsGreaterThan(text, 0); }), kTypeMismatch) << ToUtf8(text);
+    EXPECT_EQ(FailureOf([&] { (void)ToInt16(text); }), kTypeMismatch) << ToUtf8(text);
+    EXPECT_EQ(FailureOf([&] { (void)ToInt32(text); }), kTypeMismatch) << ToUtf8(text);
+    EXPECT_EQ(FailureOf([&] { (void)ToTruth(text); }), kTypeMismatch) << ToUtf8(text);
+    EXPECT_EQ(FailureOf([&] { (void)IsGreaterThan(text, 0); }), kTypeMismatch) << ToUtf8(text);
   }
   EXPECT_FALSE(IsNumber(TextView(u"5\0", 2)));
 }
@@ -59,11 +48,11 @@ TEST(NumberTextTest, RangeIsThatOfTheRoundedValue) {
   EXPECT_EQ(ToInt32(u"-2147483648.5"), -2147483647 - 1);
   for (TextView text :
        {u"32767.5", u"32768", u"-32768.50000001", u"-32769", u"99999999999999999"}) {
-    EXPECT_EQ(NumberOf([&] { (void)ToInt16(text); }), kOverflow) << ToUtf8(text);
+    EXPECT_EQ(FailureOf([&] { (void)ToInt16(text); }), kOverflow) << ToUtf8(text);
   }
   for (TextView text : {u"2147483647.5", u"2147483648", u"-2147483649", u"4294967297",
                         u"18446744073709551617", u"10000000000"}) {
-    EXPECT_EQ(NumberOf([&] { (void)ToInt32(text); }), kOverflow) << ToUtf8(text);
+    EXPECT_EQ(FailureOf([&] { (void)ToInt32(text); }), kOverflow) << ToUtf8(text);
   }
 }
 
@@ -73,8 +62,8 @@ TEST(NumberTextTest, AnyCountOfDigitsIsExact) {
   EXPECT_EQ(ToInt16(zeros + u"2.5" + zeros), 2);
   EXPECT_EQ(ToInt16(zeros + u"2.5" + zeros + u"1"), 3);
   EXPECT_EQ(ToInt16(u"2.4" + nines), 2);
-  EXPECT_EQ(NumberOf([&] { (void)ToInt32(nines); }), kOverflow);
-  EXPECT_EQ(NumberOf([&] { (void)ToInt32(u"-" + nines); }), kOverflow);
+  EXPECT_EQ(FailureOf([&] { (void)ToInt32(nines); }), kOverflow);
+  EXPECT_EQ(FailureOf([&] { (void)ToInt32(u"-" + nines); }), kOverflow);
   EXPECT_TRUE(IsGreaterThan(nines, 2147483647));
   EXPECT_FALSE(IsGreaterThan(u"-" + nines, -2147483647));
   EXPECT_TRUE(IsGreaterThan(u"0." + zeros + u"1", 0));
@@ -102,7 +91,7 @@ TEST(NumberTextTest, TruthIsANumberOrAWord) {
     EXPECT_FALSE(ToTruth(text)) << ToUtf8(text);
   }
   for (TextView text : {u"yes", u"truex", u"tru", u"on"}) {
-    EXPECT_EQ(NumberOf([&] { (void)ToTruth(text); }), kTypeMismatch);
+    EXPECT_EQ(FailureOf([&] { (void)ToTruth(text); }), kTypeMismatch);
   }
 }
 
