@@ -93,20 +93,37 @@ TEST_F(CommandLine, EachCommandTellsItsOutcomeByItsCode) {
 }
 
 TEST_F(CommandLine, AJobLeavesItsRecordAndRequest) {
-  const Text folder = (folder_.path() / "new" / "run").u16string();
+  const std::filesystem::path run = folder_.path() / "new" / "run";
+  const Text folder = run.u16string();
   Expect(kExitGood, "start-record.txt\n", {u"run", kScenario, u"--folder", folder});
+  std::ifstream stream(run / "start-record.txt");
+  const std::string record{std::istreambuf_iterator<char>(stream), {}};
+  for (const char* part : {"\"Quick Start #1\"", "Bridge <2 ", "the request is in order"}) {
+    EXPECT_NE(record.find(part), std::string::npos) << part << " is missing in\n" << record;
+  }
   Expect(kExitGood, "XAD_BRG2.BMS",
          {u"decode", Concat({folder, u"/RCData/sent_kvrBHDGS_StartGameRem.txt"})});
   Expect(kExitGood, "7 maps", {u"run", u"--settings", kSettings, u"--folder", folder, kScenario});
-  // A remote command that really runs decides the outcome by its exit code.
-  for (const auto& [command, code] : {std::pair("exit 0", kExitGood), {"exit 3", kExitBad}}) {
-    Expect(code, "",
-           {u"run", u"--folder", folder,
-            folder_.Put("c.scenario",
-                        "[Settings]\nServer Name = S\n[Mods]\nNone\n[Start]\n"
-                        "Action = run\nCommand = " +
-                            std::string(command) + "\n")});
+  // Whatever the machine does, the job ends. A remote command that really runs decides by its exit
+  // code.
+  const struct {
+    std::string start;
+    int code;
+    const char* told;
+  } machines[] = {{"run\nCommand = exit 0", kExitGood, ""},
+                  {"run\nCommand = exit 3", kExitBad, ""},
+                  {"fail", kExitBad, "box: [Failed!] Failed to initialize game process!"},
+                  {"never answer", kExitBad, "presses Cancel"},
+                  {"answer rubbish\nText = what?", kExitBad, "box: [DLL Error!]"}};
+  for (const auto& [start, code, told] : machines) {
+    const std::string machine = "[Settings]\nServer Name = S\n[Mods]\nNone\n[Start]\nAction = ";
+    Expect(code, told,
+           {u"run", u"--folder", folder, folder_.Put("c.scenario", machine + start + "\n")});
   }
+  EXPECT_TRUE(std::filesystem::exists(run / "start-record.txt"));
+  Expect(kExitBad, "box: [DLL Error!]",
+         {u"run", u"--folder", folder, folder_.Put("bare.scenario", "")});
+  EXPECT_FALSE(std::filesystem::exists(run / "start-record.txt")) << "it is an earlier job's";
   const Text bad = folder_.Put("bad.hsf", "[Settings]\nMap0=0[-]0[-]DMK_01A.BMS\nlstMax=50\n");
   Expect(kExitBad, "Start record: none",
          {u"run", u"--settings", bad, u"--folder", folder, kScenario});
