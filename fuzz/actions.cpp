@@ -61,7 +61,7 @@ std::vector<Text> Replies() {
 
 class Play {
  public:
-  Play(const std::uint8_t* data, std::size_t size) : next_(data), end_(data + size) {
+  explicit Play(std::string_view input) : input_(input) {
     bench_.memory.SetContents(kFiles[0],
                               "[Settings]\ncboMods=Team Sabre\ntxtGametype=Nowhere\nlstMax=7\n"
                               "Map0=0[-]0[-]DMK_01A.BMS\nMap1=5[-]1[-]sv.bms\nMap2=0[-]0[-]x\n");
@@ -84,8 +84,8 @@ class Play {
   }
 
  private:
-  [[nodiscard]] bool AtEnd() const { return next_ == end_; }
-  unsigned Byte() { return AtEnd() ? 0U : *next_++; }
+  [[nodiscard]] bool AtEnd() const { return next_ == input_.size(); }
+  unsigned Byte() { return AtEnd() ? 0U : static_cast<std::uint8_t>(input_[next_++]); }
   template <class Table>
   auto& Pick(Table&& table) {
     return table[Byte() % std::size(table)];
@@ -161,7 +161,7 @@ class Play {
     switch (Byte() % 9) {
       case 0:
         is_older_ = true;  // the rotation is emptied, not its view
-        return bench_.Open([this] {
+        return bench_.Display(3, host::HostTexts({u"", u"abc"}), [this] {
           if (AtEnd()) return false;
           Step();
           return true;
@@ -199,8 +199,8 @@ class Play {
                 }).value_or(true);
   }
 
-  const std::uint8_t* next_;
-  const std::uint8_t* end_;
+  std::string_view input_;
+  std::size_t next_ = 0;
   PluginBench& bench_ = PluginBench::OfAll();
   unsigned host_calls_in_ = 0;  // for the boxes to come
   int boxes_ = 0;               // open, with a host call in them
@@ -208,6 +208,11 @@ class Play {
 };
 
 }  // namespace
+
+void TakeInput(std::string_view input) {
+  Play(input.substr(0, kMostBytes)).Run();
+}
+
 }  // namespace quill::fuzz
 
 extern "C" int LLVMFuzzerInitialize(int* count, char*** words);
@@ -216,10 +221,5 @@ extern "C" int LLVMFuzzerInitialize(int* count, char*** words) {
   quill::fuzz::is_replay = std::any_of(*words + 1, *words + *count, [](const char* word) {
     return std::filesystem::is_regular_file(word);
   });
-  return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  quill::fuzz::Play(data, std::min(size, quill::fuzz::kMostBytes)).Run();
   return 0;
 }

@@ -36,21 +36,19 @@ std::optional<Bytes> NaiveDecoding(TextView text) {
 }
 
 }  // namespace
-}  // namespace quill::fuzz
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace quill;
-  using namespace quill::fuzz;
-  const Text text = TextOf(data, size);
+void TakeInput(std::string_view input) {
+  const Text text = TextOf(input);
   const auto decoded = Attempt([&] { return DecodeBase64(text); });
   Claim(decoded == NaiveDecoding(text));
-  const Bytes bytes(data, data + size);
+  const Bytes bytes(input.begin(), input.end());
   const Text encoded = EncodeBase64(bytes);
-  Claim(encoded.size() == (size + 2) / 3 * 4);
+  Claim(encoded.size() == (input.size() + 2) / 3 * 4);
   Claim(NaiveDecoding(encoded) == bytes);
   if (decoded) {
     const CodePage& page = CodePage::Windows1252();
     Claim(Dec64(EncodeBase64(*decoded), page) == Dec64(text, page));
   }
-  return 0;
 }
+
+}  // namespace quill::fuzz

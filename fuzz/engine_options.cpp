@@ -1,5 +1,20 @@
-// How the sanitizers run in a fuzzer: with little memory held back and short histories, which makes
-// it several times as fast. The tests run with all of it.
+// What the engine calls: the fuzzer, and how the sanitizers run in it: with little memory held back
+// and short histories, which makes it several times as fast. The tests run with all of it.
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace quill::fuzz {
+void TakeInput(std::string_view input);
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  quill::fuzz::TakeInput({reinterpret_cast<const char*>(data), size});
+  return 0;
+}
+
 extern "C" const char* __asan_default_options();  // NOLINT(bugprone-reserved-identifier)
 
 extern "C" const char* __asan_default_options() {  // NOLINT(bugprone-reserved-identifier)

@@ -29,31 +29,29 @@ void CheckFrame(TextView text) {
   if (payload) Claim(DecodeFrame(EncodeFrame(*payload, kit.kit), kit.kit) == payload);
 }
 
-void CheckFields(TextView text) {
-  std::vector<Text> pieces(1);
-  for (const char16_t unit : text) {
-    if (unit == u'_') {
-      pieces.emplace_back();
-    } else {
-      pieces.back() += unit;
-    }
+// What splitting means: pieces without the separator that, joined by it, are the text again.
+std::vector<TextView> CheckedSplit(TextView text, TextView separator) {
+  const std::vector<TextView> pieces = Split(text, separator);
+  Text joined;
+  for (const TextView& piece : pieces) {
+    Claim(piece.find(separator) == TextView::npos);
+    if (&piece != &pieces.front()) joined += separator;
+    joined += piece;
   }
+  Claim(joined == text);
+  return pieces;
+}
+
+void CheckFields(TextView text) {
+  CheckedSplit(text, u"[-]");
+  const std::vector<TextView> pieces = CheckedSplit(text, u"_");
   const int count =
       static_cast<int>(std::min<std::size_t>(pieces.size(), ReplyFields::kMostFields));
   ReplyFields fields;
   fields.Assign(Text(text));
   Claim(fields.Count() == count);
-  for (int i = 0; i < count; ++i) Claim(fields[i] == pieces[i]);
+  for (int i = 0; i < count; ++i) Claim(fields[i] == pieces[static_cast<std::size_t>(i)]);
   Claim(fields.ValueOrEmpty(count).empty() && fields.ValueOrEmpty(-1).empty());
-
-  Text joined;
-  const std::vector<TextView> parts = Split(text, u"[-]");
-  for (const TextView& part : parts) {
-    Claim(part.find(u"[-]") == TextView::npos);
-    if (&part != &parts.front()) joined += u"[-]";
-    joined += part;
-  }
-  Claim(joined == text);
 }
 
 // A server map is a map entry and a game type of one character.
@@ -72,12 +70,12 @@ void CheckServerMap(TextView text) {
 }
 
 }  // namespace
-}  // namespace quill::fuzz
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const quill::Text text = quill::fuzz::TextOf(data, size);
-  quill::fuzz::CheckFrame(text);
-  quill::fuzz::CheckFields(text);
-  quill::fuzz::CheckServerMap(text);
-  return 0;
+void TakeInput(std::string_view input) {
+  const Text text = TextOf(input);
+  CheckFrame(text);
+  CheckFields(text);
+  CheckServerMap(text);
 }
+
+}  // namespace quill::fuzz

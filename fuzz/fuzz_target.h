@@ -13,18 +13,14 @@
 #include "support/runtime_error.h"
 #include "support/text.h"
 
-// Takes one input; called again and again. Always gives 0.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
 namespace quill::fuzz {
 
-inline std::string_view BytesOf(const std::uint8_t* data, std::size_t size) {
-  return {reinterpret_cast<const char*>(data), size};
-}
+// Takes one input; called again and again.
+void TakeInput(std::string_view input);
 
 // Readable inputs are UTF-8 or Windows-1252; behind a byte-order mark they are any 16-bit units.
-inline Text TextOf(const std::uint8_t* data, std::size_t size) {
-  return host::DecodeTextFile(BytesOf(data, size)).text;
+inline Text TextOf(std::string_view input) {
+  return host::DecodeTextFile(input).text;
 }
 
 inline void Claim(bool holds, const std::source_location& at = std::source_location::current()) {

@@ -38,12 +38,9 @@ void CheckWriting(TextView text, TextView section, TextView key, TextView value)
 }
 
 }  // namespace
-}  // namespace quill::fuzz
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace quill;
-  using namespace quill::fuzz;
-  const host::DecodedFile file = host::DecodeTextFile(BytesOf(data, size));
+void TakeInput(std::string_view input) {
+  const host::DecodedFile file = host::DecodeTextFile(input);
   const std::string encoded = host::EncodeTextFile(file.text, file.encoding);
   Claim(host::DecodeTextFile(encoded).text == file.text);
 
@@ -63,5 +60,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   Claim(of_outline == entries.value_or(Entries()));
   CheckWriting(rest, section, key, value);
-  return 0;
 }
+
+}  // namespace quill::fuzz

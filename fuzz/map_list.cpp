@@ -2,23 +2,24 @@
 #include "fuzz/plugin_bench.h"
 #include "host/check/file_account.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace quill;
-  using namespace quill::fuzz;
+namespace quill::fuzz {
+
+void TakeInput(std::string_view input) {
   static const host::TrialConditions conditions = {Machine(), true, std::nullopt};
   PluginBench& bench = PluginBench::OfAll();
-  bench.memory.SetContents(u"C:\\Host\\given.mpl", BytesOf(data, size));
+  bench.Write(u"given.mpl", input);
   bench.WhileFilled([&] {
     bench.person.ClickTab(u"Map Settings");
-    bench.Use(u"cmdLoadMaps", u"C:\\Host\\given.mpl");
+    bench.Push(u"cmdLoadMaps", u"given.mpl");
     const int failures = bench.TakeFailures();
     Claim(failures <= 1);
     bench.CheckInvariants({.rotation_is_shown = failures == 0});
     // The checker loads the file into a dialog of its own, which costs more than all the rest.
-    if (size % 32 != 0) return;
-    const auto account = host::AccountOfMapList(BytesOf(data, size), conditions);
+    if (input.size() % 32 != 0) return;
+    const auto account = host::AccountOfMapList(input, conditions);
     Claim(account.maps == bench.module.maps.selected.maps());
   });
   bench.Reset();
-  return 0;
 }
+
+}  // namespace quill::fuzz

@@ -3,11 +3,10 @@
 
 #include <algorithm>
 
-#include "dialog/option_table.h"
-#include "host/remote/scenario.h"
 #include "plugin/operator_rights.h"
 
 namespace quill::fuzz {
+
 const host::Scenario& Machine() {
   static const host::Scenario machine = [] {
     host::Scenario made;
@@ -37,12 +36,11 @@ void PluginBench::Reset() {
   toolkit.while_file_dialog_open = nullptr;
   module.maps = {};
   Open([&] {
-    frmrcBHDGS& dialog = *module.dialog;
-    while (toolkit.unused_answers() != 0) (void)toolkit.ShowFileDialog(dialog, {});
+    while (toolkit.unused_answers() != 0) (void)toolkit.ShowFileDialog(dialog(), {});
     person.ClickTab(u"Server Settings");
-    for (const auto& control : dialog.controls()) control->SetEnabled(true);
-    for (const Option& option : Options()) {
-      ui::Control& control = dialog.At(option.key);
+    for (const auto& control : dialog().controls()) control->SetEnabled(true);
+    for (const quill::Option& option : Options()) {
+      ui::Control& control = dialog().At(option.key);
       if (auto* text = dynamic_cast<ui::TextBox*>(&control)) text->SetText(option.initial_text);
       if (auto* check = dynamic_cast<ui::CheckBox*>(&control))
         check->SetValue(option.initial_state);
@@ -51,14 +49,13 @@ void PluginBench::Reset() {
         list->SetListIndex(-1);
       }
     }
-    dialog.Get<ui::ComboBox>(u"cboMods").Clear();
-    dialog.txtGametype.SetText(u"Deathmatch");
-    for (ui::ListBox* const list : {&dialog.lstAvlMaps, &dialog.lstSelMaps}) {
+    dialog().Get<ui::ComboBox>(u"cboMods").Clear();
+    dialog().txtGametype.SetText(u"Deathmatch");
+    for (ui::ListBox* const list : {&dialog().lstAvlMaps, &dialog().lstSelMaps}) {
       list->Clear();
       list->tooltip = {};
     }
-    dialog.lblMapCnt.caption = u"Number of Maps: 0";
-    return false;
+    dialog().lblMapCnt.caption = u"Number of Maps: 0";
   });
   module.PendingCommand.clear();
   toolkit.SetScreenPointer(ui::Pointer::kDefault);
@@ -72,19 +69,14 @@ void PluginBench::Reset() {
   }
 }
 
-void PluginBench::Open(std::function<bool()> pump) {
-  Display(3, host::HostTexts({u"", u"abc"}), std::move(pump));
-}
-
 void PluginBench::WhileFilled(const std::function<void()>& use) {
-  static const Text reply = host::SettingsReply(Machine());
+  static const Text reply_of_machine = host::SettingsReply(Machine());
   bool used = false;
   Open([&] {
-    if (std::exchange(used, true)) return false;
-    plug_in().RemoteData(reply);
+    used = true;
+    plug_in().RemoteData(reply_of_machine);
     Claim(toolkit.TakeMessages().empty());
     use();
-    return false;
   });
   Claim(used);
 }
@@ -96,12 +88,6 @@ void PluginBench::SetRights(unsigned granted_bits) {
     rights.push_back({Text(right.name), host::Right::Form::kText, is_granted ? u"1" : u"0"});
   }
   plug_in().SetPrivis(std::make_shared<host::HostRights>(std::move(rights)), nullptr, false);
-}
-
-void PluginBench::Use(TextView button, TextView path) {
-  toolkit.AnswerNextFileDialog({Text(path)});
-  person.Press(button, ui::kLeftButton);
-  person.Release(button, ui::kLeftButton);
 }
 
 int PluginBench::TakeFailures() {

@@ -3,19 +3,16 @@
 // opened.
 #pragma once
 
-#include <functional>
-
 #include "fuzz/fuzz_target.h"
-#include "host/headless/headless_host.h"
-#include "host/remote/scenario.h"
 #include "host/watch/plugin_invariants.h"
+#include "tests/doubles/plug_in_bench.h"
 
 namespace quill::fuzz {
 
 // Two mods, three maps of its own, fixed values.
 [[nodiscard]] const host::Scenario& Machine();
 
-class PluginBench final : public host::HeadlessHost {
+class PluginBench final : public PlugInBench {
  public:
   // The one for all inputs. Each input resets it at its end, so that it leaves no memory behind:
   // the engine would take that for a leak and run the input once more.
@@ -25,11 +22,7 @@ class PluginBench final : public host::HeadlessHost {
 
   // Opens the dialog, fills it by the machine's reply, runs `use` and hides it.
   void WhileFilled(const std::function<void()>& use);
-  // Opens the dialog for as long as `pump` returns true.
-  void Open(std::function<bool()> pump);
   void SetRights(unsigned granted_bits);
-  // Presses and releases a button whose file dialog is answered by `path`.
-  void Use(TextView button, TextView path);
   // The failures that the operator was told of since the last call; with every other message taken
   // away too.
   [[nodiscard]] int TakeFailures();

@@ -4,13 +4,13 @@
 #include "host/remote/scenario.h"
 #include "host/remote/wire.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace quill;
-  using namespace quill::fuzz;
+namespace quill::fuzz {
+
+void TakeInput(std::string_view input) {
   static const Text good_reply = host::SettingsReply(Machine());
-  const Text payload = TextOf(data, size);
+  const Text payload = TextOf(input);
   PluginBench& bench = PluginBench::OfAll();
-  bench.SetRights(size == 0 ? 0U : data[0]);
+  bench.SetRights(input.empty() ? 0U : static_cast<std::uint8_t>(input[0]));
   bench.module.PendingCommand = kLoadFormCommand;
   bench.plug_in().RemoteData(host::WriteFrame(payload));
   const int failures = bench.TakeFailures();
@@ -33,5 +33,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   bench.plug_in().RemoteData(good_reply);
   Claim(bench.TakeFailures() == 0);
   bench.Reset();
-  return 0;
 }
+
+}  // namespace quill::fuzz

@@ -19,25 +19,20 @@ void CheckPayload(TextView payload) {
 }
 
 }  // namespace
-}  // namespace quill::fuzz
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace quill;
-  using namespace quill::fuzz;
-  const Text text = TextOf(data, size);
+void TakeInput(std::string_view input) {
+  const Text text = TextOf(input);
   const auto envelope = Attempt([&] { return host::ParseRequestEnvelope(text); });
-  if (!envelope) {
-    CheckPayload(text);
-    return 0;
-  }
+  if (!envelope) return CheckPayload(text);
   Claim(!host::ExplainEnvelope(*envelope).empty());
   const bool starts = envelope->command == host::kStartCommand;
   Claim(starts != envelope->frame.empty());
   Claim(text == Concat({u"Plugin_kvrBHDGS_", envelope->command, u"_", envelope->target, u"_VB6_",
                         Decimal(envelope->index), starts ? u"_" : u"", envelope->frame}));
-  if (!starts) return 0;
+  if (!starts) return;
   if (const auto payload = Attempt([&] { return host::ReadFrame(envelope->frame); })) {
     CheckPayload(*payload);
   }
-  return 0;
 }
+
+}  // namespace quill::fuzz

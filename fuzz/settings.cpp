@@ -8,43 +8,41 @@
 namespace quill::fuzz {
 namespace {
 
-constexpr TextView kGiven = u"C:\\Host\\given.hsf";
-constexpr TextView kSaved = u"C:\\Host\\saved.hsf";
-constexpr TextView kSavedAgain = u"C:\\Host\\again.hsf";
+constexpr TextView kGiven = u"given.hsf";
+constexpr TextView kSaved = u"saved.hsf";
+constexpr TextView kSavedAgain = u"again.hsf";
 
 bool HasSurrogates(TextView text) {
   return std::ranges::any_of(text, [](char16_t unit) { return unit >= 0xD800 && unit < 0xE000; });
 }
 
 }  // namespace
-}  // namespace quill::fuzz
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace quill;
-  using namespace quill::fuzz;
+void TakeInput(std::string_view input) {
   static const host::TrialConditions conditions = {Machine(), true, std::nullopt};
   PluginBench& bench = PluginBench::OfAll();
-  bench.memory.SetContents(kGiven, BytesOf(data, size));
+  bench.Write(kGiven, input);
   bench.WhileFilled([&] {
-    bench.Use(u"cmdLoad", kGiven);
+    bench.Push(u"cmdLoad", kGiven);
     const int failures = bench.TakeFailures();
     bench.CheckInvariants({.rotation_is_shown = failures == 0, .available_maps_are_shown = false});
     const auto& rotation = bench.module.maps.selected;
     // The checker loads the file into a dialog of its own, which costs more than all the rest.
-    if (size % 32 == 0) {
-      const auto account = host::AccountOfSettings(BytesOf(data, size), conditions);
+    if (input.size() % 32 == 0) {
+      const auto account = host::AccountOfSettings(input, conditions);
       Claim(failures != 0 || account.maps == rotation.maps());
     }
     // Saving writes the file anew for each key: a part of the inputs must do.
-    if (failures != 0 || size % 16 != 0 || HasSurrogates(TextOf(data, size))) return;
+    if (failures != 0 || input.size() % 16 != 0 || HasSurrogates(TextOf(input))) return;
     const auto maps = rotation.maps();
-    bench.Use(u"cmdSave", kSaved);
-    bench.Use(u"cmdLoad", kSaved);
+    bench.Push(u"cmdSave", kSaved);
+    bench.Push(u"cmdLoad", kSaved);
     Claim(rotation.maps() == maps);
-    bench.Use(u"cmdSave", kSavedAgain);
+    bench.Push(u"cmdSave", kSavedAgain);
     Claim(bench.TakeFailures() == 0);
-    Claim(bench.memory.Contents(kSaved) == bench.memory.Contents(kSavedAgain));
+    Claim(bench.Read(kSaved) == bench.Read(kSavedAgain));
   });
   bench.Reset();
-  return 0;
 }
+
+}  // namespace quill::fuzz
