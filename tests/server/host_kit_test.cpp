@@ -60,6 +60,12 @@ class ForeignKit : public ForeignKitBench {
   int logged_ = 0;
 };
 
+// No lambda: 32-bit compilers do not turn one into a function of the system's convention.
+HRESULT CALLBACK SayBusy(EXCEPINFO* asked) {
+  asked->bstrDescription = ::SysAllocString(L"Busy");
+  return S_OK;
+}
+
 TEST_F(ForeignKit, IsCalledTheWayItAnswers) {
   file_kit->answers_extended_only = true;
   Open();
@@ -82,10 +88,7 @@ TEST_F(ForeignKit, IsCalledTheWayItAnswers) {
   // A small number, and a description that is made when somebody wants to know.
   file_kit->refuses = [](EXCEPINFO& raised) {
     raised.wCode = 1001;
-    raised.pfnDeferredFillIn = [](EXCEPINFO* asked) -> HRESULT {
-      asked->bstrDescription = ::SysAllocString(L"Busy");
-      return S_OK;
-    };
+    raised.pfnDeferredFillIn = &SayBusy;
     return DISP_E_EXCEPTION;
   };
   members[u"WriteFile"] = nullptr;
