@@ -143,8 +143,9 @@ class ComboBoxPeer final : public PeerOf<ui::ComboBox> {
       Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(Text(model_.Item(index)))));
     }
     // The open list is never narrower than the closed one, whatever it is told.
-    const int around = GetSystemMetrics(SM_CXVSCROLL) + 4 * GetSystemMetrics(SM_CXEDGE);
-    Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(WidestRow(window(), model_, 0) + around));
+    int width = WidestRow(window(), model_, 0);
+    width += GetSystemMetrics(SM_CXVSCROLL) + 4 * GetSystemMetrics(SM_CXEDGE);
+    Send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width));
     Send(WM_SETREDRAW, TRUE);
     Repaint();
   }
