@@ -98,6 +98,7 @@ TEST_F(CommandLine, AJobLeavesItsRecordAndRequest) {
   Expect(kExitGood, "start-record.txt\n", {u"run", kScenario, u"--folder", folder});
   std::ifstream stream(run / "start-record.txt");
   const std::string record{std::istreambuf_iterator<char>(stream), {}};
+  stream.close();  // Windows deletes no file that somebody has open
   for (const char* part : {"\"Quick Start #1\"", "Bridge <2 ", "the request is in order"}) {
     EXPECT_NE(record.find(part), std::string::npos) << part << " is missing in\n" << record;
   }
