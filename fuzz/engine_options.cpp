@@ -27,10 +27,3 @@ extern "C" const char* __ubsan_default_options();  // NOLINT(bugprone-reserved-i
 extern "C" const char* __ubsan_default_options() {  // NOLINT(bugprone-reserved-identifier)
   return "halt_on_error=1:print_stacktrace=1";
 }
-
-// The runtime library compares types by their names at each cast. Through the sanitizer's own
-// function, which also teaches the engine those names, that took a fifth of the time.
-extern "C" int strcmp(const char* left, const char* right) noexcept {
-  for (; *left != '\0' && *left == *right; ++left) ++right;
-  return static_cast<unsigned char>(*left) - static_cast<unsigned char>(*right);
-}
