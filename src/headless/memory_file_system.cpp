@@ -37,9 +37,10 @@ bool IsAllowedInNames(char16_t unit) {
 // The path with one "\" between its names and none at its end. Fails for a path that does not begin
 // with a drive, and for names that are not allowed.
 Text NormalPath(TextView path) {
-  const Text separated = ReplaceAll(path, u"/", u"\\");
   Text normal;
-  for (const TextView name : Split(separated, u"\\")) {
+  for (TextView rest = path; normal.empty() || !rest.empty();) {
+    const TextView name = rest.substr(0, rest.find_first_of(u"\\/"));
+    rest.remove_prefix(std::min(rest.size(), name.size() + 1));
     if (normal.empty()) {
       if (!IsDrive(name)) {
         throw RuntimeError(ErrorNumber::kPathNotFound,
@@ -54,7 +55,8 @@ Text NormalPath(TextView path) {
             ErrorNumber::kPathFileAccessError,
             Concat({u"\"", name, u"\" is no file name, in the path \"", path, u"\""}));
       }
-      normal += Concat({u"\\", name});
+      normal += u'\\';
+      normal += name;
     }
   }
   return normal;
