@@ -146,8 +146,8 @@ class Inspection {
                 std::ranges::find(siblings, caption) > std::ranges::find(siblings, face),
             {button.name, u": the caption does not lie on the face"});
       const auto is_at = [&](bool pressed) {
-        const auto place = ui::PlaceCaption(face->bounds(), caption->font_size(),
-                                            toolkit_.GetMetrics().dots_per_inch, pressed);
+        const auto place =
+            ui::PlaceCaption(face->bounds(), toolkit_.GetMetrics().dots_per_inch, pressed);
         return caption->bounds().left == place.left && caption->bounds().top == place.top;
       };
       Holds(is_at(false) || is_at(true),

@@ -18,8 +18,6 @@ namespace {
 using ui::Changes;
 using ui::ControlKind;
 
-using Value = std::optional<Text>;
-
 Text Truth(bool value) {
   return Text(TruthWord(value));
 }
@@ -35,49 +33,40 @@ Text Hexadecimal(ui::Colour colour) {
   return text;
 }
 
-// Reads a property of controls of class C; nothing for other controls.
-template <class C, auto read>
-Value Of(const ui::Control& control) {
-  const auto* const found = dynamic_cast<const C*>(&control);
-  return found != nullptr ? Value(read(*found)) : std::nullopt;
+// Reads a property of controls of class Kind, which the control is of.
+template <class Kind, auto read>
+Text Of(const ui::Control& control) {
+  return read(static_cast<const Kind&>(control));
 }
 
-// A property that a control holds itself: its name, the side of the control that it belongs to, and
-// how it is read. Some are there for several kinds, in rows of their own.
-struct Property {
-  TextView name;
-  Changes side;
-  Value (*read)(const ui::Control& control);
-};
 using C = const ui::Control&;
-constexpr Property kProperties[] = {
-    {u"enabled", Changes::kEnabled, [](C c) -> Value { return Truth(c.enabled()); }},
-    {u"visible", Changes::kVisible, [](C c) -> Value { return Truth(c.visible()); }},
-    {u"tooltip", Changes::kTooltip, [](C c) -> Value { return c.tooltip(); }},
-    {u"left", Changes::kBounds, [](C c) -> Value { return Decimal(c.bounds().left); }},
-    {u"top", Changes::kBounds, [](C c) -> Value { return Decimal(c.bounds().top); }},
-    {u"width", Changes::kBounds, [](C c) -> Value { return Decimal(c.bounds().width); }},
-    {u"height", Changes::kBounds, [](C c) -> Value { return Decimal(c.bounds().height); }},
-    {u"tab_index", Changes::kTabIndex, [](C c) -> Value { return Decimal(c.tab_index()); }},
-    {u"text", Changes::kText, Of<ui::TextBox, [](const auto& c) { return c.text(); }>},
-    {u"caption", Changes::kText, [](C c) -> Value { return c.caption(); }},
-    {u"alignment", Changes::kText,
-     Of<ui::TextBox, [](const auto& c) { return AlignmentName(c.alignment()); }>},
-    {u"alignment", Changes::kText,
-     Of<ui::Label, [](const auto& c) { return AlignmentName(c.alignment()); }>},
-    {u"value", Changes::kValue, Of<ui::CheckBox, [](const auto& c) { return Decimal(c.value()); }>},
-    {u"limit", Changes::kLimit,
-     Of<ui::TextBox, [](const auto& c) { return Decimal(c.max_length()); }>},
-    {u"locked", Changes::kLimit, Of<ui::TextBox, [](const auto& c) { return Truth(c.locked()); }>},
-    {u"font", Changes::kFont, Of<ui::Label, [](const auto& c) { return Decimal(c.font_size()); }>},
-    {u"transparent", Changes::kColour,
-     Of<ui::Label, [](const auto& c) { return Truth(c.transparent()); }>},
-    {u"colour", Changes::kColour,
+constexpr Changes kNever;
+constexpr MirroredProperty kProperties[] = {
+    {u"enabled", Changes::kEnabled, {}, [](C c) { return Truth(c.enabled()); }},
+    {u"visible", Changes::kVisible, {}, [](C c) { return Truth(c.visible()); }},
+    {u"tooltip", Changes::kTooltip, {}, [](C c) { return c.tooltip(); }},
+    {u"tab_index", Changes::kTabIndex, {}, [](C c) { return Decimal(c.tab_index()); }},
+    {u"text", Changes::kText, ControlKind::kTextBox,
+     Of<ui::TextBox, [](const auto& c) { return c.text(); }>},
+    {u"caption", Changes::kText, {}, [](C c) { return c.caption(); }},
+    {u"alignment", kNever, ControlKind::kTextBox,
+     Of<ui::TextBox, [](const auto& c) { return AlignmentName(c.alignment); }>},
+    {u"alignment", kNever, ControlKind::kLabel,
+     Of<ui::Label, [](const auto& c) { return AlignmentName(c.alignment); }>},
+    {u"value", Changes::kValue, ControlKind::kCheckBox,
+     Of<ui::CheckBox, [](const auto& c) { return Decimal(c.value()); }>},
+    {u"limit", kNever, ControlKind::kTextBox,
+     Of<ui::TextBox, [](const auto& c) { return Decimal(c.max_length); }>},
+    {u"locked", kNever, ControlKind::kTextBox,
+     Of<ui::TextBox, [](const auto& c) { return Truth(c.locked); }>},
+    {u"transparent", kNever, ControlKind::kLabel,
+     Of<ui::Label, [](const auto& c) { return Truth(c.transparent); }>},
+    {u"colour", Changes::kColour, ControlKind::kPictureBox,
      Of<ui::PictureBox, [](const auto& c) { return Hexadecimal(c.back_colour()); }>},
-    {u"picture", Changes::kPicture,
+    {u"picture", Changes::kPicture, ControlKind::kImage,
      Of<ui::Image,
         [](const auto& c) { return Text(c.picture() ? c.picture()->path() : TextView()); }>},
-    {u"pointer", Changes::kPointer,
+    {u"pointer", Changes::kPointer, ControlKind::kForm,
      Of<ui::Form,
         [](const auto& c) { return Text(PointerWord(c.pointer() == ui::Pointer::kBusy)); }>},
 };
@@ -87,8 +76,12 @@ constexpr Property kProperties[] = {
 MirrorPeer::MirrorPeer(ui::Control& control, std::function<void(const ui::Control&)> before_sync)
     : control_(control),
       selector_(dynamic_cast<const ui::Selector*>(&control)),
-      before_sync_(std::move(before_sync)),
-      properties_(std::size(kProperties)) {}
+      before_sync_(std::move(before_sync)) {
+  for (const MirroredProperty& property : kProperties) {
+    if (property.kind.value_or(control.kind()) != control.kind()) continue;
+    held_.push_back({&property, property.side.Any() ? Text() : property.read(control)});
+  }
+}
 
 MirrorPeer::~MirrorPeer() {
   LeaveContainer();
@@ -100,9 +93,10 @@ void MirrorPeer::Sync(Changes changes) {
   const SparedAllocations spared;
   if (before_sync_) before_sync_(control_);
   ++syncs_;
-  for (std::size_t at = 0; at < properties_.size(); ++at) {
-    if (changes.Has(kProperties[at].side)) properties_[at] = kProperties[at].read(control_);
+  for (auto& [property, value] : held_) {
+    if (changes.Has(property->side)) value = property->read(control_);
   }
+  if (changes.Has(Changes::kBounds)) bounds_ = control_.bounds();
   if (selector_ != nullptr) TakeRows(changes);
   if (changes.Has(Changes::kOrder)) ComeToFront();
 }
@@ -120,15 +114,11 @@ void MirrorPeer::TakeRows(Changes changes) {
   if (changes.Has(Changes::kRowData | Changes::kSelection)) {
     for (std::size_t row = 0; row < std::min(rows_.size(), shown.size()); ++row) {
       if (changes.Has(Changes::kRowData)) rows_[row].data = shown[row].data;
-      if (changes.Has(Changes::kSelection)) rows_[row].selected = IsSelected(row);
+      if (changes.Has(Changes::kSelection)) rows_[row].selected = shown[row].selected;
     }
   }
   if (changes.Has(Changes::kSelection)) current_ = selector_->ListIndex();
   if (changes.Has(Changes::kTopRow)) top_row_ = selector_->TopIndex();
-}
-
-bool MirrorPeer::IsSelected(std::size_t row) const {
-  return selector_->IsSelected(static_cast<int>(row));
 }
 
 void MirrorPeer::ComeToFront() {
@@ -143,6 +133,11 @@ void MirrorPeer::LeaveContainer() noexcept {
   container_ = nullptr;
 }
 
+bool MirrorPeer::SelectsMany() const {
+  const auto* const list = dynamic_cast<const ui::ListBox*>(selector_);
+  return list != nullptr && list->selection() == ui::Selection::kExtended;
+}
+
 const MirrorPeer* MirrorPeer::Obstacle() const {
   const MirrorPeer* outer = container_ != nullptr ? container_->Obstacle() : nullptr;
   if (outer != nullptr) return outer;
@@ -150,18 +145,14 @@ const MirrorPeer* MirrorPeer::Obstacle() const {
 }
 
 TextView MirrorPeer::StaleSide() const {
-  for (std::size_t at = 0; at < properties_.size(); ++at) {
-    if (properties_[at] != kProperties[at].read(control_)) return kProperties[at].name;
+  for (const auto& [property, value] : held_) {
+    if (value != property->read(control_)) return property->name;
   }
+  if (bounds_ != control_.bounds()) return u"bounds";
   // A hidden list tells its rows when it is shown.
   const bool held_back = control_.kind() == ControlKind::kListBox && !control_.visible();
   if (selector_ != nullptr && !held_back) {
-    if (selector_->rows().size() != rows_.size()) return u"rows";
-    for (std::size_t row = 0; row < rows_.size(); ++row) {
-      MirroredRow now = selector_->rows()[row];
-      now.selected = IsSelected(row);
-      if (rows_[row] != now) return u"rows";
-    }
+    if (rows_ != selector_->rows()) return u"rows";
     if (current_ != selector_->ListIndex()) return u"index";
     if (top_row_ != selector_->TopIndex()) return u"top";
   }
@@ -180,17 +171,16 @@ bool MirrorPeer::StacksLikeControl() const {
 }
 
 void MirrorPeer::ChangeText(Text text) {
-  for (std::size_t at = 0; at < properties_.size(); ++at) {
-    if (kProperties[at].name != u"text") continue;
-    properties_[at] = std::move(text);
-    return;
+  for (auto& [property, value] : held_) {
+    if (property->name == u"text") value = std::move(text);
   }
 }
 
 void MirrorPeer::ChangeSelection(const std::vector<int>& rows, int current) {
+  current_ = current;
+  if (!SelectsMany()) return;
   for (MirroredRow& row : rows_) row.selected = false;
   for (const int row : rows) rows_.at(static_cast<std::size_t>(row)).selected = true;
-  current_ = current;
 }
 
 std::optional<Text> MirrorPeer::Property(TextView name) const {
@@ -207,17 +197,20 @@ std::optional<Text> MirrorPeer::Property(TextView name) const {
   }
   if (name == u"container") return container_ != nullptr ? container_->control_.name() : Text();
   if (name == u"bounds") {
-    // For a list box "top" is the first visible row, so the place is read as such.
-    const auto part = [this](TextView side) { return Held(side).value_or(Text()); };
-    return Concat({part(u"left"), u",", part(u"top"), u",", part(u"width"), u",", part(u"height")});
+    const auto& [left, top, width, height] = bounds_;
+    return Concat({Decimal(left), u",", Decimal(top), u",", Decimal(width), u",", Decimal(height)});
   }
-  Value value = RowProperty(name);
-  return value ? value : Held(name);
+  if (auto value = RowProperty(name)) return value;
+  if (name == u"left") return Decimal(bounds_.left);
+  if (name == u"top") return Decimal(bounds_.top);
+  if (name == u"width") return Decimal(bounds_.width);
+  if (name == u"height") return Decimal(bounds_.height);
+  return Held(name);
 }
 
 std::optional<Text> MirrorPeer::Held(TextView name) const {
-  for (std::size_t at = 0; at < properties_.size(); ++at) {
-    if (kProperties[at].name == name && properties_[at]) return properties_[at];
+  for (const auto& [property, value] : held_) {
+    if (property->name == name) return value;
   }
   return std::nullopt;
 }
@@ -240,10 +233,11 @@ std::optional<Text> MirrorPeer::RowProperty(TextView name) const {
   if (name == u"rows" || is_selection) {
     Text all;
     for (const MirroredRow& row : rows_) {
-      if (is_selection && !row.selected) continue;
-      const bool is_first = is_selection ? all.empty() : &row == rows_.data();
+      const auto place = &row - rows_.data();
+      if (is_selection && !(SelectsMany() ? row.selected : place == current_)) continue;
+      const bool is_first = is_selection ? all.empty() : place == 0;
       if (!is_first) all += is_selection ? u" " : kLineBreak;
-      all += is_selection ? Decimal(&row - rows_.data()) : row.text;
+      all += is_selection ? Decimal(place) : row.text;
     }
     return all;
   }

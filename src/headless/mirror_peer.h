@@ -13,6 +13,15 @@ namespace quill::headless {
 
 using MirroredRow = ui::Selector::Row;
 
+// What is shown of something that a control itself holds. One that several kinds of controls have
+// has a row for each.
+struct MirroredProperty {
+  TextView name;
+  ui::Changes side;                     // by which the peer is told of it; none: it never changes
+  std::optional<ui::ControlKind> kind;  // none: all
+  Text (*read)(const ui::Control& control);  // which is of that kind
+};
+
 class MirrorPeer final : public ui::Peer {
  public:
   // `before_sync` is told of each Sync; when it fails, nothing is taken over.
@@ -25,7 +34,7 @@ class MirrorPeer final : public ui::Peer {
   //
   // All: name, kind, enabled, visible, shown, tooltip, left, top, width, height, bounds
   // ("left,top,width,height"), order (place among its siblings, 0 at the back), tab_index,
-  // container. By kind: text, caption, value, alignment, limit, locked, font, transparent, colour,
+  // container. By kind: text, caption, value, alignment, limit, locked, transparent, colour,
   // picture (full path, empty for none), pointer, index
   // (chosen or current row; alias current), count, rows (texts, a line each), selected (rows joined
   // by blanks; alias selection), "item N", "data N". In a list box top is the first visible row.
@@ -53,7 +62,7 @@ class MirrorPeer final : public ui::Peer {
 
  private:
   void TakeRows(ui::Changes changes);
-  [[nodiscard]] bool IsSelected(std::size_t row) const;
+  [[nodiscard]] bool SelectsMany() const;
   void ComeToFront();
   void LeaveContainer() noexcept;
   [[nodiscard]] bool StacksLikeControl() const;
@@ -67,7 +76,12 @@ class MirrorPeer final : public ui::Peer {
   MirrorPeer* container_ = nullptr;
   std::vector<MirrorPeer*> stacked_;  // those lying in this one, the front last
 
-  std::vector<std::optional<Text>> properties_;  // by their row in the table of all kinds'
+  struct HeldValue {
+    const MirroredProperty* property;
+    Text value;
+  };
+  std::vector<HeldValue> held_;
+  ui::Bounds bounds_;
   std::vector<MirroredRow> rows_;
   int current_ = -1;
   int top_row_ = 0;

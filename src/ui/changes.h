@@ -12,7 +12,7 @@ class Changes {
     kEnabled = 1u << 1,
     kVisible = 1u << 2,
     kTooltip = 1u << 3,
-    kText = 1u << 4,       // text, caption, alignment
+    kText = 1u << 4,       // text, caption
     kValue = 1u << 5,      // check state
     kRows = 1u << 6,       // all rows or items are new
     kRowsAdded = 1u << 7,  // rows were added behind those that the peer knows
@@ -21,15 +21,13 @@ class Changes {
     kPicture = 1u << 10,  // the picture
     kOrder = 1u << 11,    // came to the front of its siblings
     kPointer = 1u << 12,
-    kFont = 1u << 13,
-    kColour = 1u << 14,   // colour, transparency, how a picture box holds its drawing
-    kLimit = 1u << 15,    // limit, lock
-    kRowData = 1u << 16,  // numbers of rows that the peer knows already
-    kTabIndex = 1u << 17,
-    kFocus = 1u << 18,         // took the keyboard focus; a form: no control of it has the focus
-    kReachedByKey = 1u << 19,  // with kFocus: a text is selected whole, and the focus is marked
-    kTurnBegins = 1u << 20,    // a tab strip: its owner is about to change the pages
-    kTurnEnds = 1u << 21,      // and has done so
+    kColour = 1u << 13,   // colour, how a picture box holds its drawing
+    kRowData = 1u << 14,  // numbers of rows that the peer knows already
+    kTabIndex = 1u << 15,
+    kFocus = 1u << 16,         // took the keyboard focus; a form: no control of it has the focus
+    kReachedByKey = 1u << 17,  // with kFocus: a text is selected whole, and the focus is marked
+    kTurnBegins = 1u << 18,    // a tab strip: its owner is about to change the pages
+    kTurnEnds = 1u << 19,      // and has done so
   };
 
   constexpr Changes() = default;

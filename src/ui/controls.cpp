@@ -20,12 +20,6 @@ bool IsLowSurrogate(char16_t unit) {
 
 }  // namespace
 
-TextBox::TextBox(Form& form, Text name, int limit, Alignment aligned, bool is_locked)
-    : Control(form, ControlKind::kTextBox, std::move(name)),
-      alignment(*this, aligned),
-      max_length(*this, limit),
-      locked(*this, is_locked) {}
-
 void TextBox::SetText(TextView text) {
   text_ = text;
   Changed(Changes::kText);
@@ -55,7 +49,7 @@ Text TextBox::ApplyLimit(TextView before, const TextEdited& edit, int max_length
 void TextBox::React(const Fact& fact) {
   const auto* const edited = std::get_if<TextEdited>(&fact);
   if (edited == nullptr) return;
-  if (!locked()) text_ = ApplyLimit(text_, *edited, max_length());
+  if (!locked) text_ = ApplyLimit(text_, *edited, max_length);
   // The native text shows the edit already; the peer is told only where the model decides
   // otherwise.
   if (text_ != edited->text) Changed(Changes::kText);
@@ -146,11 +140,6 @@ Text FileDialog::Show(bool save) {
 std::size_t Selector::Checked(int row) const {
   if (!Holds(row)) throw RuntimeError(ErrorNumber::kInvalidProcedureCall);
   return static_cast<std::size_t>(row);
-}
-
-bool Selector::IsSelected(int row) const {
-  static_cast<void>(Checked(row));
-  return row == list_index_;
 }
 
 TextView Selector::text() const noexcept {

@@ -22,27 +22,32 @@ class Frame final : public Control {
 // Text that the operator reads; with mouse handlers it can serve as a button's caption.
 class Label final : public Control {
  public:
-  Label(Form& form, Text name, TextView title = {})
-      : Control(form, ControlKind::kLabel, std::move(name), title) {}
+  Label(Form& form, Text name, TextView title = {}, Alignment aligned = Alignment::kLeft,
+        bool is_transparent = false)
+      : Control(form, ControlKind::kLabel, std::move(name), title),
+        alignment(aligned),
+        transparent(is_transparent) {}
 
-  Property<Alignment, Changes::kText> alignment{*this};
-  Property<int, Changes::kFont> font_size{*this, 8};  // in points
-  // True: what lies behind shows between the letters.
-  Property<bool, Changes::kColour> transparent{*this};
+  const Alignment alignment;
+  const bool transparent;  // what lies behind shows between the letters
 };
 
 // A single-line text box.
 class TextBox final : public Control {
  public:
   TextBox(Form& form, Text name, int limit = 0, Alignment aligned = Alignment::kLeft,
-          bool is_locked = false);
+          bool is_locked = false)
+      : Control(form, ControlKind::kTextBox, std::move(name)),
+        alignment(aligned),
+        max_length(limit),
+        locked(is_locked) {}
 
   [[nodiscard]] const Text& text() const noexcept { return text_; }
   // Any length: the limit holds for typing and pasting only.
   void SetText(TextView text);
-  Property<Alignment, Changes::kText> alignment;
-  Property<int, Changes::kLimit> max_length;  // in characters; 0: no limit
-  Property<bool, Changes::kLimit> locked;     // the operator cannot edit it
+  const Alignment alignment;
+  const int max_length;  // in characters; 0: no limit
+  const bool locked;     // the operator cannot edit it
 
   // What the operator's edit of `before` leaves under a limit: of what has come in the place of the
   // selection, as much as fits; a text that was already longer may only become shorter.
@@ -77,12 +82,11 @@ class CheckBox final : public Control {
 class CommandButton final : public Control {
  public:
   CommandButton(Form& form, Text name, TextView title = {}, TextView icon_name = {})
-      : Control(form, ControlKind::kCommandButton, std::move(name), title),
-        icon(*this, icon_name) {}
+      : Control(form, ControlKind::kCommandButton, std::move(name), title), icon(icon_name) {}
 
   // The name of one of the library's icons, 32 pixels wide and high at 96 dots per inch. Not
   // copied: it outlives the button.
-  Property<TextView, Changes::kPicture> icon;
+  const TextView icon;
 
  protected:
   void React(const Fact& fact) override;
@@ -170,7 +174,6 @@ class Selector : public Control {
   void SetListIndex(int row);
   // The text of the chosen row; empty when there is none.
   [[nodiscard]] TextView text() const noexcept;
-  [[nodiscard]] virtual bool IsSelected(int row) const;
   // The first visible row; 0 where rows do not scroll.
   [[nodiscard]] int TopIndex() const noexcept { return top_index_; }
 

@@ -7,6 +7,7 @@ namespace quill::ui {
 
 using Twips = std::int32_t;
 inline constexpr std::int32_t kTwipsPerInch = 1440;
+inline constexpr int kFontPoints = 8;  // size of the dialog's one font, 1/72 inch each
 
 struct Bounds {
   Twips left = 0;

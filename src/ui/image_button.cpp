@@ -24,13 +24,12 @@ T* FindExactly(const Form& dialog, TextView name) {
 
 }  // namespace
 
-CaptionPlace PlaceCaption(const Bounds& face, int font_size, std::int32_t dots_per_inch,
-                          bool pressed) noexcept {
+CaptionPlace PlaceCaption(const Bounds& face, std::int32_t dots_per_inch, bool pressed) noexcept {
   // Rounded by itself, before the font's share comes off: together some captions would lie a twip
   // elsewhere.
   const Twips centre = Nearest(std::int64_t{face.top} * 2 + face.height, 2);
   // By as many pixels as the font has points; a pixel need not be a whole number of twips.
-  const std::int64_t raised = std::int64_t{font_size} * kTwipsPerInch;
+  const std::int64_t raised = std::int64_t{kFontPoints} * kTwipsPerInch;
   CaptionPlace place{face.left + kSideMargin,
                      Nearest(std::int64_t{centre} * dots_per_inch - raised, dots_per_inch)};
   if (pressed) {
@@ -48,14 +47,13 @@ Image& CreateButtonFace(Form& dialog, const ImageButton& button, TextView host_r
 }
 
 Label& CreateButtonCaption(Form& dialog, const ImageButton& button, TextView host_root) {
-  auto& caption = dialog.Add<Label>(button.name, button.container, button.caption);
+  auto& caption = dialog.Add<Label>(button.name, button.container, button.caption,
+                                    Alignment::kCentre, /*is_transparent=*/true);
   const Text face_name = Concat({button.name, kFaceSuffix});
   const Bounds& face = dialog.At(face_name).bounds();
   // Added after the face, it lies in front of it.
   // Its place is that of the state.
   caption.SetBounds({0, 0, face.width - 2 * kSideMargin, face.height});
-  caption.transparent = true;
-  caption.alignment = Alignment::kCentre;
   SetButtonState(dialog, face_name, u"Up", host_root);
   return caption;
 }
@@ -75,8 +73,7 @@ void SetButtonState(Form& dialog, TextView face_name, TextView state, TextView h
         const TextView caption_name = face_name.substr(0, face_name.size() - kFaceSuffix.size());
         if (auto* const caption = FindExactly<Label>(dialog, caption_name)) {
           const CaptionPlace place =
-              PlaceCaption(face->bounds(), caption->font_size(),
-                           dialog.toolkit().GetMetrics().dots_per_inch, pressed);
+              PlaceCaption(face->bounds(), dialog.toolkit().GetMetrics().dots_per_inch, pressed);
           caption->SetPlace(place.left, place.top);
         }
       });

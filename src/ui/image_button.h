@@ -25,8 +25,8 @@ struct CaptionPlace {
   Twips left = 0;
   Twips top = 0;
 };
-[[nodiscard]] CaptionPlace PlaceCaption(const Bounds& face, int font_size,
-                                        std::int32_t dots_per_inch, bool pressed) noexcept;
+[[nodiscard]] CaptionPlace PlaceCaption(const Bounds& face, std::int32_t dots_per_inch,
+                                        bool pressed) noexcept;
 
 // `host_root` is the folder above "imgs". A picture that cannot be read fails as
 // Toolkit::ReadPicture does.

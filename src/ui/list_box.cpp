@@ -85,8 +85,8 @@ int ListBox::VisibleRows() const {
 }
 
 bool ListBox::IsSelected(int row) const {
-  return selection_ == Selection::kExtended ? rows_[Checked(row)].selected
-                                            : Selector::IsSelected(row);
+  const Row& asked = rows_[Checked(row)];
+  return selection_ == Selection::kExtended ? asked.selected : row == list_index_;
 }
 
 void ListBox::SetSelected(int row, bool selected) {

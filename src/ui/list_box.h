@@ -46,7 +46,7 @@ class ListBox final : public Selector {
 
   // Extended selection; in a single-selection list the chosen row is the selected one, and
   // selecting is SetListIndex.
-  [[nodiscard]] bool IsSelected(int row) const override;
+  [[nodiscard]] bool IsSelected(int row) const;
   void SetSelected(int row, bool selected);
 
   std::function<void()> on_double_click;

@@ -3,8 +3,6 @@
 
 #include <uxtheme.h>
 
-#include <utility>
-
 #include "ui/controls.h"
 #include "win32/drawing.h"
 #include "win32/form_peer.h"
@@ -76,17 +74,16 @@ class CommandButtonPeer final : public PeerOf<ui::CommandButton> {
 
   [[nodiscard]] Style GetStyle() const override {
     return {L"BUTTON", &model_.caption(),
-            BS_PUSHBUTTON | WS_TABSTOP | (!model_.icon().empty() ? BS_ICON : 0u)};
+            BS_PUSHBUTTON | WS_TABSTOP | (!model_.icon.empty() ? BS_ICON : 0u)};
   }
 
-  void Show(ui::Changes changes) override {
-    if (!changes.Has(ui::Changes::kPicture) || model_.icon().empty()) return;
+  void Show(ui::Changes) override {
+    if (!making() || model_.icon.empty()) return;
     // Scaled by the system from the nearest one in the file.
     const SIZE size = toolkit().scale().Scaled(SIZE{32, 32});
-    Owned<HICON> icon(static_cast<HICON>(LoadImageW(
-        ThisModule(), Wide(Text(model_.icon())), IMAGE_ICON, size.cx, size.cy, LR_DEFAULTCOLOR)));
-    Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
-    icon_ = std::move(icon);  // the former one only now: until then the button shows it
+    icon_.reset(static_cast<HICON>(LoadImageW(ThisModule(), Wide(Text(model_.icon)), IMAGE_ICON,
+                                              size.cx, size.cy, LR_DEFAULTCOLOR)));
+    Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon_.get()));
   }
 
  private:

@@ -23,12 +23,12 @@ HBITMAP MakeBitmap(SIZE size, void** pixels) noexcept {
 
 }  // namespace
 
-Owned<HFONT> MakeDialogFont(const ScreenScale& scale, int points) noexcept {
+Owned<HFONT> MakeDialogFont(const ScreenScale& scale) noexcept {
   constexpr int kPointsPerInch = 72;
   // Negative: the height of the characters, which is what points measure. The system has its own
   // dialog font stand behind the name.
-  return Owned<HFONT>(CreateFontW(-MulDiv(points, scale.dots_per_inch(), kPointsPerInch), 0, 0, 0,
-                                  FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+  return Owned<HFONT>(CreateFontW(-MulDiv(ui::kFontPoints, scale.dots_per_inch(), kPointsPerInch),
+                                  0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
                                   OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
                                   DEFAULT_PITCH | FF_DONTCARE, L"MS Shell Dlg"));
 }

@@ -14,10 +14,8 @@
 
 namespace quill::win32 {
 
-inline constexpr int kDialogFontPoints = 8;
-
-// The dialog's font in that size. Null when the system has no more.
-[[nodiscard]] Owned<HFONT> MakeDialogFont(const ScreenScale& scale, int points) noexcept;
+// The dialog's font. Null when the system has no more.
+[[nodiscard]] Owned<HFONT> MakeDialogFont(const ScreenScale& scale) noexcept;
 
 [[nodiscard]] COLORREF ToColorRef(ui::Colour colour) noexcept;
 

@@ -21,25 +21,25 @@ class LabelPeer final : public PeerOf<ui::Label, DrawnPeer> {
   [[nodiscard]] bool CapturesMouse() const noexcept override { return true; }
   [[nodiscard]] Style GetStyle() const override {
     return {L"STATIC", &model_.caption(),
-            AlignmentStyle(model_.alignment()) | SS_NOPREFIX | SS_NOTIFY};
+            AlignmentStyle(model_.alignment) | SS_NOPREFIX | SS_NOTIFY};
   }
 
   void Show(Changes changes) override {
     // The window's own text is not drawn, but assistive tools read it.
     if (changes.Has(Changes::kText) && !making()) SetWindowTextW(window(), Wide(model_.caption()));
-    if (changes.Has(Changes::kText | Changes::kFont | Changes::kColour | Changes::kBounds)) {
+    if (changes.Has(Changes::kText | Changes::kBounds)) {
       Repaint();
     }
   }
 
   void Draw(HDC context, const RECT& area) const override {
-    if (model_.transparent()) {
+    if (model_.transparent) {
       DrawWhatLiesBehind(context);
     } else {
       FillRect(context, &area, form_peer().FaceBrush());
     }
     Text caption = model_.caption();
-    UINT flags = DT_WORDBREAK | DT_EXPANDTABS | AlignmentStyle(model_.alignment());
+    UINT flags = DT_WORDBREAK | DT_EXPANDTABS | AlignmentStyle(model_.alignment);
     const std::size_t place = form_peer().shows_access_keys() && model_.access_key != 0
                                   ? ToUpper(caption).find(model_.access_key)
                                   : Text::npos;
@@ -48,7 +48,7 @@ class LabelPeer final : public PeerOf<ui::Label, DrawnPeer> {
     } else {
       flags |= DT_NOPREFIX;
     }
-    const HGDIOBJ previous = SelectObject(context, form_peer().Font(model_.font_size()));
+    const HGDIOBJ previous = SelectObject(context, form_peer().Font());
     SetBkMode(context, TRANSPARENT);
     SetTextColor(context,
                  model_.enabled() ? form_peer().TextColour() : GetSysColor(COLOR_GRAYTEXT));
@@ -63,7 +63,7 @@ class LabelPeer final : public PeerOf<ui::Label, DrawnPeer> {
         // The class itself would draw the text at once, in its own way.
         return DefWindowProcW(window(), message, wparam, lparam);
       case WM_GETFONT:
-        return reinterpret_cast<LRESULT>(form_peer().Font(model_.font_size()));
+        return reinterpret_cast<LRESULT>(form_peer().Font());
       case WM_ENABLE:
         Repaint();
         return 0;

@@ -26,8 +26,8 @@ class TextBoxPeer final : public PeerOf<ui::TextBox> {
   [[nodiscard]] Style GetStyle() const override {
     // Without ES_AUTOHSCROLL the class would take no more text than is seen.
     return {L"EDIT", &model_.text(),
-            AlignmentStyle(model_.alignment()) | ES_AUTOHSCROLL | WS_TABSTOP |
-                (model_.locked() ? ES_READONLY : 0u),
+            AlignmentStyle(model_.alignment) | ES_AUTOHSCROLL | WS_TABSTOP |
+                (model_.locked ? ES_READONLY : 0u),
             WS_EX_CLIENTEDGE};
   }
 

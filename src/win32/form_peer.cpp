@@ -119,10 +119,9 @@ void FormPeer::ShowVisible() {
   UpdateWindow(window());
 }
 
-HFONT FormPeer::Font(int points) {
-  Owned<HFONT>& font = fonts_[points];
-  if (font == nullptr) font = MakeDialogFont(toolkit().scale(), points);
-  return font.get();
+HFONT FormPeer::Font() {
+  if (font_ == nullptr) font_ = MakeDialogFont(toolkit().scale());
+  return font_.get();
 }
 
 HBRUSH FormPeer::FaceBrush() const noexcept {

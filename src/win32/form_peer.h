@@ -1,7 +1,5 @@
-// The native window of a form, and what its controls' windows share: fonts, colours, tooltips.
+// The native window of a form, and what its controls' windows share: font, colours, tooltips.
 #pragma once
-
-#include <map>
 
 #include "ui/form.h"
 #include "win32/owned.h"
@@ -19,8 +17,8 @@ class FormPeer final : public PeerOf<ui::Form> {
   // Makes the windows of the form and of all its controls, unless they exist.
   void MakeWindows();
 
-  // Of a font of that size; lives as long as the peer.
-  [[nodiscard]] HFONT Font(int points);
+  // Lives as long as the peer.
+  [[nodiscard]] HFONT Font();
   // Behind everything on the form.
   [[nodiscard]] HBRUSH FaceBrush() const noexcept;
   // With that brush, the whole client area of a window; 1, as WM_ERASEBKGND wants it.
@@ -53,7 +51,7 @@ class FormPeer final : public PeerOf<ui::Form> {
   void RepaintAll() const noexcept;
   void ComeForward() const noexcept;
 
-  std::map<int, Owned<HFONT>> fonts_;  // by their size
+  Owned<HFONT> font_;
   HWND tooltips_ = nullptr;
   Owned<HBRUSH> own_face_;         // while the tab strip is hooked
   ui::TabStrip* strip_ = nullptr;  // the hooked one

@@ -31,7 +31,7 @@ static_assert(std::size(kMakers) == static_cast<std::size_t>(ui::ControlKind::kF
 // Height of a line of the dialog's font, in pixels.
 int FontLineHeight(const ScreenScale& scale) {
   constexpr ui::Twips kUsualHeight = 195;
-  const auto font = MakeDialogFont(scale, kDialogFontPoints);
+  const auto font = MakeDialogFont(scale);
   const int height = WindowContext(nullptr, font.get()).Metrics().tmHeight;
   return height > 0 ? height : scale.Pixels(kUsualHeight);
 }

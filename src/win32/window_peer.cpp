@@ -88,7 +88,7 @@ void WindowPeer::MakeWindow(HWND parent) {
     making_ = false;
     --showing_;
   });
-  ShowFont();
+  Send(WM_SETFONT, reinterpret_cast<WPARAM>(form_peer().Font()), FALSE);
   Show(ui::Changes::Everything());
   if (!is_form) ShowTooltip();
 }
@@ -105,7 +105,6 @@ void WindowPeer::Sync(ui::Changes changes) {
   if (window_ != nullptr) {
     if (changes.Has(Changes::kBounds)) TakePlace();
     if (changes.Has(Changes::kEnabled)) EnableWindow(window_, control_.enabled());
-    if (changes.Has(Changes::kFont)) ShowFont();
     Show(changes);
     if (changes.Has(Changes::kTooltip)) ShowTooltip();
   }
@@ -158,10 +157,6 @@ void WindowPeer::ShowTooltip() {
                                       : TTM_ADDTOOLW;
   SendMessageW(form_peer().Tooltips(), message, 0, reinterpret_cast<LPARAM>(&tool));
   has_tooltip_ = !text.empty();
-}
-
-void WindowPeer::ShowFont() const {
-  Send(WM_SETFONT, reinterpret_cast<WPARAM>(form_peer().Font(kDialogFontPoints)), FALSE);
 }
 
 void WindowPeer::Repaint() const {

@@ -112,7 +112,6 @@ class WindowPeer : public ui::Peer {
   [[nodiscard]] LRESULT AnswerAssistiveTool(WPARAM wparam) const noexcept;
   // False when the window's class is to have it.
   bool TellKey(WPARAM key, LPARAM key_data);
-  void ShowFont() const;
   void DestroyWindowNow() noexcept;
 
   Win32Toolkit& toolkit_;

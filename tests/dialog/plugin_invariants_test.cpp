@@ -33,8 +33,8 @@ TEST(PluginInvariants, EachBreachIsNoticed) {
        [](auto&, auto& d) { d.At(u"cmdStart").SetPlace(1, 1); }},
       {"txtName: another text is shown than the model holds",
        [](auto&, auto& d) { headless::MirrorOf(d.At(u"txtName")).ChangeText(u"x"); }},
-      {"lstMax: another rows is shown than the model holds",
-       [](auto&, auto& d) { headless::MirrorOf(d.At(u"lstMax")).ChangeSelection({3}, -1); }},
+      {"lstAvlMaps: another rows is shown than the model holds",
+       [](auto&, auto& d) { headless::MirrorOf(d.lstAvlMaps).ChangeSelection({3}, -1); }},
       {"lstAvlMaps: another index is shown than the model holds",
        [](auto&, auto& d) { headless::MirrorOf(d.lstAvlMaps).ChangeSelection({}, 3); }},
   };

@@ -24,16 +24,16 @@ TEST(NearestTest, SendsAHalfToTheEvenNeighbour) {
   }
 }
 
-TEST(CaptionPlaceTest, IsComputedFromFaceFontAndScreen) {
-  const auto place = [](const Bounds& face, int font, int dots_per_inch, bool pressed) {
-    const CaptionPlace at = PlaceCaption(face, font, dots_per_inch, pressed);
+TEST(CaptionPlaceTest, IsComputedFromFaceAndScreen) {
+  const auto place = [](const Bounds& face, int dots_per_inch, bool pressed) {
+    const CaptionPlace at = PlaceCaption(face, dots_per_inch, pressed);
     return std::pair(at.left, at.top);
   };
-  EXPECT_EQ(place({0, 1, 300, 300}, 10, 120, false), std::pair(75, 31));
-  EXPECT_EQ(place({0, 0, 300, 5}, 0, 96, false), std::pair(75, 2));
+  EXPECT_EQ(place({0, 1, 300, 300}, 120, false), std::pair(75, 55));
+  EXPECT_EQ(place({0, 0, 300, 245}, 96, false), std::pair(75, 2));
   // 8.57 and 7.5 twips per pixel.
-  EXPECT_EQ(place({1440, 240, 1335, 495}, 8, 168, false), std::pair(1515, 419));
-  EXPECT_EQ(place({1440, 240, 1335, 495}, 8, 192, true), std::pair(1535, 478));
+  EXPECT_EQ(place({1440, 240, 1335, 495}, 168, false), std::pair(1515, 419));
+  EXPECT_EQ(place({1440, 240, 1335, 495}, 192, true), std::pair(1535, 478));
 }
 
 TEST(ImageButtonTest, OnlyTheExactStatePressesAndReleasingRestores) {
