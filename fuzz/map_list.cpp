@@ -15,7 +15,7 @@ void TakeInput(std::string_view input) {
     Claim(failures <= 1);
     bench.CheckInvariants({.rotation_is_shown = failures == 0});
     // The checker loads the file into a dialog of its own, which costs more than all the rest.
-    if (input.size() % 32 != 0) return;
+    if (input.size() % 64 != 0) return;
     const auto account = host::AccountOfMapList(input, conditions);
     Claim(account.maps == bench.module.maps.selected.maps());
   });

@@ -28,7 +28,7 @@ void TakeInput(std::string_view input) {
     bench.CheckInvariants({.rotation_is_shown = failures == 0, .available_maps_are_shown = false});
     const auto& rotation = bench.module.maps.selected;
     // The checker loads the file into a dialog of its own, which costs more than all the rest.
-    if (input.size() % 32 == 0) {
+    if (input.size() % 64 == 0) {
       const auto account = host::AccountOfSettings(input, conditions);
       Claim(failures != 0 || account.maps == rotation.maps());
     }

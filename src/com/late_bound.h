@@ -18,8 +18,8 @@ class LateBound {
   // Null fails at the first call with kObjectNotSet.
   explicit LateBound(IDispatch* object) noexcept : object_(object) {}
 
-  // Creates the object of that programmatic name in this process. Fails with kCannotCreateObject
-  // and a description that names it.
+  // Creates the object of that programmatic name, in this process or in a program of its own, as it
+  // is registered. Fails with kCannotCreateObject and a description that names it.
   [[nodiscard]] static LateBound Create(TextView prog_id);
 
   [[nodiscard]] IDispatch* object() const noexcept { return object_.get(); }

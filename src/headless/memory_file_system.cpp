@@ -31,7 +31,18 @@ bool IsDrive(TextView name) {
 }
 
 bool IsAllowedInNames(char16_t unit) {
-  return unit >= 0x20 && TextView(u"<>:\"|?*").find(unit) == TextView::npos;
+  switch (unit) {
+    case u'<':
+    case u'>':
+    case u':':
+    case u'"':
+    case u'|':
+    case u'?':
+    case u'*':
+      return false;
+    default:
+      return unit >= 0x20;
+  }
 }
 
 // The path with one "\" between its names and none at its end. Fails for a path that does not begin
@@ -85,29 +96,32 @@ MemoryFileSystem::MemoryFileSystem(TextView root) {
   MakeFolders(root);
 }
 
-MemoryFileSystem::Entry MemoryFileSystem::EntryAt(TextView path) const {
+const MemoryFileSystem::Node* MemoryFileSystem::Find(TextView path) const try {
   const auto found = nodes_.find(KeyOf(path));
-  if (found == nodes_.end()) return Entry::kNone;
-  return found->second.is_folder ? Entry::kFolder : Entry::kFile;
+  return found != nodes_.end() ? &found->second : nullptr;
+} catch (const RuntimeError&) {
+  return nullptr;  // nothing can have such a name
 }
 
-bool MemoryFileSystem::Has(TextView path, Entry entry) const try {
-  return EntryAt(path) == entry;
-} catch (const RuntimeError&) {
-  return false;
+bool MemoryFileSystem::Has(TextView path, bool is_folder) const {
+  const Node* const found = Find(path);
+  return found != nullptr && found->is_folder == is_folder;
 }
 
 void MemoryFileSystem::CheckRoomForFile(TextView path) const {
-  if (EntryAt(path) == Entry::kFolder) FailAt(ErrorNumber::kPathFileAccessError, path);
-  if (!Has(FolderOf(path), Entry::kFolder)) FailAt(ErrorNumber::kPathNotFound, path);
+  static_cast<void>(NormalPath(path));
+  if (Has(path, true)) FailAt(ErrorNumber::kPathFileAccessError, path);
+  if (!Has(FolderOf(path), true)) FailAt(ErrorNumber::kPathNotFound, path);
 }
 
 const MemoryFileSystem::Node& MemoryFileSystem::FileAt(TextView path) const {
-  if (Has(path, Entry::kFile)) return nodes_.find(KeyOf(path))->second;
-  if (Has(path, Entry::kFolder)) FailAt(ErrorNumber::kPathFileAccessError, path);
+  if (const Node* const found = Find(path)) {
+    if (!found->is_folder) return *found;
+    FailAt(ErrorNumber::kPathFileAccessError, path);
+  }
   // In the usual words, as a native file system says it: whoever reports it adds the path.
-  throw RuntimeError(Has(FolderOf(path), Entry::kFolder) ? ErrorNumber::kFileNotFound
-                                                         : ErrorNumber::kPathNotFound);
+  throw RuntimeError(Has(FolderOf(path), true) ? ErrorNumber::kFileNotFound
+                                               : ErrorNumber::kPathNotFound);
 }
 
 MemoryFileSystem::Node& MemoryFileSystem::FileForWriting(TextView path) {

@@ -21,9 +21,9 @@ class MemoryFileSystem final : public FileSystem {
  public:
   explicit MemoryFileSystem(TextView root = u"C:\\Host");
 
-  bool FolderExists(TextView path) override { return Has(path, Entry::kFolder); }
+  bool FolderExists(TextView path) override { return Has(path, true); }
   void MakeFolder(TextView path) override;
-  bool FileExists(TextView path) override { return Has(path, Entry::kFile); }
+  bool FileExists(TextView path) override { return Has(path, false); }
   std::int64_t FileSize(TextView path) override;
   void RemoveFile(TextView path) override;
   void RenameFile(TextView from, TextView to) override;
@@ -43,15 +43,15 @@ class MemoryFileSystem final : public FileSystem {
   [[nodiscard]] std::vector<Text> FilePaths() const;
 
  private:
-  enum class Entry : std::uint8_t { kNone, kFile, kFolder };
   struct Node {
     Text path;  // in the letter case it was made with
     bool is_folder = false;
     std::shared_ptr<const std::string> bytes;  // shared with open readers; null for a folder
   };
 
-  [[nodiscard]] Entry EntryAt(TextView path) const;
-  [[nodiscard]] bool Has(TextView path, Entry entry) const;
+  // Null when there is none.
+  [[nodiscard]] const Node* Find(TextView path) const;
+  [[nodiscard]] bool Has(TextView path, bool is_folder) const;
   // Fails where a folder is already, and where the folder to lie in is missing.
   void CheckRoomForFile(TextView path) const;
   // Fails unless there is a file, as FileSystem says; with kPathFileAccessError for a folder.
