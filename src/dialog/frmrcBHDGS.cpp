@@ -128,16 +128,19 @@ frmrcBHDGS::frmrcBHDGS(Session& session)
 
 // The image buttons bring their own places. Those of the map page lie between its other controls,
 // those below the pages come last of all that takes the focus. The notes beside the lists come
-// behind them, so that the map page's last control, the shuffle button, is number 78.
+// behind them, and with them the label of the wait, so that the map page's last control, the
+// shuffle button, is number 78.
 void frmrcBHDGS::NumberTabOrder() {
   int next = 0;
   const auto number = [&](ui::Control& control) { control.SetTabIndex(next++); };
-  const auto is_note = [](const ui::Control& control) { return control.name().ends_with(u"Note"); };
+  const auto comes_last = [&](const ui::Control& control) {
+    return &control == &lblWaiting || control.name().ends_with(u"Note");
+  };
   number(tsMain);
   for (ui::Frame* frame : {&fmeServer, &fmeMisc, &Frame3}) {
     number(*frame);
     for (ui::Control* control : frame->children()) {
-      if (!is_note(*control)) number(*control);
+      if (!comes_last(*control)) number(*control);
     }
   }
   number(fmeMap);
@@ -149,8 +152,10 @@ void frmrcBHDGS::NumberTabOrder() {
   }
   number(Picture1);
   for (const DialogButton& button : DialogButtons()) next += &At(button.container) == &Frame3;
-  for (ui::Control* control : fmeServer.children()) {
-    if (is_note(*control)) number(*control);
+  for (const ui::Frame* frame : {&fmeServer, &Frame3}) {
+    for (ui::Control* control : frame->children()) {
+      if (comes_last(*control)) number(*control);
+    }
   }
 }
 
