@@ -11,7 +11,8 @@ expect lblWaiting shown = true
 expect lblWaiting caption contains "Awaiting reply since "
 expect screen pointer = busy
 
-# A start that is refused changes nothing; one that fails is not waited for.
+# A start that is refused or fails before it is sent changes nothing: the first one is still
+# awaited. One that fails while it is sent is not.
 tab "Misc Options"
 paste txtPort x
 push cmdStart
@@ -19,6 +20,10 @@ expect box "Error!" "Game Port Field is not numeric!"
 expect lblWaiting shown = true
 paste txtPort 17479
 kit CompressString fails 70 "Permission denied"
+push cmdStart
+expect trapped cmdStart_Error 70 "Permission denied"
+expect lblWaiting shown = true
+kit WriteFile fails 70 "Permission denied"
 push cmdStart
 expect trapped cmdStart_Error 70 "Permission denied"
 expect lblWaiting shown = false

@@ -87,7 +87,11 @@ Text StartPayload(const frmrcBHDGS& dialog, std::int32_t flags) {
 void StartGame(frmrcBHDGS& dialog) {
   Session& session = dialog.session();
   MessageReporter& reporter = session.reporter;
-  const auto give_up = [&](RuntimeError&) { dialog.HideStartWait(); };
+  bool waits = false;
+  // The answer to an earlier start is still awaited when this one has not come as far.
+  const auto give_up = [&](RuntimeError&) {
+    if (waits) dialog.HideStartWait();
+  };
   const auto steps = [&](Line& at) {
     const auto text_box = [&](TextView key) -> ui::TextBox& {
       return dialog.Get<ui::TextBox>(key);
@@ -128,6 +132,7 @@ void StartGame(frmrcBHDGS& dialog) {
     at(), session.PendingCommand = kStartGame.pending_name;
     // Before the request, which the host may answer at once.
     at(), dialog.ShowStartWait();
+    waits = true;
     at(), WriteRequest(session, kStartGame, RequestEnvelope(session, kStartGame, frame));
   };
   Trapped(reporter, u"cmdStart_Error", steps, give_up);
