@@ -79,7 +79,8 @@ class ReplacedEntries {
 
 // True when loading `file` after the options and `map_count` maps have been written into it might
 // give other options or maps: it holds further maps, maps in another order or before the mod, or
-// something for an option or a list that none of the written keys replaces.
+// something for an option or a list that none of the written keys replaces. Fails where the kit
+// cannot read the file.
 bool WouldOutliveSaving(const frmrcBHDGS& dialog, TextView file, int map_count) {
   FileKit& kit = dialog.session().kit();
   const std::optional<IniElements> section = kit.GetIniSection(kSettingsSection, file);
@@ -160,9 +161,9 @@ void SaveSettings(frmrcBHDGS& dialog) {
 
         // What the operator sees is saved: as many maps as the list has rows.
         const int map_count = dialog.lstSelMaps.Count();
-        bool outlives = false;
-        at(), outlives =
-                  session.files.FileExists(file) && WouldOutliveSaving(dialog, file, map_count);
+        const bool exists = (at(), session.files.FileExists(file));
+        bool outlives = exists;  // also what the kit cannot read
+        RunEach([&] { outlives = exists && WouldOutliveSaving(dialog, file, map_count); });
         if (outlives) {
           // In a variable of its own first: set_aside tells that the renaming was done.
           Text name;

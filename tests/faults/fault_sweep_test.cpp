@@ -183,7 +183,7 @@ const std::vector<Operation>& Operations() {
        .is_done = HasSavedThreeMaps},
       {.name = "SaveOverLongerFile",
        .labels = {u"cmdSave", u"cmdSave_MouseUp", u"cmdSave_MouseDown"},
-       .silent = {u"ReadPicture", u"Sync cmd"},
+       .silent = {u"ReadPicture", u"Sync cmd", u"GetIniSection", u"ParseIniKey"},
        .prepare = Picking(u"a.hsf", kSettings + "Map0=0[-]0[-]A\r\nMap1=0[-]0[-]B\r\n"
                                                 "Map7=0[-]0[-]C\r\n"),
        .run = Pressing(u"cmdSave"),
