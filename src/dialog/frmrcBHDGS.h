@@ -20,7 +20,7 @@ namespace quill {
 class frmrcBHDGS final : public ui::Form {
  public:
   // The controls of the design, with their initial values; Form_Load adds the rest. `session`
-  // outlives the dialog.
+  // lives until the dialog is unloaded.
   explicit frmrcBHDGS(Session& session);
 
   // Builds the dialog: tab background, image buttons, number lists, game types. Trapped.

@@ -1,6 +1,6 @@
 // The state of the plug-in between host calls: the platform, the host's kits, the model lists, the
-// dialog, and what the host has said. It lives as long as the library is loaded and outlives every
-// dialog.
+// dialog, and what the host has said. It lives as long as the library is in use. A dialog that is
+// unloaded at its end may be destroyed after it, and no longer touches it.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,6 @@
 // The class's interface and record as early-bound callers see them, the same as the type library
-// declares. A host's author can include it: it needs the system's headers only.
+// declares. A host's author can include it: with com/automation.h it needs the system's headers
+// only.
 #pragma once
 
 #include <cstddef>
@@ -43,8 +44,8 @@ static_assert(offsetof(PluginRecord, Game) == 40);
 static_assert(sizeof(PluginRecord) == 184);
 #endif
 
-// Objects come as IDispatch; null is Nothing. The texts by reference are not written to and may be
-// null.
+// Objects come as IDispatch; null is Nothing. The texts by reference are not written to; fName may
+// be null.
 struct IPlugin : public IDispatch {
   virtual HRESULT STDMETHODCALLTYPE dllVersion(BSTR PNAME, BSTR* result) = 0;
   virtual HRESULT STDMETHODCALLTYPE GetData(PluginRecord* result) = 0;

@@ -3,7 +3,8 @@
 //
 // Every change is made in the model first and told to the peer after that. A peer that fails passes
 // its failure on to whoever made the change; the model keeps the new state, and handlers that the
-// change would have run do not run. Assigning again tells the peer again.
+// change would have run do not run, but for a tab's, which shows the page. Assigning again tells
+// the peer again.
 //
 // A control is owned by its form's collection. Everything runs on the user-interface thread.
 #pragma once
