@@ -37,9 +37,9 @@ Variant EntryOf(FileKit& kit, TextView line, bool is_key_wanted) {
 
 // The error is an object with the members of a script's Err.
 RuntimeError ErrorIn(const VARIANT& error) {
-  IDispatch* object = nullptr;
-  if (!com::ReadObject(error, object)) throw RuntimeError(ErrorNumber::kTypeMismatch);
-  const com::LateBound raised(object);
+  const auto object = com::ObjectOf(error);
+  if (!object) throw RuntimeError(ErrorNumber::kTypeMismatch);
+  const com::LateBound raised(object->get());
   return {com::Int32Of(*raised.Call(u"Number", {}).get()),
           com::TextOf(*raised.Call(u"Description", {}).get())};
 }

@@ -68,8 +68,8 @@ TextView Arguments::AsText(std::size_t parameter, Variant& converted) const {
   const VARIANT& referred = Referred(*bound.value);
   // Without a copy, as a reply may be long.
   if (referred.vt == VT_BSTR) return ViewOf(referred.bstrVal);
-  if (referred.vt == (VT_BSTR | VT_BYREF) && referred.pbstrVal != nullptr) {
-    return ViewOf(*referred.pbstrVal);
+  if (referred.vt == (VT_BSTR | VT_BYREF)) {
+    return referred.pbstrVal != nullptr ? ViewOf(*referred.pbstrVal) : TextView();
   }
   converted = Converted(referred, VT_BSTR, bound.argument);
   return ViewOf(converted.get()->bstrVal);
@@ -85,11 +85,11 @@ bool Arguments::AsBoolean(std::size_t parameter) const {
   return Converted(*bound.value, VT_BOOL, bound.argument).get()->boolVal != VARIANT_FALSE;
 }
 
-IDispatch* Arguments::AsObject(std::size_t parameter) const {
+ComPtr<IDispatch> Arguments::AsObject(std::size_t parameter) const {
   const Bound& bound = At(parameter);
-  IDispatch* object = nullptr;
-  if (!ReadObject(*bound.value, object)) throw ArgumentError{DISP_E_TYPEMISMATCH, bound.argument};
-  return object;
+  auto object = ObjectOf(*bound.value);
+  if (!object) throw ArgumentError{DISP_E_TYPEMISMATCH, bound.argument};
+  return std::move(*object);
 }
 
 const VARIANT& Arguments::AsVariant(std::size_t parameter) const {

@@ -7,6 +7,7 @@
 
 #include "com/automation.h"
 #include "com/bstr.h"
+#include "com/com_ptr.h"
 #include "com/variant.h"
 #include "support/text.h"
 
@@ -40,7 +41,7 @@ class Arguments {
   [[nodiscard]] std::int32_t AsInt32(std::size_t parameter) const;
   [[nodiscard]] bool AsBoolean(std::size_t parameter) const;
   // Null for Nothing. Borrowed: the caller's argument keeps it alive.
-  [[nodiscard]] IDispatch* AsObject(std::size_t parameter) const;
+  [[nodiscard]] ComPtr<IDispatch> AsObject(std::size_t parameter) const;
   [[nodiscard]] const VARIANT& AsVariant(std::size_t parameter) const;
   // Null: left out.
   [[nodiscard]] const VARIANT* Given(std::size_t parameter) const {

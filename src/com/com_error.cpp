@@ -48,8 +48,9 @@ BSTR BstrOrNull(TextView text) noexcept {
 }  // namespace
 
 RuntimeError ErrorOf(HRESULT result) {
-  if ((result & kFacilityMask) == kControlFacility) {
-    const std::int32_t number = result & 0xFFFF;
+  const std::int32_t number = result & 0xFFFF;
+  // A failure without a number would not be reported.
+  if ((result & kFacilityMask) == kControlFacility && number != 0) {
     return RuntimeError(number, DefaultDescription(number));
   }
   for (const KnownResult& known : kKnownResults) {

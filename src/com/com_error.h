@@ -40,6 +40,7 @@ template <class Body>
   try {
     return body();
   } catch (const std::bad_alloc&) {
+    (void)::SetErrorInfo(0, nullptr);  // of an earlier failure
     return E_OUTOFMEMORY;
   } catch (...) {
     try {

@@ -61,6 +61,7 @@ class ErrorObject final : public DispatchObject {
         return arguments != nullptr ? Raise(*arguments, raised) : DISP_E_BADPARAMCOUNT;
       }
       if (count != 0) return DISP_E_BADPARAMCOUNT;
+      if (result != nullptr) ::VariantInit(result);  // what it held is not the callee's to free
       if (member == kClear) Describe(0, u"");
       return member == kClear || result == nullptr ? S_OK
                                                    : ::VariantCopy(result, values_[member].get());

@@ -23,11 +23,11 @@ Variant Converted(const VARIANT& value, VARTYPE type) {
 HRESULT ConvertTo(VARTYPE type, const VARIANT& value, Variant& converted) {
   Variant held;
   const VARIANT* source = &value;
-  if (IDispatch* object = nullptr; ReadObject(value, object)) {
+  if (const auto object = ObjectOf(value)) {
     // The platform would ask the object for its value in the locale of the conversion, which many
     // objects refuse to know.
     try {
-      held = DefaultValue(object);
+      held = DefaultValue(object->get());
     } catch (const RuntimeError&) {
       return DISP_E_TYPEMISMATCH;
     }
@@ -48,7 +48,7 @@ Variant DefaultValue(IDispatch* object) {
   } catch (const RuntimeError&) {
     throw RuntimeError(ErrorNumber::kTypeMismatch);
   }
-  if (ReadObject(*held.get(), object)) throw RuntimeError(ErrorNumber::kTypeMismatch);
+  if (ObjectOf(*held.get())) throw RuntimeError(ErrorNumber::kTypeMismatch);
   return held;
 }
 
@@ -118,19 +118,19 @@ const VARIANT& Referred(const VARIANT& value) noexcept {
   return *referred;
 }
 
-bool ReadObject(const VARIANT& value, IDispatch*& object) noexcept {
+std::optional<ComPtr<IDispatch>> ObjectOf(const VARIANT& value) noexcept {
   const VARIANT& referred = Referred(value);
   const int type = referred.vt & ~VT_BYREF;
-  if (type != VT_DISPATCH && type != VT_UNKNOWN) return false;
+  if (type != VT_DISPATCH && type != VT_UNKNOWN) return std::nullopt;
   IUnknown* unknown = referred.punkVal;
   if (type != referred.vt) unknown = referred.ppunkVal != nullptr ? *referred.ppunkVal : nullptr;
-  object = type == VT_DISPATCH ? static_cast<IDispatch*>(unknown) : nullptr;
-  if (type == VT_DISPATCH || unknown == nullptr) return true;
-  if (FAILED(unknown->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&object)))) {
-    return false;
-  }
-  object->Release();  // the variant keeps the object alive
-  return true;
+  if (type == VT_DISPATCH) return ComPtr(static_cast<IDispatch*>(unknown));
+  ComPtr<IDispatch> object;
+  // The reference is kept: an object may make this interface for whoever asks, and only for so
+  // long.
+  const bool is_object =
+      unknown == nullptr || SUCCEEDED(unknown->QueryInterface(IID_IDispatch, object.ReceiveVoid()));
+  return is_object ? std::optional(std::move(object)) : std::nullopt;
 }
 
 Text TextOf(const VARIANT& value) {

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
 #include "com/automation.h"
+#include "com/com_ptr.h"
 #include "support/text.h"
 
 namespace quill::com {
@@ -56,9 +58,9 @@ class Variant {
 // The value behind references to variants; never null. References to other types stay.
 [[nodiscard]] const VARIANT& Referred(const VARIANT& value) noexcept;
 
-// The object that a variant holds, by value or by reference; null for Nothing. False when it holds
-// something that is no object.
-[[nodiscard]] bool ReadObject(const VARIANT& value, IDispatch*& object) noexcept;
+// The object that a variant holds, by value or by reference; null for Nothing. No value when it
+// holds something that is no object.
+[[nodiscard]] std::optional<ComPtr<IDispatch>> ObjectOf(const VARIANT& value) noexcept;
 
 // Text of a value as automation converts it, independent of the user's locale: an empty value gives
 // an empty text. Fails with kTypeMismatch for null, arrays, and objects without a default value.
@@ -70,12 +72,12 @@ class Variant {
 // Truth of a value; empty is false. Fails with kTypeMismatch.
 [[nodiscard]] bool TruthOf(const VARIANT& value);
 
-// A one-dimensional array of variants or texts, as automation calls it. Null when the value is no
-// array.
+// The array in a value or behind its reference, of whatever type and dimensions. Null when the
+// value is no array.
 [[nodiscard]] SAFEARRAY* ArrayOf(const VARIANT& value) noexcept;
 
 // Text of one element. kSubscriptOutOfRange when there is none, or the array has not exactly one
-// dimension.
+// dimension; kTypeMismatch for an element that has no text.
 [[nodiscard]] Text ElementText(SAFEARRAY* array, std::int32_t index);
 
 }  // namespace quill::com

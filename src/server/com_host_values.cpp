@@ -18,9 +18,8 @@ namespace {
 HostItem ItemOf(const VARIANT& value) {
   const VARIANT& referred = Referred(value);
   HostItem item;
-  IDispatch* object = nullptr;
   Variant number;
-  if (ReadObject(referred, object)) return ItemOf(*DefaultValue(object).get());
+  if (const auto object = ObjectOf(referred)) return ItemOf(*DefaultValue(object->get()).get());
   switch (referred.vt & ~VT_BYREF) {
     case VT_EMPTY:
     case VT_NULL:
@@ -42,9 +41,9 @@ HostItem ItemOf(const VARIANT& value) {
 
 bool IsNothing(const VARIANT& value) {
   const VARIANT& referred = Referred(value);
-  IDispatch* object = nullptr;
-  return referred.vt == VT_EMPTY || referred.vt == VT_NULL ||
-         (ReadObject(referred, object) && object == nullptr);
+  if (referred.vt == VT_EMPTY || referred.vt == VT_NULL) return true;
+  const auto object = ObjectOf(referred);
+  return object && !*object;
 }
 
 // What `attempt` gives; nothing when it fails.
@@ -133,8 +132,9 @@ class ComHostCollection final : public HostCollection {
     if (!member) return std::nullopt;
     const auto listed = Tried([&] { return collection_.Call(*member, {}); });
     if (!listed) return std::nullopt;
-    IDispatch* object = nullptr;
-    if (ReadObject(*listed->get(), object) && object != nullptr) return Enumerated(object);
+    if (const auto object = ObjectOf(*listed->get()); object && *object) {
+      return Enumerated(object->get());
+    }
     SAFEARRAY* const array = ArrayOf(*listed->get());
     if (array == nullptr) return std::nullopt;
     return KeysIn(array);
@@ -184,9 +184,8 @@ class ComHostCollection final : public HostCollection {
 Text ComHostArray::ElementText(std::int32_t index) const {
   const VARIANT& referred = Referred(value_);
   if (SAFEARRAY* array = ArrayOf(referred)) return com::ElementText(array, index);
-  IDispatch* object = nullptr;
-  if (ReadObject(referred, object) && object != nullptr) {
-    const LateBound script_array(object);
+  if (const auto object = ObjectOf(referred); object && *object) {
+    const LateBound script_array(object->get());
     const std::optional<DISPID> element = script_array.Find(Decimal(index));
     if (!element) throw RuntimeError(ErrorNumber::kSubscriptOutOfRange);
     return TextOf(*script_array.Call(*element, {}).get());

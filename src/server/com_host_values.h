@@ -8,8 +8,8 @@
 
 namespace quill::com {
 
-// An array of any element type, or a script's array object whose elements are members named by
-// their index. Refers to `value`, which must outlive it.
+// An array whose elements have texts, or a script's array object whose elements are members named
+// by their index. Refers to `value`, which must outlive it.
 class ComHostArray final : public HostArray {
  public:
   explicit ComHostArray(const VARIANT& value) noexcept : value_(value) {}

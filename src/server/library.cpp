@@ -41,12 +41,15 @@ Library& Library::Get() noexcept {
 }
 
 bool Library::ReadyToUnload() {
-  if (LibraryUse::Any()) return false;
+  if (is_ending_ || LibraryUse::Any()) return false;
   // With no object left no member is running, so nothing of the plug-in is on the stack.
   if (!Claim()) return false;
   std::unique_ptr<Runtime> ending = std::move(runtime_);
   types_.Reset();
+  // One of the host's objects may ask again as it is let go.
+  is_ending_ = true;
   ending.reset();
+  is_ending_ = false;
   // The host's objects may have come back while they were let go.
   if (LibraryUse::Any() || runtime_ != nullptr) return false;
   Disown();

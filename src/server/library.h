@@ -47,6 +47,7 @@ class Library {
   static Library only_;
 
   std::atomic<bool> is_held_ = false;
+  bool is_ending_ = false;  // the owner lets the host's objects go
   SRWLOCK owner_lock_ = SRWLOCK_INIT;
   DWORD owner_ = 0;
   win32::Owned<HANDLE> owner_thread_;  // kept open: Windows would give the thread's id to another

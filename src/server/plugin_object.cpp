@@ -60,8 +60,8 @@ constexpr Member kMembers[] = {
     {u"SetPrivis", kRightsParameters,
      [](clsPlugin& plugin, const Arguments& arguments) {
        const bool is_super_admin = arguments.AsBoolean(2);
-       plugin.SetPrivis(CollectionOf(arguments.AsObject(0)), CollectionOf(arguments.AsObject(1)),
-                        is_super_admin);
+       plugin.SetPrivis(CollectionOf(arguments.AsObject(0).get()),
+                        CollectionOf(arguments.AsObject(1).get()), is_super_admin);
        return Variant();
      }},
     {u"LoadInterface", kOpenParameters,

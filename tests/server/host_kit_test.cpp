@@ -43,12 +43,11 @@ class ForeignKit : public ForeignKitBench {
       return Variant();
     };
     members[u"LogError"] = [this](Given given) {
-      IDispatch* error = nullptr;
-      EXPECT_TRUE(ReadObject(given[2], error));
+      const ComPtr<IDispatch> error = ObjectOf(given[2]).value();
       ++logged_;
       // The default member of the error is its number, as scripts read it.
-      EXPECT_EQ(TextOf(*Invoke(*error, u"number", {}).value.get()), TextOf(given[2]));
-      error->Release();
+      EXPECT_EQ(TextOf(*Invoke(*error.get(), u"number", {}).value.get()), TextOf(given[2]));
+      (*given[2].ppdispVal)->Release();
       *given[2].ppdispVal = nullptr;
       return Variant();
     };

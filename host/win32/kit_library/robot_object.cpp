@@ -82,11 +82,9 @@ class Robot final : public TableObject {
   }
 
   void Plan(const VARIANT& called, const Text& member, Given arguments) {
-    IDispatch* object = nullptr;
-    if (!com::ReadObject(com::Referred(called), object)) {
-      throw RuntimeError(ErrorNumber::kObjectRequired);
-    }
-    Step step{com::LateBound(object), member, {}};
+    const auto object = com::ObjectOf(com::Referred(called));
+    if (!object) throw RuntimeError(ErrorNumber::kObjectRequired);
+    Step step{com::LateBound(object->get()), member, {}};
     for (const VARIANT& argument : arguments) step.arguments.push_back(CopyOf(argument));
     plan_.push_back(std::move(step));
   }
