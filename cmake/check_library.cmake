@@ -32,6 +32,11 @@ foreach(import IN LISTS imports)
   endif()
 endforeach()
 
+# Version 5 of comctl32, which hosts without a manifest get, is not promised to export them by name.
+if(headers MATCHES "[A-Za-z]+Subclass(Proc)?[ \r\n]")
+  string(APPEND faults "  it imports comctl32's subclassing\n")
+endif()
+
 string(REGEX MATCH "\\[Ordinal/Name Pointer\\] Table.*" names "${headers}")
 string(REGEX REPLACE "\n\n.*" "" names "${names}")
 string(REGEX MATCHALL "\\[ *[0-9]+\\] [^\r\n]+" exports "${names}")

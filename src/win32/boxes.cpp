@@ -42,19 +42,19 @@ SIZE Measure(HFONT font, const Text& text, const RECT& work) noexcept {
   return {area.right, area.bottom};
 }
 
-LRESULT CALLBACK CopyWithoutSelection(HWND field, UINT message, WPARAM wparam, LPARAM lparam,
-                                      UINT_PTR, DWORD_PTR) {
-  // A subclass has to go before its window does.
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(field, &CopyWithoutSelection, 0);
+// Without comctl32's own subclassing, which version 5 is not promised to export by name.
+LRESULT CALLBACK CopyWithoutSelection(HWND field, UINT message, WPARAM wparam, LPARAM lparam) {
+  const auto former = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(field, GWLP_USERDATA));
   DWORD from = 0;
   DWORD to = 0;
   if (message == WM_COPY) {
     SendMessageW(field, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
   }
-  if (message != WM_COPY || from != to) return DefSubclassProc(field, message, wparam, lparam);
+  if (message != WM_COPY || from != to)
+    return CallWindowProcW(former, field, message, wparam, lparam);
   // As in the system's box, where Ctrl+C copies the whole message.
   SendMessageW(field, EM_SETSEL, 0, -1);
-  const LRESULT result = DefSubclassProc(field, message, wparam, lparam);
+  const LRESULT result = CallWindowProcW(former, field, message, wparam, lparam);
   SendMessageW(field, EM_SETSEL, from, static_cast<LPARAM>(to));
   return result;
 }
@@ -109,7 +109,9 @@ struct ScrollingBox {
     place(IDOK, (inner.cx - button.cx) / 2, inner.cy - margin.cy - button.cy, button);
     const HWND field_window = place(kTextId, margin.cx, margin.cy, field);
     SetWindowTextW(field_window, Wide(text));
-    SetWindowSubclass(field_window, &CopyWithoutSelection, 0, 0);
+    SetWindowLongPtrW(field_window, GWLP_USERDATA, GetWindowLongPtrW(field_window, GWLP_WNDPROC));
+    SetWindowLongPtrW(field_window, GWLP_WNDPROC,
+                      reinterpret_cast<LONG_PTR>(&CopyWithoutSelection));
     MessageBeep(MB_OK);
     SetFocus(field_window);
   }

@@ -47,7 +47,8 @@ class DeferredTasks {
       if (window_ == nullptr) return;  // the tasks then run with the destructor
       // A class of one's own would have to be withdrawn before the library is unloaded.
       SetWindowLongPtrW(window_.get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-      SetWindowLongPtrW(window_.get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure));
+      class_procedure_ = reinterpret_cast<WNDPROC>(
+          SetWindowLongPtrW(window_.get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure)));
     }
     if (!posted_) posted_ = PostMessageW(window_.get(), kRunTasks, 0, 0) != FALSE;
   }
@@ -64,14 +65,17 @@ class DeferredTasks {
   }
 
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    if (message != kRunTasks) return DefWindowProcW(window, message, wparam, lparam);
     auto* const self = reinterpret_cast<DeferredTasks*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (message != kRunTasks) {
+      return CallWindowProcW(self->class_procedure_, window, message, wparam, lparam);
+    }
     self->posted_ = false;
     // Inside an event's message box they go on waiting; the end of the event posts again.
     if (self->events_ == 0) self->Run();
     return 0;
   }
 
+  WNDPROC class_procedure_ = &DefWindowProcW;  // which gives back what the class keeps
   Owned<HWND> window_;
   std::vector<std::function<void()>> tasks_;
   int events_ = 0;

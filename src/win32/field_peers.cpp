@@ -86,11 +86,13 @@ class ComboBoxPeer final : public PeerOf<ui::ComboBox> {
   using PeerOf::PeerOf;
 
   void OnCommand(WORD notification) override {
-    if (notification != CBN_SELCHANGE && notification != CBN_CLOSEUP) return;
-    // Escape takes back what was chosen with the arrow keys, and is only heard as the closing.
+    if (notification == CBN_DROPDOWN) taken_back_ = false;
+    if (notification == CBN_SELENDCANCEL) taken_back_ = true;
     const int index = static_cast<int>(Send(CB_GETCURSEL));
-    if (notification == CBN_CLOSEUP && index == model_.ListIndex()) return;
-    Tell(ui::ItemChosen{index});
+    // Escape takes back what was chosen with the arrow keys, without a change being told. A choice
+    // with the mouse may close the list before it is told.
+    const bool back = notification == CBN_CLOSEUP && taken_back_ && index != model_.ListIndex();
+    if (back || notification == CBN_SELCHANGE) Tell(ui::ItemChosen{index});
   }
 
   [[nodiscard]] Style GetStyle() const override {
@@ -149,6 +151,8 @@ class ComboBoxPeer final : public PeerOf<ui::ComboBox> {
     Send(WM_SETREDRAW, TRUE);
     Repaint();
   }
+
+  bool taken_back_ = false;  // the choice in the open list
 };
 
 }  // namespace

@@ -111,11 +111,14 @@ class ListBoxPeer final : public PeerOf<ui::ListBox> {
         break;
       case WM_CONTEXTMENU:  // -1: asked for by a key
         if (model_.menu.empty()) break;
-        if (lparam != -1 && Send(WM_NCHITTEST, 0, lparam) != HTCLIENT) break;
-        TellMenuAsked({GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)}, lparam == -1);
+        if (static_cast<LONG>(lparam) != -1 && Send(WM_NCHITTEST, 0, lparam) != HTCLIENT) break;
+        TellMenuAsked({GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)},
+                      static_cast<LONG>(lparam) == -1);
         return 0;
       case WM_LBUTTONDBLCLK:
         result = WindowPeer::Handle(message, wparam, lparam);
+        // The class goes on selecting as the mouse moves, over rows that are about to be others.
+        if (GetCapture() == window()) ReleaseCapture();
         Tell(ui::RowDoubleClicked{RowAt(GET_Y_LPARAM(lparam))});
         return result;
       default:

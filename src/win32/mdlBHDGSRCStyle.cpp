@@ -29,10 +29,10 @@ void Mix(HDC context, const RECT& area, const ui::PictureBox& box, DWORD operati
 }
 
 void Paint(HDC memory, const RECT& area, HWND window, ui::PictureBox& box) {
-  // A strip that is given a device context paints into it, but does not clear it first.
+  // What is printed is not cleared first.
   const WNDPROC former = FormerProcedure(window);
   CallWindowProcW(former, window, WM_ERASEBKGND, reinterpret_cast<WPARAM>(memory), 0);
-  CallWindowProcW(former, window, WM_PAINT, reinterpret_cast<WPARAM>(memory), 0);
+  CallWindowProcW(former, window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(memory), PRF_CLIENT);
   if (IsHighContrast()) return;
 
   SetStretchBltMode(memory, COLORONCOLOR);

@@ -89,6 +89,8 @@ void ModalDisplay::Run() const {
       return;
     }
     if (got < 0) return;  // an error, which would only come again
+    // The host's hooks see it as they do in a system dialog.
+    if (CallMsgFilterW(&message, MSGF_DIALOGBOX)) continue;
     // Not IsDialogMessage: where keys move the focus is the model's.
     TranslateMessage(&message);
     DispatchMessageW(&message);

@@ -131,7 +131,7 @@ void Win32FileSystem::RemoveFile(TextView path) {
   Require(DeleteFileW(NativePath(path).c_str()));
 }
 
-// In one step: whoever opens the target meanwhile sees the old file or the new one.
+// Replaces the target.
 void Win32FileSystem::RenameFile(TextView from, TextView to) {
   Require(MoveFileExW(NativePath(from).c_str(), NativePath(to).c_str(), MOVEFILE_REPLACE_EXISTING));
 }

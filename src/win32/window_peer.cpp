@@ -74,7 +74,7 @@ void WindowPeer::MakeWindow(HWND parent) {
       style.style | state, place_.left, place_.top, place_.right - place_.left,
       place_.bottom - place_.top, parent, id, ThisModule(), nullptr));
   if (window == nullptr) throw WindowFailure();
-  peers_.emplace(window.get(), this);
+  peers_.insert_or_assign(window.get(), this);
   window_ = window.release();
   // Only now, so that the messages of the window's creation go to its class alone.
   original_ = reinterpret_cast<WNDPROC>(
