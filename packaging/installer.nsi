@@ -355,7 +355,11 @@ Function LeaveScope
     ${If} $Administrator = 0
       ; Starts again with the rights that are needed; the operator may say no.
       ClearErrors
-      ExecShell "runas" "$EXEPATH" "/AllUsers"
+      StrCpy $0 "/AllUsers"
+      ${If} $WantedFolder != ""
+        StrCpy $0 "/AllUsers /D=$WantedFolder"
+      ${EndIf}
+      ExecShell "runas" "$EXEPATH" "$0"
       ${If} ${Errors}
         Abort
       ${EndIf}
@@ -444,7 +448,7 @@ FunctionEnd
 Section "Quillstart"
   InitPluginsDir
   File "/oname=$PLUGINSDIR\contents.txt" "${CONTENTS}"
-  SetOutPath "$TEMP"
+  SetOutPath "$WINDIR"
   ${If} ${FileExists} "$INSTDIR\.old\*.*"
     Call TakeBack
   ${EndIf}
@@ -463,7 +467,7 @@ Section "Quillstart"
   ${EndIf}
   WriteUninstaller "$INSTDIR\.new\uninstall.exe"
   CopyFiles /SILENT "$PLUGINSDIR\contents.txt" "$INSTDIR\.new\contents.txt"
-  SetOutPath "$TEMP"
+  SetOutPath "$WINDIR"
   ${If} ${Errors}
     StrCpy $Failure "Quillstart cannot be written to $INSTDIR. Is there room, and may you write there?"
     Call RemoveNew
@@ -600,7 +604,7 @@ Section "Uninstall"
   ${EndIf}
   InitPluginsDir
   File "/oname=$PLUGINSDIR\contents.txt" "${CONTENTS}"
-  SetOutPath "$TEMP"
+  SetOutPath "$WINDIR"
   Call un.Unregister
   FileOpen $2 "$PLUGINSDIR\contents.txt" r
   ${Do}
@@ -629,15 +633,28 @@ SectionEnd
 !insertmacro RemoveUsersFolder "un."
 
 ; The running program cannot delete itself, neither in its place nor as the copy that it makes when
-; it is started without "_?=": a script waits for its end, does it, and deletes itself. Paths come as
-; arguments, which keep letters that a script's code page does not have.
+; it is started without "_?=": a script waits for its end, does it, and deletes itself. It lies above
+; the program's folder and is always made anew: one that others have put there would run with these
+; rights. Paths come as arguments, which keep letters that a script's code page does not have.
 Function un.DeleteOneself
   SetOutPath "$WINDIR"
   StrCpy $0 ""
+  GetFullPathName $2 "$EXEDIR\.."
   ${If} $Scope == "CurrentUser"
+    ; Goes too, when it is empty; and the rights are the user's own.
     StrCpy $0 "$LOCALAPPDATA\Programs"
+    StrCpy $2 "$TEMP"
   ${EndIf}
-  FileOpen $1 "$TEMP\quillstart-remove.cmd" w
+  StrCpy $2 "$2\quillstart-remove.cmd"
+  Delete "$2"
+  ${If} ${FileExists} "$2"
+    Return  ; the program stays, and nothing else
+  ${EndIf}
+  ClearErrors
+  FileOpen $1 "$2" w
+  ${If} ${Errors}
+    Return
+  ${EndIf}
   FileWrite $1 "@echo off$\r$\nset n=0$\r$\n:again$\r$\n"
   FileWrite $1 "del /f /q %1 >nul 2>&1$\r$\nif not exist %1 goto gone$\r$\n"
   FileWrite $1 "ping -n 2 127.0.0.1 >nul 2>&1$\r$\nset /a n=n+1 >nul$\r$\n"
@@ -645,7 +662,7 @@ Function un.DeleteOneself
   FileWrite $1 "rd %2 >nul 2>&1$\r$\nif not %3 == $\"$\" rd %3 >nul 2>&1$\r$\n"
   FileWrite $1 "del /f /q $\"%~f0$\"$\r$\n"
   FileClose $1
-  ExecShell "open" "$SYSDIR\cmd.exe" '/d /c ""$TEMP\quillstart-remove.cmd" "$EXEPATH" "$EXEDIR" "$0""' SW_HIDE
+  ExecShell "open" "$SYSDIR\cmd.exe" '/d /c ""$2" "$EXEPATH" "$EXEDIR" "$0""' SW_HIDE
 FunctionEnd
 
 Function un.onUninstSuccess
