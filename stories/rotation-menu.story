@@ -24,12 +24,15 @@ menu lstSelMaps
 expect menu
 | (Add | +)
 | Remove | Del
+| -
 | Move Up | Alt+Up
 | Move Down | Alt+Down
 | Move to Top | Alt+Home
 | Move to End | Alt+End
+| -
 | Undo | Ctrl+Z
 | (Redo | Ctrl+Y)
+| -
 | Select All | Ctrl+A
 menu lstSelMaps Remove
 expect lstSelMaps count = 7
@@ -39,12 +42,15 @@ menu lstAvlMaps
 expect menu
 | Add | +
 | (Remove | Del)
+| -
 | (Move Up | Alt+Up)
 | (Move Down | Alt+Down)
 | (Move to Top | Alt+Home)
 | (Move to End | Alt+End)
+| -
 | Undo | Ctrl+Z
 | Redo | Ctrl+Y
+| -
 | (Select All | Ctrl+A)
 menu lstAvlMaps Redo
 expect lstSelMaps count = 7

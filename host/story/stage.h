@@ -82,7 +82,7 @@ class Stage {
   [[nodiscard]] virtual Text Read(const Text& control, const Text& property) = 0;
   [[nodiscard]] virtual bool DialogShown() = 0;
   [[nodiscard]] virtual Text ScreenPointer() = 0;
-  // The items of the menu opened last: "CAPTION | KEY", in parentheses when grey.
+  // The items of the menu opened last: "CAPTION | KEY", in parentheses when grey; "-" for a line.
   [[nodiscard]] virtual std::vector<Text> LastMenu() = 0;
   // Those shown since the last call, in order; taking empties the list.
   [[nodiscard]] virtual std::vector<SeenBox> TakeBoxes() = 0;

@@ -497,6 +497,7 @@ void CALLBACK StepThroughMenu(HWND, UINT, UINT_PTR, DWORD) {
                    MF_BYPOSITION);
     const UINT state = GetMenuState(menu, static_cast<UINT>(at), MF_BYPOSITION);
     const Text shown = FromWide(text.data());
+    if ((state & MF_SEPARATOR) != 0) menu_walk->items.emplace_back(u"-");
     if (shown.empty()) continue;
     const bool is_grey = (state & MF_GRAYED) != 0;
     if (!is_grey && shown.starts_with(menu_walk->wanted + u'\t')) menu_walk->wanted_at = at;

@@ -131,8 +131,9 @@ int HeadlessToolkit::ShowMenu(ui::Control& control, ui::Twips, ui::Twips) {
   const Text choice = std::exchange(menu_choice, {});
   int chosen = -1;
   for (const ui::MenuItem& item : control.menu) {
+    if (item.begins_group) menu_.emplace_back(u"-");
     const bool usable = item.is_usable();
-    if (usable && item.caption == choice) chosen = static_cast<int>(menu_.size());
+    if (usable && item.caption == choice) chosen = static_cast<int>(&item - control.menu.data());
     menu_.push_back(
         Concat({usable ? u"" : u"(", item.caption, u" | ", item.key_name, usable ? u"" : u")"}));
   }

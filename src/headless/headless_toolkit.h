@@ -58,7 +58,7 @@ class HeadlessToolkit final : public ui::Toolkit {
   [[nodiscard]] std::vector<ui::FileDialogRequest> TakeFileDialogs() {
     return std::exchange(file_dialogs_, {});
   }
-  // The items of the last menu: "CAPTION | KEY", in parentheses when grey.
+  // The items of the last menu: "CAPTION | KEY", in parentheses when grey; "-" for a line.
   [[nodiscard]] const std::vector<Text>& menu() const noexcept { return menu_; }
   [[nodiscard]] std::size_t unused_answers() const noexcept { return answers_.size(); }
   [[nodiscard]] ui::Pointer screen_pointer() const noexcept { return screen_pointer_; }
