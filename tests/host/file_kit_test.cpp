@@ -127,6 +127,7 @@ TEST(MemoryFileSystem, TakesTheNamesThatWindowsTakes) {
   EXPECT_EQ(files.FileSize(u"C:/Host/RCDATA//GR\u00DC\u00DFE.TXT"), 0);
   files.RenameFile(u"C:\\Host\\rcdata\\gr\u00FC\u00DFe.txt", u"C:\\Host\\RCData\\B.bak");
   EXPECT_FALSE(files.FileExists(u"C:\\Host\\RCData\\Gr\u00FC\u00DFe.txt"));
+  files.RenameFile(u"C:\\Host\\RCData\\B.bak", u"C:\\Host\\rcdata\\B.BAK");
   files.RemoveFile(u"C:\\Host\\RCData\\b.BAK");
   EXPECT_THROW(files.RemoveFile(u"C:\\Host\\RCData\\b.bak"), RuntimeError);
 }

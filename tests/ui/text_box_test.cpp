@@ -52,6 +52,7 @@ TEST(TextBoxTest, CorrectsTheNativeText) {
     EXPECT_EQ(box.text(), u"D");
     EXPECT_EQ(headless::MirrorOf(box).syncs(), syncs) << "an accepted edit moves no caret";
 
+    EXPECT_EQ(bench.hand.Read(u"txtFixed", u"locked"), u"true");
     // However a text gets into a locked box's window.
     headless::MirrorOf(fixed).ChangeText(u"Flagball");
     fixed.Happened(TextEdited{u"Flagball"});
