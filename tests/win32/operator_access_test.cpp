@@ -114,6 +114,10 @@ TEST_F(OperatorAccess, KeysPressTheImageButtonsAndTheFocusIsSeen) {
     SetFocus(face);
     SendMessageW(face, WM_KEYUP, VK_SPACE, 1);
     EXPECT_EQ(presses, 3);
+    // Or it will be released there.
+    SendMessageW(face, WM_KEYDOWN, VK_SPACE, 1);
+    SetFocus(robot.Find(u"tsMain"));
+    EXPECT_EQ(Seen(u"cmdRightImg", u"picture"), u"butup.gif");
 
     robot.ClickTab(u"Misc Options");
     robot.PressAccessKey(u'n');  // of a button that is out of sight
