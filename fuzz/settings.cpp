@@ -33,7 +33,7 @@ void TakeInput(std::string_view input) {
       Claim(failures != 0 || account.maps == rotation.maps());
     }
     // Saving writes the file anew for each key: a part of the inputs must do.
-    if (failures != 0 || input.size() % 16 != 0 || HasSurrogates(TextOf(input))) return;
+    if (failures != 0 || input.size() % 32 != 0 || HasSurrogates(TextOf(input))) return;
     const auto maps = rotation.maps();
     bench.Push(u"cmdSave", kSaved);
     bench.Push(u"cmdLoad", kSaved);
