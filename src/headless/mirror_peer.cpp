@@ -171,9 +171,9 @@ bool MirrorPeer::StacksLikeControl() const {
 }
 
 void MirrorPeer::ChangeText(Text text) {
-  for (auto& [property, value] : held_) {
-    if (property->name == u"text") value = std::move(text);
-  }
+  const auto held = std::ranges::find_if(
+      held_, [](const HeldValue& each) { return each.property->name == u"text"; });
+  if (held != held_.end()) held->value = std::move(text);
 }
 
 void MirrorPeer::ChangeSelection(const std::vector<int>& rows, int current) {
