@@ -10,7 +10,7 @@
 namespace quill::fuzz {
 namespace {
 
-constexpr std::size_t kMostBytes = 40;
+constexpr std::size_t kMostBytes = 32;
 constexpr int kMostOpenBoxes = 3;
 
 constexpr TextView kTextBoxes[] = {u"txtMessage", u"txtName",    u"txtCountry", u"txtBlue",
